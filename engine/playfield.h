@@ -1,0 +1,114 @@
+// The well: a grid of 10 by 20 cells, the rows that are complete, the falling piece, and the
+// supply of pieces to come.
+//
+// Columns count from the left, rows from the top, both from 0. Rows above the grid (negative)
+// are not kept: within the columns of the well they are always free, so a piece can enter partly
+// above it. The records are stored byte for byte with the settings, so their layout is fixed.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "engine/tetromino.h"
+
+constexpr int wellColumns = 10;
+constexpr int wellRows = 20;
+
+struct Cell
+{
+    std::uint8_t occupied; ///< 1 filled, 0 empty
+    std::uint8_t colour;   ///< the TetrominoType that filled it; means nothing when empty
+};
+
+/// The pieces to come, the next one first. Pieces are supplied in bags of all seven kinds,
+/// shuffled, so every seven pieces counted from the start of a game hold each kind once.
+struct PieceQueue
+{
+    static constexpr int capacity = 16;
+
+    std::int32_t count; ///< 0 to 16
+    std::array<TetrominoType, capacity> entries;
+
+    /// One fresh bag and nothing else.
+    void reset();
+    /// Appends a shuffled bag; false, and nothing happens, when seven more do not fit. Draws
+    /// seven times from std::rand.
+    bool addBag();
+    /// Takes the next piece off, adding a bag before that whenever one fits.
+    TetrominoType take();
+};
+
+/// The falling piece.
+struct ActivePiece
+{
+    std::int32_t x; ///< column of its box origin
+    std::int32_t y; ///< row of its box origin
+    /// Where it was at the end of the previous running tick: where the renderer erases it.
+    std::int32_t prevX;
+    std::int32_t prevY;
+    std::int32_t prevRotation;
+    TetrominoType type;
+    std::int32_t rotation; ///< 0 to 3
+    /// Where it would land if it dropped straight down.
+    std::int32_t ghostX;
+    std::int32_t ghostY;
+    /// The ghost at the end of the previous running tick; noGhost in both: nothing to erase.
+    std::int32_t prevGhostX;
+    std::int32_t prevGhostY;
+    std::uint8_t holdUsed; ///< 1 once this piece went through the hold box
+    std::array<std::uint8_t, 3> padding;
+    PieceQueue queue;
+
+    static constexpr std::int32_t noGhost = -999;
+
+    /// Becomes the next piece of the queue, at its place of entry; it may be held again.
+    void takeNext();
+    /// Moves to where its type enters the well, in the rotation it enters in.
+    void placeAtSpawn();
+};
+
+struct Playfield
+{
+    std::array<Cell, wellColumns * wellRows> cells; ///< row by row from the top
+    /// 1 for each complete row that waits for removal.
+    std::array<std::uint8_t, wellRows> fullRows;
+    ActivePiece piece;
+
+    /// An empty well, a piece of all zeros, and one bag in the queue.
+    Playfield();
+
+    /// Empties every cell; the flags and the piece stay.
+    void clear();
+    /// The cell, or null outside the grid.
+    const Cell *cellAt(int column, int row) const;
+    Cell *cellAt(int column, int row);
+    /// Fills a cell; nothing outside the grid.
+    void setCell(int column, int row, TetrominoType colour);
+
+    /// Whether all four cells of a piece at (x, y) are free.
+    bool fits(const RotationState &state, int x, int y) const;
+    /// Writes the four cells of a piece into the grid; those outside it are lost.
+    void placePiece(const RotationState &state, int x, int y);
+    /// Writes the falling piece into the grid where it is.
+    void lockPiece();
+
+    const RotationState &currentState() const;
+    /// The falling piece as it was turned at the end of the previous running tick.
+    const RotationState &previousState() const;
+
+    /// Flags the complete rows and returns how many there are. Row 0 is never one of them.
+    int markFullRows();
+    /// Removes the flagged rows, clears the flags, and returns how many there were.
+    int removeFullRows();
+    /// Moves everything above a row down by one and empties row 0.
+    void removeRow(int row);
+};
+
+static_assert(sizeof(Cell) == 2);
+static_assert(sizeof(PieceQueue) == 68);
+static_assert(sizeof(Playfield) == 536);
+static_assert(offsetof(Playfield, fullRows) == 400);
+static_assert(offsetof(Playfield, piece) == 420);
+static_assert(offsetof(ActivePiece, holdUsed) == 44);
+static_assert(offsetof(ActivePiece, queue) == 48);

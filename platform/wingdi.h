@@ -1,0 +1,237 @@
+// Drawing (GDI): device contexts, bitmaps, brushes, pens, fonts, blits and text.
+//
+// The display and every compatible bitmap hold 16-bit pixels, red 5, green 6, blue 5 bits; an
+// 8-bit channel loses its low bits on the way in and gets its high bits repeated on the way out.
+// A device context keeps one object of each kind selected; SelectObject hands back exactly the
+// object that was selected before, and whoever selects puts that one back. Operations on a
+// device context or object that does not exist fail without effect.
+#pragma once
+
+#include "windef.h"
+
+// Device contexts ----------------------------------------------------------------------------
+
+/// A memory device context with a 1 by 1 bitmap, the system font, a white brush, a black pen,
+/// black text and an opaque white background. `reference` may be none. None when out of memory.
+HDC CreateCompatibleDC(HDC reference);
+BOOL DeleteDC(HDC dc);
+
+/// Selects an object into its place and returns the previous one of the same kind; none when
+/// the object does not exist, or is a bitmap that is selected elsewhere or `dc` a window's.
+HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
+/// Deletes an object. FALSE, and nothing happens, for a stock object, for one that is selected
+/// in a device context, and for one that does not exist.
+BOOL DeleteObject(HGDIOBJ object);
+
+constexpr int WHITE_BRUSH = 0;
+constexpr int LTGRAY_BRUSH = 1;
+constexpr int GRAY_BRUSH = 2;
+constexpr int DKGRAY_BRUSH = 3;
+constexpr int BLACK_BRUSH = 4;
+constexpr int NULL_BRUSH = 5;
+constexpr int WHITE_PEN = 6;
+constexpr int BLACK_PEN = 7;
+constexpr int NULL_PEN = 8;
+constexpr int SYSTEM_FONT = 13;
+
+/// One of the objects that always exist and are never deleted.
+HGDIOBJ GetStockObject(int which);
+
+// Bitmaps ------------------------------------------------------------------------------------
+
+struct BITMAP
+{
+    LONG bmType;       ///< 0
+    LONG bmWidth;      ///< pixels
+    LONG bmHeight;     ///< pixels
+    LONG bmWidthBytes; ///< bytes of a row, a multiple of 2
+    WORD bmPlanes;     ///< 1
+    WORD bmBitsPixel;  ///< 8, 16 or 24
+    DWORD bmBits;      ///< 0: a program has no access to the pixels
+};
+static_assert(sizeof(BITMAP) == 24);
+
+/// A bitmap in the display's format, its pixels black. None when a side is not positive or
+/// larger than 4,096, or when out of memory.
+HBITMAP CreateCompatibleBitmap(HDC reference, int width, int height);
+/// Bitmap resource `name` in its own format: a DIB of 8 bits with a palette or of 24 bits,
+/// uncompressed. None when it is missing or malformed.
+HBITMAP LoadBitmapW(HINSTANCE module, LPCWSTR name);
+
+// Brushes, pens, fonts -----------------------------------------------------------------------
+
+HBRUSH CreateSolidBrush(COLORREF colour);
+
+constexpr int PS_SOLID = 0;
+/// A pen one pixel wide; `style` is PS_SOLID, `width` is not looked at.
+HPEN CreatePen(int style, int width, COLORREF colour);
+
+constexpr LONG FW_NORMAL = 400;
+constexpr LONG FW_BOLD = 700;
+constexpr int LF_FACESIZE = 32;
+
+struct LOGFONTW
+{
+    LONG lfHeight; ///< > 0 cell height (ascent + descent), < 0 character height, in pixels
+    LONG lfWidth;
+    LONG lfEscapement;
+    LONG lfOrientation;
+    LONG lfWeight; ///< FW_BOLD and above choose a bold face
+    BYTE lfItalic;
+    BYTE lfUnderline;
+    BYTE lfStrikeOut;
+    BYTE lfCharSet;
+    BYTE lfOutPrecision;
+    BYTE lfClipPrecision;
+    BYTE lfQuality;
+    BYTE lfPitchAndFamily;
+    WCHAR lfFaceName[LF_FACESIZE];
+};
+static_assert(sizeof(LOGFONTW) == 92);
+
+/// The nearest of the fonts that the handheld carries: Arial bold with cells 14, 16 and 32
+/// pixels high, and the system font, regular and bold.
+HFONT CreateFontIndirectW(const LOGFONTW *description);
+
+/// Describes an object: a bitmap into a BITMAP (24 bytes), a font into a LOGFONTW. Returns the
+/// number of bytes written; 0 when the object does not exist or `size` is too small.
+int GetObjectW(HGDIOBJ object, int size, void *description);
+
+// Filling and copying ------------------------------------------------------------------------
+
+constexpr DWORD SRCCOPY = 0x00CC0020;
+constexpr DWORD BLACKNESS = 0x00000042;
+
+/// Copies a rectangle, converting between pixel formats; the parts outside either device
+/// context are left out. `operation` is SRCCOPY, or BLACKNESS, which needs no source.
+BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
+            DWORD operation);
+/// As BitBlt with SRCCOPY, leaving out the pixels whose colour, as the display shows it, is
+/// `transparent`. Source and target have the same size: there is no scaling here. (The source
+/// handle may be a device context only.)
+BOOL TransparentImage(HDC target, int x, int y, int width, int height, HDC source, int sourceX,
+                      int sourceY, int sourceWidth, int sourceHeight, COLORREF transparent);
+
+/// Fills with a brush; no border. Returns nonzero on success.
+int FillRect(HDC dc, const RECT *rect, HBRUSH brush);
+/// Fills with the selected brush and draws a one-pixel border inside the rectangle with the
+/// selected pen. Right and bottom are exclusive.
+BOOL Rectangle(HDC dc, int left, int top, int right, int bottom);
+/// A line with the selected pen through the given points, the last pixel included only when it
+/// closes the figure.
+BOOL Polyline(HDC dc, const POINT *points, int count);
+/// Fills a convex or concave polygon with the selected brush, its outline with the pen.
+BOOL Polygon(HDC dc, const POINT *points, int count);
+/// Inverts nothing but draws the dotted frame of the keyboard focus in black.
+BOOL DrawFocusRect(HDC dc, const RECT *rect);
+/// One pixel. Returns the colour as the display shows it.
+COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour);
+constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
+/// CLR_INVALID outside the device context.
+COLORREF GetPixel(HDC dc, int x, int y);
+
+/// Clips later drawing to what lies inside the rectangle (logical coordinates of the dc),
+/// within the clipping in force. Lasts until RestoreDC or the dc's end.
+int IntersectClipRect(HDC dc, int left, int top, int right, int bottom);
+/// Saves the selections, colours and clipping, one level per call; returns the level, from 1.
+int SaveDC(HDC dc);
+/// Back to a level, or with -1 to the one saved last.
+BOOL RestoreDC(HDC dc, int level);
+
+// Text ---------------------------------------------------------------------------------------
+
+constexpr int TRANSPARENT = 1;
+constexpr int OPAQUE = 2;
+/// Returns the previous mode.
+int SetBkMode(HDC dc, int mode);
+/// Each returns the previous colour.
+COLORREF SetTextColor(HDC dc, COLORREF colour);
+COLORREF SetBkColor(HDC dc, COLORREF colour);
+
+constexpr UINT DT_LEFT = 0x0000;
+constexpr UINT DT_CENTER = 0x0001;
+constexpr UINT DT_RIGHT = 0x0002;
+constexpr UINT DT_VCENTER = 0x0004;
+constexpr UINT DT_BOTTOM = 0x0008;
+constexpr UINT DT_WORDBREAK = 0x0010;
+constexpr UINT DT_SINGLELINE = 0x0020;
+constexpr UINT DT_NOCLIP = 0x0100;
+constexpr UINT DT_CALCRECT = 0x0400;
+constexpr UINT DT_NOPREFIX = 0x0800;
+
+/// Draws text inside a rectangle, or with DT_CALCRECT only sets right and bottom to what it
+/// needs. `length` -1: up to the terminator. Without DT_NOPREFIX an ampersand underlines the
+/// character after it. Returns the height of the text in pixels, 0 on failure.
+int DrawTextW(HDC dc, LPCWSTR text, int length, RECT *rect, UINT flags);
+/// The width and height of a line of text in the selected font.
+BOOL GetTextExtentPoint32W(HDC dc, LPCWSTR text, int length, SIZE *size);
+
+struct TEXTMETRICW
+{
+    LONG tmHeight; ///< ascent + descent
+    LONG tmAscent;
+    LONG tmDescent;
+    LONG tmAveCharWidth;
+    LONG tmMaxCharWidth;
+};
+BOOL GetTextMetricsW(HDC dc, TEXTMETRICW *metrics);
+
+// Rectangles ---------------------------------------------------------------------------------
+
+BOOL SetRect(RECT *rect, int left, int top, int right, int bottom);
+BOOL OffsetRect(RECT *rect, int dx, int dy);
+BOOL InflateRect(RECT *rect, int dx, int dy);
+/// FALSE, and an empty rectangle, when the two do not meet.
+BOOL IntersectRect(RECT *result, const RECT *a, const RECT *b);
+BOOL IsRectEmpty(const RECT *rect);
+/// Right and bottom are outside.
+BOOL PtInRect(const RECT *rect, POINT point);
+
+// The display's orientation ------------------------------------------------------------------
+
+constexpr DWORD DM_DISPLAYORIENTATION = 0x00800000;
+constexpr DWORD DMDO_0 = 0; ///< portrait, 240 by 320
+constexpr DWORD DMDO_90 = 1;
+constexpr DWORD DMDO_180 = 2;
+constexpr DWORD DMDO_270 = 4;
+constexpr DWORD CDS_TEST = 0x00000002;
+constexpr DWORD CDS_RESET = 0x40000000;
+constexpr LONG DISP_CHANGE_SUCCESSFUL = 0;
+constexpr LONG DISP_CHANGE_BADMODE = -2;
+
+struct DEVMODEW
+{
+    WCHAR dmDeviceName[32];
+    WORD dmSpecVersion;
+    WORD dmDriverVersion;
+    WORD dmSize; ///< 192
+    WORD dmDriverExtra;
+    DWORD dmFields;
+    SHORT dmOrientation;
+    SHORT dmPaperSize;
+    SHORT dmPaperLength;
+    SHORT dmPaperWidth;
+    SHORT dmScale;
+    SHORT dmCopies;
+    SHORT dmDefaultSource;
+    SHORT dmPrintQuality;
+    SHORT dmColor;
+    SHORT dmDuplex;
+    SHORT dmYResolution;
+    SHORT dmTTOption;
+    SHORT dmCollate;
+    WCHAR dmFormName[32];
+    WORD dmLogPixels;
+    DWORD dmBitsPerPel;
+    DWORD dmPelsWidth;
+    DWORD dmPelsHeight;
+    DWORD dmDisplayFlags;
+    DWORD dmDisplayFrequency;
+    DWORD dmDisplayOrientation; ///< DMDO_0, DMDO_90, DMDO_180 or DMDO_270
+};
+static_assert(sizeof(DEVMODEW) == 192);
+
+/// The type of "ChangeDisplaySettingsEx", which programs look up in "coredll.dll". With CDS_TEST
+/// it writes the orientation in force into the record; with CDS_RESET it turns the display.
+using ChangeDisplaySettingsExProc = LONG (*)(LPCWSTR device, DEVMODEW *mode, HWND window,
+                                             DWORD flags, void *parameter);

@@ -1,0 +1,46 @@
+// The registry: named values under keys, kept from one run to the next.
+//
+// A key that was written is stored as a whole when it is closed, so a save is all or nothing.
+// Where the store cannot be written, the values live on in memory and the functions succeed;
+// the host tells the user once.
+#pragma once
+
+#include "windef.h"
+
+constexpr HKEY HKEY_CLASSES_ROOT{0x80000000U};
+constexpr HKEY HKEY_CURRENT_USER{0x80000001U};
+constexpr HKEY HKEY_LOCAL_MACHINE{0x80000002U};
+
+constexpr LONG ERROR_SUCCESS = 0;
+constexpr LONG ERROR_FILE_NOT_FOUND = 2;
+constexpr LONG ERROR_INVALID_HANDLE = 6;
+constexpr LONG ERROR_INVALID_PARAMETER = 87;
+constexpr LONG ERROR_MORE_DATA = 234;
+
+constexpr DWORD REG_SZ = 1;
+constexpr DWORD REG_BINARY = 3;
+constexpr DWORD REG_DWORD = 4;
+constexpr DWORD REG_CREATED_NEW_KEY = 1;
+constexpr DWORD REG_OPENED_EXISTING_KEY = 2;
+constexpr DWORD KEY_ALL_ACCESS = 0x000F003F;
+
+struct SECURITY_ATTRIBUTES;
+
+/// Opens `path` (names parted by backslashes, upper and lower case alike) below `key`, making it
+/// when it does not exist; `disposition`, if given, tells which. Class, options, access and
+/// attributes are not looked at. ERROR_SUCCESS or an error code.
+LONG RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR className, DWORD options,
+                     DWORD access, SECURITY_ATTRIBUTES *attributes, HKEY *result,
+                     DWORD *disposition);
+/// Opens an existing key; ERROR_FILE_NOT_FOUND when there is none.
+LONG RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD options, DWORD access, HKEY *result);
+/// Stores what was changed, and closes the key.
+LONG RegCloseKey(HKEY key);
+/// Reads a value of any type. `size` is the buffer's size in bytes and becomes the value's;
+/// with a null buffer only the size is told. ERROR_MORE_DATA when the buffer is too small, and
+/// then nothing is copied.
+LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD *reserved, DWORD *type, BYTE *data,
+                      DWORD *size);
+LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE *data,
+                    DWORD size);
+LONG RegDeleteValueW(HKEY key, LPCWSTR name);

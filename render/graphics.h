@@ -1,0 +1,25 @@
+// The graphic objects that live as long as the program's window.
+#pragma once
+
+#include <array>
+
+#include <windows.h>
+
+#include "render/surface.h"
+
+/// Every screen is this large, in pixels.
+constexpr int screenWidth = 240;
+constexpr int screenHeight = 268;
+
+/// The back buffer of every screen, 240 by 268. Owned by the controller.
+extern Surface *screenSurface;
+/// The play screen's three pictures and its block tiles. Owned by GameSession::create/destroy.
+extern std::array<Surface *, 3> backdrops;
+extern Surface *tileSheet;
+/// Arial bold, 16 pixels high: the values of the play screen.
+extern HFONT statsFont;
+
+void createStatsFont();
+void deleteStatsFont();
+/// Arial bold of a cell height in pixels. The caller deletes it.
+HFONT createBoldFont(int height);
