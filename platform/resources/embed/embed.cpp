@@ -1,0 +1,58 @@
+// Build tool: turns a file into a C++ source that holds its bytes, so that one executable carries
+// everything. Usage: embed INPUT OUTPUT NAME; the output defines the std::span<const std::byte>
+// NAME(). A string literal compiles many times faster than a list of numbers.
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace {
+
+/// The byte as it stands in a literal. Three octal digits never run into what follows.
+std::string escaped(unsigned char byte)
+{
+    char text[5];
+    std::snprintf(text, sizeof text, "\\%03o", static_cast<unsigned>(byte));
+    return text;
+}
+
+void writeSource(std::ostream &out, const std::string &bytes, const std::string &name)
+{
+    constexpr std::size_t bytesPerLine = 32;
+    out << "// Made by embed.\n#include <cstddef>\n#include <span>\n\nnamespace {\n"
+        << "alignas(8) const char bytes[] =\n";
+    for (std::size_t i = 0; i < bytes.size(); i += bytesPerLine) {
+        out << "    \"";
+        for (const char byte : bytes.substr(i, bytesPerLine)) {
+            out << escaped(static_cast<unsigned char>(byte));
+        }
+        out << "\"\n";
+    }
+    out << "    \"\";\n} // namespace\n\nstd::span<const std::byte> " << name << "();\n"
+        << "std::span<const std::byte> " << name << "()\n{\n"
+        << "    return std::as_bytes(std::span(bytes, sizeof bytes - 1));\n}\n";
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc != 4) {
+        std::fputs("usage: embed INPUT OUTPUT NAME\n", stderr);
+        return 2;
+    }
+    std::ifstream in(argv[1], std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    if (!in || bytes.empty()) {
+        std::fprintf(stderr, "embed: cannot read %s\n", argv[1]);
+        return 1;
+    }
+    std::ofstream out(argv[2]);
+    writeSource(out, bytes, argv[3]);
+    out.close();
+    if (!out) {
+        std::fprintf(stderr, "embed: cannot write %s\n", argv[2]);
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,32 @@
+// Reads a linked .res image: finds resources by type and name, in place.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "windef.h"
+
+namespace resources {
+
+/// A name or type of a resource as the image and the callers write it: a number below 65,536, or
+/// a text, compared without regard to case.
+struct Name
+{
+    std::uint16_t number = 0; ///< counts when `text` is empty
+    std::u16string text;
+
+    /// From a pointer that may be MAKEINTRESOURCEW of a number.
+    static Name from(LPCWSTR name);
+    friend bool operator==(const Name &a, const Name &b);
+};
+
+/// The bytes of a resource of the program; empty when there is none, or the image is damaged there.
+std::span<const std::byte> find(const Name &type, const Name &name);
+/// String `id` of the string table, in place; empty when there is none.
+std::u16string_view string(unsigned id);
+
+} // namespace resources

@@ -1,0 +1,23 @@
+# Compiles glimra.rc and everything it names into a .res image, and that into a source file that
+# defines programResources(). Sets resources_source.
+find_program(LLVM_RC NAMES llvm-rc llvm-rc-14 REQUIRED)
+
+add_executable(embed platform/resources/embed/embed.cpp)
+
+file(GLOB resource_files CONFIGURE_DEPENDS
+     resources/*.rc resources/*.h resources/*.bmp resources/*.ico resources/*.wav resources/*.htm)
+set(resources_image ${PROJECT_BINARY_DIR}/glimra.res)
+set(resources_source ${PROJECT_BINARY_DIR}/glimra_resources.cpp)
+
+add_custom_command(
+  OUTPUT ${resources_image}
+  COMMAND ${LLVM_RC} /nologo /c 65001 /fo ${resources_image} glimra.rc
+  WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/resources
+  DEPENDS ${resource_files}
+  VERBATIM)
+add_custom_command(
+  OUTPUT ${resources_source}
+  COMMAND embed ${resources_image} ${resources_source} programResources
+  DEPENDS embed ${resources_image}
+  VERBATIM)
+set_source_files_properties(${resources_source} PROPERTIES COMPILE_OPTIONS "-Wno-overlength-strings")
