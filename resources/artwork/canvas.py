@@ -29,11 +29,11 @@ def blend(stops, value):
 
 def hashed(x, y, seed):
     """A number from 0 to 1 that depends only on the integers x, y (arrays or numbers) and the seed."""
-    h = (np.asarray(x, dtype=np.int64) * 374761393 + np.asarray(y, dtype=np.int64) * 668265263
-         + seed * 1442695041) & 0xFFFFFFFF
+    mixed = np.asarray(x, dtype=np.int64) * 374761393 + np.asarray(y, dtype=np.int64) * 668265263 + seed * 1442695041
+    h = np.atleast_1d(mixed & 0xFFFFFFFF).astype(np.uint64)
     for shift, factor in ((15, 2246822519), (13, 3266489917), (16, 668265263)):
-        h = ((h ^ (h >> shift)) * factor) & 0xFFFFFFFF
-    return (h >> 8) / 16777216.0
+        h = ((h ^ (h >> np.uint64(shift))) * np.uint64(factor)) & np.uint64(0xFFFFFFFF)
+    return ((h >> np.uint64(8)) / 16777216.0).reshape(mixed.shape)
 
 
 def noise(x, y, seed, octaves=4, gain=0.5):

@@ -1,6 +1,7 @@
 """The play screen's layout, the same in every backdrop: the dark well and boxes, the frames, the captions."""
 import numpy as np
 
+from canvas import blurred
 from pixel_font import text_mask
 from quantize import choose_palette, dither, displayable, luminance, to_bytes
 
@@ -12,6 +13,7 @@ CAPTIONS = (("NEXT", 168, 4), ("HOLD", 199, 209), ("SCORE", 62, 245), ("LEVEL", 
 WHITE = (255, 255, 255)
 RAIL = (206, 223, 239)  # the well's frame
 RAIL_SHADE = (99, 121, 148)  # its outer edge
+GREY = np.array([0.2126, 0.7152, 0.0722])  # a colour's luminance from its linear light
 WELL_LUMINANCE = 0.0165  # no pixel of the well is brighter
 VALUES_LUMINANCE = 0.10  # nor any under the values
 
@@ -24,18 +26,25 @@ def _inside(shape, rectangle):
 
 
 def _dimmed(light, ceiling):
-    """The picture behind dark glass: its light pressed smoothly below `ceiling`, its colours kept."""
-    bright = light @ np.array([0.2126, 0.7152, 0.0722])
+    """The light pressed smoothly below the luminance `ceiling`, its colours kept."""
+    bright = light @ GREY
     pressed = ceiling * bright / (bright + 3.2 * ceiling)
     return light * (pressed / np.maximum(bright, 1e-9))[..., None]
 
 
-def quieted(light):
+def _behind_glass(light, tint):
+    """The picture seen through dark glass of that tint: soft, without its sharp lights, nearly of one colour."""
+    soft = blurred(np.minimum(light, 0.3), 1)
+    grey = (soft @ GREY)[..., None]
+    return _dimmed((soft * 0.45 + grey * 0.55) * tint, WELL_LUMINANCE) + tint * 0.0011
+
+
+def quieted(light, tint):
     """A finished scene with its well, boxes and values made dark and calm enough to play on."""
     light = light.copy()
-    for rectangle, ceiling in [(WELL, WELL_LUMINANCE)] + [(box, WELL_LUMINANCE) for box in BOXES]:
-        left, top, right, bottom = rectangle
-        light[top:bottom, left:right] = _dimmed(light[top:bottom, left:right], ceiling)
+    glass = _behind_glass(light, tint)
+    for left, top, right, bottom in (WELL, *BOXES):
+        light[top:bottom, left:right] = glass[top:bottom, left:right]
     foot = np.clip((np.arange(light.shape[0]) - 236) / 10, 0, 1)[:, None, None]
     bottom = _dimmed(light, 2.6 * VALUES_LUMINANCE)
     return light + foot * (bottom - light)
@@ -58,21 +67,27 @@ def ink():
     return ((outer, RAIL_SHADE), (rail, RAIL), (white, WHITE))
 
 
-def backdrop(light):
-    """The whole backdrop of a finished scene (268 by 240 of linear light): indices and palette."""
-    picture = to_bytes(quieted(light))
+def _region(shape, rectangles):
+    mask = np.zeros(shape, dtype=bool)
+    for rectangle in rectangles:
+        mask |= _inside(shape, rectangle)
+    return mask
+
+
+def backdrop(light, tint):
+    """The whole backdrop of a finished scene (268 by 240 of linear light): indices and palette.
+
+    `tint` is the colour of the well's dark glass, as linear light near 1. Most of the dark colours that the display
+    has are needed there, so the palette begins with them.
+    """
+    picture = to_bytes(quieted(light, tint))
+    dark = _region(picture.shape[:2], (WELL, *BOXES))
     fixed = displayable([WHITE, RAIL, RAIL_SHADE])
-    palette = choose_palette(picture, fixed)
+    palette = choose_palette(picture[~dark], choose_palette(picture[dark], fixed, 72))
     bright = luminance(palette)
-    dark = np.zeros(picture.shape[:2], dtype=bool)
-    for rectangle in (WELL, *BOXES):
-        dark |= _inside(dark.shape, rectangle)
     indices = dither(picture, palette, np.ones(len(palette), dtype=bool))
-    indices[dark] = dither(picture, palette, bright <= WELL_LUMINANCE)[dark]
-    calm = np.zeros(dark.shape, dtype=bool)
-    for rectangle in VALUES:
-        calm |= _inside(dark.shape, rectangle)
-    indices[calm] = dither(picture, palette, bright <= VALUES_LUMINANCE)[calm]
-    for mask, tint in ink():
-        indices[mask] = np.flatnonzero((palette == displayable(tint)).all(axis=1))[0]
+    for region, ceiling in ((dark, WELL_LUMINANCE), (_region(dark.shape, VALUES), VALUES_LUMINANCE)):
+        indices[region] = dither(picture, palette, bright <= ceiling)[region]
+    for mask, ink_colour in ink():
+        indices[mask] = np.flatnonzero((palette == displayable(ink_colour)).all(axis=1))[0]
     return indices.astype(np.uint8), palette

@@ -9,6 +9,7 @@ from about import about
 from files import write_bmp_24, write_bmp_8, write_ico, write_png, write_wav
 from icon import icon
 from layout import backdrop
+from quantize import choose_palette, dither
 from scene_deep import deep
 from scene_harbour import harbour
 from scene_lake import lake
@@ -18,18 +19,18 @@ import sounds
 
 
 def paletted(rgba):
-    """A small picture of at most 255 colours as indices, palette and what is opaque; index 0 is black."""
+    """A small picture as indices, palette and what is opaque; the rest is black, index 0."""
     opaque = rgba[:, :, 3] > 127
-    colours, indices = np.unique(rgba[opaque][:, :3], axis=0, return_inverse=True)
-    picture = np.zeros(opaque.shape, dtype=np.uint8)
-    picture[opaque] = indices + 1
-    return picture, np.vstack([np.zeros((1, 3), dtype=np.uint8), colours]), opaque
+    picture = rgba[:, :, :3].astype(np.int64) * 16
+    palette = choose_palette(picture[opaque], np.zeros((1, 3), dtype=np.int64))
+    indices = dither(picture, palette, np.ones(len(palette), dtype=bool))
+    return np.where(opaque, indices, 0).astype(np.uint8), palette, opaque
 
 
 def main():
     folder = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else pathlib.Path(__file__).resolve().parent.parent
     for index, scene in enumerate((lake, harbour, deep)):
-        write_bmp_8(folder / f"backdrop_{index}.bmp", *backdrop(scene()))
+        write_bmp_8(folder / f"backdrop_{index}.bmp", *backdrop(*scene()))
     write_bmp_8(folder / "title.bmp", *title())
     write_bmp_8(folder / "about.bmp", *about())
     write_bmp_24(folder / "tiles.bmp", tile_sheet())

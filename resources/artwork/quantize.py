@@ -116,7 +116,7 @@ def dither(picture, palette, allowed):
     error = np.zeros_like(target)
     mixes = np.empty((STEPS, len(target)), dtype=np.int64)
     for step in range(STEPS):
-        mixes[step] = _nearest(target + error, choices)
+        mixes[step] = _nearest(target + error * 5 // 8, choices)  # all of the error would mix in far colours
         error += target - choices[mixes[step]]
     brightness = (choices * WEIGHTS).sum(axis=1)[mixes]
     mixes = np.take_along_axis(mixes, np.argsort(brightness, axis=0, kind="stable"), axis=0)
