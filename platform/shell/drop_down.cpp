@@ -233,6 +233,7 @@ void stylusDown(Tracking &state, POINT point)
 void stylusUp(Tracking &state, POINT point)
 {
     state.stylusDown = false;
+    ReleaseCapture();
     if (onDropDown(state, point)) {
         choose(state, itemAt(state, point));
     } else if (buttonAt(state, point) != state.button) {

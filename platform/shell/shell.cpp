@@ -45,7 +45,6 @@ void displayTurned()
     placeTitleBar();
     placeMenuBars();
     placeSoftKeyboard();
-    dialogs::displayTurned();
 }
 
 void focusMoved(HWND window)

@@ -165,18 +165,6 @@ LRESULT handleByDefault(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
-/// A small dialog that the screen's new shape has left outside comes back in.
-void moveInside(HWND dialog)
-{
-    RECT rect;
-    GetWindowRect(dialog, &rect);
-    const LONG spareWidth = gdi::screen().width - (rect.right - rect.left);
-    const LONG spareHeight =
-        gdi::screen().height - shell::titleBarHeight - (rect.bottom - rect.top);
-    SetWindowPos(dialog, {}, spareWidth / 2, shell::titleBarHeight + spareHeight / 2, 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 } // namespace
 
 DialogData *dataOf(HWND window)
@@ -233,16 +221,6 @@ void fillScreen(HWND dialog)
 {
     SetWindowPos(dialog, {}, 0, shell::titleBarHeight, gdi::screen().width,
                  gdi::screen().height - shell::titleBarHeight, SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void displayTurned()
-{
-    const std::vector<user::Window *> windows = user::topLevelWindows();
-    for (const user::Window *window : windows) {
-        if (const DialogData *data = dataOf(window->handle)) {
-            data->fullScreen ? fillScreen(window->handle) : moveInside(window->handle);
-        }
-    }
 }
 
 void registerClass() { user::registerSystemClass(className, DefDlgProcW); }

@@ -34,8 +34,6 @@ INT_PTR runModal(const DialogTemplate &description, HINSTANCE instance, HWND own
 /// The focus has come to this window: its dialog will give it back there, and its default push
 /// button may have changed.
 void focusMoved(HWND window);
-/// Full-screen dialogs fill the screen again, the others move inside it.
-void displayTurned();
 /// Gives a full-screen dialog its place: the screen below the title bar.
 void fillScreen(HWND dialog);
 
