@@ -56,18 +56,17 @@ Row makeRow(const Key *before, std::u16string_view plain, std::u16string_view sh
 const std::array<Row, rowCount> &rows()
 {
     static constexpr Key back = special(VK_BACK, u"\x2190", 2);
-    static constexpr Key tab = special(VK_TAB, u"Tab", 3);
+    static constexpr Key tab = special(VK_TAB, u"Tab", 4);
     static constexpr Key enter = special(VK_RETURN, u"Enter", 4);
     static constexpr Key shift = special(VK_SHIFT, u"Shift", 4);
     static const std::array<Row, rowCount> all = {
         makeRow(nullptr, u"1234567890-", u"!@#$%^&*()_", &back),
         makeRow(&tab, u"qwertyuiop", u"QWERTYUIOP", nullptr),
         makeRow(nullptr, u"asdfghjkl'", u"ASDFGHJKL\"", &enter),
-        makeRow(&shift, u"zxcvbnm,.", u"ZXCVBNM;:", nullptr),
-        Row{special(VK_LEFT, u"<", 3),
-            special(VK_RIGHT, u">", 3),
+        makeRow(&shift, u"zxcvbnm,.?", u"ZXCVBNM;:/", nullptr),
+        Row{special(VK_LEFT, u"<", 4),
+            special(VK_RIGHT, u">", 4),
             {u' ', u' ', 0, u"", 12},
-            {u'?', u'/', 0, u"", 2},
             special(VK_DELETE, u"Del", 4)}};
     return all;
 }

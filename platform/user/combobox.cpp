@@ -19,7 +19,7 @@ using controls::clientRect;
 using controls::dataOf;
 using controls::pointOf;
 
-constexpr int fieldHeight = 20;
+constexpr int fieldHeight = 19;
 constexpr int itemHeight = 17;
 constexpr int arrowWidth = 17; ///< of the field's arrow and of the scroll bar
 constexpr int padding = 4;

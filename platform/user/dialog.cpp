@@ -120,7 +120,7 @@ void restoreFocus(HWND dialog)
         return;
     }
     HWND target = data->lastFocus;
-    if (GetParent(target) != dialog || IsWindowVisible(target) == FALSE ||
+    if (dialogOf(target) != dialog || IsWindowVisible(target) == FALSE ||
         IsWindowEnabled(target) == FALSE)
     {
         target = GetNextDlgTabItem(dialog, {}, FALSE);
@@ -173,6 +173,12 @@ DialogData *dataOf(HWND window)
     return found ? dynamic_cast<DialogData *>(found->data.get()) : nullptr;
 }
 
+HWND dialogOf(HWND control)
+{
+    const user::Window *window = user::find(control);
+    return window && window->parent ? window->parent->handle : HWND{};
+}
+
 INT_PTR runModal(const DialogTemplate &description, HINSTANCE instance, HWND owner,
                  DLGPROC procedure, LPARAM parameter, Preview preview)
 {
@@ -199,7 +205,7 @@ INT_PTR runModal(const DialogTemplate &description, HINSTANCE instance, HWND own
 
 void focusMoved(HWND window)
 {
-    const HWND dialog = GetParent(window);
+    const HWND dialog = dialogOf(window);
     DialogData *data = dataOf(dialog);
     if (!data) {
         return;

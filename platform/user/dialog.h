@@ -23,6 +23,9 @@ struct DialogData final : user::WindowData
 /// Null when the window is no dialog.
 DialogData *dataOf(HWND window);
 
+/// The parent of a control; none for a top-level window, whose owner may be a dialog, too.
+HWND dialogOf(HWND control);
+
 /// Looks at a message before the dialog does; true when that is all that is to happen to it.
 using Preview = bool (*)(HWND dialog, const MSG &message);
 

@@ -80,7 +80,7 @@ BOOL IsDialogMessageW(HWND dialog, MSG *message)
     if (message->message == WM_LBUTTONDOWN) {
         comboboxes::closeListUnless(message->hwnd);
     }
-    if (message->hwnd != dialog && GetParent(message->hwnd) != dialog) {
+    if (message->hwnd != dialog && dialogs::dialogOf(message->hwnd) != dialog) {
         return FALSE;
     }
     if (message->message != WM_KEYDOWN || !handleKey(dialog, *message)) {

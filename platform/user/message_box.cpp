@@ -197,7 +197,7 @@ bool previewKey(HWND box, const MSG &message)
 {
     const int id = message.wParam == 'Y' ? IDYES : message.wParam == 'N' ? IDNO : 0;
     if (message.message != WM_KEYDOWN || id == 0 || !GetDlgItem(box, id) ||
-        GetParent(message.hwnd) != box)
+        dialogs::dialogOf(message.hwnd) != box)
     {
         return false;
     }

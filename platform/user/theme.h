@@ -21,8 +21,8 @@ constexpr COLORREF line = RGB(104, 120, 160);     ///< frames of controls
 constexpr COLORREF lineSoft = RGB(200, 208, 224); ///< separators
 constexpr COLORREF frame = RGB(24, 40, 96);       ///< frames of windows
 
-constexpr COLORREF faceUpper = RGB(248, 248, 255); ///< raised things: buttons, keys, the bar
-constexpr COLORREF faceLower = RGB(224, 232, 248);
+constexpr COLORREF faceUpper = RGB(247, 251, 255); ///< raised things: buttons, keys, the bar
+constexpr COLORREF faceLower = RGB(222, 231, 247);
 constexpr COLORREF accent = RGB(32, 88, 192); ///< what is selected or pressed
 constexpr COLORREF accentText = RGB(255, 255, 255);
 
