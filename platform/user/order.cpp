@@ -27,7 +27,8 @@ std::vector<Window *> &siblingsOf(const Window &window)
 /// Restores the first rule of the order after a change.
 void putTopmostFirst()
 {
-    std::ranges::stable_partition(topLevels, [](Window *each) { return isTopmost(*each); });
+    std::stable_partition(topLevels.begin(), topLevels.end(),
+                          [](Window *each) { return isTopmost(*each); });
     visibilityChanged();
 }
 
@@ -56,8 +57,9 @@ void insertWindow(Window &window)
 
 void bringToTop(Window &window)
 {
-    std::ranges::stable_partition(siblingsOf(window),
-                                  [&](Window *each) { return belongsTo(*each, window); });
+    auto &siblings = siblingsOf(window);
+    std::stable_partition(siblings.begin(), siblings.end(),
+                          [&](Window *each) { return belongsTo(*each, window); });
     putTopmostFirst();
 }
 
