@@ -121,7 +121,8 @@ def check_backdrop(name, picture):
     light = luminance(picture)
     rail = np.concatenate([light[11:231, 21], light[11:231, 132], light[231, 22:132]])
     expect(rail.min() > 0.5 and light[11:231, 22:132].max() < 0.05, f"{name}: the well's frame")
-    worst = min(contrast(1.0, light[t:b, l:r][~white[t:b, l:r]]).min() for l, t, r, b in VALUES)
+    light[249, white[249]] = 0  # the captions' lowest row, which the values do not reach
+    worst = min(contrast(1.0, light[t:b, l:r]).min() for l, t, r, b in VALUES)
     expect(worst >= 4.5, f"{name}: white values reach only {worst:.1f} to 1")
     return worst
 
