@@ -22,7 +22,9 @@ def icon(size):
     if size <= 32:
         left, top = round(left), round(top)
     piece(c, left, top, cell, TEE, GOLD)
-    c.sparkle(left + 2.72 * cell, top + 0.12 * cell, size * (0.26 if size > 16 else 0.2), "fffbe8", 3.0 if size > 16 else 1.6)
+    c.sparkle(
+        left + 2.72 * cell, top + 0.12 * cell, size * (0.26 if size > 16 else 0.2), "fffbe8", 3.0 if size > 16 else 1.6
+    )
     corner = 0.22
     qx, qy = np.abs(u - 0.5) - 0.5 + corner, np.abs(v - 0.5) - 0.5 + corner
     distance = size * (np.hypot(np.maximum(qx, 0), np.maximum(qy, 0)) + np.minimum(np.maximum(qx, qy), 0) - corner)

@@ -8,8 +8,14 @@ from quantize import choose_palette, dither, displayable, luminance, to_bytes
 WELL = (22, 11, 132, 231)  # left, top, right, bottom; right and bottom exclusive
 BOXES = ((166, 2, 216, 161), (166, 182, 216, 216))  # with their one-pixel frames
 VALUES = ((0, 249, 80, 267), (100, 249, 140, 267), (146, 249, 186, 267), (192, 249, 232, 267))
-CAPTIONS = (("NEXT", 168, 4), ("HOLD", 199, 209), ("SCORE", 62, 245), ("LEVEL", 113, 245), ("LINES", 164, 245),
-            ("TIME", 208, 245))
+CAPTIONS = (
+    ("NEXT", 168, 4),
+    ("HOLD", 199, 209),
+    ("SCORE", 62, 245),
+    ("LEVEL", 113, 245),
+    ("LINES", 164, 245),
+    ("TIME", 208, 245),
+)
 WHITE = (255, 255, 255)
 RAIL = (206, 223, 239)  # the well's frame
 RAIL_SHADE = (99, 121, 148)  # its outer edge
@@ -54,7 +60,9 @@ def ink():
     """The frames and captions: (mask, colour) in the order of drawing."""
     shape = (268, 240)
     left, top, right, bottom = WELL
-    outer = _inside(shape, (left - 2, top, right + 2, bottom + 2)) & ~_inside(shape, (left - 1, top, right + 1, bottom + 1))
+    outer = _inside(shape, (left - 2, top, right + 2, bottom + 2)) & ~_inside(
+        shape, (left - 1, top, right + 1, bottom + 1)
+    )
     outer[bottom + 1, [left - 2, right + 1]] = False
     rail = _inside(shape, (left - 1, top, right + 1, bottom + 1)) & ~_inside(shape, WELL)
     white = np.zeros(shape, dtype=bool)
@@ -63,7 +71,7 @@ def ink():
         white |= _inside(shape, box) & ~_inside(shape, (box_left + 1, box_top + 1, box_right - 1, box_bottom - 1))
     for text, x, y in CAPTIONS:
         mask = text_mask(text)
-        white[y:y + 5, x:x + mask.shape[1]] |= mask
+        white[y : y + 5, x : x + mask.shape[1]] |= mask
     return ((outer, RAIL_SHADE), (rail, RAIL), (white, WHITE))
 
 
@@ -85,9 +93,10 @@ def backdrop(light, tint):
     fixed = displayable([WHITE, RAIL, RAIL_SHADE])
     palette = choose_palette(picture[~dark], choose_palette(picture[dark], fixed, 72))
     bright = luminance(palette)
-    indices = dither(picture, palette, np.ones(len(palette), dtype=bool))
-    for region, ceiling in ((dark, WELL_LUMINANCE), (_region(dark.shape, VALUES), VALUES_LUMINANCE)):
-        indices[region] = dither(picture, palette, bright <= ceiling)[region]
+    calm = _region(dark.shape, VALUES)
+    indices = np.zeros(dark.shape, dtype=np.uint8)
+    for region, ceiling in ((~dark & ~calm, 1.0), (calm, VALUES_LUMINANCE), (dark, WELL_LUMINANCE)):
+        indices[region] = dither(picture, palette, region, bright <= ceiling)
     for mask, ink_colour in ink():
         indices[mask] = np.flatnonzero((palette == displayable(ink_colour)).all(axis=1))[0]
-    return indices.astype(np.uint8), palette
+    return indices, palette

@@ -17,7 +17,14 @@ LETTERS = (
     ("L", 31, [[(0, 0), (0, 30), (18.5, 30)]]),
     ("I", 14, [[(0, 12), (0, 30)]]),
     ("M", 44, [[(0, 30), (1.5, 0), (15.5, 21), (29.5, 0), (31, 30)]]),
-    ("R", 33, [[(0, 30), (0, 0), (12, 0)] + _arc(12, 8.5, 8.5, 8.5, -80, 80, 12) + [(12, 17), (0, 17)], [(11, 17), (21.5, 30)]]),
+    (
+        "R",
+        33,
+        [
+            [(0, 30), (0, 0), (12, 0)] + _arc(12, 8.5, 8.5, 8.5, -80, 80, 12) + [(12, 17), (0, 17)],
+            [(11, 17), (21.5, 30)],
+        ],
+    ),
     ("A", 29, [[(0, 30), (13.5, 0), (27, 30)], [(5.6, 20), (21.4, 20)]]),
 )
 WIDTH = sum(advance for _, advance, _ in LETTERS)
@@ -46,18 +53,21 @@ def mark(c, left, top):
     sx, sy = star_position(left, top)
     halo = np.zeros_like(c.light)
     halo[rows] = np.maximum(smooth(1, -1, distance), 0)[..., None] * blend(
-        [(left, "2ad8a0"), (left + WIDTH * 0.5, "2aa8ff"), (left + WIDTH, "8a5aff")], c.x + 0 * distance)
+        [(left, "2ad8a0"), (left + WIDTH * 0.5, "2aa8ff"), (left + WIDTH, "8a5aff")], c.x + 0 * distance
+    )
     c.light += 0.55 * blurred(halo, 5 * c.n / 2) + 0.35 * blurred(halo, 14)
     c.light[rows] *= 1 - 0.75 * smooth(2.4, 0.4, distance)[..., None]
     slope_y, slope_x = np.gradient(distance)
     facing = -(slope_x * 0.6 + slope_y * 0.8) * c.n
     bevel = smooth(-2.6, -0.3, distance)
     height = (c.y[rows] - top + HALF) / (30 + 2 * HALF)
-    face = blend([(0, "f4ffff"), (0.34, "9ce8ff"), (0.52, "3cb0f0"), (0.56, "1a70c8"), (1, "6cf0dc")], height + 0 * distance)
+    face = blend(
+        [(0, "f4ffff"), (0.34, "9ce8ff"), (0.52, "3cb0f0"), (0.56, "1a70c8"), (1, "6cf0dc")], height + 0 * distance
+    )
     light = face * (1.75 + 0 * bevel)[..., None]
     light *= (1 + bevel * np.where(facing > 0, 0, 0.72 * facing))[..., None]
     light += (bevel * np.maximum(facing, 0))[..., None] * 1.6
-    sweep = np.exp(-((c.x + 0.5 * (c.y[rows] - top) - left - 0.66 * WIDTH) / 9) ** 2)
+    sweep = np.exp(-(((c.x + 0.5 * (c.y[rows] - top) - left - 0.66 * WIDTH) / 9) ** 2))
     light += (sweep * 0.7)[..., None] * colour("fff4d0")
     inside = smooth(0.3, -0.3, distance)[..., None]
     c.light[rows] += inside * (light - c.light[rows])

@@ -18,13 +18,15 @@ from title import title
 import sounds
 
 
-def paletted(rgba):
-    """A small picture as indices, palette and what is opaque; the rest is black, index 0."""
-    opaque = rgba[:, :, 3] > 127
+def icon_image(size):
+    """An icon as indices, palette and what is opaque; the rest is black, index 0."""
+    rgba = icon(size)
+    opaque = rgba[:, :, 3] > 0
     picture = rgba[:, :, :3].astype(np.int64) * 16
     palette = choose_palette(picture[opaque], np.zeros((1, 3), dtype=np.int64))
-    indices = dither(picture, palette, np.ones(len(palette), dtype=bool))
-    return np.where(opaque, indices, 0).astype(np.uint8), palette, opaque
+    indices = np.zeros(opaque.shape, dtype=np.uint8)
+    indices[opaque] = dither(picture, palette, opaque)
+    return indices, palette, opaque
 
 
 def main():
@@ -34,7 +36,7 @@ def main():
     write_bmp_8(folder / "title.bmp", *title())
     write_bmp_8(folder / "about.bmp", *about())
     write_bmp_24(folder / "tiles.bmp", tile_sheet())
-    write_ico(folder / "glimra.ico", [paletted(icon(32)), paletted(icon(16))])
+    write_ico(folder / "glimra.ico", [icon_image(32), icon_image(16)])
     write_png(folder / "glimra_128.png", icon(128))
     for name in ("rotate", "rows", "lock", "level", "shift"):
         write_wav(folder / f"{name}.wav", getattr(sounds, name)())

@@ -4,6 +4,16 @@ import numpy as np
 from canvas import Canvas, blend, colour, hashed, noise, smooth, stroke
 
 SEA = [(0, "1484a0"), (28, "0e6290"), (80, "0a3f74"), (150, "072650"), (215, "051634"), (268, "030b1e")]
+# What grows on the floor: x, height, colour, seed.
+CORALS = ((9, 8.5, "ff7ad0", 3), (152, 7.5, "ffa860", 5), (229, 9, "ff6aa8", 8), (190, 6.5, "7affd0", 9))
+WEEDS = (
+    (19, 44, "4affc0", 1),
+    (2, 60, "58ffd8", 2),
+    (238, 66, "50ffd0", 3),
+    (221, 40, "48f0c8", 5),
+    (138, 32, "58ffc8", 4),
+    (163, 26, "4affc0", 6),
+)
 
 
 def _shafts(c):
@@ -15,40 +25,55 @@ def _shafts(c):
 
 
 def _jellyfish(c, x, y, size, bell, glow, seed, power=1.0):
-    """A bell of glass with a bright rim, a four-leaved heart, frilled arms and long threads."""
+    """A bell of glass with a bright rim and a four-leaved heart, over frilled arms and long threads."""
     c.glow(x, y + 0.1 * size, size * 1.5, glow, 0.22 * power)
     top, left, right, bottom = _window(c, x, y, size)
     px, py = c.x[:, left:right], c.y[top:bottom]
     light = c.light[top:bottom, left:right]
     lean = 0.16 * (hashed(seed, 0, 43) - 0.5)
     for thread in range(9):
-        t = (thread + 0.5) / 9 * 2 - 1
-        long = size * (2.6 + 1.9 * hashed(thread, seed, 44))
-        down = (py - y - 0.30 * size) / long
-        sway = size * (0.16 * np.sin(down * (5 + 2 * hashed(thread, seed, 45)) + seed + thread * 1.1) + lean * 3 * down)
-        thin = 0.30 + 0.25 * (1 - down)
-        mask = np.exp(-((px - x - t * 0.80 * size * (1 - 0.25 * down) - sway) / thin) ** 2) * smooth(0, 0.05, down)
-        beads = 0.55 + 0.45 * np.sin(down * 40 + thread * 2) ** 2
-        light += (mask * beads * np.maximum(1 - down, 0) ** 1.4 * 0.75 * power)[..., None] * colour(glow)
+        light += (_thread(px - x, py - y, size, thread, lean, seed) * power)[..., None] * colour(glow)
     for arm in range(4):
-        t = (arm - 1.5) / 1.5
-        down = (py - y - 0.1 * size) / (size * (1.5 + 0.5 * hashed(arm, seed, 46)))
-        sway = size * (0.12 * np.sin(down * 9 + arm * 1.9 + seed) + lean * 1.6 * down)
-        frill = (0.10 + 0.05 * np.sin(down * 34 + arm)) * size * np.maximum(1.1 - down, 0)
-        mask = np.exp(-((px - x - t * 0.30 * size - sway) / np.maximum(frill, 0.1)) ** 2) * smooth(0, 0.1, down) * smooth(1, 0.6, down)
-        light += (mask * 0.55 * power)[..., None] * colour(bell)
-    u, v = (px - x) / size, (py - y) / size
+        light += (_arm(px - x, py - y, size, arm, lean, seed) * power)[..., None] * colour(bell)
+    inside, body, heart, shine = _bell((px - x) / size, (py - y) / size)
+    light *= 1 - 0.35 * inside[..., None]
+    for part, tint in ((body, bell), (heart, glow), (shine, "f0ffff")):
+        light += (inside * part * power)[..., None] * colour(tint)
+
+
+def _thread(dx, dy, size, thread, lean, seed):
+    """One of nine beaded threads that trail from the hem and fade."""
+    t = (thread + 0.5) / 9 * 2 - 1
+    down = (dy - 0.30 * size) / (size * (2.6 + 1.9 * hashed(thread, seed, 44)))
+    wave = 0.16 * np.sin(down * (5 + 2 * hashed(thread, seed, 45)) + seed + thread * 1.1)
+    centre = t * 0.80 * size * (1 - 0.25 * down) + size * (wave + lean * 3 * down)
+    mask = np.exp(-(((dx - centre) / (0.30 + 0.25 * (1 - down))) ** 2)) * smooth(0, 0.05, down)
+    beads = 0.55 + 0.45 * np.sin(down * 40 + thread * 2) ** 2
+    return mask * beads * np.maximum(1 - down, 0) ** 1.4 * 0.75
+
+
+def _arm(dx, dy, size, arm, lean, seed):
+    """One of four frilled arms below the bell."""
+    down = (dy - 0.1 * size) / (size * (1.5 + 0.5 * hashed(arm, seed, 46)))
+    wave = 0.12 * np.sin(down * 9 + arm * 1.9 + seed)
+    centre = (arm - 1.5) / 1.5 * 0.30 * size + size * (wave + lean * 1.6 * down)
+    frill = (0.10 + 0.05 * np.sin(down * 34 + arm)) * size * np.maximum(1.1 - down, 0)
+    mask = np.exp(-(((dx - centre) / np.maximum(frill, 0.1)) ** 2))
+    return 0.55 * mask * smooth(0, 0.1, down) * smooth(1, 0.6, down)
+
+
+def _bell(u, v):
+    """The bell in units of its size: where it is, and the light of its glass, its heart and its shine."""
     hem = 0.26 + 0.05 * np.cos(u * 19) - 0.10 * u * u
     dome = np.sqrt(u * u + np.where(v < 0.1, (v - 0.1) / 0.82, 0) ** 2)
     inside = smooth(1.02, 0.95, dome) * smooth(hem + 0.03, hem - 0.03, v)
     rim = smooth(0.55, 1.0, dome) ** 1.6 + 0.9 * smooth(0.20, 0.02, np.abs(v - hem)) * smooth(1.0, 0.9, np.abs(u))
     ribs = 0.5 + 0.5 * np.cos(np.arctan2(u, 0.9 - v) * 26)
+    heart = 0
+    for hx, hy in ((-0.22, 0), (0.22, 0), (-0.077, 0.078), (0.077, 0.078)):
+        heart = heart + np.exp(-(((u - hx) / 0.13) ** 2 + ((v + 0.12 - hy) / 0.11) ** 2))
     shine = np.exp(-(((u + 0.38) / 0.20) ** 2 + ((v + 0.32) / 0.16) ** 2))
-    heart = sum(np.exp(-(((u - 0.22 * hx) / 0.13) ** 2 + ((v + 0.12 - 0.06 * hy) / 0.11) ** 2)) for hx, hy in ((-1, 0), (1, 0), (-0.35, 1.3), (0.35, 1.3)))
-    light *= 1 - 0.35 * inside[..., None]
-    light += (inside * (0.16 + 0.10 * ribs + 0.75 * rim) * power)[..., None] * colour(bell)
-    light += (inside * heart * 0.9 * power)[..., None] * colour(glow)
-    light += (inside * shine * 0.8 * power)[..., None] * colour("f0ffff")
+    return inside, 0.16 + 0.10 * ribs + 0.75 * rim, 0.9 * heart, 0.8 * shine
 
 
 def _window(c, x, y, size):
@@ -89,7 +114,15 @@ def _coral(c, x, foot, height, angle, tint, seed, depth=0):
         c.glow(*tip, 2.6, tint, 0.16)
         return
     for side in (-1, 1):
-        _coral(c, *tip, height * (0.70 + 0.12 * hashed(seed, depth + 9 * side, 48)), bend + side * 0.48, tint, 2 * seed + side + 1, depth + 1)
+        _coral(
+            c,
+            *tip,
+            height * (0.70 + 0.12 * hashed(seed, depth + 9 * side, 48)),
+            bend + side * 0.48,
+            tint,
+            2 * seed + side + 1,
+            depth + 1
+        )
 
 
 def _weed(c, x, foot, height, tint, seed):
@@ -109,7 +142,7 @@ def _anemone(c, x, foot, size, tint, seed):
         t = np.linspace(0, 1, 7)
         px = x + size * np.sin(angle) * t + 1.1 * np.sin(3 * t + i + seed) * t
         py = foot - size * np.cos(angle) * t * (0.8 + 0.3 * hashed(i, seed, 49))
-        arm = np.exp(-(stroke(c.x, c.y, list(zip(px, py))) / 0.55) ** 2)
+        arm = np.exp(-((stroke(c.x, c.y, list(zip(px, py))) / 0.55) ** 2))
         c.add(arm * 0.38, tint)
         c.glow(px[-1], py[-1], 0.7, "fff0ff", 0.9)
     c.glow(x, foot - size * 0.5, size * 0.9, tint, 0.30)
@@ -118,11 +151,11 @@ def _anemone(c, x, foot, size, tint, seed):
 def _floor(c):
     back = 236 - 12 * noise(c.x / 30, 0.5, 51, 4) - 6 * smooth(30, 0, c.x) - 8 * smooth(206, 240, c.x)
     c.cover(smooth(-0.6, 0.6, c.y - back) * 0.9, "062038")
-    for x, height, tint, seed in ((9, 8.5, "ff7ad0", 3), (152, 7.5, "ffa860", 5), (229, 9, "ff6aa8", 8), (190, 6.5, "7affd0", 9)):
+    for x, height, tint, seed in CORALS:
         _coral(c, x, 240, height, 0.05, tint, seed)
-    for x, height, tint, seed in ((19, 44, "4affc0", 1), (2, 60, "58ffd8", 2), (238, 66, "50ffd0", 3), (221, 40, "48f0c8", 5), (138, 32, "58ffc8", 4), (163, 26, "4affc0", 6)):
+    for x, height, tint, seed in WEEDS:
         _weed(c, x, 242, height, tint, seed)
-    for x, size, tint, seed in ((48, 8, "c86aff", 1), (128, 6.5, "68b8ff", 2), (205, 8, "b070ff", 3)):
+    for x, size, tint, seed in ((48, 8, "c86aff", 1), (97, 6.5, "68b8ff", 2), (205, 8, "b070ff", 3)):
         _anemone(c, x, 244, size * 1.25, tint, seed)
     front = 250 - 9 * noise(c.x / 24, 0.5, 52, 4)
     depth = np.maximum(c.y - front, 0)
@@ -167,7 +200,6 @@ def deep():
     _jellyfish(c, 150, 152, 7, "ffd08a", "ff9a50", 5, 1.0)
     _lanternfish(c, 187, 170, 10.5, -1, "7affea")
     _lanternfish(c, 204, 177, 7, -1, "9aff9a")
-    _lanternfish(c, 228, 42, 8, 1, "7affea")
     _bubbles(c, 158, 214, 120, 61)
     _bubbles(c, 226, 210, 150, 62)
     c.bloom(3, 0.55, 0.4)

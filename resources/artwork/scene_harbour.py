@@ -4,12 +4,34 @@ import numpy as np
 from canvas import Canvas, blend, colour, hashed, noise, polygon, smooth, stroke
 
 QUAY = 219  # the row where the water begins
-SKY = [(0, "10153f"), (55, "2a2368"), (100, "5a2f7c"), (140, "a8487a"), (166, "ec7c58"), (188, "ffb868"), (QUAY, "ffd89a")]
+SKY = [
+    (0, "10153f"),
+    (55, "2a2368"),
+    (100, "5a2f7c"),
+    (140, "a8487a"),
+    (166, "ec7c58"),
+    (188, "ffb868"),
+    (QUAY, "ffd89a"),
+]
 # Strings of lanterns: ends, how far they sag, and where along them lanterns hang.
-STRINGS = (((128, -6), (172, 30), 16, (0.30, 0.66)), ((172, 44), (128, 66), 12, (0.36, 0.74)),
-           ((-4, 22), (26, 4), 13, (0.46,)), ((212, 14), (246, 34), 14, (0.50,)), ((212, 92), (246, 78), 12, (0.52,)),
-           ((-4, 84), (26, 98), 11, (0.46,)))
-GLASS = ("ffa030", "ff5a38", "ffc040", "ff4860", "ffb030", "ff7038", "ffc850", "ff5040")
+STRINGS = (
+    ((128, -6), (172, 30), 16, (0.30, 0.66)),
+    ((172, 44), (128, 66), 12, (0.36, 0.74)),
+    ((-4, 22), (26, 4), 13, (0.46,)),
+    ((212, 14), (246, 34), 14, (0.50,)),
+    ((212, 92), (246, 78), 12, (0.52,)),
+    ((-4, 84), (26, 98), 11, (0.46,)),
+)
+BOATS = (
+    (142, 34, 0.6),
+    (157.5, 44, -0.8),
+    (226, 40, 0.7),
+    (234.5, 30, -0.4),
+    (12, 42, -0.5),
+    (100, 36, 0.5),
+    (58, 30, 0.5),
+)  # x, height of the mast, which way it leans
+GLASS = ("ffa030", "ff5a38", "ffc040", "ff4860", "ffb030", "ff7038", "ffc850", "ff5040")  # the lanterns' paper
 
 
 def _sky(c):
@@ -27,13 +49,18 @@ def _sky(c):
 def _house(c, x, foot, width, height, body, roof, seed, lit):
     """A gabled house with rows of windows; `lit` is the share of them with a light on."""
     peak = foot - height - 0.55 * width
-    walls = polygon(c.x, c.y, [(x, foot), (x, foot - height), (x + width / 2, peak), (x + width, foot - height), (x + width, foot)])
+    walls = polygon(
+        c.x, c.y, [(x, foot), (x, foot - height), (x + width / 2, peak), (x + width, foot - height), (x + width, foot)]
+    )
     mask = c.edge(walls, 0.2)
     shade = 0.75 + 0.35 * (c.x - x) / width
     c.cover(mask, colour(body) * shade[..., None])
     for side in (-1, 1):
         eaves = (x + width / 2 + side * (width / 2 + 1), foot - height + 0.9)
-        c.cover(c.edge(stroke(c.x, c.y, [(x + width / 2, peak - 0.6), eaves]) - 0.9, 0.3), colour(roof) * (1.5 if side > 0 else 0.8))
+        c.cover(
+            c.edge(stroke(c.x, c.y, [(x + width / 2, peak - 0.6), eaves]) - 0.9, 0.3),
+            colour(roof) * (1.5 if side > 0 else 0.8),
+        )
     columns, floors = max(int(width / 4.2), 1), max(int(height / 6.5), 1)
     for floor in range(floors):
         for column in range(columns):
@@ -50,9 +77,11 @@ def _house(c, x, foot, width, height, body, roof, seed, lit):
 
 def _town(c):
     """Three terraces of houses, the far ones paler in the haze, climbing toward both sides."""
-    rows = ((206, 10, 9, 14, ("8a4a6a", "96506a", "7c4468"), "4a2c58", 0.35, 30),
-            (213, 13, 12, 17, ("5c345c", "6a3a58", "523058"), "34224c", 0.55, 31),
-            (QUAY + 0.5, 16, 15, 21, ("3a2444", "46283e", "30203e"), "1e1634", 0.75, 32))
+    rows = (
+        (206, 10, 9, 14, ("8a4a6a", "96506a", "7c4468"), "4a2c58", 0.35, 30),
+        (213, 13, 12, 17, ("5c345c", "6a3a58", "523058"), "34224c", 0.55, 31),
+        (QUAY + 0.5, 16, 15, 21, ("3a2444", "46283e", "30203e"), "1e1634", 0.75, 32),
+    )
     for foot, width, low, high, bodies, roof, lit, seed in rows:
         x, index = -8.0, 0
         while x < 244:
@@ -71,7 +100,7 @@ def _lighthouse(c, x, foot, top):
         along = (c.x - x) * np.cos(angle) + (c.y - top - 3) * np.sin(angle)
         across = -(c.x - x) * np.sin(angle) + (c.y - top - 3) * np.cos(angle)
         spread = 1.2 + 0.10 * np.maximum(along, 0)
-        beam = (along > 0) * np.exp(-(across / spread) ** 2) * np.exp(-np.maximum(along, 0) / 95) * power
+        beam = (along > 0) * np.exp(-((across / spread) ** 2)) * np.exp(-np.maximum(along, 0) / 95) * power
         c.add(beam * 1.1, "ffe2a0")
     half = 3.1 + 2.6 * (c.y - top - 8) / (foot - top - 8)
     tower = smooth(0.25, -0.25, np.abs(c.x - x) - half) * ((c.y > top + 8) & (c.y < foot))
@@ -90,7 +119,7 @@ def _lighthouse(c, x, foot, top):
 
 
 def _boats(c):
-    for x, mast, lean in ((142, 34, 0.6), (157.5, 44, -0.8), (226, 40, 0.7), (234.5, 30, -0.4), (12, 42, -0.5), (100, 36, 0.5), (58, 30, 0.5)):
+    for x, mast, lean in BOATS:
         hull = polygon(c.x, c.y, [(x - 7, 221.4), (x + 7.5, 221), (x + 5.4, 225.2), (x - 5.2, 225.2)])
         c.cover(c.edge(hull), "1c1430")
         c.cover(c.edge(np.maximum(np.abs(c.x - x) - 7, np.abs(c.y - 221.6) - 0.35)), "c06a58")
@@ -103,20 +132,16 @@ def _boats(c):
 
 
 def _water(c):
-    quay = int(QUAY * c.n)
-    rows = np.arange(c.light.shape[0] - quay)
-    below = (rows / c.n)[:, None]
+    """The bay, with the lights of the town drawn out toward us."""
+    below = c.y[QUAY * c.n :] - QUAY
     ripple = noise(c.x / (4 + below * 0.5), below / (0.7 + below * 0.04), 24, 3) - 0.5
-    mirrored = np.zeros((len(rows), c.light.shape[1], 3))
-    columns = np.arange(c.light.shape[1])[None, :]
-    for tap in range(9):
-        rise = below * (1.5 + 0.5 * tap) + ripple * (2 + below * 0.9)
-        source = np.clip(quay - 1 - (rise * c.n).astype(int), 0, quay - 1)
-        side = np.clip(columns + (ripple * (2.2 + 0.10 * below) * c.n).astype(int), 0, c.light.shape[1] - 1)
-        mirrored += c.light[source, side] / 9
-    fade = (1.25 * np.exp(-below / 60))[..., None]
-    c.light[quay:] = mirrored * fade * np.array([0.85, 0.78, 0.95]) + colour("0c0a26") * 0.5
-    glint = smooth(0.66, 0.80, noise(c.x / 7, c.y / 1.1, 25, 3)) * smooth(QUAY + 2, QUAY + 8, c.y) * smooth(268, 225, c.y)
+    c.reflect(QUAY, np.linspace(0.9, 4.2, 9), ripple, 2 + below * 0.9, 2.2 + below * 0.1)
+    water = c.light[QUAY * c.n :]
+    water *= (1.25 * np.exp(-below / 60))[..., None] * np.array([0.80, 0.72, 1.05])
+    water += colour("0c0a26") * 0.5
+    glint = (
+        smooth(0.66, 0.80, noise(c.x / 7, c.y / 1.1, 25, 3)) * smooth(QUAY + 2, QUAY + 8, c.y) * smooth(268, 225, c.y)
+    )
     c.add(glint * 0.16, "ffb070")
 
 
@@ -131,7 +156,9 @@ def _lantern(c, x, y, size, glass):
     ribs = 1 - 0.30 * smooth(0.6, 1.0, np.cos(dy * 8.0) ** 2)
     c.cover(globe, (colour(glass) * 1.5 * rim[..., None] + heart[..., None] * colour("ffe39a") * 1.3) * ribs[..., None])
     for cap, half in ((-1.02, 0.45), (1.02, 0.40)):
-        c.cover(c.edge(np.maximum(np.abs(c.x - x) - half * size, np.abs(c.y - y - cap * size * 1.03) - 0.55), 0.3), "2a1230")
+        c.cover(
+            c.edge(np.maximum(np.abs(c.x - x) - half * size, np.abs(c.y - y - cap * size * 1.03) - 0.55), 0.3), "2a1230"
+        )
     c.cover(0.9 * c.edge(np.maximum(np.abs(c.x - x) - 0.3, np.abs(c.y - y - size * 1.5) - size * 0.35), 0.3), glass)
 
 

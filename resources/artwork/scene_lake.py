@@ -49,7 +49,11 @@ def _mountains(c):
     x, y = c.x, c.y
     rough = 13 * (noise(x / 22, 0.3, 60, 5) - 0.5)
     for top_x, top, steep in sorted(PEAKS, key=lambda peak: peak[1], reverse=True):
-        ridge = top + np.abs(x - top_x) * steep * (0.78 + 0.35 * noise(x / 17, top_x, 61, 3)) + rough * smooth(0, 9, np.abs(x - top_x))
+        ridge = (
+            top
+            + np.abs(x - top_x) * steep * (0.78 + 0.35 * noise(x / 17, top_x, 61, 3))
+            + rough * smooth(0, 9, np.abs(x - top_x))
+        )
         body = smooth(-0.4, 0.4, y - ridge)
         spine = top_x + (noise(y / 11, top_x, 62, 3) - 0.45) * 0.55 * (y - top)
         lit = smooth(2.2, -2.2, x - spine + 4 * (noise(x / 5, y / 5, 63, 3) - 0.5))
@@ -77,7 +81,12 @@ def _fir(c, x, foot, height, tint, seed):
     down = (py - (foot - height)) / height
     tiers = 3 + height / 7
     saw = (down * tiers) % 1.0
-    half = height * (0.045 + 0.20 * down) * (0.55 + 0.6 * saw) * (0.85 + 0.3 * hashed(seed, np.floor(down * tiers).astype(int), 71))
+    half = (
+        height
+        * (0.045 + 0.20 * down)
+        * (0.55 + 0.6 * saw)
+        * (0.85 + 0.3 * hashed(seed, np.floor(down * tiers).astype(int), 71))
+    )
     mask = smooth(0.3, -0.3, np.abs(px - x) - half) * smooth(-0.02, 0.03, down)
     region = c.light[above:below, left:right]
     region += mask[..., None] * (colour(tint) - region)
@@ -99,21 +108,13 @@ def _cabin(c, x, foot):
 
 def _water(c):
     """The lake mirrors what stands above it, stretched and broken by ripples, and darkens toward us."""
-    shore = int(SHORE * c.n)
-    rows = np.arange(c.light.shape[0] - shore)
-    below = (rows / c.n)[:, None]
-    x = c.x
-    ripple = noise(x / (5 + below * 0.7), below / (0.9 + below * 0.045), 80, 3) - 0.5
-    mirrored = np.zeros((len(rows), c.light.shape[1], 3))
-    columns = np.arange(c.light.shape[1])[None, :]
-    for tap in range(7):
-        rise = below * (2.3 + 0.42 * (tap - 3)) + ripple * (1.5 + below * 1.1)
-        source = np.clip(shore - 1 - (rise * c.n).astype(int), 0, shore - 1)
-        side = np.clip(columns + (ripple * (2 + 0.25 * below) * c.n).astype(int), 0, c.light.shape[1] - 1)
-        mirrored += c.light[source, side] / 7
-    fade = (0.95 * np.exp(-below / 60))[..., None]
-    c.light[shore:] = mirrored * fade * np.array([0.75, 0.95, 1.0]) + colour("04101c") * 0.6
-    c.add(smooth(1.3, 0, np.abs(c.y - SHORE - 0.3)) * (0.05 + 0.12 * noise(x / 9, 0.5, 81, 2)), "a0ffe0")
+    below = c.y[SHORE * c.n :] - SHORE
+    ripple = noise(c.x / (5 + below * 0.7), below / (0.9 + below * 0.045), 80, 3) - 0.5
+    c.reflect(SHORE, np.linspace(1.0, 3.6, 7), ripple, 1.5 + below * 1.1, 2 + below * 0.25)
+    water = c.light[SHORE * c.n :]
+    water *= (0.95 * np.exp(-below / 60))[..., None] * np.array([0.75, 0.95, 1.0])
+    water += colour("04101c") * 0.6
+    c.add(smooth(1.3, 0, np.abs(c.y - SHORE - 0.3)) * (0.05 + 0.12 * noise(c.x / 9, 0.5, 81, 2)), "a0ffe0")
 
 
 def lake():
@@ -128,7 +129,7 @@ def lake():
     _water(c)
     for x, height, seed in ((7, 66, 90), (17, 38, 91), (-3, 50, 92), (231, 72, 93), (222, 40, 94), (240, 54, 95)):
         _fir(c, x, 246, height, "020a10", seed)
-    corner = 26 * smooth(0, 46, np.minimum(c.x, 240 - c.x))
-    c.cover(smooth(-0.6, 0.6, c.y - 243 - corner - 4 * noise(c.x / 8, 0.5, 96, 3)), "020a10")
+    bank = 243 + 30 * (np.minimum(c.x, 240 - c.x) / 60) ** 2 + 2 * noise(c.x / 5, 0.5, 96, 3)
+    c.cover(smooth(-1, 1, c.y - bank), "020a10")
     c.bloom(3, 0.5, 0.35)
     return c.finished(), np.array([0.45, 0.9, 1.6])

@@ -4,7 +4,7 @@ import numpy as np
 from blocks import GOLD, TEE, piece
 from canvas import Canvas, blend, colour, hashed, noise, smooth
 from lettering import WIDTH, mark
-from quantize import choose_palette, dither, to_bytes
+from quantize import paletted
 
 SHORE = 250
 
@@ -19,7 +19,7 @@ def night(c, depth):
     c.light += ribbon[..., None] * blend([(0, "1c2a8c"), (1, "0e9a7c")], smooth(0, 52, c.y) + 0 * c.x) * 0.60
     for i in range(170):
         x, y = 240 * hashed(i, 0, 103), (depth - 30) * hashed(i, 1, 103) ** 1.3
-        power = (0.08 + 0.9 * hashed(i, 2, 103) ** 8) * smooth(112, 60, y)
+        power = (0.08 + 0.9 * hashed(i, 2, 103) ** 8) * smooth(56, 46, y)
         c.glow(x, y, 0.42, "dfeaff", power)
 
 
@@ -28,7 +28,7 @@ def emblem(c, cx, cy, size):
     c.glow(cx, cy - size * 0.1, size * 1.2, "ffa030", 0.16)
     c.glow(cx, cy, size * 0.9, "ffc860", 0.16)
     piece(c, cx - 1.5 * size, cy - size, size, TEE, GOLD)
-    c.sparkle(cx + size * 1.2, cy - size * 0.82, size * 0.85, "fff8e0", 2.4)
+    c.sparkle(cx + size * 1.14, cy - size * 0.80, size * 0.62, "fff8e0", 2.4)
 
 
 def _foot(c):
@@ -44,7 +44,9 @@ def _foot(c):
         c.glow(x, y, 0.5, tint, 1.6 * power)
         c.glow(x, y, 3.0, tint, 0.10 * power)
         below = np.maximum(c.y - SHORE, 0)
-        shimmer = np.exp(-((c.x - x - 1.2 * (noise(below / 1.3, x, 106, 2) - 0.5) * below / 3) / (0.6 + below * 0.05)) ** 2)
+        shimmer = np.exp(
+            -(((c.x - x - 1.2 * (noise(below / 1.3, x, 106, 2) - 0.5) * below / 3) / (0.6 + below * 0.05)) ** 2)
+        )
         c.add(shimmer * (c.y > SHORE) * np.exp(-below / 7.5) * 0.5 * power, tint)
 
 
@@ -54,11 +56,4 @@ def title():
     _foot(c)
     emblem(c, 120, 76, 14)
     mark(c, (240 - WIDTH + 2) / 2, 14)
-    return picture(c.finished())
-
-
-def picture(light):
-    """A whole picture without a layout of its own: indices and palette, which begins with white."""
-    image = to_bytes(light)
-    palette = choose_palette(image, np.full((1, 3), 255))
-    return dither(image, palette, np.ones(len(palette), dtype=bool)).astype(np.uint8), palette
+    return paletted(c.finished(), [(255, 255, 255)])
