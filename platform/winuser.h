@@ -333,6 +333,7 @@ constexpr int IDIGNORE = 5;
 constexpr int IDYES = 6;
 constexpr int IDNO = 7;
 
+constexpr DWORD DS_ABSALIGN = 0x0001; ///< the position is on the screen
 constexpr DWORD DS_SETFONT = 0x0040;
 constexpr DWORD DS_MODALFRAME = 0x0080;
 
