@@ -125,30 +125,28 @@ int wsprintfW(LPWSTR buffer, LPCWSTR format, ...)
     va_list arguments;
     va_start(arguments, format);
     for (; *format; ++format) {
-        if (*format != u'%') {
+        if (*format != u'%' || *++format == u'%') {
             out.put(*format);
             continue;
         }
-        ++format;
         const bool zeros = *format == u'0';
         int width = 0;
         for (; isDigit(*format); ++format) {
             width = std::min(width * 10 + (*format - u'0'), 1024);
         }
-        if (*format == u'd') {
-            putNumber(out, va_arg(arguments, int), width, zeros);
-        } else if (*format == u'u') {
-            putNumber(out, va_arg(arguments, unsigned), width, zeros);
+        if (*format == u'd' || *format == u'u') {
+            const long long value = *format == u'd'
+                                        ? static_cast<long long>(va_arg(arguments, int))
+                                        : static_cast<long long>(va_arg(arguments, unsigned));
+            putNumber(out, value, width, zeros);
         } else if (*format == u'c') {
             const auto unit = static_cast<WCHAR>(va_arg(arguments, int));
             out.put({&unit, 1}, width, u' ');
         } else if (*format == u's') {
             const auto *text = va_arg(arguments, LPCWSTR);
             out.put(text ? text : u"(null)", width, u' ');
-        } else if (*format) {
-            out.put(*format);
         } else {
-            break;
+            break; // nothing that this function knows
         }
     }
     va_end(arguments);

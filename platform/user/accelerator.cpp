@@ -75,10 +75,10 @@ HACCEL LoadAcceleratorsW(HINSTANCE, LPCWSTR name)
     return {static_cast<std::uint32_t>(user::tables.size())};
 }
 
-int TranslateAcceleratorW(HWND handle, HACCEL table, MSG *message)
+int TranslateAcceleratorW(HWND window, HACCEL table, MSG *message)
 {
-    const user::Window *window = user::find(handle);
-    if (!window || !window->enabled() || !message || table.value == 0 ||
+    const user::Window *record = user::find(window);
+    if (!record || !record->enabled() || !message || table.value == 0 ||
         table.value > user::tables.size())
     {
         return 0;
@@ -88,6 +88,6 @@ int TranslateAcceleratorW(HWND handle, HACCEL table, MSG *message)
         return 0;
     }
     constexpr unsigned fromAccelerator = 1;
-    SendMessageW(handle, WM_COMMAND, MAKEWPARAM(*command, fromAccelerator), 0);
+    SendMessageW(window, WM_COMMAND, MAKEWPARAM(*command, fromAccelerator), 0);
     return 1;
 }

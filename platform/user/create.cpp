@@ -123,40 +123,40 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD styl
     if (!windowClass || ((child || parent) && (!relative || relative->destroying))) {
         return {};
     }
-    user::Window &window = user::addWindow();
-    const HWND handle = window.handle;
-    window.windowClass = windowClass;
-    window.procedure = windowClass->procedure;
-    window.style = style & ~WS_VISIBLE;
-    window.exStyle = exStyle;
-    window.id = child ? static_cast<int>(menu.value) : 0;
-    window.parent = child ? relative : nullptr;
-    window.owner = child || !relative ? nullptr : &relative->topLevel();
-    window.rect = user::initialRect(window.parent, x, y, width, height);
-    window.text = user::isText(title) ? title : u"";
-    user::insertWindow(window);
-    user::announceProgram(window);
-    const SIZE size = window.size();
-    const POINT place = user::placeOf(window);
+    user::Window &record = user::addWindow();
+    const HWND window = record.handle;
+    record.windowClass = windowClass;
+    record.procedure = windowClass->procedure;
+    record.style = style & ~WS_VISIBLE;
+    record.exStyle = exStyle;
+    record.id = child ? static_cast<int>(menu.value) : 0;
+    record.parent = child ? relative : nullptr;
+    record.owner = child || !relative ? nullptr : &relative->topLevel();
+    record.rect = user::initialRect(record.parent, x, y, width, height);
+    record.text = user::isText(title) ? title : u"";
+    user::insertWindow(record);
+    user::announceProgram(record);
+    const SIZE size = record.size();
+    const POINT place = user::placeOf(record);
     CREATESTRUCTW creation{parameter, instance, menu,  parent, size.cy,   size.cx,
                            place.y,   place.x,  style, title,  className, exStyle};
-    if (!user::announceCreation(handle, creation)) {
+    if (!user::announceCreation(window, creation)) {
         return {};
     }
     if ((style & WS_VISIBLE) != 0) {
-        ShowWindow(handle, SW_SHOW);
+        ShowWindow(window, SW_SHOW);
     }
-    return user::find(handle) ? handle : HWND{};
+    return user::find(window) ? window : HWND{};
 }
 
-BOOL DestroyWindow(HWND handle)
+BOOL DestroyWindow(HWND window)
 {
-    user::Window *window = user::find(handle);
-    if (!window || window->destroying) {
+    user::Window *record = user::find(window);
+    if (!record || record->destroying) {
         return FALSE;
     }
-    window->destroying = true;
-    const HWND doomed = window->handle;
+    record->destroying = true;
+    const HWND doomed = record->handle;
     user::destroyOwned(doomed);
     ShowWindow(doomed, SW_HIDE);
     user::announceDestruction(doomed);

@@ -57,40 +57,40 @@ LRESULT controlColours(WPARAM dc)
 
 } // namespace user
 
-LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    user::Window *window = user::find(handle);
-    if (!window) {
+    user::Window *record = user::find(window);
+    if (!record) {
         return 0;
     }
     switch (message) {
     case WM_CLOSE:
-        DestroyWindow(handle);
+        DestroyWindow(window);
         return 0;
     case WM_ACTIVATE:
         if (LOWORD(wParam) != WA_INACTIVE) {
-            SetFocus(handle);
+            SetFocus(window);
         }
         return 0;
     case WM_SETTEXT:
-        return user::setText(*window, reinterpret_cast<LPCWSTR>(lParam));
+        return user::setText(*record, reinterpret_cast<LPCWSTR>(lParam));
     case WM_GETTEXT:
-        return user::getText(*window, wParam, lParam);
+        return user::getText(*record, wParam, lParam);
     case WM_GETTEXTLENGTH:
-        return static_cast<LRESULT>(window->text.size());
+        return static_cast<LRESULT>(record->text.size());
     case WM_PAINT:
-        return user::paintNothing(handle);
+        return user::paintNothing(window);
     case WM_ERASEBKGND:
-        return user::eraseBackground(*window, wParam);
+        return user::eraseBackground(*record, wParam);
     case WM_CTLCOLORSTATIC:
         return user::controlColours(wParam);
     case WM_CANCELMODE:
-        if (GetCapture() == handle) {
+        if (GetCapture() == window) {
             ReleaseCapture();
         }
         return 0;
     case WM_HELP:
-        return SendMessageW(GetParent(handle), message, wParam, lParam);
+        return SendMessageW(GetParent(window), message, wParam, lParam);
     default:
         return 0;
     }

@@ -173,57 +173,57 @@ HWND GetActiveWindow() { return attention.active; }
 
 HWND GetForegroundWindow() { return attention.inForeground ? attention.active : HWND{}; }
 
-HWND SetActiveWindow(HWND handle)
+HWND SetActiveWindow(HWND window)
 {
-    user::Window *window = user::find(handle);
-    if (!window || window->parent || !window->activatable() || window->destroying) {
+    user::Window *record = user::find(window);
+    if (!record || record->parent || !record->activatable() || record->destroying) {
         return {};
     }
     const HWND previous = attention.active;
-    if (previous == window->handle) {
+    if (previous == record->handle) {
         const user::VisibilityChange change;
-        user::bringToTop(*window);
+        user::bringToTop(*record);
         return previous;
     }
-    user::activate(window->handle, WA_ACTIVE);
+    user::activate(record->handle, WA_ACTIVE);
     return previous;
 }
 
 HWND GetFocus() { return attention.focus; }
 
-HWND SetFocus(HWND handle)
+HWND SetFocus(HWND window)
 {
     const HWND previous = attention.focus;
-    if (!handle) {
+    if (!window) {
         user::moveFocus({});
         return previous;
     }
-    user::Window *window = user::find(handle);
-    if (!window || window->destroying || !user::reallyEnabled(*window) ||
-        !window->topLevel().activatable())
+    user::Window *record = user::find(window);
+    if (!record || record->destroying || !user::reallyEnabled(*record) ||
+        !record->topLevel().activatable())
     {
         return {};
     }
-    if (!user::activate(window->topLevel().handle, WA_ACTIVE)) {
+    if (!user::activate(record->topLevel().handle, WA_ACTIVE)) {
         return {};
     }
-    window = user::find(handle);
-    if (window) {
-        user::moveFocus(window->handle);
+    record = user::find(window);
+    if (record) {
+        user::moveFocus(record->handle);
     }
     return previous;
 }
 
-HWND SetCapture(HWND handle)
+HWND SetCapture(HWND window)
 {
-    const user::Window *window = user::find(handle);
-    if (!window || window->destroying) {
+    const user::Window *record = user::find(window);
+    if (!record || record->destroying) {
         return {};
     }
-    const HWND previous = std::exchange(attention.capture, window->handle);
+    const HWND previous = std::exchange(attention.capture, record->handle);
     ++attention.captures;
-    if (previous && previous != window->handle) {
-        SendMessageW(previous, WM_CAPTURECHANGED, 0, static_cast<LPARAM>(window->handle.value));
+    if (previous && previous != record->handle) {
+        SendMessageW(previous, WM_CAPTURECHANGED, 0, static_cast<LPARAM>(record->handle.value));
     }
     return previous;
 }

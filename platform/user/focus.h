@@ -10,7 +10,7 @@ namespace user {
 bool activate(HWND window, WPARAM how);
 /// Takes activation, focus and capture away from a window that can no longer have them and from
 /// its children: it was hidden or is to be removed.
-void leaveWindow(HWND window);
+void leaveWindow(HWND handle);
 /// Moves the focus without a look at activation; none: nowhere.
 void moveFocus(HWND window);
 /// The window that gets the keys: the one with the focus, else the active one. None while another

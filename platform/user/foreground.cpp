@@ -45,21 +45,21 @@ HWND FindWindowW(LPCWSTR className, LPCWSTR title)
     return handheld::host().runsElsewhere() ? user::otherProcess : HWND{};
 }
 
-BOOL SetForegroundWindow(HWND handle)
+BOOL SetForegroundWindow(HWND window)
 {
     constexpr std::uint32_t withOwned = 1;
-    const bool owned = (handle.value & withOwned) != 0;
-    if ((handle.value & ~withOwned) == user::otherProcess.value) {
+    const bool owned = (window.value & withOwned) != 0;
+    if ((window.value & ~withOwned) == user::otherProcess.value) {
         handheld::host().raiseOther();
         return TRUE;
     }
-    const user::Window *window = user::find(handle);
-    if (!window || window->parent) {
+    const user::Window *record = user::find(window);
+    if (!record || record->parent) {
         return FALSE;
     }
     if (!user::inForeground()) {
         handheld::host().raise();
     }
-    SetActiveWindow(owned ? user::topmostOf(*window) : window->handle);
+    SetActiveWindow(owned ? user::topmostOf(*record) : record->handle);
     return TRUE;
 }

@@ -24,7 +24,7 @@ void forgetProgramWindow();
 /// Every window, front to back, each before its children.
 std::vector<Window *> everyWindow();
 /// The same as handles, for loops that call window procedures.
-std::vector<HWND> handlesOf(const std::vector<Window *> &windows);
+std::vector<HWND> handlesOf(const std::vector<Window *> &list);
 
 const WindowClass *findClass(LPCWSTR name);
 

@@ -148,12 +148,12 @@ BOOL TranslateMessage(const MSG *message)
 
 LRESULT DispatchMessageW(const MSG *message)
 {
-    const user::Window *window = message ? user::find(message->hwnd) : nullptr;
-    if (!window) {
+    const user::Window *record = message ? user::find(message->hwnd) : nullptr;
+    if (!record) {
         return 0;
     }
     const bool timer = message->message == WM_TIMER;
-    const bool programTimer = timer && window->handle == user::programWindow();
+    const bool programTimer = timer && record->handle == user::programWindow();
     const bool stylusLifted = message->message == WM_LBUTTONUP;
     const unsigned captures = user::captureCount();
     LRESULT result = 0;
@@ -172,10 +172,10 @@ LRESULT DispatchMessageW(const MSG *message)
     return result;
 }
 
-LRESULT SendMessageW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    const user::Window *window = user::find(handle);
-    return window ? window->procedure(window->handle, message, wParam, lParam) : 0;
+    const user::Window *record = user::find(window);
+    return record ? record->procedure(record->handle, message, wParam, lParam) : 0;
 }
 
 LRESULT CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -183,13 +183,13 @@ LRESULT CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPARAM wPa
     return procedure ? procedure(window, message, wParam, lParam) : 0;
 }
 
-BOOL PostMessageW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
+BOOL PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    const user::Window *window = user::find(handle);
-    if (!window || window->destroying) {
+    const user::Window *record = user::find(window);
+    if (!record || record->destroying) {
         return FALSE;
     }
-    user::posted.add({window->handle, message, wParam, lParam, 0, {}});
+    user::posted.add({record->handle, message, wParam, lParam, 0, {}});
     return TRUE;
 }
 

@@ -119,80 +119,80 @@ void presentFrame()
 
 } // namespace user
 
-HDC BeginPaint(HWND handle, PAINTSTRUCT *paint)
+HDC BeginPaint(HWND window, PAINTSTRUCT *paint)
 {
-    user::Window *window = user::find(handle);
-    if (!window || !paint) {
+    user::Window *record = user::find(window);
+    if (!record || !paint) {
         return {};
     }
-    user::needsPaint(*window);
-    const gdi::Region part = std::move(window->invalid);
-    window->invalid.clear();
-    const bool erase = std::exchange(window->erasePending, false);
-    paint->hdc = user::openDC(*window, part);
-    paint->rcPaint = part.empty() ? RECT{} : user::toClient(*window, part.bounds());
+    user::needsPaint(*record);
+    const gdi::Region part = std::move(record->invalid);
+    record->invalid.clear();
+    const bool erase = std::exchange(record->erasePending, false);
+    paint->hdc = user::openDC(*record, part);
+    paint->rcPaint = part.empty() ? RECT{} : user::toClient(*record, part.bounds());
     const HDC dc = paint->hdc;
     paint->fErase =
-        erase && SendMessageW(window->handle, WM_ERASEBKGND, dc.value, 0) == 0 ? TRUE : FALSE;
+        erase && SendMessageW(record->handle, WM_ERASEBKGND, dc.value, 0) == 0 ? TRUE : FALSE;
     return dc;
 }
 
-BOOL EndPaint(HWND handle, const PAINTSTRUCT *paint)
+BOOL EndPaint(HWND window, const PAINTSTRUCT *paint)
 {
-    user::Window *window = user::find(handle);
-    return window && paint && user::closeDC(*window, paint->hdc) ? TRUE : FALSE;
+    user::Window *record = user::find(window);
+    return record && paint && user::closeDC(*record, paint->hdc) ? TRUE : FALSE;
 }
 
-HDC GetDC(HWND handle)
+HDC GetDC(HWND window)
 {
-    if (!handle) {
+    if (!window) {
         user::wholeScreen.region = gdi::Region(user::screenRect());
         return gdi::openScreenDC(user::wholeScreen, std::nullopt);
     }
-    user::Window *window = user::find(handle);
-    return window ? user::openDC(*window, std::nullopt) : HDC{};
+    user::Window *record = user::find(window);
+    return record ? user::openDC(*record, std::nullopt) : HDC{};
 }
 
-int ReleaseDC(HWND handle, HDC dc)
+int ReleaseDC(HWND window, HDC dc)
 {
-    if (!handle) {
+    if (!window) {
         gdi::closeScreenDC(dc);
         return 1;
     }
-    user::Window *window = user::find(handle);
-    return window && user::closeDC(*window, dc) ? 1 : 0;
+    user::Window *record = user::find(window);
+    return record && user::closeDC(*record, dc) ? 1 : 0;
 }
 
-BOOL InvalidateRect(HWND handle, const RECT *rect, BOOL erase)
+BOOL InvalidateRect(HWND window, const RECT *rect, BOOL erase)
 {
-    user::Window *window = user::find(handle);
-    if (!window) {
+    user::Window *record = user::find(window);
+    if (!record) {
         return FALSE;
     }
-    user::invalidate(*window, gdi::Region(user::toScreen(*window, rect)), erase != FALSE);
+    user::invalidate(*record, gdi::Region(user::toScreen(*record, rect)), erase != FALSE);
     return TRUE;
 }
 
-BOOL ValidateRect(HWND handle, const RECT *rect)
+BOOL ValidateRect(HWND window, const RECT *rect)
 {
-    user::Window *window = user::find(handle);
-    if (!window) {
+    user::Window *record = user::find(window);
+    if (!record) {
         return FALSE;
     }
-    window->invalid.subtract(user::toScreen(*window, rect));
-    window->erasePending = window->erasePending && !window->invalid.empty();
+    record->invalid.subtract(user::toScreen(*record, rect));
+    record->erasePending = record->erasePending && !record->invalid.empty();
     return TRUE;
 }
 
-BOOL UpdateWindow(HWND handle)
+BOOL UpdateWindow(HWND window)
 {
-    user::Window *window = user::find(handle);
-    if (!window) {
+    user::Window *record = user::find(window);
+    if (!record) {
         return FALSE;
     }
-    const std::vector<HWND> children = user::handlesOf(window->children);
-    if (user::needsPaint(*window)) {
-        SendMessageW(handle, WM_PAINT, 0, 0);
+    const std::vector<HWND> children = user::handlesOf(record->children);
+    if (user::needsPaint(*record)) {
+        SendMessageW(window, WM_PAINT, 0, 0);
     }
     for (const HWND child : children) {
         UpdateWindow(child);

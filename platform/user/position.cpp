@@ -123,17 +123,17 @@ void setShown(HWND handle, bool shown)
 
 } // namespace user
 
-BOOL ShowWindow(HWND handle, int command)
+BOOL ShowWindow(HWND window, int command)
 {
-    user::Window *window = user::find(handle);
-    if (!window) {
+    user::Window *record = user::find(window);
+    if (!record) {
         return FALSE;
     }
-    const bool wasShown = window->shown();
+    const bool wasShown = record->shown();
     const bool shown = command != SW_HIDE;
-    const HWND self = window->handle;
-    const bool canActivate = !window->parent && window->activatable();
-    if (shown && window->destroying) {
+    const HWND self = record->handle;
+    const bool canActivate = !record->parent && record->activatable();
+    if (shown && record->destroying) {
         return wasShown ? TRUE : FALSE;
     }
     if (shown != wasShown) {
@@ -150,21 +150,21 @@ BOOL ShowWindow(HWND handle, int command)
     return wasShown ? TRUE : FALSE;
 }
 
-BOOL SetWindowPos(HWND handle, HWND after, int x, int y, int width, int height, UINT flags)
+BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, UINT flags)
 {
-    user::Window *window = user::find(handle);
-    if (!window) {
+    user::Window *record = user::find(window);
+    if (!record) {
         return FALSE;
     }
-    const HWND self = window->handle;
-    const RECT before = window->rect;
-    const RECT rect = user::requestedRect(*window, x, y, width, height, flags);
+    const HWND self = record->handle;
+    const RECT before = record->rect;
+    const RECT rect = user::requestedRect(*record, x, y, width, height, flags);
     if (!user::sameRect(rect, before) || (flags & SWP_NOZORDER) == 0) {
         const user::VisibilityChange change;
-        user::rearrange(*window, after, rect, flags);
+        user::rearrange(*record, after, rect, flags);
     }
     if ((flags & SWP_NOREDRAW) != 0) {
-        user::keepValid(*window);
+        user::keepValid(*record);
     }
     user::announceRect(self, before);
     if ((flags & SWP_HIDEWINDOW) != 0) {
@@ -172,9 +172,9 @@ BOOL SetWindowPos(HWND handle, HWND after, int x, int y, int width, int height, 
     } else if ((flags & SWP_SHOWWINDOW) != 0) {
         ShowWindow(self, SW_SHOWNA);
     }
-    window = user::find(self);
+    record = user::find(self);
     const bool activates = (flags & (SWP_NOACTIVATE | SWP_NOZORDER | SWP_HIDEWINDOW)) == 0;
-    if (window && window->shown() && !window->parent && activates) {
+    if (record && record->shown() && !record->parent && activates) {
         SetActiveWindow(self);
     }
     if (GetActiveWindow() == self && !user::sameRect(rect, before)) {
@@ -183,70 +183,71 @@ BOOL SetWindowPos(HWND handle, HWND after, int x, int y, int width, int height, 
     return TRUE;
 }
 
-BOOL MoveWindow(HWND handle, int x, int y, int width, int height, BOOL repaint)
+BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint)
 {
-    return SetWindowPos(handle, {}, x, y, width, height,
+    return SetWindowPos(window, {}, x, y, width, height,
                         SWP_NOZORDER | SWP_NOACTIVATE | (repaint ? 0 : SWP_NOREDRAW));
 }
 
-BOOL EnableWindow(HWND handle, BOOL enable)
+BOOL EnableWindow(HWND window, BOOL enable)
 {
-    user::Window *window = user::find(handle);
-    if (!window) {
+    user::Window *record = user::find(window);
+    if (!record) {
         return FALSE;
     }
-    const bool wasDisabled = !window->enabled();
+    const bool wasDisabled = !record->enabled();
     if (wasDisabled == (enable == FALSE)) {
         return wasDisabled ? TRUE : FALSE;
     }
-    window->style ^= WS_DISABLED;
+    record->style ^= WS_DISABLED;
     if (!enable) {
-        SendMessageW(handle, WM_CANCELMODE, 0, 0);
-        if (user::isWithin(GetFocus(), handle)) {
+        const HWND self = record->handle;
+        SendMessageW(self, WM_CANCELMODE, 0, 0);
+        if (user::isWithin(GetFocus(), self)) {
             SetFocus({});
         }
     }
-    SendMessageW(handle, WM_ENABLE, enable ? TRUE : FALSE, 0);
+    SendMessageW(window, WM_ENABLE, enable ? TRUE : FALSE, 0);
     return wasDisabled ? TRUE : FALSE;
 }
 
-BOOL GetWindowRect(HWND handle, RECT *rect)
+BOOL GetWindowRect(HWND window, RECT *rect)
 {
-    const user::Window *window = user::find(handle);
-    if (!window || !rect) {
+    const user::Window *record = user::find(window);
+    if (!record || !rect) {
         return FALSE;
     }
-    *rect = window->rect;
+    *rect = record->rect;
     return TRUE;
 }
 
-BOOL GetClientRect(HWND handle, RECT *rect)
+BOOL GetClientRect(HWND window, RECT *rect)
 {
-    const user::Window *window = user::find(handle);
-    if (!window || !rect) {
+    const user::Window *record = user::find(window);
+    if (!record || !rect) {
         return FALSE;
     }
-    const SIZE size = window->size();
+    const SIZE size = record->size();
     *rect = {0, 0, size.cx, size.cy};
     return TRUE;
 }
 
-BOOL ClientToScreen(HWND handle, POINT *point)
+BOOL ClientToScreen(HWND window, POINT *point)
 {
-    const user::Window *window = user::find(handle);
-    if (!window || !point) {
+    const user::Window *record = user::find(window);
+    if (!record || !point) {
         return FALSE;
     }
-    *point = {point->x + window->rect.left, point->y + window->rect.top};
+    *point = {point->x + record->rect.left, point->y + record->rect.top};
     return TRUE;
 }
 
-BOOL ScreenToClient(HWND handle, POINT *point)
+BOOL ScreenToClient(HWND window, POINT *point)
 {
-    const user::Window *window = user::find(handle);
-    if (!window || !point) {
+    const user::Window *record = user::find(window);
+    if (!record || !point) {
         return FALSE;
     }
-    *point = {point->x - window->rect.left, point->y - window->rect.top};
+    *point = {point->x - record->rect.left, point->y - record->rect.top};
     return TRUE;
 }

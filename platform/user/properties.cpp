@@ -47,121 +47,121 @@ void setStyles(Window &window, DWORD style, DWORD exStyle)
 
 BOOL IsWindow(HWND window) { return user::find(window) ? TRUE : FALSE; }
 
-BOOL IsWindowVisible(HWND handle)
+BOOL IsWindowVisible(HWND window)
 {
-    const user::Window *window = user::find(handle);
-    return window && user::reallyShown(*window) ? TRUE : FALSE;
+    const user::Window *record = user::find(window);
+    return record && user::reallyShown(*record) ? TRUE : FALSE;
 }
 
-BOOL IsWindowEnabled(HWND handle)
+BOOL IsWindowEnabled(HWND window)
 {
-    const user::Window *window = user::find(handle);
-    return window && window->enabled() ? TRUE : FALSE;
+    const user::Window *record = user::find(window);
+    return record && record->enabled() ? TRUE : FALSE;
 }
 
-HWND GetParent(HWND handle)
+HWND GetParent(HWND window)
 {
-    const user::Window *window = user::find(handle);
-    return window ? user::handleOf(window->parent ? window->parent : window->owner) : HWND{};
+    const user::Window *record = user::find(window);
+    return record ? user::handleOf(record->parent ? record->parent : record->owner) : HWND{};
 }
 
-HWND GetWindow(HWND handle, UINT which)
+HWND GetWindow(HWND window, UINT which)
 {
-    const user::Window *window = user::find(handle);
-    if (!window) {
+    const user::Window *record = user::find(window);
+    if (!record) {
         return {};
     }
     switch (which) {
     case GW_HWNDNEXT:
-        return user::siblingOf(*window, 1);
+        return user::siblingOf(*record, 1);
     case GW_HWNDPREV:
-        return user::siblingOf(*window, -1);
+        return user::siblingOf(*record, -1);
     case GW_OWNER:
-        return user::handleOf(window->owner);
+        return user::handleOf(record->owner);
     case GW_CHILD:
-        return window->children.empty() ? HWND{} : window->children.front()->handle;
+        return record->children.empty() ? HWND{} : record->children.front()->handle;
     default:
         return {};
     }
 }
 
-LONG_PTR GetWindowLongW(HWND handle, int index)
+LONG_PTR GetWindowLongW(HWND window, int index)
 {
-    user::Window *window = user::find(handle);
-    if (!window) {
+    user::Window *record = user::find(window);
+    if (!record) {
         return 0;
     }
-    if (const LONG_PTR *value = user::wideValue(*window, index)) {
+    if (const LONG_PTR *value = user::wideValue(*record, index)) {
         return *value;
     }
     switch (index) {
     case GWL_WNDPROC:
-        return reinterpret_cast<LONG_PTR>(window->procedure);
+        return reinterpret_cast<LONG_PTR>(record->procedure);
     case GWL_ID:
-        return window->id;
+        return record->id;
     case GWL_STYLE:
-        return static_cast<LONG>(window->style);
+        return static_cast<LONG>(record->style);
     case GWL_EXSTYLE:
-        return static_cast<LONG>(window->exStyle);
+        return static_cast<LONG>(record->exStyle);
     default:
         return 0;
     }
 }
 
-LONG_PTR SetWindowLongW(HWND handle, int index, LONG_PTR value)
+LONG_PTR SetWindowLongW(HWND window, int index, LONG_PTR value)
 {
-    user::Window *window = user::find(handle);
-    if (!window) {
+    user::Window *record = user::find(window);
+    if (!record) {
         return 0;
     }
-    const LONG_PTR previous = GetWindowLongW(handle, index);
-    if (LONG_PTR *place = user::wideValue(*window, index)) {
+    const LONG_PTR previous = GetWindowLongW(window, index);
+    if (LONG_PTR *place = user::wideValue(*record, index)) {
         *place = value;
     } else if (index == GWL_WNDPROC && value != 0) {
-        window->procedure = reinterpret_cast<WNDPROC>(value);
+        record->procedure = reinterpret_cast<WNDPROC>(value);
     } else if (index == GWL_ID) {
-        window->id = static_cast<int>(value);
+        record->id = static_cast<int>(value);
     } else if (index == GWL_STYLE) {
-        user::setStyles(*window, static_cast<DWORD>(value), window->exStyle);
+        user::setStyles(*record, static_cast<DWORD>(value), record->exStyle);
     } else if (index == GWL_EXSTYLE) {
-        user::setStyles(*window, window->style, static_cast<DWORD>(value));
+        user::setStyles(*record, record->style, static_cast<DWORD>(value));
     }
-    if ((index == GWL_STYLE || index == GWL_EXSTYLE) && window->handle == GetActiveWindow()) {
+    if ((index == GWL_STYLE || index == GWL_EXSTYLE) && record->handle == GetActiveWindow()) {
         shell::activeWindowChanged();
     }
     return previous;
 }
 
-BOOL SetWindowTextW(HWND handle, LPCWSTR text)
+BOOL SetWindowTextW(HWND window, LPCWSTR text)
 {
-    if (!IsWindow(handle)) {
+    if (!IsWindow(window)) {
         return FALSE;
     }
-    SendMessageW(handle, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+    SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
     return TRUE;
 }
 
-int GetWindowTextW(HWND handle, LPWSTR buffer, int capacity)
+int GetWindowTextW(HWND window, LPWSTR buffer, int capacity)
 {
     if (!buffer || capacity <= 0) {
         return 0;
     }
     buffer[0] = 0;
-    return static_cast<int>(SendMessageW(handle, WM_GETTEXT, static_cast<WPARAM>(capacity),
+    return static_cast<int>(SendMessageW(window, WM_GETTEXT, static_cast<WPARAM>(capacity),
                                          reinterpret_cast<LPARAM>(buffer)));
 }
 
-int GetWindowTextLengthW(HWND handle)
+int GetWindowTextLengthW(HWND window)
 {
-    return static_cast<int>(SendMessageW(handle, WM_GETTEXTLENGTH, 0, 0));
+    return static_cast<int>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0));
 }
 
-int GetClassNameW(HWND handle, LPWSTR buffer, int capacity)
+int GetClassNameW(HWND window, LPWSTR buffer, int capacity)
 {
-    const user::Window *window = user::find(handle);
-    if (!window || !buffer || capacity <= 0) {
+    const user::Window *record = user::find(window);
+    if (!record || !buffer || capacity <= 0) {
         return 0;
     }
-    lstrcpynW(buffer, window->windowClass->name.c_str(), capacity);
+    lstrcpynW(buffer, record->windowClass->name.c_str(), capacity);
     return lstrlenW(buffer);
 }

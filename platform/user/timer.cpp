@@ -65,6 +65,7 @@ void forgetTimers() { timers.clear(); }
 std::vector<TimerView> liveTimers()
 {
     std::vector<TimerView> views;
+    views.reserve(timers.size());
     for (const Timer &timer : timers) {
         views.push_back({timer.window, timer.id});
     }
@@ -73,20 +74,20 @@ std::vector<TimerView> liveTimers()
 
 } // namespace user
 
-UINT SetTimer(HWND handle, UINT id, UINT period, TIMERPROC callback)
+UINT SetTimer(HWND window, UINT id, UINT period, TIMERPROC callback)
 {
     constexpr DWORD longestPeriod = 0x7FFFFFFF;
-    const user::Window *window = user::find(handle);
-    if (!window || window->destroying) {
+    const user::Window *record = user::find(window);
+    if (!record || record->destroying) {
         return 0;
     }
-    user::eraseTimer(window->handle, id);
+    user::eraseTimer(record->handle, id);
     const DWORD length = std::clamp<DWORD>(period, 1, longestPeriod);
-    user::timers.push_back({window->handle, id, length, GetTickCount() + length, callback});
+    user::timers.push_back({record->handle, id, length, GetTickCount() + length, callback});
     return std::max<UINT>(id, 1);
 }
 
-BOOL KillTimer(HWND handle, UINT id)
+BOOL KillTimer(HWND window, UINT id)
 {
-    return user::eraseTimer({handle.value & ~1U}, id) ? TRUE : FALSE;
+    return user::eraseTimer({window.value & ~1U}, id) ? TRUE : FALSE;
 }

@@ -88,6 +88,7 @@ std::vector<Window *> everyWindow()
 std::vector<HWND> handlesOf(const std::vector<Window *> &list)
 {
     std::vector<HWND> handles;
+    handles.reserve(list.size());
     for (const Window *window : list) {
         handles.push_back(window->handle);
     }
