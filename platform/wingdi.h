@@ -46,7 +46,7 @@ struct BITMAP
     LONG bmHeight;     ///< pixels
     LONG bmWidthBytes; ///< bytes of a row, a multiple of 2
     WORD bmPlanes;     ///< 1
-    WORD bmBitsPixel;  ///< 8, 16 or 24
+    WORD bmBitsPixel;  ///< 16; 8 or 24 as a resource stored it
     DWORD bmBits;      ///< 0: a program has no access to the pixels
 };
 static_assert(sizeof(BITMAP) == 24);
@@ -54,8 +54,9 @@ static_assert(sizeof(BITMAP) == 24);
 /// A bitmap in the display's format, its pixels black. None when a side is not positive or
 /// larger than 4,096, or when out of memory.
 HBITMAP CreateCompatibleBitmap(HDC reference, int width, int height);
-/// Bitmap resource `name` in its own format: a DIB of 8 bits with a palette or of 24 bits,
-/// uncompressed. None when it is missing or malformed.
+/// Bitmap resource `name`: a DIB of 8 bits with a palette or of 24 bits, uncompressed. GetObjectW
+/// describes it as it was stored; its pixels are in the display's format at once. None when it
+/// is missing or malformed.
 HBITMAP LoadBitmapW(HINSTANCE module, LPCWSTR name);
 
 // Brushes, pens, fonts -----------------------------------------------------------------------
@@ -102,8 +103,8 @@ int GetObjectW(HGDIOBJ object, int size, void *description);
 constexpr DWORD SRCCOPY = 0x00CC0020;
 constexpr DWORD BLACKNESS = 0x00000042;
 
-/// Copies a rectangle, converting between pixel formats; the parts outside either device
-/// context are left out. `operation` is SRCCOPY, or BLACKNESS, which needs no source.
+/// Copies a rectangle; the parts outside either device context are left out. `operation` is
+/// SRCCOPY, or BLACKNESS, which needs no source.
 BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
             DWORD operation);
 /// As BitBlt with SRCCOPY, leaving out the pixels whose colour, as the display shows it, is

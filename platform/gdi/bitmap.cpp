@@ -1,0 +1,76 @@
+// Making, loading and describing bitmaps, brushes and pens.
+#include <cstring>
+
+#include "gdi/dib.h"
+#include "resources/image.h"
+#include "winbase.h"
+
+namespace gdi {
+
+namespace {
+
+BITMAP describe(const Bitmap &bitmap)
+{
+    BITMAP description{};
+    description.bmWidth = bitmap.width;
+    description.bmHeight = bitmap.height;
+    description.bmWidthBytes = (bitmap.width * bitmap.storedBits / 8 + 1) / 2 * 2;
+    description.bmPlanes = 1;
+    description.bmBitsPixel = bitmap.storedBits;
+    return description;
+}
+
+template <class Record>
+int give(const Record &record, int size, void *target)
+{
+    constexpr int needed = sizeof(Record);
+    if (!target || size < needed) {
+        return 0;
+    }
+    std::memcpy(target, &record, sizeof(Record));
+    return needed;
+}
+
+HBITMAP insertBitmap(std::unique_ptr<Bitmap> bitmap)
+{
+    return bitmap ? HBITMAP{{insert(std::move(bitmap))}} : HBITMAP{};
+}
+
+} // namespace
+
+} // namespace gdi
+
+HBITMAP CreateCompatibleBitmap(HDC, int width, int height)
+{
+    return gdi::insertBitmap(gdi::Bitmap::make(width, height));
+}
+
+HBITMAP LoadBitmapW(HINSTANCE, LPCWSTR name)
+{
+    return gdi::insertBitmap(gdi::readDib(
+        resources::find(resources::Name::from(RT_BITMAP), resources::Name::from(name))));
+}
+
+HBRUSH CreateSolidBrush(COLORREF colour)
+{
+    return {{gdi::insert(std::make_unique<gdi::Brush>(gdi::toPixel(colour)))}};
+}
+
+HPEN CreatePen(int style, int, COLORREF colour)
+{
+    if (style != PS_SOLID) {
+        return {};
+    }
+    return {{gdi::insert(std::make_unique<gdi::Pen>(gdi::toPixel(colour)))}};
+}
+
+int GetObjectW(HGDIOBJ handle, int size, void *description)
+{
+    if (const auto *bitmap = gdi::find<gdi::Bitmap>(handle.value)) {
+        return gdi::give(gdi::describe(*bitmap), size, description);
+    }
+    if (const auto *font = gdi::find<gdi::Font>(handle.value)) {
+        return gdi::give(font->description, size, description);
+    }
+    return 0;
+}

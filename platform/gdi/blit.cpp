@@ -1,0 +1,78 @@
+// Copying rectangles between device contexts.
+#include "gdi/canvas.h"
+
+namespace gdi {
+
+namespace {
+
+struct Size
+{
+    int width;
+    int height;
+};
+
+/// Calls `draw(raster, part, source raster, source corner)` for every rectangle that can be
+/// copied: inside what the source has and where the target may draw.
+template <class Draw>
+void transfer(const DeviceContext &target, POINT to, Size size, const DeviceContext &source,
+              POINT from, const Draw &draw)
+{
+    const Extent picture = extentOf(source);
+    const RECT asked{to.x, to.y, to.x + size.width, to.y + size.height};
+    // What the source has, seen in the target's coordinates.
+    const RECT there =
+        moved(picture.bounds, to.x - from.x - picture.origin.x, to.y - from.y - picture.origin.y);
+    paint(target, intersection(asked, there),
+          [&](const Raster &raster, POINT origin, const RECT &part) {
+              const POINT corner{part.left - origin.x - to.x + from.x + picture.origin.x,
+                                 part.top - origin.y - to.y + from.y + picture.origin.y};
+              draw(raster, part, picture.raster, corner);
+          });
+}
+
+BOOL blacken(const DeviceContext &dc, int x, int y, Size size)
+{
+    paint(dc, {x, y, x + size.width, y + size.height},
+          [](const Raster &raster, POINT, const RECT &part) { fill(raster, part, 0); });
+    return TRUE;
+}
+
+} // namespace
+
+} // namespace gdi
+
+BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
+            DWORD operation)
+{
+    const auto *to = gdi::find<gdi::DeviceContext>(target.value);
+    if (!to || !gdi::inReach(x, y, width, height, sourceX, sourceY)) {
+        return FALSE;
+    }
+    if (operation == BLACKNESS) {
+        return gdi::blacken(*to, x, y, {width, height});
+    }
+    const auto *from = gdi::find<gdi::DeviceContext>(source.value);
+    if (!from || operation != SRCCOPY) {
+        return FALSE;
+    }
+    gdi::transfer(*to, {x, y}, {width, height}, *from, {sourceX, sourceY}, gdi::copy);
+    return TRUE;
+}
+
+BOOL TransparentImage(HDC target, int x, int y, int width, int height, HDC source, int sourceX,
+                      int sourceY, int sourceWidth, int sourceHeight, COLORREF transparent)
+{
+    const auto *to = gdi::find<gdi::DeviceContext>(target.value);
+    const auto *from = gdi::find<gdi::DeviceContext>(source.value);
+    if (!to || !from || width != sourceWidth || height != sourceHeight ||
+        !gdi::inReach(x, y, width, height, sourceX, sourceY))
+    {
+        return FALSE;
+    }
+    gdi::transfer(*to, {x, y}, {width, height}, *from, {sourceX, sourceY},
+                  [key = gdi::toPixel(transparent)](const gdi::Raster &raster, const RECT &part,
+                                                    const gdi::Raster &picture, POINT corner) {
+                      gdi::copyTransparent(raster, part, picture, corner, key);
+                  });
+    return TRUE;
+}

@@ -1,0 +1,148 @@
+// The objects behind the drawing handles, and the one table that finds them.
+//
+// A handle is a slot of the table and the slot's generation at that time, so a handle that has
+// outlived its object never names the next one in the slot.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "gdi/raster.h"
+#include "gdi/rect.h"
+#include "gdi/screen.h"
+#include "gdi/strikes/strike.h"
+#include "wingdi.h"
+
+namespace gdi {
+
+/// The kinds that can be selected come first: a device context keeps one of each.
+enum class Kind : std::uint8_t
+{
+    Bitmap,
+    Brush,
+    Pen,
+    Font,
+    DeviceContext
+};
+constexpr std::size_t selectableKinds = 4;
+
+struct Object
+{
+    Kind kind;
+    bool stock = false; ///< always there, never deleted
+    HGDIOBJ handle{};   ///< given by the table
+    int selections = 0; ///< in how many places of device contexts, saved ones included
+
+    explicit Object(Kind itsKind) : kind(itsKind) {}
+    virtual ~Object() = default;
+    Object(const Object &) = delete;
+    Object &operator=(const Object &) = delete;
+};
+
+/// Every bitmap holds pixels of the display's format; one that came from a resource remembers
+/// how the resource stored them, which is what programs are told.
+struct Bitmap final : Object
+{
+    static constexpr Kind kindOf = Kind::Bitmap;
+
+    std::unique_ptr<Pixel[]> pixels;
+    int width;
+    int height;
+    WORD storedBits = 16;               ///< per pixel
+    const Object *selectedIn = nullptr; ///< a device context; counts while there are selections
+
+    /// Black; null when a side is out of range or memory is short.
+    static std::unique_ptr<Bitmap> make(int width, int height);
+    Raster raster() const { return {pixels.get(), width, height}; }
+
+private:
+    Bitmap(std::unique_ptr<Pixel[]> itsPixels, int itsWidth, int itsHeight)
+        : Object(kindOf), pixels(std::move(itsPixels)), width(itsWidth), height(itsHeight)
+    {}
+};
+
+struct Brush final : Object
+{
+    static constexpr Kind kindOf = Kind::Brush;
+    std::optional<Pixel> pixel; ///< none: it leaves no trace
+
+    explicit Brush(std::optional<Pixel> itsPixel) : Object(kindOf), pixel(itsPixel) {}
+};
+
+struct Pen final : Object
+{
+    static constexpr Kind kindOf = Kind::Pen;
+    std::optional<Pixel> pixel; ///< none: it leaves no trace
+
+    explicit Pen(std::optional<Pixel> itsPixel) : Object(kindOf), pixel(itsPixel) {}
+};
+
+struct Font final : Object
+{
+    static constexpr Kind kindOf = Kind::Font;
+    LOGFONTW description; ///< as asked for
+    const Strike &strike; ///< what it is drawn with
+
+    Font(const LOGFONTW &itsDescription, const Strike &itsStrike)
+        : Object(kindOf), description(itsDescription), strike(itsStrike)
+    {}
+};
+
+/// What SaveDC saves.
+struct Settings
+{
+    std::array<Object *, selectableKinds> selected{}; ///< by kind; no bitmap on the screen
+    COLORREF textColour = RGB(0, 0, 0);
+    COLORREF backgroundColour = RGB(255, 255, 255);
+    int backgroundMode = OPAQUE;
+    RECT clip = everywhere; ///< logical coordinates
+};
+
+struct DeviceContext final : Object
+{
+    static constexpr Kind kindOf = Kind::DeviceContext;
+    const ScreenArea *area; ///< null: it draws into the bitmap that is selected
+    std::optional<Region> within;
+    Settings settings;
+    std::vector<Settings> saved;
+
+    DeviceContext(const ScreenArea *itsArea, const std::optional<Region> &itsWithin)
+        : Object(kindOf), area(itsArea), within(itsWithin)
+    {}
+    /// The selected object of a kind: never none, but for a bitmap on the screen.
+    template <class T>
+    const T &selected() const;
+};
+
+// The table ----------------------------------------------------------------------------------
+
+/// Takes an object in and returns the number for its handle; 0 when the table is full.
+std::uint32_t insert(std::unique_ptr<Object> object);
+/// The object of a handle; null when there is none.
+Object *findObject(std::uint32_t handle);
+void erase(std::uint32_t handle);
+/// Goes through the objects. The visitor may erase the one it is given.
+void visitObjects(const std::function<void(const Object &)> &visitor);
+
+/// The object of that kind behind a handle; null when there is none.
+template <class T>
+T *find(std::uint32_t handle)
+{
+    Object *object = findObject(handle);
+    return object && object->kind == T::kindOf ? static_cast<T *>(object) : nullptr;
+}
+
+template <class T>
+const T &DeviceContext::selected() const
+{
+    return *static_cast<const T *>(settings.selected[static_cast<std::size_t>(T::kindOf)]);
+}
+
+/// The 1 by 1 bitmap that every memory device context starts with.
+HGDIOBJ stockBitmap();
+
+} // namespace gdi

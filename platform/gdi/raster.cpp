@@ -1,0 +1,79 @@
+// The loops over pixels.
+#include "gdi/raster.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace gdi {
+
+namespace {
+
+std::size_t bytes(LONG pixels) { return static_cast<std::size_t>(pixels) * sizeof(Pixel); }
+
+/// As many pixels as one vector operation of every machine takes.
+constexpr LONG groupSize = 8;
+using Group = std::array<Pixel, groupSize>;
+
+/// Copies a group but for its transparent pixels, which are written as they were: no branches.
+void copyGroup(Pixel *target, const Pixel *picture, Pixel transparent)
+{
+    Group old;
+    Group fresh;
+    std::memcpy(old.data(), target, sizeof old);
+    std::memcpy(fresh.data(), picture, sizeof fresh);
+    for (std::size_t i = 0; i < fresh.size(); i++) {
+        const auto keep = static_cast<Pixel>(fresh[i] == transparent ? 0xFFFF : 0);
+        fresh[i] = static_cast<Pixel>((old[i] & keep) | (fresh[i] & ~keep));
+    }
+    std::memcpy(target, fresh.data(), sizeof fresh);
+}
+
+} // namespace
+
+void fill(const Raster &raster, const RECT &part, Pixel pixel)
+{
+    for (LONG y = part.top; y < part.bottom; y++) {
+        std::fill(raster.at(part.left, y), raster.at(part.right, y), pixel);
+    }
+}
+
+void copy(const Raster &to, const RECT &part, const Raster &from, POINT source)
+{
+    const LONG width = part.right - part.left;
+    const LONG height = part.bottom - part.top;
+    if (width == to.width && width == from.width) {
+        std::memmove(to.at(0, part.top), from.at(0, source.y),
+                     bytes(width) * static_cast<std::size_t>(height));
+        return;
+    }
+    // A picture that moves down inside one raster is copied from its last row up.
+    const bool upwards = to.pixels == from.pixels && source.y < part.top;
+    for (LONG i = 0; i < height; i++) {
+        const LONG row = upwards ? height - 1 - i : i;
+        std::memmove(to.at(part.left, part.top + row), from.at(source.x, source.y + row),
+                     bytes(width));
+    }
+}
+
+void copyTransparent(const Raster &to, const RECT &part, const Raster &from, POINT source,
+                     Pixel transparent)
+{
+    const LONG width = part.right - part.left;
+    const LONG height = part.bottom - part.top;
+    Pixel *target = to.at(part.left, part.top);
+    const Pixel *picture = from.at(source.x, source.y);
+    const int targetPitch = to.width;
+    const int picturePitch = from.width;
+    for (LONG y = 0; y < height; y++, target += targetPitch, picture += picturePitch) {
+        LONG x = 0;
+        for (; x <= width - groupSize; x += groupSize) {
+            copyGroup(target + x, picture + x, transparent);
+        }
+        for (; x < width; x++) {
+            target[x] = picture[x] == transparent ? target[x] : picture[x];
+        }
+    }
+}
+
+} // namespace gdi

@@ -1,0 +1,120 @@
+// Regions as lists of rectangles without overlap. There are few of them (windows over windows),
+// so every operation goes through the list.
+#include "gdi/region.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "gdi/rect.h"
+
+namespace gdi {
+
+namespace {
+
+void append(std::vector<RECT> &rects, const RECT &rect)
+{
+    if (!isEmpty(rect)) {
+        rects.push_back(rect);
+    }
+}
+
+/// Appends what of `rect` lies outside `hole`: the bands above and below, the rest beside it.
+void appendOutside(std::vector<RECT> &rects, const RECT &rect, const RECT &hole)
+{
+    const RECT common = intersection(rect, hole);
+    if (isEmpty(common)) {
+        append(rects, rect);
+        return;
+    }
+    append(rects, {rect.left, rect.top, rect.right, common.top});
+    append(rects, {rect.left, common.top, common.left, common.bottom});
+    append(rects, {common.right, common.top, rect.right, common.bottom});
+    append(rects, {rect.left, common.bottom, rect.right, rect.bottom});
+}
+
+} // namespace
+
+Region::Region(const RECT &rect) { append(rects_, rect); }
+
+RECT Region::bounds() const
+{
+    RECT around{};
+    for (const RECT &rect : rects_) {
+        around = enclosing(around, rect);
+    }
+    return around;
+}
+
+bool Region::contains(int x, int y) const
+{
+    return std::any_of(rects_.begin(), rects_.end(), [=](const RECT &rect) {
+        return x >= rect.left && x < rect.right && y >= rect.top && y < rect.bottom;
+    });
+}
+
+void Region::add(const RECT &rect)
+{
+    subtract(rect);
+    append(rects_, rect);
+}
+
+void Region::add(const Region &other)
+{
+    if (&other != this) {
+        for (const RECT &rect : other.rects_) {
+            add(rect);
+        }
+    }
+}
+
+void Region::subtract(const RECT &rect)
+{
+    if (isEmpty(rect)) {
+        return;
+    }
+    std::vector<RECT> rest;
+    for (const RECT &part : rects_) {
+        appendOutside(rest, part, rect);
+    }
+    rects_ = std::move(rest);
+}
+
+void Region::subtract(const Region &other)
+{
+    if (&other == this) {
+        clear();
+        return;
+    }
+    for (const RECT &rect : other.rects_) {
+        subtract(rect);
+    }
+}
+
+void Region::intersect(const RECT &rect)
+{
+    std::vector<RECT> rest;
+    for (const RECT &part : rects_) {
+        append(rest, intersection(part, rect));
+    }
+    rects_ = std::move(rest);
+}
+
+void Region::intersect(const Region &other)
+{
+    std::vector<RECT> rest;
+    for (const RECT &part : rects_) {
+        for (const RECT &rect : other.rects_) {
+            append(rest, intersection(part, rect));
+        }
+    }
+    rects_ = std::move(rest);
+}
+
+void Region::offset(int dx, int dy)
+{
+    for (RECT &rect : rects_) {
+        rect = moved(rect, dx, dy);
+    }
+}
+
+} // namespace gdi
