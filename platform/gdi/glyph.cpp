@@ -33,7 +33,7 @@ constexpr std::array<Quad, 16> makeMasks()
 
 constexpr std::array<Quad, 16> masks = makeMasks();
 
-int rowBytes(const Glyph &glyph) { return (glyph.width + pixelsPerByte - 1) / pixelsPerByte; }
+LONG rowBytes(const Glyph &glyph) { return (glyph.width + pixelsPerByte - 1) / pixelsPerByte; }
 
 /// Inks four pixels where the bits say so; the others are written as they were.
 void inkQuad(Pixel *target, unsigned bits, Quad ink)
@@ -64,7 +64,7 @@ void drawPart(const Raster &raster, const RECT &part, const Glyph &glyph, const 
     const RECT box{corner.x, corner.y, corner.x + glyph.width, corner.y + glyph.height};
     const RECT inside = intersection(box, part);
     for (LONG y = inside.top; y < inside.bottom; y++) {
-        const std::uint8_t *row = bits + (y - corner.y) * rowBytes(glyph);
+        const std::uint8_t *row = bits + std::ptrdiff_t{y - corner.y} * rowBytes(glyph);
         for (LONG x = inside.left; x < inside.right; x++) {
             const LONG column = x - corner.x;
             if ((row[column / pixelsPerByte] << column % pixelsPerByte & 0x80) != 0) {
@@ -78,7 +78,7 @@ void drawPart(const Raster &raster, const RECT &part, const Glyph &glyph, const 
 
 const Glyph &glyphOf(const Strike &strike, char16_t character)
 {
-    for (const CharacterRun &run : characterRuns()) {
+    for (const CharacterRun &run : strike.runs) {
         if (character >= run.first && character <= run.last) {
             return strike.glyphs[run.glyph + static_cast<std::size_t>(character - run.first)];
         }
