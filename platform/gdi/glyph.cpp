@@ -48,12 +48,14 @@ void drawWhole(const Raster &raster, const Glyph &glyph, const std::uint8_t *bit
                Pixel ink)
 {
     const Quad quad = std::bit_cast<Quad>(QuadPixels{ink, ink, ink, ink});
-    for (int y = 0; y < glyph.height; y++) {
-        Pixel *target = raster.at(corner.x, corner.y + y);
-        for (int i = 0; i < rowBytes(glyph); i++, target += pixelsPerByte) {
+    const LONG bytes = rowBytes(glyph);
+    const int pitch = raster.width;
+    Pixel *row = raster.at(corner.x, corner.y);
+    for (int rows = glyph.height; rows > 0; rows--, row += pitch) {
+        for (LONG i = 0; i < bytes; i++) {
             const unsigned byte = *bits++;
-            inkQuad(target, byte >> 4U, quad);
-            inkQuad(target + 4, byte & 0xFU, quad);
+            inkQuad(row + i * pixelsPerByte, byte >> 4U, quad);
+            inkQuad(row + i * pixelsPerByte + 4, byte & 0xFU, quad);
         }
     }
 }
