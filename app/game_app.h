@@ -47,11 +47,16 @@ struct GameApp
     bool destroy(HWND window);
 
 private:
+    /// False before `init` and after `destroy`; a dialog that a closing window takes along returns
+    /// only after that.
+    bool live() const { return requestedState != AppState::None; }
     HighScoreTable &tableOfMode();
+    void showChoices();
+    void prepareFirstState(HWND window);
     void enterRequestedState(HWND window);
     void stepGame(HWND window);
     void endGame(HWND window);
-    bool tapTitle(HWND window, int x, int y);
+    void tapTitle(HWND window, int hit);
     void abandonGame(HWND window);
     void showHighScores(HWND window);
 };

@@ -134,6 +134,9 @@ struct GameSession
     void pause();
     void resume(HWND window);
     void stop(HWND window);
+    /// A stored game whose end was showing: it ends by itself, within the time that an end takes,
+    /// whatever the tick count was when it was stored.
+    void continueEnding(HWND window);
     /// One tick: reads the buttons, applies the rules, paints what changed.
     void tick(HWND window, InputState &input);
     /// Redraws what is dirty and copies the play screen to `target`, or to the window's own device
@@ -146,8 +149,13 @@ struct GameSession
     void setLevel(int newLevel);
     bool stepDown();
     void updateGhost();
-    /// Whether `moment` has come at the time of this tick; right across the wrap of the tick count.
-    bool reached(std::int32_t moment) const;
+    // Tick counts wrap; differences and sums of them wrap with them.
+
+    /// Milliseconds from a moment to this tick, negative when it is still to come.
+    std::int32_t since(std::int32_t moment) const;
+    /// The moment that many milliseconds after this tick.
+    std::int32_t after(std::int32_t milliseconds) const;
+    bool reached(std::int32_t moment) const { return since(moment) >= 0; }
 
     // The player's actions. Each tells whether the piece moved or turned.
 
@@ -171,11 +179,31 @@ struct GameSession
 
 private:
     void handlePauseButton(HWND window, const InputState &input);
+    bool lockLandedPiece();
+    bool finishClear();
+    bool spawnPiece();
     bool applyActions(const InputState &input);
+    void testLanding();
+    bool stepUltraClock();
+    void rememberDrawnPiece();
     bool shift(int dx);
     bool turn(int targetRotation, const RotationState &kicksOf, int direction);
-    void endGame();
+    bool waitOver(std::int32_t until) const { return until == 0 || reached(until); }
+    void restartTiming();
+    void decideGame();
 };
+
+inline std::int32_t GameSession::since(std::int32_t moment) const
+{
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(now) -
+                                     static_cast<std::uint32_t>(moment));
+}
+
+inline std::int32_t GameSession::after(std::int32_t milliseconds) const
+{
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(now) +
+                                     static_cast<std::uint32_t>(milliseconds));
+}
 
 static_assert(sizeof(GameSession) == 652);
 static_assert(offsetof(GameSession, state) == 24);

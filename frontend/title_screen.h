@@ -44,7 +44,7 @@ private:
 struct TitleScreen
 {
     /// Milliseconds that each page stays.
-    static constexpr int pagePeriod = 10000;
+    static constexpr DWORD pagePeriod = 10000;
     /// Milliseconds of the timer while the title screen is shown.
     static constexpr UINT timerPeriod = 500;
 
@@ -65,12 +65,17 @@ struct TitleScreen
     /// Composes the page and copies it to `target`, or to the window's own device context when
     /// that is none.
     bool paint(HWND window, HDC target);
+    /// Makes the title page the current one for a full period, without drawing it.
+    void showTitle();
+    /// Shows the high-score page for a full period.
     void showHighScores(HWND window);
     /// What lies at a point of the client area, as the pages are shown: a TitleHit.
     int hitTest(int x, int y) const;
 };
 
-/// The picture behind both pages; owned by the title screen, read by the high-score page.
+/// The picture behind both pages, 240 by 268; owned by the title screen.
 extern Surface *titleBitmap;
+/// Copies it to `target`; it is selected into `source` meanwhile.
+void drawTitleBackground(HDC source, HDC target);
 
 static_assert(sizeof(TitleScreen) == 20);

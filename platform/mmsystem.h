@@ -8,6 +8,7 @@ using MMRESULT = UINT;
 
 constexpr MMRESULT MMSYSERR_NOERROR = 0;
 constexpr MMRESULT MMSYSERR_BADDEVICEID = 2;
+constexpr MMRESULT MMSYSERR_ALLOCATED = 4;
 constexpr MMRESULT MMSYSERR_INVALHANDLE = 5;
 constexpr MMRESULT MMSYSERR_INVALPARAM = 11;
 constexpr MMRESULT WAVERR_BADFORMAT = 32;
@@ -48,6 +49,7 @@ struct WAVEHDR
 UINT waveOutGetNumDevs();
 /// Opens device `id` (0) for a format; unsigned 8-bit mono PCM at 22,050 samples a second is
 /// the one there is (else WAVERR_BADFORMAT). No callbacks: the last three are 0.
+/// MMSYSERR_ALLOCATED while it is open or the host's loudspeaker cannot be had.
 MMRESULT waveOutOpen(HWAVEOUT *device, UINT id, const WAVEFORMATEX *format, DWORD callback,
                      DWORD instance, DWORD flags);
 /// Fails with WAVERR_STILLPLAYING while a buffer is queued.
@@ -56,7 +58,8 @@ MMRESULT waveOutPrepareHeader(HWAVEOUT device, WAVEHDR *header, UINT size);
 /// Fails with WAVERR_STILLPLAYING while the buffer is queued; succeeds on a header that is not
 /// prepared.
 MMRESULT waveOutUnprepareHeader(HWAVEOUT device, WAVEHDR *header, UINT size);
-/// Queues a prepared buffer behind what is playing.
+/// Queues a prepared buffer behind what is playing. A buffer that was played to its end is done
+/// from the next of these calls on.
 MMRESULT waveOutWrite(HWAVEOUT device, WAVEHDR *header, UINT size);
 /// Silence at once; every queued buffer is done.
 MMRESULT waveOutReset(HWAVEOUT device);

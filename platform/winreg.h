@@ -2,7 +2,7 @@
 //
 // A key that was written is stored as a whole when it is closed, so a save is all or nothing.
 // Where the store cannot be written, the values live on in memory and the functions succeed;
-// the host tells the user once.
+// the host tells the user once. The predefined keys only serve to open others.
 #pragma once
 
 #include "windef.h"
@@ -34,13 +34,16 @@ LONG RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR className, D
                      DWORD *disposition);
 /// Opens an existing key; ERROR_FILE_NOT_FOUND when there is none.
 LONG RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD options, DWORD access, HKEY *result);
-/// Stores what was changed, and closes the key.
+/// Stores what was changed through this handle, and closes the key.
 LONG RegCloseKey(HKEY key);
 /// Reads a value of any type. `size` is the buffer's size in bytes and becomes the value's;
 /// with a null buffer only the size is told. ERROR_MORE_DATA when the buffer is too small, and
 /// then nothing is copied.
 LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD *reserved, DWORD *type, BYTE *data,
                       DWORD *size);
+/// Sets a value; an empty or null name is the key's default value. A name with a line break is
+/// refused.
 LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE *data,
                     DWORD size);
+/// ERROR_FILE_NOT_FOUND when there is no such value.
 LONG RegDeleteValueW(HKEY key, LPCWSTR name);

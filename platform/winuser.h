@@ -68,9 +68,9 @@ struct MSG
     POINT pt; ///< the stylus, in screen pixels, when the message was taken
 };
 
-/// Waits for the next message for any window of the program (`window` none) or for `window`,
-/// and takes it: posted messages first, then input, then WM_QUIT, WM_PAINT, WM_TIMER. Returns 0
-/// for WM_QUIT, else nonzero. The only place where the program waits. The filters are not used.
+/// Waits for the next message for any window of the program and takes it: posted messages first,
+/// then input, then WM_QUIT, WM_PAINT, WM_TIMER. Returns 0 for WM_QUIT, else nonzero. The only
+/// place where the program waits. `window` and the filters are not used.
 BOOL GetMessageW(MSG *message, HWND window, UINT filterMin, UINT filterMax);
 /// Gives the text that a key message stands for as WM_CHAR: control characters only (backspace,
 /// tab, enter), for the host delivers typed text itself.
@@ -118,6 +118,8 @@ constexpr DWORD WS_SYSMENU = 0x00080000;
 constexpr DWORD WS_GROUP = 0x00020000;
 constexpr DWORD WS_TABSTOP = 0x00010000;
 constexpr DWORD WS_EX_TOPMOST = 0x00000008;
+/// A top-level window that never becomes active, nor takes the focus: a bar or a drop-down.
+constexpr DWORD WS_EX_NOACTIVATE = 0x08000000;
 constexpr DWORD WS_EX_CAPTIONOKBTN = 0x80000000; ///< an OK button in the title bar: IDOK
 constexpr int CW_USEDEFAULT = static_cast<int>(0x80000000U);
 
@@ -176,6 +178,7 @@ BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 constexpr UINT SWP_NOSIZE = 0x0001;
 constexpr UINT SWP_NOMOVE = 0x0002;
 constexpr UINT SWP_NOZORDER = 0x0004;
+constexpr UINT SWP_NOREDRAW = 0x0008; ///< nothing becomes invalid
 constexpr UINT SWP_NOACTIVATE = 0x0010;
 constexpr UINT SWP_SHOWWINDOW = 0x0040;
 constexpr UINT SWP_HIDEWINDOW = 0x0080;
@@ -229,7 +232,8 @@ HWND GetFocus();
 /// WM_KILLFOCUS to the one that loses the focus, WM_SETFOCUS to the one that gains it; a
 /// control's top-level window is activated. Returns the previous one.
 HWND SetFocus(HWND window);
-/// Sends stylus messages to this window until ReleaseCapture or the stylus is lifted.
+/// Sends stylus messages to this window until ReleaseCapture or the stylus is lifted: the
+/// WM_LBUTTONUP is the last one, unless its handler sets the capture anew.
 HWND SetCapture(HWND window);
 BOOL ReleaseCapture();
 HWND GetCapture();
@@ -329,6 +333,7 @@ constexpr int IDIGNORE = 5;
 constexpr int IDYES = 6;
 constexpr int IDNO = 7;
 
+constexpr DWORD DS_ABSALIGN = 0x0001; ///< the position is on the screen
 constexpr DWORD DS_SETFONT = 0x0040;
 constexpr DWORD DS_MODALFRAME = 0x0080;
 

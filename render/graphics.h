@@ -1,4 +1,4 @@
-// The graphic objects that live as long as the program's window.
+// The graphic objects that live as long as the program's window, and how they are made.
 #pragma once
 
 #include <array>
@@ -23,3 +23,8 @@ void createStatsFont();
 void deleteStatsFont();
 /// Arial bold of a cell height in pixels. The caller deletes it.
 HFONT createBoldFont(int height);
+
+/// A new surface with a bitmap resource, or when that cannot be had a black one of this size.
+Surface *loadPicture(HDC reference, UINT resource, int width, int height);
+/// Releases and deletes a surface, if there is one, and forgets it.
+void deleteSurface(Surface *&surface);

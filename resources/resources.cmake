@@ -6,14 +6,18 @@ add_executable(embed platform/resources/embed/embed.cpp)
 
 file(GLOB resource_files CONFIGURE_DEPENDS
      resources/*.rc resources/*.h resources/*.bmp resources/*.ico resources/*.wav resources/*.htm)
+set(resources_script ${PROJECT_BINARY_DIR}/glimra.rc)
 set(resources_image ${PROJECT_BINARY_DIR}/glimra.res)
 set(resources_source ${PROJECT_BINARY_DIR}/glimra_resources.cpp)
 
+# The compiler's own preprocessor, since llvm-rc would look for a Clang of its own.
 add_custom_command(
   OUTPUT ${resources_image}
-  COMMAND ${LLVM_RC} /nologo /c 65001 /fo ${resources_image} glimra.rc
+  COMMAND ${CMAKE_CXX_COMPILER} -E -P -x c -I${PROJECT_SOURCE_DIR}/platform
+          ${PROJECT_SOURCE_DIR}/resources/glimra.rc -o ${resources_script}
+  COMMAND ${LLVM_RC} /no-preprocess /c 65001 /fo ${resources_image} ${resources_script}
   WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/resources
-  DEPENDS ${resource_files}
+  DEPENDS ${resource_files} ${PROJECT_SOURCE_DIR}/platform/winres.h
   VERBATIM)
 add_custom_command(
   OUTPUT ${resources_source}

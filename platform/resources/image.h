@@ -25,8 +25,14 @@ struct Name
 };
 
 /// The bytes of a resource of the program; empty when there is none, or the image is damaged there.
+/// They begin at a multiple of four bytes, as the image itself must.
 std::span<const std::byte> find(const Name &type, const Name &name);
 /// String `id` of the string table, in place; empty when there is none.
 std::u16string_view string(unsigned id);
+
+/// The place of a resource in the image, to find it again without its name; 0 when there is none.
+std::uint32_t locate(const Name &type, const Name &name);
+/// The bytes of the resource at a place; empty when none is there.
+std::span<const std::byte> at(std::uint32_t place);
 
 } // namespace resources

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -21,6 +22,7 @@ struct WindowClass
     UINT style = 0;
     HBRUSH background{}; ///< none: nothing is erased
     HICON icon{};
+    bool system = false; ///< one of the system's own, not of the program
 };
 
 /// What a class of the system keeps with each of its windows: a control's state, a dialog's
@@ -37,19 +39,19 @@ struct Window final : gdi::ScreenArea
     WNDPROC procedure = nullptr;
     DWORD style = 0;
     DWORD exStyle = 0;
-    int id = 0;                 ///< of a child
-    Window *parent = nullptr;   ///< of a child
-    Window *owner = nullptr;    ///< of a top-level window
+    int id = 0;                     ///< of a child
+    Window *parent = nullptr;       ///< of a child
+    Window *owner = nullptr;        ///< of a top-level window
     std::vector<Window *> children; ///< front to back, which is the order of creation
-    RECT rect{};                ///< screen pixels
+    RECT rect{};                    ///< screen pixels; may be set only by SetWindowPos
     std::u16string text;
-    LONG_PTR userData = 0;                    ///< GWL_USERDATA
-    std::array<LONG_PTR, 3> dialogData{};     ///< DWL_MSGRESULT, DWL_DLGPROC, DWL_USER
-    bool isDialog = false;                    ///< dialogData is in use
-    HFONT font{};                             ///< WM_SETFONT of a control; none: the system font
+    LONG_PTR userData = 0;                ///< GWL_USERDATA
+    std::array<LONG_PTR, 3> dialogData{}; ///< DWL_MSGRESULT, DWL_DLGPROC, DWL_USER
+    bool isDialog = false;                ///< dialogData is in use
+    HFONT font{};                         ///< WM_SETFONT of a control; none: the system font
     std::unique_ptr<WindowData> data;
-    gdi::Region invalid;        ///< screen pixels; what WM_PAINT is still to draw
-    bool erasePending = false;  ///< the invalid part is to be erased first
+    gdi::Region invalid;       ///< screen pixels; what WM_PAINT is still to draw
+    bool erasePending = false; ///< the invalid part is to be erased first
 
     POINT origin() const override { return {rect.left, rect.top}; }
     SIZE size() const override { return {rect.right - rect.left, rect.bottom - rect.top}; }
@@ -57,7 +59,15 @@ struct Window final : gdi::ScreenArea
 
     bool shown() const { return (style & WS_VISIBLE) != 0; }
     bool enabled() const { return (style & WS_DISABLED) == 0; }
+    /// Whether it can be active: not so the bars and drop-downs of the shell.
+    bool activatable() const { return (exStyle & WS_EX_NOACTIVATE) == 0; }
     Window &topLevel() { return parent ? parent->topLevel() : *this; }
+
+    // Of the window manager alone:
+    bool destroying = false;  ///< DestroyWindow has begun
+    std::vector<HDC> openDCs; ///< closed with the window
+    mutable gdi::Region visibleRegion;
+    mutable unsigned visibleAsOf = 0; ///< the state of the windows that visibleRegion holds for
 };
 
 /// The window of a handle, its lowest bit ignored; null when there is none.
@@ -71,5 +81,8 @@ void registerSystemClass(std::u16string_view name, WNDPROC procedure);
 
 /// The first window that the program made, or none.
 HWND programWindow();
+
+/// How many menus the program has loaded and not destroyed.
+std::size_t liveMenus();
 
 } // namespace user

@@ -1,0 +1,164 @@
+// The well's cells, the collision test, the removal of rows, and the supply of pieces.
+#include "engine/playfield.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace {
+
+bool inGrid(int column, int row)
+{
+    return column >= 0 && column < wellColumns && row >= 0 && row < wellRows;
+}
+
+std::size_t cellIndex(int column, int row)
+{
+    return static_cast<std::size_t>(row * wellColumns + column);
+}
+
+} // namespace
+
+// The supply ------------------------------------------------------------------------------------
+
+void PieceQueue::reset()
+{
+    count = 0;
+    addBag();
+}
+
+bool PieceQueue::addBag()
+{
+    if (count + tetrominoCount > capacity) {
+        return false;
+    }
+    std::array<TetrominoType, tetrominoCount> bag{
+        TetrominoType::J, TetrominoType::L, TetrominoType::S, TetrominoType::O,
+        TetrominoType::Z, TetrominoType::T, TetrominoType::I};
+    for (std::size_t i = 0; i < bag.size(); ++i) {
+        // Never an entry with itself: this shuffle is biased, and the game has always had it.
+        auto j = static_cast<std::size_t>(std::rand() % (tetrominoCount - 1));
+        if (j == i) {
+            j = i + 1;
+        }
+        std::swap(bag[i], bag[j]);
+    }
+    std::copy(bag.begin(), bag.end(), entries.begin() + count);
+    count += tetrominoCount;
+    return true;
+}
+
+TetrominoType PieceQueue::take()
+{
+    addBag();
+    const TetrominoType next = entries[0];
+    std::copy(entries.begin() + 1, entries.begin() + count, entries.begin());
+    --count;
+    return next;
+}
+
+// The falling piece -------------------------------------------------------------------------------
+
+void ActivePiece::takeNext()
+{
+    type = queue.take();
+    placeAtSpawn();
+    holdUsed = 0;
+}
+
+void ActivePiece::placeAtSpawn()
+{
+    const SpawnPlace &place = spawnPlace(type);
+    x = place.x;
+    y = place.y;
+    rotation = place.rotation;
+}
+
+// The well ----------------------------------------------------------------------------------------
+
+Playfield::Playfield() : cells{}, fullRows{}, piece{} { piece.queue.reset(); }
+
+void Playfield::clear() { cells.fill(Cell{}); }
+
+const Cell *Playfield::cellAt(int column, int row) const
+{
+    return inGrid(column, row) ? &cells[cellIndex(column, row)] : nullptr;
+}
+
+Cell *Playfield::cellAt(int column, int row)
+{
+    return inGrid(column, row) ? &cells[cellIndex(column, row)] : nullptr;
+}
+
+void Playfield::setCell(int column, int row, TetrominoType colour)
+{
+    if (Cell *cell = cellAt(column, row)) {
+        *cell = {1, static_cast<std::uint8_t>(colour)};
+    }
+}
+
+bool Playfield::fits(const RotationState &state, int x, int y) const
+{
+    return std::all_of(state.cells.begin(), state.cells.end(), [&](const CellOffset &offset) {
+        const int column = x + offset.x;
+        const int row = y + offset.y;
+        if (row < 0) {
+            return column >= 0 && column < wellColumns;
+        }
+        const Cell *cell = cellAt(column, row);
+        return cell != nullptr && cell->occupied == 0;
+    });
+}
+
+void Playfield::placePiece(const RotationState &state, int x, int y)
+{
+    for (const CellOffset &offset : state.cells) {
+        setCell(x + offset.x, y + offset.y, state.type);
+    }
+}
+
+void Playfield::lockPiece() { placePiece(currentState(), piece.x, piece.y); }
+
+const RotationState &Playfield::currentState() const
+{
+    return rotationState(piece.type, piece.rotation);
+}
+
+const RotationState &Playfield::previousState() const
+{
+    return rotationState(piece.type, piece.prevRotation);
+}
+
+int Playfield::markFullRows()
+{
+    int count = 0;
+    for (int row = 1; row < wellRows; ++row) {
+        const auto begin = cells.begin() + row * wellColumns;
+        const bool full = std::all_of(begin, begin + wellColumns,
+                                      [](const Cell &cell) { return cell.occupied != 0; });
+        fullRows[static_cast<std::size_t>(row)] = full ? 1 : 0;
+        count += full ? 1 : 0;
+    }
+    return count;
+}
+
+int Playfield::removeFullRows()
+{
+    int count = 0;
+    // From the top down: removing a row moves only what is above it.
+    for (int row = 1; row < wellRows; ++row) {
+        if (fullRows[static_cast<std::size_t>(row)] != 0) {
+            removeRow(row);
+            ++count;
+        }
+    }
+    fullRows.fill(0);
+    return count;
+}
+
+void Playfield::removeRow(int row)
+{
+    const auto end = cells.begin() + row * wellColumns;
+    std::copy_backward(cells.begin(), end, end + wellColumns);
+    std::fill_n(cells.begin(), wellColumns, Cell{});
+}

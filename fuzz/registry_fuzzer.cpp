@@ -1,0 +1,19 @@
+// Any bytes as the registry's file: they are read or refused, and what was read is written in a
+// form that reads, and writes, the same.
+#include <cstdlib>
+
+#include "registry/text.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const auto first = registry::readText(std::as_bytes(std::span(data, size)));
+    if (const auto *hive = std::get_if<registry::Hive>(&first)) {
+        const std::string written = registry::writeText(*hive);
+        const auto second = registry::readText(std::as_bytes(std::span(written)));
+        const auto *again = std::get_if<registry::Hive>(&second);
+        if (again == nullptr || registry::writeText(*again) != written) {
+            std::abort();
+        }
+    }
+    return 0;
+}

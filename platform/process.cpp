@@ -1,0 +1,32 @@
+// Starting another program: the help viewer, which is the host's to show.
+#include <string_view>
+
+#include "handheld.h"
+#include "resources/image.h"
+#include "text.h"
+#include "winbase.h"
+
+BOOL CreateProcessW(LPCWSTR program, LPCWSTR commandLine, SECURITY_ATTRIBUTES *,
+                    SECURITY_ATTRIBUTES *, BOOL, DWORD, void *, LPWSTR, STARTUPINFOW *,
+                    PROCESS_INFORMATION *)
+{
+    constexpr std::u16string_view scheme = u"file:";
+    if (!program || !text::sameName(program, u"peghelp.exe") || !commandLine) {
+        return FALSE;
+    }
+    const std::u16string_view arguments = commandLine;
+    if (!arguments.starts_with(scheme)) {
+        return FALSE;
+    }
+    const std::u16string_view address = arguments.substr(scheme.size());
+    const auto mark = address.find(u'#');
+    const std::u16string page(address.substr(0, mark));
+    const std::u16string_view anchor =
+        mark == std::u16string_view::npos ? std::u16string_view{} : address.substr(mark + 1);
+    const auto document =
+        resources::find(resources::Name::from(RT_HTML), resources::Name::from(page.c_str()));
+    if (document.empty()) {
+        return FALSE;
+    }
+    return handheld::host().showHelp(program, arguments, document, anchor) ? TRUE : FALSE;
+}

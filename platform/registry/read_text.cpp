@@ -1,0 +1,359 @@
+// Reads the registry's file: one pass over the text, line by line, that stops at the first thing
+// it does not understand.
+#include "registry/text.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "registry/encoding.h"
+#include "winreg.h"
+
+namespace registry {
+
+namespace {
+
+constexpr std::u16string_view header = u"Windows Registry Editor Version 5.00";
+constexpr std::u16string_view olderHeader = u"REGEDIT4";
+
+constexpr DWORD REG_EXPAND_SZ = 2;
+constexpr DWORD REG_MULTI_SZ = 7;
+
+constexpr bool isBlank(char16_t unit) { return unit == u' ' || unit == u'\t' || unit == u'\r'; }
+
+constexpr int hexDigit(char16_t unit)
+{
+    if (unit >= u'0' && unit <= u'9') {
+        return unit - u'0';
+    }
+    const int letter = (unit | 0x20) - u'a';
+    return letter >= 0 && letter < 6 ? letter + 10 : -1;
+}
+
+/// The data of a text value: UTF-16LE with its terminator.
+std::vector<BYTE> textData(std::u16string_view text)
+{
+    std::vector<BYTE> data;
+    data.reserve(2 * text.size() + 2);
+    for (const char16_t unit : text) {
+        data.push_back(static_cast<BYTE>(unit));
+        data.push_back(static_cast<BYTE>(unit >> 8U));
+    }
+    data.insert(data.end(), 2, 0);
+    return data;
+}
+
+class Reader
+{
+public:
+    explicit Reader(std::u16string_view text) : text_(text) {}
+
+    std::variant<Hive, Damage> read()
+    {
+        readHeader();
+        while (!damage_ && !atEnd()) {
+            readLine();
+        }
+        if (damage_) {
+            return std::move(*damage_);
+        }
+        return std::move(hive_);
+    }
+
+private:
+    // Every step returns whether it went well; if not, the damage is noted.
+
+    bool fail(std::string reason)
+    {
+        damage_ = Damage{line_, std::move(reason)};
+        return false;
+    }
+
+    bool atEnd() const { return position_ == text_.size(); }
+    /// The next code unit; the end of the text ends a line.
+    char16_t peek() const { return atEnd() ? u'\n' : text_[position_]; }
+    char16_t take()
+    {
+        const char16_t unit = peek();
+        if (!atEnd()) {
+            line_ += unit == u'\n' ? 1U : 0U;
+            ++position_;
+        }
+        return unit;
+    }
+    bool accept(char16_t unit)
+    {
+        if (peek() != unit || atEnd()) {
+            return false;
+        }
+        take();
+        return true;
+    }
+    bool accept(std::u16string_view word)
+    {
+        if (!text_.substr(position_).starts_with(word)) {
+            return false;
+        }
+        position_ += word.size();
+        return true;
+    }
+    void skipBlanks()
+    {
+        while (isBlank(peek())) {
+            take();
+        }
+    }
+    std::u16string_view restOfLine() const
+    {
+        return text_.substr(position_, text_.find(u'\n', position_) - position_);
+    }
+
+    bool endLine()
+    {
+        skipBlanks();
+        if (peek() == u';') {
+            position_ += restOfLine().size();
+        }
+        return peek() == u'\n' ? (take(), true) : fail("something follows the end of the entry");
+    }
+
+    bool readHeader()
+    {
+        if (accept(olderHeader)) {
+            narrow_ = true;
+        } else if (!accept(header)) {
+            return fail("it does not begin with \"Windows Registry Editor Version 5.00\"");
+        }
+        return endLine();
+    }
+
+    bool readLine()
+    {
+        skipBlanks();
+        switch (peek()) {
+        case u'[':
+            return readKey();
+        case u'@':
+        case u'"':
+            return readValue();
+        case u';':
+        case u'\n':
+            return endLine();
+        default:
+            return fail("this is neither a key nor a value");
+        }
+    }
+
+    bool readKey()
+    {
+        const std::u16string_view line = restOfLine();
+        const std::size_t bracket = line.rfind(u']');
+        if (bracket == std::u16string_view::npos) {
+            return fail("the key's closing bracket is missing");
+        }
+        std::u16string_view path = line.substr(1, bracket - 1);
+        const bool deletes = path.starts_with(u'-');
+        path.remove_prefix(deletes ? 1 : 0);
+        if (path.empty()) {
+            return fail("the key has no name");
+        }
+        if (deletes) {
+            hive_.erase(path);
+            hive_.eraseAll(std::u16string(path) + u'\\');
+            deleted_ = Key{};
+            key_ = &deleted_;
+        } else {
+            key_ = &hive_.obtain(path);
+        }
+        position_ += bracket + 1;
+        return endLine();
+    }
+
+    bool readValue()
+    {
+        if (key_ == nullptr) {
+            return fail("the value belongs to no key");
+        }
+        std::u16string name;
+        if (!accept(u'@') && !readQuoted(name, false)) {
+            return false;
+        }
+        skipBlanks();
+        if (!accept(u'=')) {
+            return fail("there is no = after the name");
+        }
+        skipBlanks();
+        if (accept(u'-')) {
+            key_->values.erase(name);
+            return endLine();
+        }
+        return readData(key_->values.obtain(name)) && endLine();
+    }
+
+    bool readQuoted(std::u16string &text, bool mayBreak)
+    {
+        const std::size_t firstLine = line_;
+        take();
+        for (;;) {
+            if (atEnd() || (peek() == u'\n' && !mayBreak)) {
+                line_ = firstLine;
+                return fail("the closing quote is missing");
+            }
+            char16_t unit = take();
+            if (unit == u'"') {
+                return true;
+            }
+            if (unit == u'\\') {
+                unit = peek();
+                if (unit != u'\\' && unit != u'"') {
+                    return fail("a backslash stands before neither a backslash nor a quote");
+                }
+                take();
+            }
+            text += unit;
+        }
+    }
+
+    bool readData(Value &value)
+    {
+        value.data.clear();
+        if (peek() == u'"') {
+            std::u16string text;
+            value.type = REG_SZ;
+            const bool good = readQuoted(text, true);
+            value.data = textData(text);
+            return good;
+        }
+        if (accept(u"dword:")) {
+            return readDword(value);
+        }
+        if (!accept(u"hex")) {
+            return fail("the value is neither a text in quotes nor dword: nor hex:");
+        }
+        value.type = REG_BINARY;
+        if (accept(u'(')) {
+            const std::optional<DWORD> type = readNumber(8);
+            if (!type || !accept(u')')) {
+                return fail("the type in parentheses is not a hexadecimal number");
+            }
+            value.type = *type;
+        }
+        return accept(u':') ? readBytes(value) : fail("there is no : after hex");
+    }
+
+    bool readDword(Value &value)
+    {
+        const std::optional<DWORD> number = readNumber(8);
+        if (!number) {
+            return fail("a dword has one to eight hexadecimal digits");
+        }
+        value.type = REG_DWORD;
+        for (unsigned shift = 0; shift < 32; shift += 8) {
+            value.data.push_back(static_cast<BYTE>(*number >> shift));
+        }
+        return true;
+    }
+
+    bool readBytes(Value &value)
+    {
+        // The older editors wrote texts in bytes.
+        const bool widen = narrow_ && (value.type == REG_SZ || value.type == REG_EXPAND_SZ ||
+                                       value.type == REG_MULTI_SZ);
+        if (!continueLine()) {
+            return false;
+        }
+        if (peek() == u'\n' || peek() == u';') {
+            return true;
+        }
+        do {
+            if (!continueLine()) {
+                return false;
+            }
+            const std::optional<DWORD> byte = readNumber(2);
+            if (!byte) {
+                return fail("a byte of two hexadecimal digits is missing");
+            }
+            value.data.push_back(static_cast<BYTE>(*byte));
+            if (widen) {
+                value.data.push_back(0);
+            }
+            skipBlanks();
+        } while (accept(u','));
+        return true;
+    }
+
+    /// Goes on, after a backslash, in the next line.
+    bool continueLine()
+    {
+        skipBlanks();
+        if (accept(u'\\')) {
+            skipBlanks();
+            if (!accept(u'\n')) {
+                return fail("the line does not go on after the backslash");
+            }
+            skipBlanks();
+        }
+        return true;
+    }
+
+    /// A hexadecimal number of one to `most` digits.
+    std::optional<DWORD> readNumber(int most)
+    {
+        DWORD number = 0;
+        int digits = 0;
+        for (; hexDigit(peek()) >= 0; ++digits) {
+            number = number << 4U | static_cast<DWORD>(hexDigit(take()));
+        }
+        return digits >= 1 && digits <= most ? std::optional(number) : std::nullopt;
+    }
+
+    std::u16string_view text_;
+    std::size_t position_ = 0;
+    std::size_t line_ = 1;
+    bool narrow_ = false; ///< an older file: texts in hex are bytes
+    Hive hive_;
+    Key deleted_;        ///< takes the values listed below a key that is being deleted
+    Key *key_ = nullptr; ///< the key whose values follow
+    std::optional<Damage> damage_;
+};
+
+/// The file's text, whatever its encoding. Older files are taken for Latin-1.
+std::optional<Damage> decode(std::string_view bytes, std::u16string &text)
+{
+    const auto append = [&text](unsigned unit) { text += static_cast<char16_t>(unit); };
+    const auto byteAt = [&bytes](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
+    const char *reason = nullptr;
+    if (bytes.starts_with("\xFF\xFE")) {
+        for (std::size_t i = 2; i + 1 < bytes.size(); i += 2) {
+            append(byteAt(i) | static_cast<unsigned>(byteAt(i + 1)) << 8U);
+        }
+        reason = bytes.size() % 2 == 0 ? nullptr : "it ends within a character";
+    } else if (bytes.starts_with("REGEDIT4")) {
+        for (std::size_t i = 0; i < bytes.size(); ++i) {
+            append(byteAt(i));
+        }
+    } else {
+        bytes.remove_prefix(bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0);
+        reason = appendUtf8(bytes, text) ? nullptr : "it is not UTF-8";
+    }
+    if (reason == nullptr) {
+        return std::nullopt;
+    }
+    const auto lineEnds = std::count(text.begin(), text.end(), u'\n');
+    return Damage{static_cast<std::size_t>(lineEnds) + 1, reason};
+}
+
+} // namespace
+
+std::variant<Hive, Damage> readText(std::span<const std::byte> bytes)
+{
+    std::u16string text;
+    const auto *start = reinterpret_cast<const char *>(bytes.data());
+    if (std::optional<Damage> damage = decode(std::string_view(start, bytes.size()), text)) {
+        return std::move(*damage);
+    }
+    return Reader(text).read();
+}
+
+} // namespace registry

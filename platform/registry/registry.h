@@ -1,0 +1,10 @@
+// The registry's place in the life of the handheld.
+#pragma once
+
+namespace registry {
+
+/// Back to the state at switch-on: no key open, nothing loaded. The store is read at the first
+/// use after it.
+void reset();
+
+} // namespace registry

@@ -1,0 +1,244 @@
+// The registry's functions: keys that programs hold open, over the hive loaded from the store.
+#include "winreg.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "handheld.h"
+#include "registry/registry.h"
+#include "registry/text.h"
+
+namespace {
+
+using registry::Hive;
+using registry::Key;
+using registry::Value;
+
+struct OpenKey
+{
+    std::u16string path;
+    bool changed = false;
+};
+
+struct Registry
+{
+    Hive hive;
+    std::string stored; ///< the store's text as far as it is known; empty when there is none
+    std::map<std::uint32_t, OpenKey> openKeys;
+    std::uint32_t nextHandle = 1;
+};
+
+std::optional<Registry> loaded;
+
+void load(Registry &target)
+{
+    host::Host &host = handheld::host();
+    const std::optional<std::vector<std::byte>> bytes = host.loadStore();
+    if (!bytes) {
+        return;
+    }
+    std::variant<Hive, registry::Damage> content = registry::readText(*bytes);
+    if (const auto *damage = std::get_if<registry::Damage>(&content)) {
+        host.setStoreAside();
+        host.report("registry.reg line " + std::to_string(damage->line) + ": " + damage->reason +
+                    "; it is kept as registry.reg.bad");
+        return;
+    }
+    target.hive = std::move(std::get<Hive>(content));
+    target.stored.assign(reinterpret_cast<const char *>(bytes->data()), bytes->size());
+}
+
+Registry &theRegistry()
+{
+    if (!loaded) {
+        load(loaded.emplace());
+    }
+    return *loaded;
+}
+
+/// Where the store cannot be written, it is tried again the next time.
+void save(Registry &source)
+{
+    std::string text = registry::writeText(source.hive);
+    if (text != source.stored && handheld::host().saveStore(std::as_bytes(std::span(text)))) {
+        source.stored = std::move(text);
+    }
+}
+
+/// The opened key behind a handle, or null.
+OpenKey *openKey(HKEY key)
+{
+    const auto found = theRegistry().openKeys.find(key.value);
+    return found == theRegistry().openKeys.end() ? nullptr : &found->second;
+}
+
+std::u16string_view textOf(LPCWSTR text) { return text == nullptr ? u"" : text; }
+
+/// Names stand on one line of the store.
+bool isName(std::u16string_view name)
+{
+    return name.find_first_of(u"\r\n") == std::u16string_view::npos;
+}
+
+/// The whole path of `path` below `key`; nothing when the handle is none.
+std::optional<std::u16string> wholePath(HKEY key, LPCWSTR path)
+{
+    std::u16string whole;
+    if (key == HKEY_CLASSES_ROOT) {
+        whole = u"HKEY_CLASSES_ROOT";
+    } else if (key == HKEY_CURRENT_USER) {
+        whole = u"HKEY_CURRENT_USER";
+    } else if (key == HKEY_LOCAL_MACHINE) {
+        whole = u"HKEY_LOCAL_MACHINE";
+    } else if (const OpenKey *open = openKey(key)) {
+        whole = open->path;
+    } else {
+        return std::nullopt;
+    }
+    if (const std::u16string_view below = textOf(path); !below.empty()) {
+        whole.append(u"\\").append(below);
+    }
+    return whole;
+}
+
+HKEY addOpenKey(std::u16string path, bool changed)
+{
+    Registry &registry = theRegistry();
+    const HKEY handle{registry.nextHandle++};
+    registry.openKeys.emplace(handle.value, OpenKey{std::move(path), changed});
+    return handle;
+}
+
+bool exists(const std::u16string &path)
+{
+    Hive &hive = theRegistry().hive;
+    return hive.find(path) != nullptr || hive.holdsAny(path + u'\\');
+}
+
+/// The value of an opened key; null when there is none.
+Value *findValue(const OpenKey &open, LPCWSTR name)
+{
+    Key *key = theRegistry().hive.find(open.path);
+    return key == nullptr ? nullptr : key->values.find(textOf(name));
+}
+
+} // namespace
+
+void registry::reset() { loaded.reset(); }
+
+LONG RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD /*reserved*/, LPWSTR /*className*/,
+                     DWORD /*options*/, DWORD /*access*/, SECURITY_ATTRIBUTES * /*attributes*/,
+                     HKEY *result, DWORD *disposition)
+{
+    std::optional<std::u16string> whole = wholePath(key, path);
+    if (!whole) {
+        return ERROR_INVALID_HANDLE;
+    }
+    if (result == nullptr || !isName(*whole)) {
+        return ERROR_INVALID_PARAMETER;
+    }
+    const bool isNew = !exists(*whole);
+    if (isNew) {
+        theRegistry().hive.obtain(*whole);
+    }
+    if (disposition != nullptr) {
+        *disposition = isNew ? REG_CREATED_NEW_KEY : REG_OPENED_EXISTING_KEY;
+    }
+    *result = addOpenKey(std::move(*whole), isNew);
+    return ERROR_SUCCESS;
+}
+
+LONG RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD /*options*/, DWORD /*access*/, HKEY *result)
+{
+    std::optional<std::u16string> whole = wholePath(key, path);
+    if (!whole) {
+        return ERROR_INVALID_HANDLE;
+    }
+    if (result == nullptr) {
+        return ERROR_INVALID_PARAMETER;
+    }
+    if (!exists(*whole)) {
+        return ERROR_FILE_NOT_FOUND;
+    }
+    *result = addOpenKey(std::move(*whole), false);
+    return ERROR_SUCCESS;
+}
+
+LONG RegCloseKey(HKEY key)
+{
+    const OpenKey *open = openKey(key);
+    if (open == nullptr) {
+        return ERROR_INVALID_HANDLE;
+    }
+    if (open->changed) {
+        save(theRegistry());
+    }
+    theRegistry().openKeys.erase(key.value);
+    return ERROR_SUCCESS;
+}
+
+LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD * /*reserved*/, DWORD *type, BYTE *data,
+                      DWORD *size)
+{
+    const OpenKey *open = openKey(key);
+    if (open == nullptr) {
+        return ERROR_INVALID_HANDLE;
+    }
+    if (data != nullptr && size == nullptr) {
+        return ERROR_INVALID_PARAMETER;
+    }
+    const Value *value = findValue(*open, name);
+    if (value == nullptr) {
+        return ERROR_FILE_NOT_FOUND;
+    }
+    if (type != nullptr) {
+        *type = value->type;
+    }
+    if (size == nullptr) {
+        return ERROR_SUCCESS;
+    }
+    const DWORD capacity = *size;
+    *size = static_cast<DWORD>(value->data.size());
+    if (data == nullptr) {
+        return ERROR_SUCCESS;
+    }
+    if (value->data.size() > capacity) {
+        return ERROR_MORE_DATA;
+    }
+    std::copy(value->data.begin(), value->data.end(), data);
+    return ERROR_SUCCESS;
+}
+
+LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD /*reserved*/, DWORD type, const BYTE *data,
+                    DWORD size)
+{
+    OpenKey *open = openKey(key);
+    if (open == nullptr) {
+        return ERROR_INVALID_HANDLE;
+    }
+    if ((data == nullptr && size > 0) || !isName(textOf(name))) {
+        return ERROR_INVALID_PARAMETER;
+    }
+    Value &value = theRegistry().hive.obtain(open->path).values.obtain(textOf(name));
+    value.type = type;
+    value.data.assign(data, data + size);
+    open->changed = true;
+    return ERROR_SUCCESS;
+}
+
+LONG RegDeleteValueW(HKEY key, LPCWSTR name)
+{
+    OpenKey *open = openKey(key);
+    if (open == nullptr) {
+        return ERROR_INVALID_HANDLE;
+    }
+    Key *holder = theRegistry().hive.find(open->path);
+    if (holder == nullptr || !holder->values.erase(textOf(name))) {
+        return ERROR_FILE_NOT_FOUND;
+    }
+    open->changed = true;
+    return ERROR_SUCCESS;
+}

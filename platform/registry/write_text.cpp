@@ -1,0 +1,117 @@
+// Writes the registry's file.
+#include "registry/text.h"
+
+#include <optional>
+#include <string_view>
+
+#include "registry/encoding.h"
+#include "winreg.h"
+
+namespace registry {
+
+namespace {
+
+constexpr std::size_t widestLine = 80;
+
+void appendHex(std::string &out, std::uint32_t number, int digits)
+{
+    for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) {
+        out += "0123456789abcdef"[number >> static_cast<unsigned>(shift) & 0xFU];
+    }
+}
+
+void appendQuoted(std::string &out, std::u16string_view text)
+{
+    out += '"';
+    for (const char unit : toUtf8(text)) {
+        if (unit == '"' || unit == '\\') {
+            out += '\\';
+        }
+        out += unit;
+    }
+    out += '"';
+}
+
+/// The text of a value that can stand between quotes: one line, terminated once.
+std::optional<std::u16string> plainText(const Value &value)
+{
+    const std::vector<std::uint8_t> &data = value.data;
+    if (value.type != REG_SZ || data.size() < 2 || data.size() % 2 != 0) {
+        return std::nullopt;
+    }
+    std::u16string text;
+    for (std::size_t i = 0; i < data.size(); i += 2) {
+        text += static_cast<char16_t>(data[i] | data[i + 1] << 8);
+    }
+    if (text.find_first_of(std::u16string_view(u"\0\r\n", 3)) != text.size() - 1 ||
+        text.back() != 0) {
+        return std::nullopt;
+    }
+    text.pop_back();
+    return text;
+}
+
+void appendBytes(std::string &out, const Value &value)
+{
+    std::size_t lineStart = out.rfind('\n') + 1;
+    out += "hex";
+    if (value.type != REG_BINARY) {
+        int digits = 1;
+        while (digits < 8 && value.type >> (4 * digits) != 0) {
+            ++digits;
+        }
+        out += '(';
+        appendHex(out, value.type, digits);
+        out += ')';
+    }
+    out += ':';
+    for (std::size_t i = 0; i < value.data.size(); ++i) {
+        if (i > 0) {
+            out += ',';
+        }
+        // Room is kept for a byte, its comma and the backslash.
+        if (out.size() - lineStart + 4 > widestLine) {
+            out += "\\\n";
+            lineStart = out.size();
+            out += "  ";
+        }
+        appendHex(out, value.data[i], 2);
+    }
+}
+
+void appendValue(std::string &out, const Value &value)
+{
+    if (value.name.empty()) {
+        out += '@';
+    } else {
+        appendQuoted(out, value.name);
+    }
+    out += '=';
+    if (const std::optional<std::u16string> text = plainText(value)) {
+        appendQuoted(out, *text);
+    } else if (value.type == REG_DWORD && value.data.size() == 4) {
+        out += "dword:";
+        for (std::size_t i = 4; i-- > 0;) {
+            appendHex(out, value.data[i], 2);
+        }
+    } else {
+        appendBytes(out, value);
+    }
+    out += '\n';
+}
+
+} // namespace
+
+std::string writeText(const Hive &hive)
+{
+    std::string out = "Windows Registry Editor Version 5.00\n";
+    for (const Key &key : hive) {
+        out += "\n[" + toUtf8(key.name) + "]\n";
+        for (const Value &value : key.values) {
+            appendValue(out, value);
+        }
+    }
+    return out;
+}
+
+} // namespace registry

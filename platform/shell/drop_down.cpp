@@ -1,0 +1,388 @@
+// Menu tracking. The loop takes keys and stylus for the menu; everything else goes on meanwhile:
+// timers run, and what they bring about may close the menu, the bar or the program.
+#include "shell/drop_down.h"
+
+#include <algorithm>
+
+#include "gdi/screen.h"
+#include "shell/menu_bar.h"
+#include "user/controls.h"
+#include "user/menu.h"
+#include "user/theme.h"
+
+namespace shell {
+
+namespace {
+
+constexpr int itemHeight = 20;
+constexpr int separatorHeight = 7;
+constexpr int padding = 12;
+constexpr int leastWidth = 100;
+
+/// The drop-down that is open, while its loop runs.
+struct Tracking
+{
+    HWND bar{};
+    int button = -1;
+    HMENU menu{};
+    HWND window{};
+    int marked = -1;        ///< the item under the stylus, or that the keys have gone to
+    bool stylusDown = true; ///< it went down on the bar or the drop-down
+    bool done = false;
+    UINT command = 0; ///< chosen
+};
+
+Tracking *tracking = nullptr;
+
+const std::vector<menus::Item> &itemsOf(HMENU menu)
+{
+    static const std::vector<menus::Item> none;
+    const menus::Menu *found = menus::find(menu);
+    return found ? found->items : none;
+}
+
+// Places and looks ---------------------------------------------------------------------------
+
+int heightOf(const menus::Item &item) { return item.separator() ? separatorHeight : itemHeight; }
+
+/// Pixels of the drop-down.
+RECT itemRect(HMENU menu, std::size_t index, LONG width)
+{
+    LONG top = 1;
+    const auto &items = itemsOf(menu);
+    for (std::size_t i = 0; i < index; ++i) {
+        top += heightOf(items[i]);
+    }
+    return {1, top, width - 1, top + heightOf(items[index])};
+}
+
+RECT windowRect(HMENU menu, const RECT &button)
+{
+    int width = leastWidth;
+    int height = 2;
+    for (const menus::Item &item : itemsOf(menu)) {
+        const SIZE text = theme::measureText(item.text, gdi::screen().width, DT_SINGLELINE);
+        width = std::max<int>(width, text.cx + 2 * padding);
+        height += heightOf(item);
+    }
+    const LONG left = std::min<LONG>(button.left, gdi::screen().width - width);
+    return {left, button.top - height, left + width, button.top};
+}
+
+void paintItem(HDC dc, const menus::Item &item, RECT rect, bool marked)
+{
+    if (item.separator()) {
+        const LONG y = (rect.top + rect.bottom) / 2;
+        theme::fill(dc, {rect.left + 3, y, rect.right - 3, y + 1}, theme::lineSoft);
+        return;
+    }
+    if (marked) {
+        theme::fill(dc, rect, theme::accent);
+    }
+    rect.left += padding - 1;
+    theme::drawText(dc, item.text, rect, DT_VCENTER | DT_SINGLELINE,
+                    item.grayed() ? theme::textGrayed
+                    : marked      ? theme::accentText
+                                  : theme::text);
+}
+
+void paint(HWND window)
+{
+    const theme::Painting painting(window);
+    const RECT rect = controls::clientRect(window);
+    theme::fill(painting.dc, rect, theme::page);
+    theme::drawFrame(painting.dc, rect, theme::frame);
+    if (!tracking || tracking->window != window) {
+        return;
+    }
+    const auto &items = itemsOf(tracking->menu);
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        paintItem(painting.dc, items[i], itemRect(tracking->menu, i, rect.right),
+                  static_cast<int>(i) == tracking->marked);
+    }
+}
+
+LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_PAINT) {
+        paint(window);
+        return 0;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+// Opening and closing ------------------------------------------------------------------------
+
+RECT buttonRect(HWND bar, int button)
+{
+    RECT rect = buttonsOf(bar)[static_cast<std::size_t>(button)].rect;
+    RECT screen;
+    GetWindowRect(bar, &screen);
+    OffsetRect(&rect, screen.left, screen.top);
+    rect.top = screen.top;
+    return rect;
+}
+
+void hide(Tracking &state)
+{
+    const HWND window = state.window;
+    state.window = {};
+    DestroyWindow(window);
+    markButton(state.bar, -1);
+}
+
+void finish(Tracking &state, UINT command)
+{
+    state.done = true;
+    state.command = command;
+    hide(state);
+}
+
+/// Tells the program, which may gray items or even close the bar, and shows the drop-down.
+void open(Tracking &state, int button)
+{
+    hide(state);
+    const HWND parent = GetParent(state.bar);
+    state.button = button;
+    state.menu = buttonsOf(state.bar)[static_cast<std::size_t>(button)].dropDown;
+    state.marked = -1;
+    SendMessageW(parent, WM_INITMENUPOPUP, state.menu.value, button);
+    if (state.done || IsWindowVisible(state.bar) == FALSE) {
+        state.done = true;
+        return;
+    }
+    const RECT rect = windowRect(state.menu, buttonRect(state.bar, button));
+    state.window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_NOACTIVATE, u"DropDown", u"", WS_POPUP,
+                                   rect.left, rect.top, rect.right - rect.left,
+                                   rect.bottom - rect.top, state.bar, {}, {}, nullptr);
+    ShowWindow(state.window, SW_SHOWNA);
+    markButton(state.bar, button);
+}
+
+// Input --------------------------------------------------------------------------------------
+
+void mark(Tracking &state, int index)
+{
+    if (state.marked != index) {
+        state.marked = index;
+        InvalidateRect(state.window, nullptr, FALSE);
+    }
+}
+
+bool canBeChosen(const menus::Item &item) { return !item.separator() && !item.grayed(); }
+
+void choose(Tracking &state, int index)
+{
+    const auto &items = itemsOf(state.menu);
+    if (index >= 0 && canBeChosen(items[static_cast<std::size_t>(index)])) {
+        finish(state, items[static_cast<std::size_t>(index)].id);
+    }
+}
+
+/// The item at a point of the screen, or -1.
+int itemAt(const Tracking &state, POINT point)
+{
+    RECT window;
+    if (GetWindowRect(state.window, &window) == FALSE || PtInRect(&window, point) == FALSE) {
+        return -1;
+    }
+    const POINT inside{point.x - window.left, point.y - window.top};
+    for (std::size_t i = 0; i < itemsOf(state.menu).size(); ++i) {
+        const RECT rect = itemRect(state.menu, i, window.right - window.left);
+        if (PtInRect(&rect, inside) != FALSE) {
+            return static_cast<int>(i);
+        }
+    }
+    return -1;
+}
+
+/// The button of the bar at a point of the screen, or -1.
+int buttonAt(const Tracking &state, POINT point)
+{
+    for (std::size_t i = 0; i < buttonsOf(state.bar).size(); ++i) {
+        const RECT rect = buttonRect(state.bar, static_cast<int>(i));
+        if (PtInRect(&rect, point) != FALSE) {
+            return static_cast<int>(i);
+        }
+    }
+    return -1;
+}
+
+bool onDropDown(const Tracking &state, POINT point)
+{
+    RECT window;
+    return GetWindowRect(state.window, &window) != FALSE && PtInRect(&window, point) != FALSE;
+}
+
+void stylusDown(Tracking &state, POINT point)
+{
+    state.stylusDown = true;
+    SetCapture(state.bar);
+    if (onDropDown(state, point)) {
+        mark(state, itemAt(state, point));
+        return;
+    }
+    const int button = buttonAt(state, point);
+    if (button >= 0 && button != state.button) {
+        open(state, button);
+    } else {
+        finish(state, 0);
+    }
+}
+
+void stylusUp(Tracking &state, POINT point)
+{
+    state.stylusDown = false;
+    ReleaseCapture();
+    if (onDropDown(state, point)) {
+        choose(state, itemAt(state, point));
+    } else if (buttonAt(state, point) != state.button) {
+        finish(state, 0);
+    }
+}
+
+/// Goes to the next item that can be chosen, up or down and round.
+void moveMark(Tracking &state, int step)
+{
+    const auto &items = itemsOf(state.menu);
+    const int count = static_cast<int>(items.size());
+    int index = state.marked < 0 && step < 0 ? count : state.marked;
+    for (int i = 0; i < count; ++i) {
+        index = (index + step + count) % count;
+        if (canBeChosen(items[static_cast<std::size_t>(index)])) {
+            mark(state, index);
+            return;
+        }
+    }
+}
+
+void moveToButton(Tracking &state, int step)
+{
+    const int count = static_cast<int>(buttonsOf(state.bar).size());
+    open(state, (state.button + step + count) % count);
+    moveMark(state, 1);
+}
+
+void key(Tracking &state, WPARAM code)
+{
+    switch (code) {
+    case VK_UP:
+        moveMark(state, -1);
+        break;
+    case VK_DOWN:
+        moveMark(state, 1);
+        break;
+    case VK_LEFT:
+        moveToButton(state, -1);
+        break;
+    case VK_RIGHT:
+        moveToButton(state, 1);
+        break;
+    case VK_RETURN:
+        choose(state, state.marked);
+        break;
+    case VK_ESCAPE:
+    case VK_APP1: // the application buttons get rid of a menu, too
+    case VK_APP2:
+    case VK_APP3:
+    case VK_APP4:
+        finish(state, 0);
+        break;
+    default:
+        break;
+    }
+}
+
+/// Keys and stylus are the menu's alone while it is open; true for those.
+bool handleInput(Tracking &state, const MSG &message)
+{
+    POINT point = controls::pointOf(message.lParam);
+    ClientToScreen(message.hwnd, &point);
+    switch (message.message) {
+    case WM_LBUTTONDOWN:
+        stylusDown(state, point);
+        return true;
+    case WM_MOUSEMOVE:
+        if (state.stylusDown) {
+            mark(state, itemAt(state, point));
+        }
+        return true;
+    case WM_LBUTTONUP:
+        stylusUp(state, point);
+        return true;
+    case WM_KEYDOWN:
+        key(state, message.wParam);
+        return true;
+    case WM_KEYUP:
+    case WM_CHAR:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+void registerDropDown()
+{
+    tracking = nullptr;
+    user::registerSystemClass(u"DropDown", procedure);
+}
+
+void trackMenu(HWND bar, int button)
+{
+    if (tracking) {
+        return;
+    }
+    const HWND parent = GetParent(bar);
+    Tracking state;
+    state.bar = bar;
+    tracking = &state;
+    SetCapture(bar); // so that every move and the lift are told, wherever they are
+    open(state, button);
+    while (!state.done && IsWindow(state.bar) != FALSE) {
+        MSG message;
+        if (GetMessageW(&message, {}, 0, 0) == 0) {
+            PostQuitMessage(static_cast<int>(message.wParam)); // for the loop outside of this
+            break;
+        }
+        if (!handleInput(state, message)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+    hide(state);
+    tracking = nullptr;
+    if (state.command != 0) {
+        PostMessageW(parent, WM_COMMAND, MAKEWPARAM(static_cast<WORD>(state.command), 0), 0);
+    }
+}
+
+void cancelMenu()
+{
+    if (tracking && !tracking->done) {
+        finish(*tracking, 0);
+        PostMessageW(tracking->bar, WM_NULL, 0, 0); // its loop may be waiting for a message
+    }
+}
+
+bool menuIsOpen() { return tracking && tracking->window; }
+
+std::optional<ItemPlace> openItem(UINT command)
+{
+    RECT window;
+    if (!menuIsOpen() || GetWindowRect(tracking->window, &window) == FALSE) {
+        return std::nullopt;
+    }
+    const auto &items = itemsOf(tracking->menu);
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (items[i].id == command && !items[i].separator()) {
+            RECT rect = itemRect(tracking->menu, i, window.right - window.left);
+            OffsetRect(&rect, window.left, window.top);
+            return ItemPlace{rect, items[i].grayed()};
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace shell

@@ -1,0 +1,66 @@
+#include "shell/input_panel.h"
+
+#include "shell/soft_keyboard.h"
+#include "user/controls.h"
+
+namespace shell {
+
+namespace {
+
+bool extraControlsRegistered = false;
+bool raisedByPreference = false;
+
+LRESULT CALLBACK preferenceProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return message == WM_GETDLGCODE ? DLGC_STATIC : DefWindowProcW(window, message, wParam, lParam);
+}
+
+bool dialogHasPreference(HWND window)
+{
+    const user::Window *found = user::find(window);
+    if (!found || !found->parent) {
+        return false;
+    }
+    for (const user::Window *sibling : found->parent->children) {
+        if (sibling->windowClass->procedure == preferenceProcedure) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+void switchOnInputPanel()
+{
+    extraControlsRegistered = false;
+    raisedByPreference = false;
+    registerSoftKeyboard();
+}
+
+void setInputPanel(bool up)
+{
+    raisedByPreference = false;
+    up ? raiseSoftKeyboard() : lowerSoftKeyboard();
+}
+
+void inputPanelFocusMoved(HWND window)
+{
+    if (controls::isEdit(window) && dialogHasPreference(window)) {
+        raiseSoftKeyboard();
+        raisedByPreference = true;
+    } else if (raisedByPreference) {
+        setInputPanel(false);
+    }
+}
+
+void registerExtraControls()
+{
+    if (!extraControlsRegistered) {
+        extraControlsRegistered = true;
+        controls::registerCapEdit();
+        user::registerSystemClass(u"SIPPREF", preferenceProcedure);
+    }
+}
+
+} // namespace shell

@@ -1,0 +1,34 @@
+// Menu bars: one for each window that asked for one, at the bottom of the screen.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "winuser.h"
+
+namespace shell {
+
+struct MenuBarButton
+{
+    std::u16string text;
+    UINT command = 0;
+    HMENU dropDown{};
+    RECT rect{}; ///< pixels of the bar
+};
+
+void registerMenuBar();
+/// A hidden menu bar for `parent`, which owns it; it owns `menu` in turn.
+HWND createMenuBar(HWND parent, HMENU menu, std::vector<MenuBarButton> buttons);
+/// Shows the bar of the active window, or of the window that owns it, and hides the others.
+void updateMenuBars();
+/// Moves the bars to the screen's last rows.
+void placeMenuBars();
+
+/// The bar that can be seen, or none.
+HWND shownMenuBar();
+const std::vector<MenuBarButton> &buttonsOf(HWND bar);
+/// Draws button `index` (-1: none) as the one whose drop-down is open.
+void markButton(HWND bar, int index);
+
+} // namespace shell

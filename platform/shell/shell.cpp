@@ -1,0 +1,62 @@
+// The shell is told here what happens to windows, and passes it on to its parts.
+#include "shell/shell.h"
+
+#include "handheld.h"
+#include "shell/drop_down.h"
+#include "shell/input_panel.h"
+#include "shell/menu_bar.h"
+#include "shell/soft_keyboard.h"
+#include "shell/title_bar.h"
+#include "user/combobox.h"
+#include "user/controls.h"
+#include "user/dialog.h"
+#include "user/icon.h"
+#include "user/menu.h"
+
+namespace shell {
+
+void switchOn()
+{
+    controls::registerButton();
+    controls::registerStatic();
+    controls::registerEdit();
+    comboboxes::registerClasses();
+    dialogs::registerClass();
+    registerMenuBar();
+    registerDropDown();
+    switchOnInputPanel();
+    createTitleBar();
+}
+
+void switchOff()
+{
+    menus::reset();
+    user::forgetIcons();
+}
+
+void activeWindowChanged()
+{
+    if (GetActiveWindow() != GetParent(shownMenuBar())) {
+        cancelMenu();
+    }
+    updateTitleBar();
+    updateMenuBars();
+}
+
+void displayTurned()
+{
+    cancelMenu();
+    comboboxes::closeListUnless({});
+    placeTitleBar();
+    placeMenuBars();
+    placeSoftKeyboard();
+}
+
+void focusMoved(HWND window)
+{
+    handheld::host().wantText(controls::isEdit(window));
+    dialogs::focusMoved(window);
+    inputPanelFocusMoved(window);
+}
+
+} // namespace shell

@@ -1,0 +1,226 @@
+// The soft keyboard types into whatever has the focus: characters as WM_CHAR, the other keys as a
+// real keyboard's.
+#include "shell/soft_keyboard.h"
+
+#include <array>
+#include <vector>
+
+#include "gdi/screen.h"
+#include "shell/shell.h"
+#include "user/controls.h"
+#include "user/theme.h"
+
+namespace shell {
+
+namespace {
+
+constexpr int rowHeight = 17;
+constexpr int rowCount = 5;
+constexpr int panelHeight = rowCount * rowHeight + 2;
+constexpr int unitsAcross = 24; ///< half keys in a row
+
+/// What a key gives: a character, another with Shift, or a key of its own.
+struct Key
+{
+    char16_t plain = 0;
+    char16_t shifted = 0;
+    WORD code = 0;               ///< without characters
+    const char16_t *label = u""; ///< of a key without characters
+    int units = 2;               ///< its width
+};
+
+constexpr Key special(WORD code, const char16_t *label, int units)
+{
+    return {0, 0, code, label, units};
+}
+
+using Row = std::vector<Key>;
+
+/// A row's characters, as many shifted as plain ones, between two special keys or none.
+Row makeRow(const Key *before, std::u16string_view plain, std::u16string_view shifted,
+            const Key *after)
+{
+    Row row;
+    if (before) {
+        row.push_back(*before);
+    }
+    for (std::size_t i = 0; i < plain.size(); ++i) {
+        row.push_back({plain[i], shifted[i], 0, u"", 2});
+    }
+    if (after) {
+        row.push_back(*after);
+    }
+    return row;
+}
+
+const std::array<Row, rowCount> &rows()
+{
+    static constexpr Key back = special(VK_BACK, u"\x2190", 2);
+    static constexpr Key tab = special(VK_TAB, u"Tab", 4);
+    static constexpr Key enter = special(VK_RETURN, u"Enter", 4);
+    static constexpr Key shift = special(VK_SHIFT, u"Shift", 4);
+    static const std::array<Row, rowCount> all = {
+        makeRow(nullptr, u"1234567890-", u"!@#$%^&*()_", &back),
+        makeRow(&tab, u"qwertyuiop", u"QWERTYUIOP", nullptr),
+        makeRow(nullptr, u"asdfghjkl'", u"ASDFGHJKL\"", &enter),
+        makeRow(&shift, u"zxcvbnm,.?", u"ZXCVBNM;:/", nullptr),
+        Row{special(VK_LEFT, u"<", 4),
+            special(VK_RIGHT, u">", 4),
+            {u' ', u' ', 0, u"", 12},
+            special(VK_DELETE, u"Del", 4)}};
+    return all;
+}
+
+struct SoftKeyboard final : user::WindowData
+{
+    bool shift = false;           ///< the next character is a shifted one
+    const Key *pressed = nullptr; ///< under the stylus
+};
+
+HWND panel{};
+
+SoftKeyboard *data() { return controls::dataOf<SoftKeyboard>(panel); }
+
+// Places and looks ---------------------------------------------------------------------------
+
+/// Calls `visit` with each key and its rectangle.
+template <class Visit>
+void forEachKey(Visit visit)
+{
+    const LONG width = gdi::screen().width;
+    for (int y = 0; y < rowCount; ++y) {
+        int units = 0;
+        for (const Key &key : rows()[static_cast<std::size_t>(y)]) {
+            const LONG top = 1 + y * rowHeight;
+            visit(key, RECT{units * width / unitsAcross, top,
+                            (units + key.units) * width / unitsAcross, top + rowHeight});
+            units += key.units;
+        }
+    }
+}
+
+void paintKey(HDC dc, const Key &key, RECT rect, bool shift, bool marked)
+{
+    InflateRect(&rect, -1, 0);
+    rect.bottom -= 1;
+    if (marked) {
+        theme::drawFace(dc, rect, theme::frame, theme::accent, theme::accent);
+    } else {
+        theme::drawFace(dc, rect, theme::line, theme::page, theme::faceUpper);
+    }
+    const char16_t character = shift ? key.shifted : key.plain;
+    const std::u16string_view label =
+        character != 0 ? std::u16string_view(&character, 1) : std::u16string_view(key.label);
+    theme::drawText(dc, label, rect, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX,
+                    marked ? theme::accentText : theme::text);
+}
+
+void paint(HWND window, const SoftKeyboard &keyboard)
+{
+    const theme::Painting painting(window);
+    const RECT rect = controls::clientRect(window);
+    theme::fill(painting.dc, rect, theme::faceLower);
+    theme::fill(painting.dc, {0, 0, rect.right, 1}, theme::line);
+    forEachKey([&](const Key &key, const RECT &place) {
+        const bool marked = &key == keyboard.pressed || (key.code == VK_SHIFT && keyboard.shift);
+        paintKey(painting.dc, key, place, keyboard.shift, marked);
+    });
+}
+
+// Typing -------------------------------------------------------------------------------------
+
+void type(SoftKeyboard &keyboard, const Key &key)
+{
+    const HWND focus = GetFocus();
+    if (key.code == VK_SHIFT) {
+        keyboard.shift = !keyboard.shift;
+    } else if (key.code != 0) {
+        PostMessageW(focus, WM_KEYDOWN, key.code, 0);
+        PostMessageW(focus, WM_KEYUP, key.code, 0);
+    } else {
+        PostMessageW(focus, WM_CHAR, keyboard.shift ? key.shifted : key.plain, 0);
+        keyboard.shift = false;
+    }
+}
+
+const Key *keyAt(POINT point)
+{
+    const Key *found = nullptr;
+    forEachKey([&](const Key &key, const RECT &rect) {
+        if (PtInRect(&rect, point) != FALSE) {
+            found = &key;
+        }
+    });
+    return found;
+}
+
+void stylus(HWND window, SoftKeyboard &keyboard, UINT message, LPARAM lParam)
+{
+    if (message == WM_LBUTTONDOWN) {
+        SetCapture(window);
+        keyboard.pressed = keyAt(controls::pointOf(lParam));
+        if (keyboard.pressed) {
+            type(keyboard, *keyboard.pressed);
+        }
+    } else {
+        keyboard.pressed = nullptr;
+    }
+    InvalidateRect(window, nullptr, FALSE);
+}
+
+LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_CREATE) {
+        user::find(window)->data = std::make_unique<SoftKeyboard>();
+        return 0;
+    }
+    auto *keyboard = controls::dataOf<SoftKeyboard>(window);
+    switch (message) {
+    case WM_PAINT:
+        paint(window, *keyboard);
+        return 0;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+        stylus(window, *keyboard, message, lParam);
+        return 0;
+    default:
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
+}
+
+} // namespace
+
+void registerSoftKeyboard()
+{
+    panel = {};
+    user::registerSystemClass(u"SoftKeyboard", procedure);
+}
+
+void raiseSoftKeyboard()
+{
+    if (!data()) {
+        panel = CreateWindowExW(WS_EX_TOPMOST | WS_EX_NOACTIVATE, u"SoftKeyboard", u"", WS_POPUP, 0,
+                                0, 0, panelHeight, {}, {}, {}, nullptr);
+        placeSoftKeyboard();
+    }
+    ShowWindow(panel, SW_SHOWNA);
+}
+
+void lowerSoftKeyboard()
+{
+    if (SoftKeyboard *keyboard = data()) {
+        *keyboard = {};
+        ShowWindow(panel, SW_HIDE);
+    }
+}
+
+void placeSoftKeyboard()
+{
+    if (data()) {
+        SetWindowPos(panel, {}, 0, gdi::screen().height - menuBarHeight - panelHeight,
+                     gdi::screen().width, panelHeight, SWP_NOZORDER | SWP_NOACTIVATE);
+        InvalidateRect(panel, nullptr, FALSE);
+    }
+}
+
+} // namespace shell

@@ -1,0 +1,156 @@
+// The system's text functions.
+#include "text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdarg>
+#include <limits>
+#include <string>
+
+#include "winbase.h"
+
+namespace {
+
+WCHAR upper(WCHAR unit)
+{
+    return unit >= u'a' && unit <= u'z' ? static_cast<WCHAR>(unit - (u'a' - u'A')) : unit;
+}
+
+bool isDigit(WCHAR unit) { return unit >= u'0' && unit <= u'9'; }
+
+/// Writes a result of limited length, leaving room for the terminator.
+class Writer
+{
+public:
+    explicit Writer(LPWSTR buffer) : buffer_(buffer) {}
+
+    void put(WCHAR unit)
+    {
+        if (length_ < capacity - 1) {
+            buffer_[length_++] = unit;
+        }
+    }
+    void put(std::u16string_view text, int width, WCHAR fill)
+    {
+        for (int i = static_cast<int>(text.size()); i < width; ++i) {
+            put(fill);
+        }
+        for (const WCHAR unit : text) {
+            put(unit);
+        }
+    }
+    int finish()
+    {
+        buffer_[length_] = 0;
+        return length_;
+    }
+
+private:
+    static constexpr int capacity = 1024;
+    LPWSTR buffer_;
+    int length_ = 0;
+};
+
+void putNumber(Writer &out, long long value, int width, bool zeros)
+{
+    if (zeros && value < 0) {
+        out.put(u'-');
+        value = -value;
+        --width;
+    }
+    std::array<char, 24> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    const std::u16string number(digits.data(), end);
+    out.put(number, width, zeros ? u'0' : u' ');
+}
+
+} // namespace
+
+bool text::sameName(std::u16string_view a, std::u16string_view b)
+{
+    return std::ranges::equal(a, b, {}, upper, upper);
+}
+
+int lstrlenW(LPCWSTR text) { return text ? static_cast<int>(std::u16string_view(text).size()) : 0; }
+
+LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int capacity)
+{
+    if (!target || !source || capacity <= 0) {
+        return nullptr;
+    }
+    const std::u16string_view text = source;
+    const auto length = std::min(text.size(), static_cast<std::size_t>(capacity - 1));
+    target[text.copy(target, length)] = 0;
+    return target;
+}
+
+LPWSTR _itow(int value, LPWSTR buffer, int radix)
+{
+    std::array<char, 33> digits;
+    char *const begin = digits.data();
+    // Only decimal numbers carry a sign; in any other radix the bits are shown.
+    const auto end =
+        radix == 10
+            ? std::to_chars(begin, begin + digits.size(), value).ptr
+            : std::to_chars(begin, begin + digits.size(), static_cast<unsigned>(value), radix).ptr;
+    *std::copy(begin, end, buffer) = 0;
+    return buffer;
+}
+
+int _wtoi(LPCWSTR text)
+{
+    if (!text) {
+        return 0;
+    }
+    while (*text == u' ' || (*text >= u'\t' && *text <= u'\r')) {
+        ++text;
+    }
+    const bool negative = *text == u'-';
+    if (negative || *text == u'+') {
+        ++text;
+    }
+    using Limits = std::numeric_limits<int>;
+    const long long largest = negative ? -static_cast<long long>(Limits::min()) : Limits::max();
+    long long value = 0;
+    for (; isDigit(*text); ++text) {
+        value = std::min(value * 10 + (*text - u'0'), largest);
+    }
+    return static_cast<int>(negative ? -value : value);
+}
+
+int wsprintfW(LPWSTR buffer, LPCWSTR format, ...)
+{
+    Writer out(buffer);
+    va_list arguments;
+    va_start(arguments, format);
+    for (; *format; ++format) {
+        if (*format != u'%') {
+            out.put(*format);
+            continue;
+        }
+        ++format;
+        const bool zeros = *format == u'0';
+        int width = 0;
+        for (; isDigit(*format); ++format) {
+            width = std::min(width * 10 + (*format - u'0'), 1024);
+        }
+        if (*format == u'd') {
+            putNumber(out, va_arg(arguments, int), width, zeros);
+        } else if (*format == u'u') {
+            putNumber(out, va_arg(arguments, unsigned), width, zeros);
+        } else if (*format == u'c') {
+            const auto unit = static_cast<WCHAR>(va_arg(arguments, int));
+            out.put({&unit, 1}, width, u' ');
+        } else if (*format == u's') {
+            const auto *text = va_arg(arguments, LPCWSTR);
+            out.put(text ? text : u"(null)", width, u' ');
+        } else if (*format) {
+            out.put(*format);
+        } else {
+            break;
+        }
+    }
+    va_end(arguments);
+    return out.finish();
+}

@@ -1,0 +1,8 @@
+// The accelerators' place in the life of the handheld.
+#pragma once
+
+namespace user {
+
+void forgetAccelerators();
+
+} // namespace user

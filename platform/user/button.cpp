@@ -1,0 +1,146 @@
+// BUTTON: push buttons, pressed by the stylus, the space bar or BM_CLICK; Enter presses the default
+// one, which is the dialog's business.
+#include "user/controls.h"
+#include "user/theme.h"
+
+namespace controls {
+
+namespace {
+
+struct ButtonData final : user::WindowData
+{
+    bool pressed = false;  ///< drawn pushed in
+    bool tracking = false; ///< the stylus went down on it
+    bool key = false;      ///< the space bar went down on it
+};
+
+bool isDefault(HWND button)
+{
+    return (static_cast<DWORD>(GetWindowLongW(button, GWL_STYLE)) & 0xFU) == BS_DEFPUSHBUTTON;
+}
+
+void setPressed(HWND button, ButtonData &data, bool pressed)
+{
+    if (data.pressed != pressed) {
+        data.pressed = pressed;
+        InvalidateRect(button, nullptr, FALSE);
+    }
+}
+
+void paint(HWND button, const ButtonData &data)
+{
+    const theme::Painting painting(button);
+    RECT rect = clientRect(button);
+    theme::fill(painting.dc, rect, theme::page);
+    const bool enabled = IsWindowEnabled(button) != FALSE;
+    const COLORREF outline = !enabled ? theme::lineSoft : theme::frame;
+    if (data.pressed) {
+        theme::drawFace(painting.dc, rect, outline, theme::accent, theme::accent);
+    } else {
+        theme::drawFace(painting.dc, rect, outline, theme::faceUpper, theme::faceLower);
+    }
+    if (isDefault(button) && enabled) {
+        RECT inner = rect;
+        InflateRect(&inner, -1, -1);
+        theme::drawFrame(painting.dc, inner, theme::accent);
+    }
+    const COLORREF colour = !enabled       ? theme::textGrayed
+                            : data.pressed ? theme::accentText
+                                           : theme::text;
+    theme::drawText(painting.dc, user::find(button)->text, rect,
+                    DT_CENTER | DT_VCENTER | DT_SINGLELINE, colour);
+}
+
+LRESULT stylus(HWND button, ButtonData &data, UINT message, LPARAM lParam)
+{
+    const RECT rect = clientRect(button);
+    const bool inside = PtInRect(&rect, pointOf(lParam)) != FALSE;
+    switch (message) {
+    case WM_LBUTTONDOWN:
+        data.tracking = true;
+        SetCapture(button);
+        setPressed(button, data, true);
+        SetFocus(button);
+        break;
+    case WM_MOUSEMOVE:
+        setPressed(button, data, data.tracking && inside);
+        break;
+    default: // WM_LBUTTONUP
+        const bool clicked = data.tracking && inside;
+        data.tracking = false;
+        setPressed(button, data, false);
+        ReleaseCapture();
+        if (clicked) {
+            notify(button, BN_CLICKED);
+        }
+        break;
+    }
+    return 0;
+}
+
+LRESULT spaceBar(HWND button, ButtonData &data, bool down)
+{
+    const bool clicked = data.key && !down;
+    data.key = down;
+    setPressed(button, data, down);
+    if (clicked) {
+        notify(button, BN_CLICKED);
+    }
+    return 0;
+}
+
+LRESULT CALLBACK buttonProcedure(HWND button, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    user::Window *window = user::find(button);
+    if (message == WM_CREATE) {
+        window->data = std::make_unique<ButtonData>();
+        return 0;
+    }
+    auto *data = dataOf<ButtonData>(button);
+    if (!data) {
+        return DefWindowProcW(button, message, wParam, lParam);
+    }
+    switch (message) {
+    case WM_PAINT:
+        paint(button, *data);
+        return 0;
+    case WM_LBUTTONDOWN:
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONUP:
+        return stylus(button, *data, message, lParam);
+    case WM_KEYDOWN:
+    case WM_KEYUP:
+        return wParam == VK_SPACE ? spaceBar(button, *data, message == WM_KEYDOWN) : 0;
+    case WM_GETDLGCODE:
+        return DLGC_BUTTON | (isDefault(button) ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
+    case BM_SETSTYLE:
+        window->style = (window->style & ~0xFU) | (static_cast<DWORD>(wParam) & 0xFU);
+        InvalidateRect(button, nullptr, FALSE);
+        return 0;
+    case BM_CLICK:
+        notify(button, BN_CLICKED);
+        return 0;
+    case WM_SETTEXT:
+        return setText(button, wParam, lParam);
+    case WM_KILLFOCUS:
+        data->key = false;
+        setPressed(button, *data, false);
+        [[fallthrough]];
+    case WM_SETFOCUS:
+    case WM_ENABLE:
+        InvalidateRect(button, nullptr, FALSE);
+        return 0;
+    case WM_CAPTURECHANGED:
+        data->tracking = false;
+        setPressed(button, *data, false);
+        return 0;
+    default:
+        return DefWindowProcW(button, message, wParam, lParam);
+    }
+}
+
+} // namespace
+
+void registerButton() { user::registerSystemClass(u"BUTTON", buttonProcedure); }
+
+} // namespace controls

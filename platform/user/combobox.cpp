@@ -1,0 +1,451 @@
+// COMBOBOX as a drop-down list: a field that shows the selected item, and a list that opens over
+// the other controls. The list is a top-level window that never takes the activation; the keys go
+// to the field, which has the focus.
+#include "user/combobox.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "gdi/screen.h"
+#include "shell/shell.h"
+#include "user/controls.h"
+#include "user/theme.h"
+
+namespace comboboxes {
+
+namespace {
+
+using controls::clientRect;
+using controls::dataOf;
+using controls::pointOf;
+
+constexpr int fieldHeight = 19;
+constexpr int itemHeight = 17;
+constexpr int arrowWidth = 17; ///< of the field's arrow and of the scroll bar
+constexpr int padding = 4;
+
+struct ComboData final : user::WindowData
+{
+    std::vector<std::u16string> items;
+    int selected = -1;
+    int droppedHeight = 0; ///< field and list together at most
+    HWND list{};           ///< while it is open
+    int marked = -1;       ///< the item of the list that would be taken
+    int firstShown = 0;    ///< the item at the list's top
+    bool tracking = false; ///< the stylus is down on the field or the list
+
+    int count() const { return static_cast<int>(items.size()); }
+};
+
+/// The combo box whose list is open; there is never more than one.
+HWND openCombo{};
+
+int itemsShown(const ComboData &data)
+{
+    const int room = std::max(1, (data.droppedHeight - fieldHeight - 2) / itemHeight);
+    return std::clamp(data.count(), 1, room);
+}
+
+bool scrolls(const ComboData &data) { return data.count() > itemsShown(data); }
+
+// The list -----------------------------------------------------------------------------------
+
+void scrollTo(ComboData &data, int first)
+{
+    data.firstShown = std::clamp(first, 0, std::max(0, data.count() - itemsShown(data)));
+    InvalidateRect(data.list, nullptr, FALSE);
+}
+
+void mark(ComboData &data, int index)
+{
+    data.marked = index;
+    if (index >= 0) {
+        scrollTo(data, std::clamp(data.firstShown, index - itemsShown(data) + 1, index));
+    }
+}
+
+RECT scrollBarRect(const ComboData &data)
+{
+    const RECT list = clientRect(data.list);
+    return {list.right - 1 - arrowWidth, 1, list.right - 1, list.bottom - 1};
+}
+
+/// The item at a point of the list, or -1.
+int itemAt(const ComboData &data, POINT point)
+{
+    RECT list = clientRect(data.list);
+    if (scrolls(data)) {
+        list.right = scrollBarRect(data).left;
+    }
+    InflateRect(&list, 0, -1);
+    if (PtInRect(&list, point) == FALSE) {
+        return -1;
+    }
+    return data.firstShown + (point.y - 1) / itemHeight;
+}
+
+void paintScrollBar(HDC dc, const ComboData &data)
+{
+    const RECT bar = scrollBarRect(data);
+    theme::fill(dc, bar, theme::lineSoft);
+    const RECT up{bar.left, bar.top, bar.right, bar.top + arrowWidth};
+    const RECT down{bar.left, bar.bottom - arrowWidth, bar.right, bar.bottom};
+    const LONG middle = (bar.left + bar.right) / 2;
+    for (const RECT &button : {up, down}) {
+        theme::drawFace(dc, button, theme::line, theme::faceUpper, theme::faceLower);
+        theme::drawArrow(dc, {middle, (button.top + button.bottom) / 2}, 4, button.top != up.top,
+                         theme::frame);
+    }
+    const LONG track = down.top - up.bottom;
+    const LONG top = up.bottom + track * data.firstShown / data.count();
+    const LONG bottom = up.bottom + track * (data.firstShown + itemsShown(data)) / data.count();
+    theme::drawFace(dc, {bar.left, top, bar.right, std::max(bottom, top + 6)}, theme::line,
+                    theme::faceUpper, theme::faceLower);
+}
+
+void paintList(HWND list, const ComboData &data)
+{
+    const theme::Painting painting(list);
+    const RECT rect = clientRect(list);
+    theme::fill(painting.dc, rect, theme::page);
+    for (int i = 0; i < itemsShown(data) && data.firstShown + i < data.count(); ++i) {
+        const int index = data.firstShown + i;
+        RECT item{1, 1 + i * itemHeight, rect.right - 1, 1 + (i + 1) * itemHeight};
+        const bool marked = index == data.marked;
+        if (marked) {
+            theme::fill(painting.dc, item, theme::accent);
+        }
+        item.left += padding;
+        theme::drawText(painting.dc, data.items[static_cast<std::size_t>(index)], item,
+                        DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX,
+                        marked ? theme::accentText : theme::text);
+    }
+    theme::drawFrame(painting.dc, rect, theme::frame);
+    if (scrolls(data)) {
+        paintScrollBar(painting.dc, data);
+    }
+}
+
+void openList(HWND combo, ComboData &data)
+{
+    RECT field;
+    GetWindowRect(combo, &field);
+    const int height = itemsShown(data) * itemHeight + 2;
+    const bool below = field.bottom + height <= gdi::screen().height;
+    const LONG top = below ? field.bottom - 1 : field.top + 1 - height;
+    openCombo = combo;
+    data.list = CreateWindowExW(WS_EX_TOPMOST | WS_EX_NOACTIVATE, u"ComboLBox", u"", WS_POPUP,
+                                field.left, top, field.right - field.left, height,
+                                user::find(combo)->topLevel().handle, {}, {}, nullptr);
+    mark(data, data.selected);
+    ShowWindow(data.list, SW_SHOWNA);
+    InvalidateRect(combo, nullptr, FALSE);
+}
+
+void closeList(HWND combo, ComboData &data)
+{
+    const HWND list = data.list;
+    data.list = {};
+    data.tracking = false;
+    openCombo = {};
+    DestroyWindow(list);
+    InvalidateRect(combo, nullptr, FALSE);
+}
+
+// The field ----------------------------------------------------------------------------------
+
+void select(HWND combo, ComboData &data, int index)
+{
+    data.selected = index >= 0 && index < data.count() ? index : -1;
+    const bool any = data.selected >= 0;
+    SetWindowTextW(combo, any ? data.items[static_cast<std::size_t>(index)].c_str() : u"");
+    InvalidateRect(combo, nullptr, FALSE);
+}
+
+/// The user's choice, which the dialog is told of.
+void choose(HWND combo, ComboData &data, int index)
+{
+    if (data.list) {
+        closeList(combo, data);
+    }
+    if (index >= 0 && index != data.selected) {
+        select(combo, data, index);
+        controls::notify(combo, CBN_SELCHANGE);
+    }
+}
+
+void paintField(HWND combo, const ComboData &data)
+{
+    const theme::Painting painting(combo);
+    const HDC dc = painting.dc;
+    const RECT rect = clientRect(combo);
+    const bool enabled = IsWindowEnabled(combo) != FALSE;
+    const bool focused = GetFocus() == combo;
+    const RECT arrow{rect.right - arrowWidth, rect.top, rect.right, rect.bottom};
+    theme::fill(dc, rect, theme::page);
+    theme::drawFrame(dc, rect, focused ? theme::accent : theme::line);
+    const COLORREF outline = focused ? theme::accent : theme::line;
+    if (data.list) {
+        theme::drawFace(dc, arrow, outline, theme::accent, theme::accent);
+    } else {
+        theme::drawFace(dc, arrow, outline, theme::faceUpper, theme::faceLower);
+    }
+    theme::drawArrow(dc, {(arrow.left + arrow.right) / 2, rect.bottom / 2}, 4, true,
+                     data.list ? theme::accentText : theme::frame);
+    const RECT inner{rect.left + 2, rect.top + 2, arrow.left - 1, rect.bottom - 2};
+    const bool marked = focused && !data.list;
+    if (marked) {
+        theme::fill(dc, inner, theme::accent);
+    }
+    theme::drawText(dc, user::find(combo)->text,
+                    {inner.left + 2, rect.top, inner.right, rect.bottom},
+                    DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX,
+                    !enabled ? theme::textGrayed
+                    : marked ? theme::accentText
+                             : theme::text);
+}
+
+void show(HWND combo, ComboData &data, bool open)
+{
+    if (open && !data.list) {
+        openList(combo, data);
+    } else if (!open && data.list) {
+        closeList(combo, data);
+    }
+}
+
+/// Left and Up go to the item before, Right and Down to the one after. In an open list the mark
+/// moves, Enter takes it and Escape leaves things as they are.
+LRESULT key(HWND combo, ComboData &data, WPARAM code)
+{
+    const int from = data.list ? data.marked : data.selected;
+    int to = from;
+    switch (code) {
+    case VK_F4:
+        show(combo, data, !data.list);
+        return 0;
+    case VK_RETURN: // comes here only while the list is open
+        choose(combo, data, data.marked);
+        return 0;
+    case VK_ESCAPE:
+        show(combo, data, false);
+        return 0;
+    case VK_LEFT:
+    case VK_UP:
+        to = from - 1;
+        break;
+    case VK_RIGHT:
+    case VK_DOWN:
+        to = from + 1;
+        break;
+    case VK_HOME:
+        to = 0;
+        break;
+    case VK_END:
+        to = data.count() - 1;
+        break;
+    default:
+        return 0;
+    }
+    to = std::clamp(to, 0, std::max(0, data.count() - 1));
+    if (data.list) {
+        mark(data, to);
+    } else if (to < data.count()) {
+        choose(combo, data, to);
+    }
+    return 0;
+}
+
+LRESULT addString(ComboData &data, LPARAM lParam)
+{
+    data.items.emplace_back(reinterpret_cast<LPCWSTR>(lParam));
+    return data.count() - 1;
+}
+
+LRESULT itemText(const ComboData &data, WPARAM index, LPARAM buffer)
+{
+    if (index >= data.items.size()) {
+        return CB_ERR;
+    }
+    const std::u16string &text = data.items[index];
+    text.copy(reinterpret_cast<LPWSTR>(buffer), text.size());
+    reinterpret_cast<LPWSTR>(buffer)[text.size()] = 0;
+    return static_cast<LRESULT>(text.size());
+}
+
+/// The stylus on the field, or dragged from it over the list.
+LRESULT stylusOnField(HWND combo, ComboData &data, UINT message, LPARAM lParam)
+{
+    if (message == WM_LBUTTONDOWN) {
+        SetFocus(combo);
+        show(combo, data, !data.list);
+        SetCapture(combo);
+        data.tracking = static_cast<bool>(data.list);
+        return 0;
+    }
+    if (!data.tracking) {
+        return 0;
+    }
+    POINT point = pointOf(lParam);
+    ClientToScreen(combo, &point);
+    ScreenToClient(data.list, &point);
+    const int item = itemAt(data, point);
+    if (message == WM_LBUTTONUP) {
+        data.tracking = false;
+        if (item >= 0) {
+            choose(combo, data, item);
+        }
+    } else if (item >= 0) {
+        mark(data, item);
+    }
+    return 0;
+}
+
+LRESULT create(HWND combo)
+{
+    user::Window *window = user::find(combo);
+    auto data = std::make_unique<ComboData>();
+    data->droppedHeight = window->size().cy;
+    window->data = std::move(data);
+    window->text.clear();
+    SetWindowPos(combo, {}, 0, 0, window->size().cx, fieldHeight,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    return 0;
+}
+
+LRESULT handleOther(HWND combo, ComboData &data, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case CB_ADDSTRING:
+        return addString(data, lParam);
+    case CB_GETCOUNT:
+        return data.count();
+    case CB_GETCURSEL:
+        return data.selected;
+    case CB_SETCURSEL:
+        select(combo, data, static_cast<int>(wParam));
+        return data.selected;
+    case CB_GETLBTEXT:
+        return itemText(data, wParam, lParam);
+    case CB_SHOWDROPDOWN:
+        show(combo, data, wParam != FALSE);
+        return TRUE;
+    case CB_GETDROPPEDSTATE:
+        return static_cast<bool>(data.list) ? TRUE : FALSE;
+    default:
+        return DefWindowProcW(combo, message, wParam, lParam);
+    }
+}
+
+LRESULT CALLBACK comboProcedure(HWND combo, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_CREATE) {
+        return create(combo);
+    }
+    auto *data = dataOf<ComboData>(combo);
+    if (!data) {
+        return DefWindowProcW(combo, message, wParam, lParam);
+    }
+    switch (message) {
+    case WM_PAINT:
+        paintField(combo, *data);
+        return 0;
+    case WM_LBUTTONDOWN:
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONUP:
+        return stylusOnField(combo, *data, message, lParam);
+    case WM_KEYDOWN:
+        return key(combo, *data, wParam);
+    case WM_GETDLGCODE:
+        return DLGC_WANTARROWS | DLGC_WANTCHARS | (data->list ? DLGC_WANTALLKEYS : 0);
+    case WM_KILLFOCUS:
+    case WM_DESTROY:
+        show(combo, *data, false);
+        [[fallthrough]];
+    case WM_SETFOCUS:
+    case WM_ENABLE:
+        InvalidateRect(combo, nullptr, FALSE);
+        return 0;
+    default:
+        return handleOther(combo, *data, message, wParam, lParam);
+    }
+}
+
+/// The stylus on the open list: on its items, or on its scroll bar.
+void stylusOnList(HWND combo, ComboData &data, UINT message, LPARAM lParam)
+{
+    const POINT point = pointOf(lParam);
+    const RECT bar = scrollBarRect(data);
+    if (message == WM_LBUTTONDOWN && scrolls(data) && PtInRect(&bar, point) != FALSE) {
+        const LONG half = (bar.top + bar.bottom) / 2;
+        const bool arrow = point.y < bar.top + arrowWidth || point.y >= bar.bottom - arrowWidth;
+        const int step = arrow ? 1 : itemsShown(data);
+        scrollTo(data, data.firstShown + (point.y < half ? -step : step));
+        return;
+    }
+    if (message == WM_LBUTTONDOWN) {
+        SetCapture(data.list);
+        data.tracking = true;
+    }
+    const int item = itemAt(data, point);
+    if (message != WM_LBUTTONUP) {
+        mark(data, data.tracking && item >= 0 ? item : data.marked);
+    } else if (std::exchange(data.tracking, false) && item >= 0) {
+        choose(combo, data, item);
+    }
+}
+
+LRESULT CALLBACK listProcedure(HWND list, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    auto *data = dataOf<ComboData>(openCombo);
+    if (!data || data->list != list) {
+        return DefWindowProcW(list, message, wParam, lParam);
+    }
+    switch (message) {
+    case WM_PAINT:
+        paintList(list, *data);
+        return 0;
+    case WM_LBUTTONDOWN:
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONUP:
+        stylusOnList(openCombo, *data, message, lParam);
+        return 0;
+    default:
+        return DefWindowProcW(list, message, wParam, lParam);
+    }
+}
+
+} // namespace
+
+void registerClasses()
+{
+    openCombo = {};
+    user::registerSystemClass(u"COMBOBOX", comboProcedure);
+    user::registerSystemClass(u"ComboLBox", listProcedure);
+}
+
+void closeListUnless(HWND target)
+{
+    auto *data = dataOf<ComboData>(openCombo);
+    if (data && target != openCombo && target != data->list) {
+        closeList(openCombo, *data);
+    }
+}
+
+std::optional<RECT> itemRect(HWND combo, int index)
+{
+    const auto *data = dataOf<ComboData>(combo);
+    if (!data || !data->list || index < data->firstShown ||
+        index >= std::min(data->count(), data->firstShown + itemsShown(*data)))
+    {
+        return std::nullopt;
+    }
+    RECT rect;
+    GetWindowRect(data->list, &rect);
+    rect.top += 1 + (index - data->firstShown) * itemHeight;
+    rect.bottom = rect.top + itemHeight;
+    rect.right -= scrolls(*data) ? arrowWidth : 0;
+    return rect;
+}
+
+} // namespace comboboxes

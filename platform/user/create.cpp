@@ -1,0 +1,165 @@
+// The beginning and the end of windows.
+#include <algorithm>
+
+#include "handheld.h"
+#include "user/focus.h"
+#include "user/icon.h"
+#include "user/manager.h"
+#include "user/message.h"
+#include "user/timer.h"
+
+namespace user {
+
+namespace {
+
+HWND firstProgramWindow;
+
+/// Whether a text parameter is a text, and not a number in the place of one.
+bool isText(LPCWSTR text)
+{
+    constexpr std::uintptr_t firstAddress = 0x10000;
+    return reinterpret_cast<std::uintptr_t>(text) >= firstAddress;
+}
+
+RECT initialRect(const Window *parent, int x, int y, int width, int height)
+{
+    RECT rect = defaultRect();
+    if (parent) {
+        rect = {parent->rect.left, parent->rect.top, parent->rect.left, parent->rect.top};
+        OffsetRect(&rect, x == CW_USEDEFAULT ? 0 : x, y == CW_USEDEFAULT ? 0 : y);
+    } else if (x != CW_USEDEFAULT) {
+        rect.left = x;
+        rect.top = y == CW_USEDEFAULT ? rect.top : y;
+    }
+    if (width != CW_USEDEFAULT) {
+        rect.right = rect.left + std::max(width, 0);
+        rect.bottom = height == CW_USEDEFAULT ? rect.bottom : rect.top + std::max(height, 0);
+    }
+    return rect;
+}
+
+void announceProgram(const Window &window)
+{
+    if (firstProgramWindow || window.windowClass->system || window.parent) {
+        return;
+    }
+    firstProgramWindow = window.handle;
+    handheld::host().describeProgram(window.text, iconPicture(window.windowClass->icon));
+}
+
+/// Tells a new window that it exists and where. False when it refuses or is gone.
+bool announceCreation(HWND handle, CREATESTRUCTW &creation)
+{
+    constexpr LRESULT refusal = -1;
+    if (SendMessageW(handle, WM_CREATE, 0, reinterpret_cast<LPARAM>(&creation)) == refusal) {
+        DestroyWindow(handle);
+        return false;
+    }
+    if (const Window *window = find(handle)) {
+        const SIZE size = window->size();
+        SendMessageW(handle, WM_SIZE, SIZE_RESTORED, MAKELPARAM(size.cx, size.cy));
+    }
+    if (const Window *window = find(handle)) {
+        const POINT place = placeOf(*window);
+        SendMessageW(handle, WM_MOVE, 0, MAKELPARAM(place.x, place.y));
+    }
+    return find(handle) != nullptr;
+}
+
+void destroyOwned(HWND owner)
+{
+    for (const HWND handle : handlesOf(topLevelWindows())) {
+        const Window *window = find(handle);
+        if (window && window->owner && window->owner->handle == owner) {
+            DestroyWindow(handle);
+        }
+    }
+}
+
+/// WM_DESTROY to a window and then to its children.
+void announceDestruction(HWND handle)
+{
+    SendMessageW(handle, WM_DESTROY, 0, 0);
+    Window *window = find(handle);
+    for (const HWND child : window ? handlesOf(window->children) : std::vector<HWND>{}) {
+        Window *each = find(child);
+        if (each && !each->destroying) {
+            each->destroying = true;
+            announceDestruction(child);
+        }
+    }
+}
+
+/// Takes a window and its children out of existence, the children first.
+void release(HWND handle)
+{
+    Window *window = find(handle);
+    while (window && !window->children.empty()) {
+        release(window->children.front()->handle);
+        window = find(handle);
+    }
+    SendMessageW(handle, WM_NCDESTROY, 0, 0);
+    leaveWindow(handle);
+    dropTimersOf(handle);
+    dropMessagesOf(handle);
+    removeWindow(handle);
+}
+
+} // namespace
+
+HWND programWindow() { return find(firstProgramWindow) ? firstProgramWindow : HWND{}; }
+
+void forgetProgramWindow() { firstProgramWindow = {}; }
+
+} // namespace user
+
+HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD style, int x, int y,
+                     int width, int height, HWND parent, HMENU menu, HINSTANCE instance,
+                     void *parameter)
+{
+    const user::WindowClass *windowClass = user::findClass(className);
+    user::Window *relative = user::find(parent);
+    const bool child = (style & WS_CHILD) != 0;
+    if (!windowClass || ((child || parent) && (!relative || relative->destroying))) {
+        return {};
+    }
+    user::Window &window = user::addWindow();
+    const HWND handle = window.handle;
+    window.windowClass = windowClass;
+    window.procedure = windowClass->procedure;
+    window.style = style & ~WS_VISIBLE;
+    window.exStyle = exStyle;
+    window.id = child ? static_cast<int>(menu.value) : 0;
+    window.parent = child ? relative : nullptr;
+    window.owner = child || !relative ? nullptr : &relative->topLevel();
+    window.rect = user::initialRect(window.parent, x, y, width, height);
+    window.text = user::isText(title) ? title : u"";
+    user::insertWindow(window);
+    user::announceProgram(window);
+    const SIZE size = window.size();
+    const POINT place = user::placeOf(window);
+    CREATESTRUCTW creation{parameter, instance, menu,  parent, size.cy,   size.cx,
+                           place.y,   place.x,  style, title,  className, exStyle};
+    if (!user::announceCreation(handle, creation)) {
+        return {};
+    }
+    if ((style & WS_VISIBLE) != 0) {
+        ShowWindow(handle, SW_SHOW);
+    }
+    return user::find(handle) ? handle : HWND{};
+}
+
+BOOL DestroyWindow(HWND handle)
+{
+    user::Window *window = user::find(handle);
+    if (!window || window->destroying) {
+        return FALSE;
+    }
+    window->destroying = true;
+    const HWND doomed = window->handle;
+    user::destroyOwned(doomed);
+    ShowWindow(doomed, SW_HIDE);
+    user::announceDestruction(doomed);
+    user::release(doomed);
+    return TRUE;
+}

@@ -1,0 +1,241 @@
+// Activation, focus and capture. Every message that is sent on the way may change all three or
+// destroy any window, so handles are looked up anew after each.
+#include "user/focus.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "shell/shell.h"
+#include "user/keys.h"
+#include "user/manager.h"
+#include "user/visible.h"
+
+namespace user {
+
+namespace {
+
+struct Attention
+{
+    HWND active;
+    HWND focus;
+    HWND capture;
+    HWND activeBefore; ///< the active window when another program came to the front
+    bool inForeground = true;
+    unsigned activations = 0; ///< counts, to notice one inside another
+    unsigned captures = 0;
+};
+
+Attention attention;
+
+bool canBeActivated(const Window &window)
+{
+    return window.shown() && window.enabled() && window.activatable() && !window.destroying;
+}
+
+/// The window to be active when `leaving` no longer is: its nearest owner that can be, else the
+/// topmost window that can be.
+HWND successorOf(const Window &leaving)
+{
+    for (const Window *owner = leaving.owner; owner; owner = owner->owner) {
+        if (canBeActivated(*owner)) {
+            return owner->handle;
+        }
+    }
+    const auto found = std::ranges::find_if(topLevelWindows(), [&](const Window *each) {
+        return each != &leaving && canBeActivated(*each);
+    });
+    return found == topLevelWindows().end() ? HWND{} : (*found)->handle;
+}
+
+/// The focus goes from a control that can no longer have it to its parent.
+void leaveFocus(const Window &window)
+{
+    if (isWithin(attention.focus, window.handle)) {
+        moveFocus(window.parent && !window.parent->destroying ? window.parent->handle : HWND{});
+    }
+}
+
+} // namespace
+
+bool activate(HWND window, WPARAM how)
+{
+    const HWND previous = attention.active;
+    if (previous == window) {
+        return true;
+    }
+    const unsigned turn = ++attention.activations;
+    attention.active = {};
+    SendMessageW(previous, WM_ACTIVATE, WA_INACTIVE, static_cast<LPARAM>(window.value));
+    Window *next = find(window);
+    if (turn != attention.activations || (window && !next)) {
+        return false;
+    }
+    if (!next) {
+        moveFocus({});
+        shell::activeWindowChanged();
+        return true;
+    }
+    {
+        const VisibilityChange change;
+        bringToTop(*next);
+    }
+    attention.active = window;
+    shell::activeWindowChanged();
+    SendMessageW(window, WM_ACTIVATE, how, static_cast<LPARAM>(previous.value));
+    if (attention.active == window && !isWithin(attention.focus, window)) {
+        moveFocus(window);
+    }
+    return attention.active == window;
+}
+
+void leaveWindow(HWND handle)
+{
+    if (isWithin(attention.capture, handle)) {
+        ReleaseCapture();
+    }
+    const Window *window = find(handle);
+    if (window && attention.active == handle) {
+        activate(attention.inForeground ? successorOf(*window) : HWND{}, WA_ACTIVE);
+        window = find(handle);
+    }
+    if (window) {
+        leaveFocus(*window);
+    }
+}
+
+void moveFocus(HWND window)
+{
+    const HWND previous = attention.focus;
+    if (previous == window) {
+        return;
+    }
+    attention.focus = window;
+    SendMessageW(previous, WM_KILLFOCUS, window.value, 0);
+    if (attention.focus != window) {
+        return;
+    }
+    shell::focusMoved(window);
+    if (attention.focus == window) {
+        SendMessageW(window, WM_SETFOCUS, previous.value, 0);
+    }
+}
+
+HWND keyWindow()
+{
+    const Window *window = find(attention.focus ? attention.focus : attention.active);
+    return window && attention.inForeground && reallyEnabled(*window) ? window->handle : HWND{};
+}
+
+void leaveForeground()
+{
+    if (!attention.inForeground) {
+        return;
+    }
+    attention.inForeground = false;
+    releaseAllKeys();
+    ReleaseCapture();
+    attention.activeBefore = attention.active;
+    activate({}, WA_INACTIVE);
+}
+
+void comeToForeground()
+{
+    if (attention.inForeground) {
+        return;
+    }
+    attention.inForeground = true;
+    if (attention.active) {
+        return; // a window that opened meanwhile
+    }
+    const Window *window = find(attention.activeBefore);
+    if (window && canBeActivated(*window)) {
+        activate(window->handle, WA_ACTIVE);
+        return;
+    }
+    const auto topmost = std::ranges::find_if(
+        topLevelWindows(), [](const Window *each) { return canBeActivated(*each); });
+    if (topmost != topLevelWindows().end()) {
+        activate((*topmost)->handle, WA_ACTIVE);
+    }
+}
+
+bool inForeground() { return attention.inForeground; }
+
+unsigned captureCount() { return attention.captures; }
+
+void forgetFocus() { attention = {}; }
+
+} // namespace user
+
+using user::attention;
+
+HWND GetActiveWindow() { return attention.active; }
+
+HWND GetForegroundWindow() { return attention.inForeground ? attention.active : HWND{}; }
+
+HWND SetActiveWindow(HWND handle)
+{
+    user::Window *window = user::find(handle);
+    if (!window || window->parent || !window->activatable() || window->destroying) {
+        return {};
+    }
+    const HWND previous = attention.active;
+    if (previous == window->handle) {
+        const user::VisibilityChange change;
+        user::bringToTop(*window);
+        return previous;
+    }
+    user::activate(window->handle, WA_ACTIVE);
+    return previous;
+}
+
+HWND GetFocus() { return attention.focus; }
+
+HWND SetFocus(HWND handle)
+{
+    const HWND previous = attention.focus;
+    if (!handle) {
+        user::moveFocus({});
+        return previous;
+    }
+    user::Window *window = user::find(handle);
+    if (!window || window->destroying || !user::reallyEnabled(*window) ||
+        !window->topLevel().activatable())
+    {
+        return {};
+    }
+    if (!user::activate(window->topLevel().handle, WA_ACTIVE)) {
+        return {};
+    }
+    window = user::find(handle);
+    if (window) {
+        user::moveFocus(window->handle);
+    }
+    return previous;
+}
+
+HWND SetCapture(HWND handle)
+{
+    const user::Window *window = user::find(handle);
+    if (!window || window->destroying) {
+        return {};
+    }
+    const HWND previous = std::exchange(attention.capture, window->handle);
+    ++attention.captures;
+    if (previous && previous != window->handle) {
+        SendMessageW(previous, WM_CAPTURECHANGED, 0, static_cast<LPARAM>(window->handle.value));
+    }
+    return previous;
+}
+
+BOOL ReleaseCapture()
+{
+    const HWND previous = std::exchange(attention.capture, HWND{});
+    if (!previous) {
+        return FALSE;
+    }
+    SendMessageW(previous, WM_CAPTURECHANGED, 0, 0);
+    return TRUE;
+}
+
+HWND GetCapture() { return attention.capture; }

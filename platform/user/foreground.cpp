@@ -1,0 +1,65 @@
+// Finding windows and bringing them to the front, also those of another process: a second copy of
+// the program, about which only its host knows.
+#include <algorithm>
+
+#include "handheld.h"
+#include "text.h"
+#include "user/focus.h"
+#include "user/manager.h"
+
+namespace user {
+
+namespace {
+
+/// Stands for the window of the program in that other process.
+constexpr HWND otherProcess{0xFFFFFFF0U};
+
+bool matches(const Window &window, LPCWSTR className, LPCWSTR title)
+{
+    return (!className || text::sameName(window.windowClass->name, className)) &&
+           (!title || window.text == title);
+}
+
+/// The topmost of a window and those that it owns that is shown and enabled.
+HWND topmostOf(const Window &window)
+{
+    const auto &all = topLevelWindows();
+    const auto found = std::ranges::find_if(all, [&](const Window *each) {
+        return belongsTo(*each, window) && each->shown() && each->enabled() && each->activatable();
+    });
+    return found == all.end() ? window.handle : (*found)->handle;
+}
+
+} // namespace
+
+} // namespace user
+
+HWND FindWindowW(LPCWSTR className, LPCWSTR title)
+{
+    const auto &all = user::topLevelWindows();
+    const auto found = std::ranges::find_if(
+        all, [&](const user::Window *each) { return user::matches(*each, className, title); });
+    if (found != all.end()) {
+        return (*found)->handle;
+    }
+    return handheld::host().runsElsewhere() ? user::otherProcess : HWND{};
+}
+
+BOOL SetForegroundWindow(HWND handle)
+{
+    constexpr std::uint32_t withOwned = 1;
+    const bool owned = (handle.value & withOwned) != 0;
+    if ((handle.value & ~withOwned) == user::otherProcess.value) {
+        handheld::host().raiseOther();
+        return TRUE;
+    }
+    const user::Window *window = user::find(handle);
+    if (!window || window->parent) {
+        return FALSE;
+    }
+    if (!user::inForeground()) {
+        handheld::host().raise();
+    }
+    SetActiveWindow(owned ? user::topmostOf(*window) : window->handle);
+    return TRUE;
+}

@@ -1,0 +1,14 @@
+// What the window manager asks of the icons.
+#pragma once
+
+#include "host/host.h"
+#include "winuser.h"
+
+namespace user {
+
+/// The largest picture of an icon, for the host; without pixels when there is no such icon.
+host::Icon iconPicture(HICON icon);
+/// Forgets all icons.
+void forgetIcons();
+
+} // namespace user

@@ -1,0 +1,93 @@
+// Turns events of the host into messages.
+#include "user/input.h"
+
+#include "user/display.h"
+#include "user/focus.h"
+#include "user/keys.h"
+#include "user/stylus.h"
+#include "user/window.h"
+
+namespace user {
+
+namespace {
+
+std::optional<MSG> messageTo(HWND window, UINT message, WPARAM wParam)
+{
+    return find(window) ? std::optional(MSG{window, message, wParam, 0, 0, {}}) : std::nullopt;
+}
+
+/// The window that the system addresses when it wants something of the program as a whole: its
+/// main window, or what there is before that exists.
+HWND mainWindow() { return programWindow() ? programWindow() : GetActiveWindow(); }
+
+std::optional<MSG> handleClose()
+{
+    if (!find(mainWindow())) {
+        PostQuitMessage(0);
+        return std::nullopt;
+    }
+    return messageTo(mainWindow(), WM_CLOSE, 0);
+}
+
+std::optional<MSG> handleHelp()
+{
+    return messageTo(keyWindow() ? keyWindow() : mainWindow(), WM_HELP, 0);
+}
+
+/// The deactivation comes before the new size, and the other way round on the way back.
+void minimize()
+{
+    leaveForeground();
+    SendMessageW(programWindow(), WM_SIZE, SIZE_MINIMIZED, 0);
+}
+
+void restore()
+{
+    RECT client{};
+    GetClientRect(programWindow(), &client);
+    SendMessageW(programWindow(), WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.right, client.bottom));
+    comeToForeground();
+}
+
+} // namespace
+
+std::optional<MSG> handleEvent(const host::Event &event)
+{
+    using Kind = host::Event::Kind;
+    noteModifiers(event);
+    switch (event.kind) {
+    case Kind::KeyDown:
+    case Kind::KeyUp:
+        return handleKey(event);
+    case Kind::Text:
+        return messageTo(keyWindow(), WM_CHAR, event.text);
+    case Kind::StylusDown:
+    case Kind::StylusMove:
+    case Kind::StylusUp:
+        return handleStylus(event);
+    case Kind::Background:
+        leaveForeground();
+        return std::nullopt;
+    case Kind::Foreground:
+        comeToForeground();
+        return std::nullopt;
+    case Kind::Minimize:
+        minimize();
+        return std::nullopt;
+    case Kind::Restore:
+        restore();
+        return std::nullopt;
+    case Kind::Close:
+        return handleClose();
+    case Kind::Help:
+        return handleHelp();
+    case Kind::Hibernate:
+        return messageTo(mainWindow(), WM_HIBERNATE, 0);
+    case Kind::Turn:
+        turnDisplay(event.orientation);
+        return std::nullopt;
+    }
+    return std::nullopt;
+}
+
+} // namespace user

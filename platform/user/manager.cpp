@@ -1,0 +1,26 @@
+// The window manager as a whole.
+#include "user/manager.h"
+
+#include "user/accelerator.h"
+#include "user/focus.h"
+#include "user/keys.h"
+#include "user/message.h"
+#include "user/stylus.h"
+#include "user/timer.h"
+
+namespace user {
+
+void reset()
+{
+    forgetWindows();
+    forgetProgramWindow();
+    forgetClasses();
+    forgetMessages();
+    forgetTimers();
+    forgetFocus();
+    forgetKeys();
+    forgetStylus();
+    forgetAccelerators();
+}
+
+} // namespace user

@@ -1,0 +1,164 @@
+// Menus: read from MENU resources in the standard binary form, looked up and changed.
+#include "user/menu.h"
+
+#include <algorithm>
+#include <map>
+
+#include "resources/image.h"
+#include "user/byte_reader.h"
+#include "user/window.h"
+
+namespace menus {
+
+namespace {
+
+constexpr unsigned lastItem = 0x80; ///< of its menu, in the binary form
+constexpr int deepest = 8;          ///< menus within menus, in a resource worth reading
+
+std::map<std::uint32_t, Menu> table;
+std::uint32_t nextHandle = 1;
+
+Menu *lookUp(HMENU menu)
+{
+    const auto found = table.find(menu.value);
+    return found == table.end() ? nullptr : &found->second;
+}
+
+HMENU add(Menu menu)
+{
+    const HMENU handle{nextHandle++};
+    table.emplace(handle.value, std::move(menu));
+    return handle;
+}
+
+void remove(HMENU menu)
+{
+    const auto found = table.find(menu.value);
+    if (found != table.end()) {
+        const Menu removed = std::move(found->second);
+        table.erase(found);
+        for (const Item &item : removed.items) {
+            remove(item.dropDown);
+        }
+    }
+}
+
+HMENU readMenu(user::ByteReader &reader, int depth);
+
+Item readItem(user::ByteReader &reader, unsigned flags, int depth)
+{
+    Item item;
+    item.flags = flags & (MF_GRAYED | MF_CHECKED | MF_POPUP | MF_SEPARATOR);
+    item.id = (flags & MF_POPUP) != 0 ? 0 : reader.word();
+    item.text = reader.text();
+    if ((flags & MF_POPUP) != 0) {
+        item.dropDown = readMenu(reader, depth + 1);
+    } else if (item.id == 0 && item.text.empty()) {
+        item.flags |= MF_SEPARATOR;
+    }
+    return item;
+}
+
+/// The items up to the one that is marked as the last.
+HMENU readMenu(user::ByteReader &reader, int depth)
+{
+    Menu menu;
+    menu.isDropDown = depth > 0;
+    unsigned flags = 0;
+    while (reader.good() && depth < deepest && (flags & lastItem) == 0) {
+        flags = reader.word();
+        menu.items.push_back(readItem(reader, flags, depth));
+    }
+    return add(std::move(menu));
+}
+
+/// The item with a command, in a menu or any below it.
+Item *findCommand(HMENU menu, UINT id)
+{
+    Menu *found = lookUp(menu);
+    if (!found) {
+        return nullptr;
+    }
+    for (Item &item : found->items) {
+        if (item.dropDown) {
+            if (Item *inside = findCommand(item.dropDown, id)) {
+                return inside;
+            }
+        } else if (item.id == id && !item.separator()) {
+            return &item;
+        }
+    }
+    return nullptr;
+}
+
+Item *findItem(HMENU menu, UINT item, UINT flags)
+{
+    if ((flags & MF_BYPOSITION) == 0) {
+        return findCommand(menu, item);
+    }
+    Menu *found = lookUp(menu);
+    return found && item < found->items.size() ? &found->items[item] : nullptr;
+}
+
+} // namespace
+
+const Menu *find(HMENU menu) { return lookUp(menu); }
+
+void reset() { table.clear(); }
+
+} // namespace menus
+
+std::size_t user::liveMenus()
+{
+    return static_cast<std::size_t>(
+        std::count_if(menus::table.begin(), menus::table.end(),
+                      [](const auto &entry) { return !entry.second.isDropDown; }));
+}
+
+HMENU LoadMenuW(HINSTANCE, LPCWSTR name)
+{
+    const auto bytes = resources::find(resources::Name::from(RT_MENU), resources::Name::from(name));
+    user::ByteReader reader(bytes);
+    const unsigned version = reader.word();
+    reader.skip(reader.word()); // the rest of the header
+    if (bytes.empty() || version != 0) {
+        return {};
+    }
+    const HMENU menu = menus::readMenu(reader, 0);
+    if (!reader.good()) {
+        menus::remove(menu);
+        return {};
+    }
+    return menu;
+}
+
+BOOL DestroyMenu(HMENU menu)
+{
+    const BOOL existed = menus::find(menu) ? TRUE : FALSE;
+    menus::remove(menu);
+    return existed;
+}
+
+HMENU GetSubMenu(HMENU menu, int position)
+{
+    const menus::Item *item =
+        position < 0 ? nullptr : menus::findItem(menu, static_cast<UINT>(position), MF_BYPOSITION);
+    return item ? item->dropDown : HMENU{};
+}
+
+int EnableMenuItem(HMENU menu, UINT item, UINT flags)
+{
+    menus::Item *found = menus::findItem(menu, item, flags);
+    if (!found) {
+        return -1;
+    }
+    const UINT previous = found->flags & MF_GRAYED;
+    found->flags = (found->flags & ~MF_GRAYED) | (flags & MF_GRAYED);
+    return static_cast<int>(previous);
+}
+
+UINT GetMenuState(HMENU menu, UINT item, UINT flags)
+{
+    const menus::Item *found = menus::findItem(menu, item, flags);
+    return found ? found->flags : static_cast<UINT>(-1);
+}

@@ -1,0 +1,196 @@
+// Messages: the queue, the wait for the next one, and handing them to window procedures.
+#include "user/message.h"
+
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+#include "handheld.h"
+#include "user/focus.h"
+#include "user/input.h"
+#include "user/paint.h"
+#include "user/stylus.h"
+#include "user/timer.h"
+#include "user/window.h"
+
+namespace user {
+
+namespace {
+
+/// Posted messages in order. What was taken stays in front until it is worth removing, so that
+/// nothing is allocated or moved while messages come and go.
+class PostedMessages
+{
+public:
+    void add(const MSG &message)
+    {
+        if (taken_ > 0 && messages_.size() == messages_.capacity()) {
+            messages_.erase(messages_.begin(), next());
+            taken_ = 0;
+        }
+        messages_.push_back(message);
+    }
+    std::optional<MSG> take()
+    {
+        if (taken_ == messages_.size()) {
+            return std::nullopt;
+        }
+        const MSG message = messages_[taken_++];
+        if (taken_ == messages_.size()) {
+            clear();
+        }
+        return message;
+    }
+    void drop(HWND window)
+    {
+        messages_.erase(std::remove_if(next(), messages_.end(),
+                                       [&](const MSG &each) { return each.hwnd == window; }),
+                        messages_.end());
+    }
+    void clear()
+    {
+        messages_.clear();
+        taken_ = 0;
+    }
+
+private:
+    std::vector<MSG>::iterator next()
+    {
+        return messages_.begin() + static_cast<std::ptrdiff_t>(taken_);
+    }
+
+    std::vector<MSG> messages_;
+    std::size_t taken_ = 0;
+};
+
+PostedMessages posted;
+std::optional<int> quitCode;
+
+std::optional<MSG> takeQuitMessage()
+{
+    if (!quitCode) {
+        return std::nullopt;
+    }
+    const MSG message{{}, WM_QUIT, static_cast<WPARAM>(*quitCode), 0, 0, {}};
+    quitCode.reset();
+    return message;
+}
+
+/// Input and the rest of what is there without waiting, in the order in which it is given out.
+/// Nothing also when an event of the host was handled that makes no message.
+std::optional<MSG> takePresent(bool &eventHandled)
+{
+    if (auto message = posted.take()) {
+        return message;
+    }
+    host::Host &host = handheld::host();
+    if (const auto event = host.wait(host.ticks())) {
+        eventHandled = true;
+        return handleEvent(*event);
+    }
+    if (auto message = takeQuitMessage()) {
+        return message;
+    }
+    if (auto message = takePaintMessage()) {
+        return message;
+    }
+    presentFrame();
+    return takeTimerMessage(host.ticks());
+}
+
+MSG waitForMessage()
+{
+    for (;;) {
+        bool eventHandled = false;
+        if (auto message = takePresent(eventHandled)) {
+            return *message;
+        }
+        if (eventHandled) {
+            continue;
+        }
+        if (const auto event = handheld::host().wait(nextTimerMoment())) {
+            if (auto message = handleEvent(*event)) {
+                return *message;
+            }
+        }
+    }
+}
+
+} // namespace
+
+void dropMessagesOf(HWND window) { posted.drop(window); }
+
+void forgetMessages()
+{
+    posted.clear();
+    quitCode.reset();
+}
+
+} // namespace user
+
+BOOL GetMessageW(MSG *message, HWND, UINT, UINT)
+{
+    *message = user::waitForMessage();
+    message->time = GetTickCount();
+    message->pt = user::stylusPosition();
+    return message->message == WM_QUIT ? FALSE : TRUE;
+}
+
+BOOL TranslateMessage(const MSG *message)
+{
+    if (!message || message->message != WM_KEYDOWN) {
+        return FALSE;
+    }
+    const bool character =
+        message->wParam == VK_BACK || message->wParam == VK_TAB || message->wParam == VK_RETURN;
+    return character && PostMessageW(message->hwnd, WM_CHAR, message->wParam, message->lParam);
+}
+
+LRESULT DispatchMessageW(const MSG *message)
+{
+    const user::Window *window = message ? user::find(message->hwnd) : nullptr;
+    if (!window) {
+        return 0;
+    }
+    const bool timer = message->message == WM_TIMER;
+    const bool programTimer = timer && window->handle == user::programWindow();
+    const bool stylusLifted = message->message == WM_LBUTTONUP;
+    const unsigned captures = user::captureCount();
+    LRESULT result = 0;
+    if (timer && message->lParam != 0) {
+        reinterpret_cast<TIMERPROC>(message->lParam)(
+            message->hwnd, WM_TIMER, static_cast<UINT>(message->wParam), GetTickCount());
+    } else {
+        result = SendMessageW(message->hwnd, message->message, message->wParam, message->lParam);
+    }
+    if (stylusLifted && user::captureCount() == captures) {
+        ReleaseCapture();
+    }
+    if (programTimer) {
+        handheld::host().timerHandled();
+    }
+    return result;
+}
+
+LRESULT SendMessageW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const user::Window *window = user::find(handle);
+    return window ? window->procedure(window->handle, message, wParam, lParam) : 0;
+}
+
+LRESULT CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return procedure ? procedure(window, message, wParam, lParam) : 0;
+}
+
+BOOL PostMessageW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const user::Window *window = user::find(handle);
+    if (!window || window->destroying) {
+        return FALSE;
+    }
+    user::posted.add({window->handle, message, wParam, lParam, 0, {}});
+    return TRUE;
+}
+
+void PostQuitMessage(int exitCode) { user::quitCode = exitCode; }

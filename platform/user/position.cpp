@@ -1,0 +1,252 @@
+// Where windows are, whether they are shown, and how that changes.
+#include <algorithm>
+
+#include "shell/shell.h"
+#include "user/focus.h"
+#include "user/manager.h"
+#include "user/paint.h"
+#include "user/visible.h"
+
+namespace user {
+
+namespace {
+
+bool sameRect(const RECT &a, const RECT &b)
+{
+    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
+}
+
+void moveChildren(Window &window, int dx, int dy)
+{
+    for (Window *child : window.children) {
+        OffsetRect(&child->rect, dx, dy);
+        child->invalid.offset(dx, dy);
+        moveChildren(*child, dx, dy);
+    }
+}
+
+/// The rectangle on the screen that SetWindowPos asks for.
+RECT requestedRect(const Window &window, int x, int y, int width, int height, UINT flags)
+{
+    RECT rect = window.rect;
+    const SIZE size = window.size();
+    if ((flags & SWP_NOMOVE) == 0) {
+        rect.left = x + (window.parent ? window.parent->rect.left : 0);
+        rect.top = y + (window.parent ? window.parent->rect.top : 0);
+    }
+    const bool sized = (flags & SWP_NOSIZE) == 0;
+    rect.right = rect.left + (sized ? std::max(width, 0) : size.cx);
+    rect.bottom = rect.top + (sized ? std::max(height, 0) : size.cy);
+    return rect;
+}
+
+/// Takes a new rectangle. What the window showed does not move with it: it is drawn again.
+void takeRect(Window &window, const RECT &rect)
+{
+    const SIZE before = window.size();
+    const int dx = rect.left - window.rect.left;
+    const int dy = rect.top - window.rect.top;
+    window.rect = rect;
+    window.invalid.offset(dx, dy);
+    moveChildren(window, dx, dy);
+    visibilityChanged();
+    const SIZE after = window.size();
+    const UINT style = window.windowClass->style;
+    const bool moved = dx != 0 || dy != 0;
+    const bool resized = (before.cx != after.cx && (style & CS_HREDRAW) != 0) ||
+                         (before.cy != after.cy && (style & CS_VREDRAW) != 0);
+    if (moved) {
+        invalidateAll(window);
+    } else if (resized) {
+        invalidate(window, gdi::Region(window.rect), true);
+    }
+}
+
+/// Changes place and order at once.
+void rearrange(Window &window, HWND after, const RECT &rect, UINT flags)
+{
+    if (!sameRect(rect, window.rect)) {
+        takeRect(window, rect);
+    }
+    if ((flags & SWP_NOZORDER) != 0) {
+        return;
+    }
+    if (after == HWND_TOPMOST) {
+        window.exStyle |= WS_EX_TOPMOST;
+    }
+    if (Window *sibling = find(after)) {
+        placeBehind(window, *sibling);
+    } else {
+        bringToTop(window);
+    }
+}
+
+/// Forgets what became invalid: for a change after which nothing is to be drawn again.
+void keepValid(Window &window)
+{
+    window.invalid.clear();
+    for (Window *child : window.children) {
+        keepValid(*child);
+    }
+}
+
+void announceRect(HWND handle, const RECT &before)
+{
+    const Window *window = find(handle);
+    if (window && (window->rect.left != before.left || window->rect.top != before.top)) {
+        const POINT place = placeOf(*window);
+        SendMessageW(handle, WM_MOVE, 0, MAKELPARAM(place.x, place.y));
+    }
+    window = find(handle);
+    if (!window) {
+        return;
+    }
+    const SIZE size = window->size();
+    if (size.cx != before.right - before.left || size.cy != before.bottom - before.top) {
+        SendMessageW(handle, WM_SIZE, SIZE_RESTORED, MAKELPARAM(size.cx, size.cy));
+    }
+}
+
+/// Shows or hides, without a look at activation.
+void setShown(HWND handle, bool shown)
+{
+    SendMessageW(handle, WM_SHOWWINDOW, shown ? TRUE : FALSE, 0);
+    Window *window = find(handle);
+    if (window && window->shown() != shown) {
+        const VisibilityChange change;
+        window->style ^= WS_VISIBLE;
+        visibilityChanged();
+    }
+}
+
+} // namespace
+
+} // namespace user
+
+BOOL ShowWindow(HWND handle, int command)
+{
+    user::Window *window = user::find(handle);
+    if (!window) {
+        return FALSE;
+    }
+    const bool wasShown = window->shown();
+    const bool shown = command != SW_HIDE;
+    const HWND self = window->handle;
+    const bool canActivate = !window->parent && window->activatable();
+    if (shown && window->destroying) {
+        return wasShown ? TRUE : FALSE;
+    }
+    if (shown != wasShown) {
+        user::setShown(self, shown);
+    }
+    if (!shown) {
+        user::leaveWindow(self);
+    } else if (canActivate && command != SW_SHOWNA) {
+        SetActiveWindow(self);
+    }
+    if (canActivate && shown != wasShown) {
+        shell::activeWindowChanged();
+    }
+    return wasShown ? TRUE : FALSE;
+}
+
+BOOL SetWindowPos(HWND handle, HWND after, int x, int y, int width, int height, UINT flags)
+{
+    user::Window *window = user::find(handle);
+    if (!window) {
+        return FALSE;
+    }
+    const HWND self = window->handle;
+    const RECT before = window->rect;
+    const RECT rect = user::requestedRect(*window, x, y, width, height, flags);
+    if (!user::sameRect(rect, before) || (flags & SWP_NOZORDER) == 0) {
+        const user::VisibilityChange change;
+        user::rearrange(*window, after, rect, flags);
+    }
+    if ((flags & SWP_NOREDRAW) != 0) {
+        user::keepValid(*window);
+    }
+    user::announceRect(self, before);
+    if ((flags & SWP_HIDEWINDOW) != 0) {
+        ShowWindow(self, SW_HIDE);
+    } else if ((flags & SWP_SHOWWINDOW) != 0) {
+        ShowWindow(self, SW_SHOWNA);
+    }
+    window = user::find(self);
+    const bool activates = (flags & (SWP_NOACTIVATE | SWP_NOZORDER | SWP_HIDEWINDOW)) == 0;
+    if (window && window->shown() && !window->parent && activates) {
+        SetActiveWindow(self);
+    }
+    if (GetActiveWindow() == self && !user::sameRect(rect, before)) {
+        shell::activeWindowChanged();
+    }
+    return TRUE;
+}
+
+BOOL MoveWindow(HWND handle, int x, int y, int width, int height, BOOL repaint)
+{
+    return SetWindowPos(handle, {}, x, y, width, height,
+                        SWP_NOZORDER | SWP_NOACTIVATE | (repaint ? 0 : SWP_NOREDRAW));
+}
+
+BOOL EnableWindow(HWND handle, BOOL enable)
+{
+    user::Window *window = user::find(handle);
+    if (!window) {
+        return FALSE;
+    }
+    const bool wasDisabled = !window->enabled();
+    if (wasDisabled == (enable == FALSE)) {
+        return wasDisabled ? TRUE : FALSE;
+    }
+    window->style ^= WS_DISABLED;
+    if (!enable) {
+        SendMessageW(handle, WM_CANCELMODE, 0, 0);
+        if (user::isWithin(GetFocus(), handle)) {
+            SetFocus({});
+        }
+    }
+    SendMessageW(handle, WM_ENABLE, enable ? TRUE : FALSE, 0);
+    return wasDisabled ? TRUE : FALSE;
+}
+
+BOOL GetWindowRect(HWND handle, RECT *rect)
+{
+    const user::Window *window = user::find(handle);
+    if (!window || !rect) {
+        return FALSE;
+    }
+    *rect = window->rect;
+    return TRUE;
+}
+
+BOOL GetClientRect(HWND handle, RECT *rect)
+{
+    const user::Window *window = user::find(handle);
+    if (!window || !rect) {
+        return FALSE;
+    }
+    const SIZE size = window->size();
+    *rect = {0, 0, size.cx, size.cy};
+    return TRUE;
+}
+
+BOOL ClientToScreen(HWND handle, POINT *point)
+{
+    const user::Window *window = user::find(handle);
+    if (!window || !point) {
+        return FALSE;
+    }
+    *point = {point->x + window->rect.left, point->y + window->rect.top};
+    return TRUE;
+}
+
+BOOL ScreenToClient(HWND handle, POINT *point)
+{
+    const user::Window *window = user::find(handle);
+    if (!window || !point) {
+        return FALSE;
+    }
+    *point = {point->x - window->rect.left, point->y - window->rect.top};
+    return TRUE;
+}

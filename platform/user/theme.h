@@ -1,0 +1,76 @@
+// The look of the handheld: every colour of its windows and the few strokes they are drawn with.
+#pragma once
+
+#include <string_view>
+
+#include "wingdi.h"
+#include "winuser.h"
+
+namespace theme {
+
+constexpr COLORREF titleUpper = RGB(40, 88, 176); ///< the title bar's upper half
+constexpr COLORREF titleLower = RGB(24, 60, 140); ///< and its lower half
+constexpr COLORREF titleEdge = RGB(8, 24, 72);    ///< the line below it
+constexpr COLORREF titleText = RGB(255, 255, 255);
+constexpr COLORREF gleam = RGB(160, 208, 255); ///< a light upon deep blue
+
+constexpr COLORREF page = RGB(255, 255, 255);
+constexpr COLORREF text = RGB(16, 20, 40);
+constexpr COLORREF textGrayed = RGB(152, 160, 176);
+constexpr COLORREF line = RGB(104, 120, 160);     ///< frames of controls
+constexpr COLORREF lineSoft = RGB(200, 208, 224); ///< separators
+constexpr COLORREF frame = RGB(24, 40, 96);       ///< frames of windows
+
+constexpr COLORREF faceUpper = RGB(247, 251, 255); ///< raised things: buttons, keys, the bar
+constexpr COLORREF faceLower = RGB(222, 231, 247);
+constexpr COLORREF accent = RGB(32, 88, 192); ///< what is selected or pressed
+constexpr COLORREF accentText = RGB(255, 255, 255);
+
+constexpr COLORREF question = RGB(32, 88, 192);
+constexpr COLORREF information = RGB(24, 120, 168);
+constexpr COLORREF warning = RGB(248, 184, 24);
+constexpr COLORREF stop = RGB(200, 32, 40);
+
+enum class Weight
+{
+    Regular,
+    Bold
+};
+
+void fill(HDC dc, const RECT &rect, COLORREF colour);
+/// One pixel wide, inside the rectangle.
+void drawFrame(HDC dc, const RECT &rect, COLORREF colour);
+/// A frame without its four corner pixels, around an upper and a lower half.
+void drawFace(HDC dc, const RECT &rect, COLORREF outline, COLORREF upper, COLORREF lower);
+/// A filled circle.
+void drawDisc(HDC dc, POINT centre, int radius, COLORREF colour);
+/// A triangle that points down (or up), `2 * rows - 1` pixels wide, its middle at `centre`.
+void drawArrow(HDC dc, POINT centre, int rows, bool down, COLORREF colour);
+/// The light that stands for the shell: a star of four rays.
+void drawGleam(HDC dc, POINT centre, COLORREF colour);
+
+/// In the system font, on what is there already; `flags` as DrawTextW takes them.
+void drawText(HDC dc, std::u16string_view string, RECT rect, UINT flags, COLORREF colour,
+              Weight weight = Weight::Regular);
+/// What a text needs when its lines are broken to be at most `width` pixels long.
+SIZE measureText(std::u16string_view string, int width, UINT flags,
+                 Weight weight = Weight::Regular);
+
+/// BeginPaint and EndPaint around a window's drawing.
+class Painting
+{
+public:
+    explicit Painting(HWND window) : window_(window), dc(BeginPaint(window, &paint_)) {}
+    Painting(const Painting &) = delete;
+    Painting &operator=(const Painting &) = delete;
+    ~Painting() { EndPaint(window_, &paint_); }
+
+private:
+    HWND window_;
+    PAINTSTRUCT paint_{};
+
+public:
+    const HDC dc;
+};
+
+} // namespace theme

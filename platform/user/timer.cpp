@@ -1,0 +1,92 @@
+// Timers. The clock wraps, so moments are compared by their signed distance.
+#include "user/timer.h"
+
+#include <algorithm>
+
+#include "user/window.h"
+
+namespace user {
+
+namespace {
+
+struct Timer
+{
+    HWND window;
+    UINT id = 0;
+    DWORD period = 0;
+    DWORD due = 0;
+    TIMERPROC callback = nullptr;
+};
+
+std::vector<Timer> timers; ///< in the order of setting, which decides between equal moments
+
+std::int32_t distance(DWORD from, DWORD to) { return static_cast<std::int32_t>(to - from); }
+
+std::vector<Timer>::iterator first()
+{
+    return std::ranges::min_element(
+        timers, [](const Timer &a, const Timer &b) { return distance(b.due, a.due) < 0; });
+}
+
+bool eraseTimer(HWND window, UINT id)
+{
+    return std::erase_if(timers, [&](const Timer &each) {
+               return each.window == window && each.id == id;
+           }) != 0;
+}
+
+} // namespace
+
+std::optional<MSG> takeTimerMessage(DWORD now)
+{
+    const auto timer = first();
+    if (timer == timers.end() || distance(timer->due, now) < 0) {
+        return std::nullopt;
+    }
+    // The moments that passed meanwhile are told with this one.
+    timer->due += ((now - timer->due) / timer->period + 1) * timer->period;
+    return MSG{timer->window, WM_TIMER, timer->id, reinterpret_cast<LPARAM>(timer->callback),
+               now,           {}};
+}
+
+std::optional<DWORD> nextTimerMoment()
+{
+    const auto timer = first();
+    return timer == timers.end() ? std::nullopt : std::optional(timer->due);
+}
+
+void dropTimersOf(HWND window)
+{
+    std::erase_if(timers, [&](const Timer &each) { return each.window == window; });
+}
+
+void forgetTimers() { timers.clear(); }
+
+std::vector<TimerView> liveTimers()
+{
+    std::vector<TimerView> views;
+    for (const Timer &timer : timers) {
+        views.push_back({timer.window, timer.id});
+    }
+    return views;
+}
+
+} // namespace user
+
+UINT SetTimer(HWND handle, UINT id, UINT period, TIMERPROC callback)
+{
+    constexpr DWORD longestPeriod = 0x7FFFFFFF;
+    const user::Window *window = user::find(handle);
+    if (!window || window->destroying) {
+        return 0;
+    }
+    user::eraseTimer(window->handle, id);
+    const DWORD length = std::clamp<DWORD>(period, 1, longestPeriod);
+    user::timers.push_back({window->handle, id, length, GetTickCount() + length, callback});
+    return std::max<UINT>(id, 1);
+}
+
+BOOL KillTimer(HWND handle, UINT id)
+{
+    return user::eraseTimer({handle.value & ~1U}, id) ? TRUE : FALSE;
+}

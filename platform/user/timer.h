@@ -1,0 +1,26 @@
+// The timers of all windows.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "winuser.h"
+
+namespace user {
+
+/// WM_TIMER of the timer that was due first, if any is due. Its next moment is ahead then.
+std::optional<MSG> takeTimerMessage(DWORD now);
+/// When the next timer is due; nothing when there is none.
+std::optional<DWORD> nextTimerMoment();
+void dropTimersOf(HWND window);
+void forgetTimers();
+
+struct TimerView
+{
+    HWND window;
+    UINT id;
+};
+std::vector<TimerView> liveTimers();
+
+} // namespace user

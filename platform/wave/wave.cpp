@@ -1,0 +1,147 @@
+// Sound output over the host's queue of samples: the one device and the buffers it holds.
+//
+// The host only tells whether samples are left, not which, so buffers become done together, when
+// the last of them was played.
+#include "wave/wave.h"
+
+#include <span>
+#include <vector>
+
+#include "handheld.h"
+#include "mmsystem.h"
+
+namespace {
+
+constexpr HWAVEOUT theDevice{1};
+
+bool isOpen = false;
+std::vector<WAVEHDR *> queued;
+
+void markDone()
+{
+    for (WAVEHDR *header : queued) {
+        header->dwFlags = (header->dwFlags & ~WHDR_INQUEUE) | WHDR_DONE;
+    }
+    queued.clear();
+}
+
+MMRESULT checkDevice(HWAVEOUT device)
+{
+    if (!isOpen || device != theDevice) {
+        return MMSYSERR_INVALHANDLE;
+    }
+    if (!queued.empty() && !handheld::host().samplesQueued()) {
+        markDone();
+    }
+    return MMSYSERR_NOERROR;
+}
+
+MMRESULT checkHeader(HWAVEOUT device, const WAVEHDR *header, UINT size)
+{
+    const MMRESULT result = checkDevice(device);
+    if (result != MMSYSERR_NOERROR) {
+        return result;
+    }
+    return header != nullptr && size >= sizeof(WAVEHDR) ? MMSYSERR_NOERROR : MMSYSERR_INVALPARAM;
+}
+
+bool isTheFormat(const WAVEFORMATEX &format)
+{
+    return format.wFormatTag == WAVE_FORMAT_PCM && format.nChannels == 1 &&
+           format.nSamplesPerSec == 22050 && format.nAvgBytesPerSec == 22050 &&
+           format.nBlockAlign == 1 && format.wBitsPerSample == 8;
+}
+
+} // namespace
+
+void wave::reset()
+{
+    queued.clear();
+    isOpen = false;
+}
+
+UINT waveOutGetNumDevs() { return handheld::host().hasLoudspeaker() ? 1 : 0; }
+
+MMRESULT waveOutOpen(HWAVEOUT *device, UINT id, const WAVEFORMATEX *format, DWORD /*callback*/,
+                     DWORD /*instance*/, DWORD /*flags*/)
+{
+    if (id >= waveOutGetNumDevs()) {
+        return MMSYSERR_BADDEVICEID;
+    }
+    if (device == nullptr || format == nullptr) {
+        return MMSYSERR_INVALPARAM;
+    }
+    if (!isTheFormat(*format)) {
+        return WAVERR_BADFORMAT;
+    }
+    if (isOpen || !handheld::host().openLoudspeaker()) {
+        return MMSYSERR_ALLOCATED;
+    }
+    isOpen = true;
+    *device = theDevice;
+    return MMSYSERR_NOERROR;
+}
+
+MMRESULT waveOutClose(HWAVEOUT device)
+{
+    const MMRESULT result = checkDevice(device);
+    if (result != MMSYSERR_NOERROR) {
+        return result;
+    }
+    if (!queued.empty()) {
+        return WAVERR_STILLPLAYING;
+    }
+    handheld::host().closeLoudspeaker();
+    isOpen = false;
+    return MMSYSERR_NOERROR;
+}
+
+MMRESULT waveOutPrepareHeader(HWAVEOUT device, WAVEHDR *header, UINT size)
+{
+    const MMRESULT result = checkHeader(device, header, size);
+    if (result == MMSYSERR_NOERROR) {
+        header->dwFlags |= WHDR_PREPARED;
+    }
+    return result;
+}
+
+MMRESULT waveOutUnprepareHeader(HWAVEOUT device, WAVEHDR *header, UINT size)
+{
+    const MMRESULT result = checkHeader(device, header, size);
+    if (result != MMSYSERR_NOERROR) {
+        return result;
+    }
+    if ((header->dwFlags & WHDR_INQUEUE) != 0) {
+        return WAVERR_STILLPLAYING;
+    }
+    header->dwFlags &= ~WHDR_PREPARED;
+    return MMSYSERR_NOERROR;
+}
+
+MMRESULT waveOutWrite(HWAVEOUT device, WAVEHDR *header, UINT size)
+{
+    const MMRESULT result = checkHeader(device, header, size);
+    if (result != MMSYSERR_NOERROR) {
+        return result;
+    }
+    if ((header->dwFlags & WHDR_PREPARED) == 0) {
+        return WAVERR_UNPREPARED;
+    }
+    if ((header->dwFlags & WHDR_INQUEUE) != 0) {
+        return WAVERR_STILLPLAYING;
+    }
+    header->dwFlags = (header->dwFlags & ~WHDR_DONE) | WHDR_INQUEUE;
+    queued.push_back(header);
+    handheld::host().playSamples(std::span(header->lpData, header->dwBufferLength));
+    return MMSYSERR_NOERROR;
+}
+
+MMRESULT waveOutReset(HWAVEOUT device)
+{
+    const MMRESULT result = checkDevice(device);
+    if (result == MMSYSERR_NOERROR) {
+        handheld::host().dropSamples();
+        markDone();
+    }
+    return result;
+}

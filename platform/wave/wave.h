@@ -1,0 +1,9 @@
+// Sound output's place in the life of the handheld.
+#pragma once
+
+namespace wave {
+
+/// Back to the state at switch-on: the device closed, nothing queued.
+void reset();
+
+} // namespace wave

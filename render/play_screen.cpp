@@ -1,0 +1,263 @@
+// Draws a game: composes in `screenSurface` only what the session marked dirty, then copies the
+// whole picture to the window.
+#include "render/play_screen.h"
+
+#include <algorithm>
+
+#include "app/window.h"
+#include "render/selection.h"
+
+namespace {
+
+constexpr RECT queueRect{154, 11, 228, 161};
+constexpr RECT holdRect{154, 185, 228, 209};
+constexpr int queuePitch = 25; ///< pixels from one coming piece to the next
+
+/// Rows of the tile sheet.
+constexpr int normalLook = 0; // 1 to 4: a row that is being cleared
+constexpr int lastClearLook = 4;
+constexpr int ghostLook = 5;
+
+/// By how much a piece is drawn left of and above the common place of its box in the next-piece
+/// and hold boxes, in pixels, so that every piece is centred there. Indexed by type.
+constexpr POINT previewShifts[tetrominoCount] = {{-5, 0},  {-5, 0},  {-5, 11}, {0, 0},
+                                                 {-5, 11}, {-5, 11}, {11, 16}};
+/// The middle of both boxes is x = 191; a box origin lies two cells left of it.
+constexpr int previewMiddle = 191;
+
+/// Copies one tile of the tile sheet, which is selected into `tileDC`, to a place in pixels.
+void drawTile(const GameSession &session, int x, int y, int column, int look)
+{
+    BitBlt(session.backDC, x, y, session.cellWidth, session.cellHeight, session.tileDC,
+           column * session.cellWidth, look * session.cellHeight, SRCCOPY);
+}
+
+int cellX(const GameSession &session, int column)
+{
+    return session.boardLeft + session.cellWidth * column;
+}
+
+int cellY(const GameSession &session, int row)
+{
+    return session.boardTop + session.cellHeight * row;
+}
+
+void drawCell(const GameSession &session, int column, int row, const Cell &cell, int look)
+{
+    if (row >= 0 && cell.occupied != 0) {
+        drawTile(session, cellX(session, column), cellY(session, row), cell.colour, look);
+    }
+}
+
+/// Puts the backdrop, which is selected into `tileDC`, back where a cell is.
+void eraseCell(const GameSession &session, int column, int row)
+{
+    if (row >= 0) {
+        const int x = cellX(session, column);
+        const int y = cellY(session, row);
+        BitBlt(session.backDC, x, y, session.cellWidth, session.cellHeight, session.tileDC, x, y,
+               SRCCOPY);
+    }
+}
+
+void drawPiece(const GameSession &session, const RotationState &state, int x, int y)
+{
+    const Cell cell{1, static_cast<std::uint8_t>(state.type)};
+    for (const CellOffset &offset : state.cells) {
+        drawCell(session, x + offset.x, y + offset.y, cell, normalLook);
+    }
+}
+
+void erasePiece(const GameSession &session, const RotationState &state, int x, int y)
+{
+    for (const CellOffset &offset : state.cells) {
+        eraseCell(session, x + offset.x, y + offset.y);
+    }
+}
+
+/// Outlines of the cells; nothing while the box of the piece is above the well.
+void drawGhost(const GameSession &session, const RotationState &state, int x, int y)
+{
+    if (y < 0) {
+        return;
+    }
+    const int width = session.cellWidth;
+    const int height = session.cellHeight;
+    for (const CellOffset &offset : state.cells) {
+        TransparentImage(session.backDC, cellX(session, x + offset.x), cellY(session, y + offset.y),
+                         width, height, session.tileDC, static_cast<int>(state.type) * width,
+                         ghostLook * height, width, height, RGB(0, 0, 0));
+    }
+}
+
+/// Draws a piece as it enters the well into a box, its slot's upper edge at `top` pixels.
+void drawPreview(const GameSession &session, TetrominoType type, int top)
+{
+    const RotationState &state = rotationState(type, spawnPlace(type).rotation);
+    const POINT &shift = previewShifts[static_cast<std::size_t>(type)];
+    const int x = previewMiddle - 2 * session.cellWidth - shift.x;
+    const int y = top - shift.y;
+    for (const CellOffset &offset : state.cells) {
+        drawTile(session, x + session.cellWidth * offset.x, y + session.cellHeight * offset.y,
+                 static_cast<int>(type), normalLook);
+    }
+}
+
+void drawGhostAndPiece(const GameSession &session)
+{
+    const Playfield &playfield = session.playfield;
+    const ActivePiece &piece = playfield.piece;
+    if (session.ghostEnabled != 0) {
+        drawGhost(session, playfield.currentState(), piece.ghostX, piece.ghostY);
+    }
+    drawPiece(session, playfield.currentState(), piece.x, piece.y);
+}
+
+void drawRow(const GameSession &session, int row, int look)
+{
+    for (int column = 0; column < wellColumns; ++column) {
+        drawCell(session, column, row, *session.playfield.cellAt(column, row), look);
+    }
+}
+
+/// The whole well; without the falling piece once the game is decided.
+void drawBoard(const GameSession &session)
+{
+    restoreBackdrop(session, boardRect);
+    const Selection tiles(session.tileDC, tileSheet->bitmap);
+    for (int row = 0; row < wellRows; ++row) {
+        drawRow(session, row, normalLook);
+    }
+    if (session.state != GameState::Ending) {
+        drawGhostAndPiece(session);
+    }
+}
+
+bool wasDrawn(int x, int y) { return x > ActivePiece::noGhost || y > ActivePiece::noGhost; }
+
+/// Moves the falling piece and its ghost from where the last tick drew them to where they are.
+void drawFallingPiece(const GameSession &session)
+{
+    const Playfield &playfield = session.playfield;
+    const ActivePiece &piece = playfield.piece;
+    {
+        const Selection backdrop(session.tileDC,
+                                 backdrops[static_cast<std::size_t>(session.backdrop)]->bitmap);
+        if (wasDrawn(piece.prevGhostX, piece.prevGhostY)) {
+            erasePiece(session, playfield.previousState(), piece.prevGhostX, piece.prevGhostY);
+        }
+        if (wasDrawn(piece.prevX, piece.prevY)) {
+            erasePiece(session, playfield.previousState(), piece.prevX, piece.prevY);
+        }
+    }
+    const Selection tiles(session.tileDC, tileSheet->bitmap);
+    drawGhostAndPiece(session);
+}
+
+/// The complete rows in the look of the moment. A clear that goes on after a pause counts up from
+/// far below 0: it shows the normal look until its time has come.
+void drawClearingRows(const GameSession &session)
+{
+    const int look = std::clamp(session.clearFrame, normalLook, lastClearLook);
+    const Selection tiles(session.tileDC, tileSheet->bitmap);
+    for (int row = 0; row < wellRows; ++row) {
+        if (session.playfield.fullRows[static_cast<std::size_t>(row)] != 0) {
+            drawRow(session, row, look);
+        }
+    }
+}
+
+void drawQueue(const GameSession &session)
+{
+    restoreBackdrop(session, queueRect);
+    const Selection tiles(session.tileDC, tileSheet->bitmap);
+    const PieceQueue &queue = session.playfield.piece.queue;
+    for (int slot = 0; slot < std::min(session.queueLength, queue.count); ++slot) {
+        drawPreview(session, queue.entries[static_cast<std::size_t>(slot)],
+                    queueRect.top + queuePitch * slot);
+    }
+}
+
+void drawHold(const GameSession &session)
+{
+    restoreBackdrop(session, holdRect);
+    if (session.holdType >= 0) {
+        const Selection tiles(session.tileDC, tileSheet->bitmap);
+        drawPreview(session, static_cast<TetrominoType>(session.holdType), holdRect.top);
+    }
+}
+
+/// The well in what the session marked of it.
+void drawWell(const GameSession &session)
+{
+    if ((session.dirty & dirty::well) != 0) {
+        drawBoard(session);
+        return;
+    }
+    if ((session.dirty & dirty::movedPiece) != 0) {
+        drawFallingPiece(session);
+    }
+    if ((session.dirty & dirty::clearAnimation) != 0) {
+        drawClearingRows(session);
+    }
+}
+
+void drawValues(const GameSession &session)
+{
+    if ((session.dirty & dirty::lines) != 0) {
+        drawLines(session);
+    }
+    if ((session.dirty & dirty::score) != 0) {
+        drawScore(session);
+    }
+    if ((session.dirty & dirty::level) != 0) {
+        drawLevel(session);
+    }
+    if ((session.dirty & dirty::time) != 0) {
+        drawTime(session);
+    }
+}
+
+void compose(const GameSession &session)
+{
+    const bool paused = session.state == GameState::Paused;
+    const bool ending = session.state == GameState::Ending;
+    if (session.dirty == dirty::everything) {
+        restoreBackdrop(session);
+    }
+    if (paused) {
+        drawPausedOverlay(session); // the well is hidden while the game stands still
+    } else {
+        drawWell(session);
+    }
+    if (ending) {
+        drawEndOverlay(session);
+    }
+    drawValues(session);
+    if ((session.dirty & dirty::queue) != 0 && !paused && !ending) {
+        drawQueue(session);
+    }
+    if ((session.dirty & dirty::hold) != 0 && !paused) {
+        drawHold(session);
+    }
+}
+
+} // namespace
+
+void restoreBackdrop(const GameSession &session, const RECT &rect)
+{
+    const Selection backdrop(session.tileDC,
+                             backdrops[static_cast<std::size_t>(session.backdrop)]->bitmap);
+    BitBlt(session.backDC, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
+           session.tileDC, rect.left, rect.top, SRCCOPY);
+}
+
+int GameSession::paint(HWND window, HDC target)
+{
+    (void)window;
+    const Selection back(backDC, screenSurface->bitmap);
+    compose(*this);
+    BitBlt(target ? target : windowDC, 0, 0, screenWidth, screenHeight, backDC, 0, 0, SRCCOPY);
+    dirty = 0;
+    return 1;
+}

@@ -1,0 +1,28 @@
+// The parts of the play screen's drawing that its renderer (play_screen.cpp) and its text
+// (play_screen_text.cpp) share. All of it draws into the session's `backDC`.
+#pragma once
+
+#include <windows.h>
+
+#include "engine/game_session.h"
+#include "render/graphics.h"
+
+constexpr RECT wholeScreen{0, 0, screenWidth, screenHeight};
+/// The well: 10 by 20 cells of 11 by 11 pixels.
+constexpr RECT boardRect{22, 11, 132, 231};
+
+/// Copies a rectangle of the session's backdrop to the same place.
+void restoreBackdrop(const GameSession &session, const RECT &rect = wholeScreen);
+
+// The values along the bottom, each over a freshly restored backdrop.
+
+void drawScore(const GameSession &session);
+void drawLevel(const GameSession &session);
+void drawLines(const GameSession &session);
+/// The time left, in the Ultra modes; nothing in the others.
+void drawTime(const GameSession &session);
+
+/// PAUSED over an emptied well.
+void drawPausedOverlay(const GameSession &session);
+/// GAME OVER or OUT OF TIME! over the well as it is.
+void drawEndOverlay(const GameSession &session);

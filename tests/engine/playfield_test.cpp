@@ -1,0 +1,108 @@
+#include "engine/playfield.h"
+
+#include <set>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using enum TetrominoType;
+
+TEST(Playfield, CollidesWithWallsFloorAndBlocksButNotAbove)
+{
+    Playfield field;
+    field.setCell(4, 10, T);
+    struct Case
+    {
+        const char *what;
+        TetrominoType type;
+        int rotation, x, y;
+        bool fits;
+    };
+    const Case cases[] = {
+        {"wholly above the well", I, 0, 0, -5, true},
+        {"above, through the left wall", I, 0, -2, -5, false},
+        {"above, through the right wall", I, 0, 6, -5, false},
+        {"half above", T, 0, 3, -1, true},
+        {"at the left wall, its empty column outside", T, 1, -1, 5, true},
+        {"through the left wall", T, 0, -1, 5, false},
+        {"on the floor", O, 0, 3, 18, true},
+        {"through the floor", O, 0, 3, 19, false},
+        {"on a block", O, 0, 3, 9, false},
+        {"beside a block", O, 0, 4, 9, true},
+    };
+    for (const Case &c : cases) {
+        EXPECT_EQ(field.fits(rotationState(c.type, c.rotation), c.x, c.y), c.fits) << c.what;
+    }
+}
+
+TEST(Playfield, LosesCellsThatLockAboveTheTop)
+{
+    Playfield field;
+    field.placePiece(rotationState(J, 0), 3, -1);
+    int filled = 0;
+    for (const Cell &cell : field.cells) {
+        filled += cell.occupied;
+    }
+    EXPECT_EQ(filled, 3);
+    EXPECT_EQ(field.cellAt(3, 0)->occupied, 1);
+}
+
+TEST(Playfield, RemovesFlaggedRowsFromTheTopDownAndNeverRowZero)
+{
+    Playfield field;
+    for (const int row : {0, 5, 7}) {
+        for (int column = 0; column < wellColumns; ++column) {
+            field.setCell(column, row, S);
+        }
+    }
+    field.setCell(2, 4, L);
+    field.setCell(3, 6, Z);
+    field.setCell(4, 8, I);
+    EXPECT_EQ(field.markFullRows(), 2);
+    EXPECT_EQ(field.fullRows[0], 0);
+    EXPECT_EQ(field.removeFullRows(), 2);
+    EXPECT_EQ(field.cellAt(2, 6)->colour, static_cast<int>(L));
+    EXPECT_EQ(field.cellAt(3, 7)->colour, static_cast<int>(Z));
+    EXPECT_EQ(field.cellAt(4, 8)->colour, static_cast<int>(I));
+    EXPECT_EQ(field.cellAt(0, 2)->occupied, 1); // what was row 0
+    EXPECT_EQ(field.cellAt(0, 0)->occupied + field.cellAt(0, 1)->occupied, 0);
+    EXPECT_EQ(field.removeFullRows(), 0);
+}
+
+TEST(PieceQueue, DealsEveryKindOnceInSevenAndKeepsNineAhead)
+{
+    PieceQueue queue{};
+    for (int bag = 0; bag < 30; ++bag) {
+        std::set<TetrominoType> kinds;
+        for (int i = 0; i < tetrominoCount; ++i) {
+            kinds.insert(queue.take());
+            EXPECT_TRUE(bag == 0 && i == 0 ? queue.count == 6
+                                           : queue.count >= 9 && queue.count <= 15);
+        }
+        EXPECT_EQ(kinds.size(), 7U);
+    }
+}
+
+TEST(PieceQueue, ShufflesByTheLibrarysGenerator)
+{
+    for (unsigned seed = 1; seed < 50; ++seed) {
+        std::srand(seed);
+        PieceQueue queue{};
+        queue.reset();
+        std::srand(seed);
+        int list[] = {0, 1, 2, 3, 4, 5, 6};
+        for (int i = 0; i < 7; ++i) {
+            const int drawn = std::rand() % 6;
+            std::swap(list[i], list[drawn == i ? i + 1 : drawn]);
+        }
+        for (std::size_t i = 0; i < 7; ++i) {
+            EXPECT_EQ(static_cast<int>(queue.entries[i]), list[i]) << seed;
+        }
+        EXPECT_TRUE(queue.addBag()); // 14
+        EXPECT_FALSE(queue.addBag());
+        EXPECT_EQ(queue.count, 14);
+    }
+}
+
+} // namespace

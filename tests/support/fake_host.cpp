@@ -1,0 +1,177 @@
+// The script of the fake host, and its records.
+#include "support/fake_host.h"
+
+#include <stdexcept>
+
+#include "winuser.h"
+
+namespace {
+
+bool reached(std::uint32_t moment, std::uint32_t now)
+{
+    return static_cast<std::int32_t>(moment - now) <= 0;
+}
+
+} // namespace
+
+void FakeHost::give(const host::Event &event, std::uint32_t delay)
+{
+    script_.push_back({delay, event});
+}
+
+void FakeHost::act(std::function<void()> action, std::uint32_t delay)
+{
+    script_.push_back({delay, std::move(action)});
+}
+
+void FakeHost::key(int code, bool down, std::uint32_t delay)
+{
+    host::Event event;
+    event.kind = down ? host::Event::Kind::KeyDown : host::Event::Kind::KeyUp;
+    event.key = static_cast<std::uint16_t>(code);
+    give(event, delay);
+}
+
+void FakeHost::stylus(host::Event::Kind kind, int x, int y)
+{
+    host::Event event;
+    event.kind = kind;
+    event.x = x;
+    event.y = y;
+    give(event);
+}
+
+void FakeHost::tap(int x, int y)
+{
+    stylus(host::Event::Kind::StylusDown, x, y);
+    stylus(host::Event::Kind::StylusUp, x, y);
+}
+
+void FakeHost::type(std::u16string_view text)
+{
+    for (const char16_t unit : text) {
+        host::Event event;
+        event.kind = host::Event::Kind::Text;
+        event.text = unit;
+        give(event);
+    }
+}
+
+void FakeHost::run(std::uint32_t milliseconds)
+{
+    stepStart_ = clock;
+    runLength_ = milliseconds;
+    idleCalls_ = 0;
+    MSG message;
+    while (GetMessageW(&message, {}, 0, 0) != 0) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    runLength_.reset();
+}
+
+std::optional<host::Event> FakeHost::wait(std::optional<std::uint32_t> deadline)
+{
+    const bool poll = deadline && reached(*deadline, clock);
+    if (script_.empty() || (poll && !reached(stepStart_ + script_.front().delay, clock))) {
+        if (!poll) {
+            finishRun(deadline);
+        }
+        return std::nullopt;
+    }
+    if (!poll) {
+        return sleep(deadline);
+    }
+    if (const auto *event = std::get_if<host::Event>(&script_.front().what)) {
+        const host::Event taken = *event;
+        script_.pop_front();
+        stepStart_ = clock;
+        return taken;
+    }
+    return std::nullopt;
+}
+
+/// Until the first step of the script or the deadline, whichever is first.
+std::optional<host::Event> FakeHost::sleep(std::optional<std::uint32_t> deadline)
+{
+    const std::uint32_t moment = stepStart_ + script_.front().delay;
+    if (deadline && !reached(moment, *deadline)) {
+        clock = *deadline;
+        return std::nullopt;
+    }
+    if (!reached(moment, clock)) {
+        clock = moment;
+    }
+    const Step step = std::move(script_.front());
+    script_.pop_front();
+    stepStart_ = clock;
+    if (const auto *event = std::get_if<host::Event>(&step.what)) {
+        return *event;
+    }
+    std::get<std::function<void()>>(step.what)();
+    return std::nullopt;
+}
+
+/// Sleeps on with the script done: to the deadline, or to the end of the run, which ends every
+/// loop that waits for messages.
+void FakeHost::finishRun(std::optional<std::uint32_t> deadline)
+{
+    const std::uint32_t end = stepStart_ + runLength_.value_or(0);
+    if (deadline && reached(*deadline, end)) {
+        clock = *deadline;
+        return;
+    }
+    if (!reached(end, clock)) {
+        clock = end;
+    }
+    if (++idleCalls_ > 10000) {
+        throw std::logic_error("a message loop goes on after WM_QUIT");
+    }
+    PostQuitMessage(0);
+}
+
+void FakeHost::present(const host::Frame &, const host::Area &changed)
+{
+    ++presented;
+    lastChanged = changed;
+}
+
+void FakeHost::describeProgram(std::u16string_view name, const host::Icon &) { title = name; }
+
+void FakeHost::playSamples(std::span<const std::uint8_t> samples)
+{
+    queued.insert(queued.end(), samples.begin(), samples.end());
+}
+
+bool FakeHost::saveStore(std::span<const std::byte> bytes)
+{
+    if (storeFails) {
+        return false;
+    }
+    ++saves;
+    store.emplace(bytes.begin(), bytes.end());
+    return true;
+}
+
+void FakeHost::setStoreAside()
+{
+    setAside = std::move(store);
+    store.reset();
+}
+
+bool FakeHost::showHelp(std::u16string_view program, std::u16string_view arguments,
+                        std::span<const std::byte> document, std::u16string_view anchor)
+{
+    std::u16string line{program};
+    line.append(u" ").append(arguments).append(u"|").append(anchor).append(u"|");
+    for (const char digit : std::to_string(document.size())) {
+        line += static_cast<char16_t>(digit);
+    }
+    help.push_back(line);
+    return helpWorks;
+}
+
+void FakeHost::messageBoxOpened(std::u16string_view caption, std::u16string_view text)
+{
+    boxes.push_back(std::u16string(caption) + u"|" + std::u16string(text));
+}

@@ -1,0 +1,109 @@
+// A host for unit tests: a virtual clock, a script of events and looks at the handheld, a store in
+// memory, and a record of what the handheld did with its host.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "handheld.h"
+#include "host/host.h"
+
+class FakeHost final : public host::Host
+{
+public:
+    // The script, carried out in order --------------------------------------------------------
+
+    /// An event, `delay` milliseconds after the step before it.
+    void give(const host::Event &event, std::uint32_t delay = 0);
+    /// A piece of the test, once the handheld has handled everything before it and sleeps.
+    void act(std::function<void()> action, std::uint32_t delay = 0);
+    void key(int code, bool down, std::uint32_t delay = 0);
+    void stylus(host::Event::Kind kind, int x, int y);
+    void tap(int x, int y);
+    void type(std::u16string_view text);
+
+    /// Handles messages as a program does until the script is done and `milliseconds` more have
+    /// passed, everything due at that moment included.
+    void run(std::uint32_t milliseconds = 0);
+
+    // What happened ---------------------------------------------------------------------------
+
+    std::uint32_t clock = 1000;
+    int presented = 0; ///< frames
+    host::Area lastChanged{};
+    std::u16string title;
+    int raised = 0;
+    bool textWanted = false;
+    bool loudspeaker = true;                        ///< there is one
+    std::vector<std::uint8_t> queued;               ///< samples still to be played
+    std::optional<std::vector<std::byte>> store;    ///< registry.reg
+    std::optional<std::vector<std::byte>> setAside; ///< registry.reg.bad
+    bool storeFails = false;
+    int saves = 0;
+    bool otherRuns = false;
+    int otherRaised = 0;
+    bool helpWorks = true;
+    std::vector<std::u16string> help; ///< "PROGRAM ARGUMENTS|ANCHOR|" and the page's size in bytes
+    std::vector<std::string> reports;
+    std::vector<std::u16string> boxes; ///< "CAPTION|TEXT"
+    int timersHandled = 0;
+
+    std::uint32_t ticks() const override { return clock; }
+    std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
+    void present(const host::Frame &frame, const host::Area &changed) override;
+    void describeProgram(std::u16string_view name, const host::Icon &icon) override;
+    void raise() override { ++raised; }
+    void wantText(bool wanted) override { textWanted = wanted; }
+    bool hasLoudspeaker() override { return loudspeaker; }
+    bool openLoudspeaker() override { return loudspeaker; }
+    void closeLoudspeaker() override { queued.clear(); }
+    void playSamples(std::span<const std::uint8_t> samples) override;
+    void dropSamples() override { queued.clear(); }
+    bool samplesQueued() override { return !queued.empty(); }
+    std::optional<std::vector<std::byte>> loadStore() override { return store; }
+    bool saveStore(std::span<const std::byte> bytes) override;
+    void setStoreAside() override;
+    bool runsElsewhere() override { return otherRuns; }
+    void raiseOther() override { ++otherRaised; }
+    bool showHelp(std::u16string_view program, std::u16string_view arguments,
+                  std::span<const std::byte> document, std::u16string_view anchor) override;
+    void report(std::string_view line) override { reports.emplace_back(line); }
+    void messageBoxOpened(std::u16string_view caption, std::u16string_view text) override;
+    void timerHandled() override { ++timersHandled; }
+
+private:
+    struct Step
+    {
+        std::uint32_t delay = 0;
+        std::variant<host::Event, std::function<void()>> what;
+    };
+
+    std::optional<host::Event> sleep(std::optional<std::uint32_t> deadline);
+    void finishRun(std::optional<std::uint32_t> deadline);
+
+    std::deque<Step> script_;
+    std::uint32_t stepStart_ = 1000; ///< when the step before the first of `script_` was done
+    std::optional<std::uint32_t> runLength_;
+    int idleCalls_ = 0;
+};
+
+/// The handheld switched on for as long as this lives.
+struct SwitchedOn
+{
+    explicit SwitchedOn(std::span<const std::byte> resources = {}, int orientation = 0)
+    {
+        handheld::switchOn(host, resources, orientation);
+    }
+    SwitchedOn(const SwitchedOn &) = delete;
+    SwitchedOn &operator=(const SwitchedOn &) = delete;
+    ~SwitchedOn() { handheld::switchOff(); }
+
+    FakeHost host;
+};
