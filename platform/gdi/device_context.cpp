@@ -7,81 +7,77 @@ namespace gdi {
 
 namespace {
 
-void retain(HGDIOBJ handle, HDC by)
+void retain(Object &object, const DeviceContext &by)
 {
-    if (Object *object = findObject(handle.value)) {
-        object->selections++;
-        if (object->kind == Kind::Bitmap) {
-            static_cast<Bitmap *>(object)->selectedIn = by;
+    object.selections++;
+    if (object.kind == Kind::Bitmap) {
+        static_cast<Bitmap &>(object).selectedIn = &by;
+    }
+}
+
+void retainAll(const DeviceContext &dc)
+{
+    for (Object *object : dc.settings.selected) {
+        if (object) {
+            retain(*object, dc);
         }
-    }
-}
-
-void release(HGDIOBJ handle)
-{
-    if (Object *object = findObject(handle.value)) {
-        object->selections--;
-    }
-}
-
-void retainAll(const Settings &settings, HDC by)
-{
-    for (const HGDIOBJ handle : settings.selected) {
-        retain(handle, by);
     }
 }
 
 void releaseAll(const Settings &settings)
 {
-    for (const HGDIOBJ handle : settings.selected) {
-        release(handle);
+    for (Object *object : settings.selected) {
+        if (object) {
+            object->selections--;
+        }
     }
 }
 
-HDC open(std::unique_ptr<DeviceContext> dc, HGDIOBJ bitmap)
+/// Selects what a new device context starts with; `bitmap` is null for the screen.
+HDC open(std::unique_ptr<DeviceContext> dc, Object *bitmap)
 {
-    Settings &settings = dc->settings;
-    settings.selected = {bitmap, GetStockObject(WHITE_BRUSH), GetStockObject(BLACK_PEN),
-                         GetStockObject(SYSTEM_FONT)};
-    const Settings initial = settings;
+    DeviceContext &opened = *dc;
+    opened.settings.selected = {bitmap, findObject(GetStockObject(WHITE_BRUSH).value),
+                                findObject(GetStockObject(BLACK_PEN).value),
+                                findObject(GetStockObject(SYSTEM_FONT).value)};
     const HDC handle{insert(std::move(dc))};
     if (handle) {
-        retainAll(initial, handle);
+        retainAll(opened);
     }
     return handle;
 }
 
-void close(HDC handle, const DeviceContext &dc)
+void close(const DeviceContext &dc)
 {
     releaseAll(dc.settings);
     for (const Settings &settings : dc.saved) {
         releaseAll(settings);
     }
-    erase(handle.value);
+    erase(dc.handle.value);
 }
 
 /// A bitmap has one place only: one device context at a time, and never the screen.
-bool mayTake(const DeviceContext &dc, HDC handle, const Object &object)
+bool mayTake(const DeviceContext &dc, const Object &object)
 {
     if (object.kind != Kind::Bitmap) {
         return object.kind != Kind::DeviceContext;
     }
     const auto &bitmap = static_cast<const Bitmap &>(object);
-    return !dc.area && (bitmap.stock || bitmap.selections == 0 || bitmap.selectedIn == handle);
+    return !dc.area && (bitmap.stock || bitmap.selections == 0 || bitmap.selectedIn == &dc);
 }
 
 } // namespace
 
 HDC openScreenDC(const ScreenArea &area, const std::optional<Region> &within)
 {
-    return open(std::make_unique<DeviceContext>(&area, within), {});
+    return open(std::make_unique<DeviceContext>(&area, within), nullptr);
 }
 
 void closeScreenDC(HDC handle)
 {
     const DeviceContext *dc = find<DeviceContext>(handle.value);
     if (dc && dc->area) {
-        close(handle, *dc);
+        close(*dc);
     }
 }
 
@@ -90,7 +86,7 @@ void closeScreenDC(HDC handle)
 HDC CreateCompatibleDC(HDC)
 {
     return gdi::open(std::make_unique<gdi::DeviceContext>(nullptr, std::nullopt),
-                     gdi::stockBitmap());
+                     gdi::findObject(gdi::stockBitmap().value));
 }
 
 BOOL DeleteDC(HDC handle)
@@ -99,21 +95,21 @@ BOOL DeleteDC(HDC handle)
     if (!dc || dc->area) {
         return FALSE;
     }
-    gdi::close(handle, *dc);
+    gdi::close(*dc);
     return TRUE;
 }
 
-HGDIOBJ SelectObject(HDC handle, HGDIOBJ object)
+HGDIOBJ SelectObject(HDC handle, HGDIOBJ objectHandle)
 {
     auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    const gdi::Object *selected = gdi::findObject(object.value);
-    if (!dc || !selected || !gdi::mayTake(*dc, handle, *selected)) {
+    gdi::Object *object = gdi::findObject(objectHandle.value);
+    if (!dc || !object || !gdi::mayTake(*dc, *object)) {
         return {};
     }
-    HGDIOBJ &place = dc->settings.selected[static_cast<std::size_t>(selected->kind)];
-    gdi::release(place);
-    gdi::retain(object, handle);
-    return std::exchange(place, object);
+    gdi::Object *&place = dc->settings.selected[static_cast<std::size_t>(object->kind)];
+    gdi::retain(*object, *dc);
+    place->selections--;
+    return std::exchange(place, object)->handle;
 }
 
 BOOL DeleteObject(HGDIOBJ handle)
@@ -147,7 +143,7 @@ int SaveDC(HDC handle)
     if (!dc) {
         return 0;
     }
-    gdi::retainAll(dc->settings, handle);
+    gdi::retainAll(*dc);
     dc->saved.push_back(dc->settings);
     return static_cast<int>(dc->saved.size());
 }

@@ -1,8 +1,8 @@
 // The table of handles.
 #include "gdi/objects.h"
 
-#include <deque>
 #include <new>
+#include <utility>
 
 namespace gdi {
 
@@ -12,22 +12,41 @@ constexpr std::uint32_t indexBits = 16;
 constexpr std::uint32_t indexMask = (1U << indexBits) - 1;
 constexpr std::uint32_t lastGeneration = 0xFFFF;
 
+constexpr std::uint32_t noSlot = 0xFFFFFFFF;
+
 struct Slot
 {
     std::unique_ptr<Object> object;
     std::uint32_t generation = 1; ///< never 0, so no handle is 0
+    std::uint32_t nextFree = noSlot;
 };
 
+/// Free slots are used again in turn, which spreads the generations.
 struct Table
 {
     std::vector<Slot> slots;
-    std::deque<std::uint32_t> freeSlots; ///< used again in turn, to spread the generations
+    std::uint32_t firstFree = noSlot;
+    std::uint32_t lastFree = noSlot;
 };
 
-Table &table()
+// Built by the compiler, so that a look-up need not ask whether it is there.
+constinit Table table;
+
+void freeSlot(std::uint32_t index)
 {
-    static Table theTable;
-    return theTable;
+    if (table.firstFree == noSlot) {
+        table.firstFree = index;
+    } else {
+        table.slots[table.lastFree].nextFree = index;
+    }
+    table.lastFree = index;
+}
+
+std::uint32_t takeSlot()
+{
+    const std::uint32_t index = table.firstFree;
+    table.firstFree = std::exchange(table.slots[index].nextFree, noSlot);
+    return index;
 }
 
 } // namespace
@@ -48,49 +67,49 @@ std::unique_ptr<Bitmap> Bitmap::make(int width, int height)
 
 std::uint32_t insert(std::unique_ptr<Object> object)
 {
-    auto &[slots, freeSlots] = table();
-    if (freeSlots.empty()) {
-        if (slots.size() > indexMask) {
+    if (table.firstFree == noSlot) {
+        const std::size_t count = table.slots.size();
+        if (count > indexMask) {
             return 0;
         }
-        freeSlots.push_back(static_cast<std::uint32_t>(slots.size()));
-        slots.emplace_back();
+        table.slots.emplace_back();
+        freeSlot(static_cast<std::uint32_t>(count));
     }
-    const std::uint32_t index = freeSlots.front();
-    freeSlots.pop_front();
-    slots[index].object = std::move(object);
-    return slots[index].generation << indexBits | index;
+    const std::uint32_t index = takeSlot();
+    Slot &slot = table.slots[index];
+    const std::uint32_t handle = slot.generation << indexBits | index;
+    object->handle = {handle};
+    slot.object = std::move(object);
+    return handle;
 }
 
 Object *findObject(std::uint32_t handle)
 {
-    const std::vector<Slot> &slots = table().slots;
     const std::uint32_t index = handle & indexMask;
-    if (index >= slots.size() || slots[index].generation != handle >> indexBits) {
+    if (index >= table.slots.size()) {
         return nullptr;
     }
-    return slots[index].object.get();
+    const Slot &slot = table.slots[index];
+    return slot.generation == handle >> indexBits ? slot.object.get() : nullptr;
 }
 
 void erase(std::uint32_t handle)
 {
-    auto &[slots, freeSlots] = table();
     const std::uint32_t index = handle & indexMask;
-    Slot &slot = slots[index];
+    Slot &slot = table.slots[index];
     slot.object.reset();
     // A slot that has used up its generations stays empty for good.
     if (slot.generation < lastGeneration) {
         slot.generation++;
-        freeSlots.push_back(index);
+        freeSlot(index);
     }
 }
 
-void visitObjects(const std::function<void(std::uint32_t, const Object &)> &visitor)
+void visitObjects(const std::function<void(const Object &)> &visitor)
 {
-    const std::vector<Slot> &slots = table().slots;
-    for (std::uint32_t index = 0; index < slots.size(); index++) {
-        if (slots[index].object) {
-            visitor(slots[index].generation << indexBits | index, *slots[index].object);
+    for (const Slot &slot : table.slots) {
+        if (slot.object) {
+            visitor(*slot.object);
         }
     }
 }

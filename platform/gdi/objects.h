@@ -34,6 +34,7 @@ struct Object
 {
     Kind kind;
     bool stock = false; ///< always there, never deleted
+    HGDIOBJ handle{};   ///< given by the table
     int selections = 0; ///< in how many places of device contexts, saved ones included
 
     explicit Object(Kind itsKind) : kind(itsKind) {}
@@ -51,8 +52,8 @@ struct Bitmap final : Object
     std::unique_ptr<Pixel[]> pixels;
     int width;
     int height;
-    WORD storedBits = 16; ///< per pixel
-    HDC selectedIn{};
+    WORD storedBits = 16;               ///< per pixel
+    const Object *selectedIn = nullptr; ///< a device context; counts while there are selections
 
     /// Black; null when a side is out of range or memory is short.
     static std::unique_ptr<Bitmap> make(int width, int height);
@@ -94,7 +95,7 @@ struct Font final : Object
 /// What SaveDC saves.
 struct Settings
 {
-    std::array<HGDIOBJ, selectableKinds> selected{}; ///< by kind; no bitmap on the screen
+    std::array<Object *, selectableKinds> selected{}; ///< by kind; no bitmap on the screen
     COLORREF textColour = RGB(0, 0, 0);
     COLORREF backgroundColour = RGB(255, 255, 255);
     int backgroundMode = OPAQUE;
@@ -112,7 +113,7 @@ struct DeviceContext final : Object
     DeviceContext(const ScreenArea *itsArea, const std::optional<Region> &itsWithin)
         : Object(kindOf), area(itsArea), within(itsWithin)
     {}
-    /// The selected object of a kind.
+    /// The selected object of a kind: never none, but for a bitmap on the screen.
     template <class T>
     const T &selected() const;
 };
@@ -124,8 +125,8 @@ std::uint32_t insert(std::unique_ptr<Object> object);
 /// The object of a handle; null when there is none.
 Object *findObject(std::uint32_t handle);
 void erase(std::uint32_t handle);
-/// Every object with its handle. The visitor may erase the one it is given.
-void visitObjects(const std::function<void(std::uint32_t, const Object &)> &visitor);
+/// Goes through the objects. The visitor may erase the one it is given.
+void visitObjects(const std::function<void(const Object &)> &visitor);
 
 /// The object of that kind behind a handle; null when there is none.
 template <class T>
@@ -138,8 +139,7 @@ T *find(std::uint32_t handle)
 template <class T>
 const T &DeviceContext::selected() const
 {
-    return *static_cast<const T *>(
-        findObject(settings.selected[static_cast<std::size_t>(T::kindOf)].value));
+    return *static_cast<const T *>(settings.selected[static_cast<std::size_t>(T::kindOf)]);
 }
 
 /// The 1 by 1 bitmap that every memory device context starts with.

@@ -2,6 +2,7 @@
 #include "gdi/raster.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace gdi {
@@ -9,6 +10,24 @@ namespace gdi {
 namespace {
 
 std::size_t bytes(LONG pixels) { return static_cast<std::size_t>(pixels) * sizeof(Pixel); }
+
+/// As many pixels as one vector operation of every machine takes.
+constexpr LONG groupSize = 8;
+using Group = std::array<Pixel, groupSize>;
+
+/// Copies a group but for its transparent pixels, which are written as they were: no branches.
+void copyGroup(Pixel *target, const Pixel *picture, Pixel transparent)
+{
+    Group old;
+    Group fresh;
+    std::memcpy(old.data(), target, sizeof old);
+    std::memcpy(fresh.data(), picture, sizeof fresh);
+    for (std::size_t i = 0; i < fresh.size(); i++) {
+        const auto keep = static_cast<Pixel>(fresh[i] == transparent ? 0xFFFF : 0);
+        fresh[i] = static_cast<Pixel>((old[i] & keep) | (fresh[i] & ~keep));
+    }
+    std::memcpy(target, fresh.data(), sizeof fresh);
+}
 
 } // namespace
 
@@ -41,11 +60,17 @@ void copyTransparent(const Raster &to, const RECT &part, const Raster &from, POI
                      Pixel transparent)
 {
     const LONG width = part.right - part.left;
-    for (LONG y = part.top; y < part.bottom; y++, source.y++) {
-        Pixel *target = to.at(part.left, y);
-        const Pixel *picture = from.at(source.x, source.y);
-        // Writing every pixel, even with what it was, keeps the loop free of branches.
-        for (LONG x = 0; x < width; x++) {
+    const LONG height = part.bottom - part.top;
+    Pixel *target = to.at(part.left, part.top);
+    const Pixel *picture = from.at(source.x, source.y);
+    const int targetPitch = to.width;
+    const int picturePitch = from.width;
+    for (LONG y = 0; y < height; y++, target += targetPitch, picture += picturePitch) {
+        LONG x = 0;
+        for (; x <= width - groupSize; x += groupSize) {
+            copyGroup(target + x, picture + x, transparent);
+        }
+        for (; x < width; x++) {
             target[x] = picture[x] == transparent ? target[x] : picture[x];
         }
     }

@@ -47,9 +47,9 @@ void resizeScreen(int width, int height)
 
 void reset()
 {
-    visitObjects([](std::uint32_t handle, const Object &object) {
+    visitObjects([](const Object &object) {
         if (!object.stock) {
-            erase(handle);
+            erase(object.handle.value);
         }
     });
     resizeScreen(screen().width, screen().height);
@@ -58,7 +58,7 @@ void reset()
 std::vector<std::string> liveObjects()
 {
     std::vector<std::string> lines;
-    visitObjects([&](std::uint32_t, const Object &object) {
+    visitObjects([&](const Object &object) {
         if (!object.stock) {
             lines.push_back(describe(object));
         }

@@ -299,7 +299,9 @@ LRESULT CALLBACK capEditProcedure(HWND window, UINT message, WPARAM wParam, LPAR
 {
     const LRESULT result = editProcedure(window, message, wParam, lParam);
     if (message == WM_CREATE) {
-        dataOf<EditData>(window)->capitalises = true;
+        if (auto *data = dataOf<EditData>(window)) {
+            data->capitalises = true;
+        }
     }
     return result;
 }

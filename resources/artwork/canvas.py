@@ -10,7 +10,7 @@ OVERSAMPLING = 3
 
 def colour(code):
     """The linear light of an sRGB colour "rrggbb"."""
-    c = np.array([int(code[i:i + 2], 16) for i in (0, 2, 4)]) / 255
+    c = np.array([int(code[i : i + 2], 16) for i in (0, 2, 4)]) / 255
     return np.where(c <= 0.04045, c / 12.92, ((c + 0.055) / 1.055) ** 2.4)
 
 
@@ -29,11 +29,11 @@ def blend(stops, value):
 
 def hashed(x, y, seed):
     """A number from 0 to 1 that depends only on the integers x, y (arrays or numbers) and the seed."""
-    h = (np.asarray(x, dtype=np.int64) * 374761393 + np.asarray(y, dtype=np.int64) * 668265263
-         + seed * 1442695041) & 0xFFFFFFFF
+    mixed = np.asarray(x, dtype=np.int64) * 374761393 + np.asarray(y, dtype=np.int64) * 668265263 + seed * 1442695041
+    h = np.atleast_1d(mixed & 0xFFFFFFFF).astype(np.uint64)
     for shift, factor in ((15, 2246822519), (13, 3266489917), (16, 668265263)):
-        h = ((h ^ (h >> shift)) * factor) & 0xFFFFFFFF
-    return (h >> 8) / 16777216.0
+        h = ((h ^ (h >> np.uint64(shift))) * np.uint64(factor)) & np.uint64(0xFFFFFFFF)
+    return ((h >> np.uint64(8)) / 16777216.0).reshape(mixed.shape)
 
 
 def noise(x, y, seed, octaves=4, gain=0.5):
@@ -120,9 +120,26 @@ class Canvas:
         tint = colour(tint) if isinstance(tint, str) else tint
         dx, dy = np.abs(self.x - cx), np.abs(self.y - cy)
         for along, across in ((dx, dy), (dy, dx)):
-            ray = np.maximum(1 - along / size, 0) ** 2 * np.exp(-(across / (0.25 + 0.35 * np.maximum(1 - along / size, 0))) ** 2)
+            ray = np.maximum(1 - along / size, 0) ** 2 * np.exp(
+                -((across / (0.25 + 0.35 * np.maximum(1 - along / size, 0))) ** 2)
+            )
             self.light += power * ray[..., None] * tint
         self.glow(cx, cy, size * 0.14, tint, power)
+
+    def reflect(self, shore, stretches, ripple, tall, wide):
+        """Mirrors what stands above the row `shore` into the rows below: a mean of images stretched by each factor.
+
+        `ripple` (-0.5 to 0.5 for every sample below the shore) shifts it by `tall` rows and `wide` columns.
+        """
+        edge = int(shore * self.n)
+        count, width = self.light.shape[0] - edge, self.light.shape[1]
+        below = (np.arange(count) / self.n)[:, None]
+        sideways = np.clip(np.arange(width)[None, :] + (ripple * wide * self.n).astype(np.int64), 0, width - 1)
+        image = np.zeros((count, width, 3))
+        for stretch in stretches:
+            rise = below * stretch + ripple * tall
+            image += self.light[np.clip(edge - 1 - (rise * self.n).astype(np.int64), 0, edge - 1), sideways]
+        self.light[edge:] = image / len(stretches)
 
     def bloom(self, radius, threshold, amount):
         """Lets what is brighter than `threshold` shine into its surroundings."""

@@ -78,6 +78,22 @@ def write_wav(path, samples, rate=22050):
     """8-bit mono PCM: a 44-byte header, then the samples (uint8, an even number) to the end of the file."""
     data = samples.tobytes()
     with open(path, "wb") as file:
-        file.write(struct.pack("<4sI4s4sIHHIIHH4sI", b"RIFF", 36 + len(data), b"WAVE", b"fmt ", 16, 1, 1,
-                               rate, rate, 1, 8, b"data", len(data)))
+        file.write(
+            struct.pack(
+                "<4sI4s4sIHHIIHH4sI",
+                b"RIFF",
+                36 + len(data),
+                b"WAVE",
+                b"fmt ",
+                16,
+                1,
+                1,
+                rate,
+                rate,
+                1,
+                8,
+                b"data",
+                len(data),
+            )
+        )
         file.write(data)

@@ -57,8 +57,8 @@ def _nearest(colours, palette):
     """The index of the palette colour nearest to each of `colours` (n, 3), both in 16ths."""
     found = np.empty(len(colours), dtype=np.int64)
     for at in range(0, len(colours), 4096):
-        part = colours[at:at + 4096, None, :] - palette[None, :, :]
-        found[at:at + 4096] = np.argmin((part * part * WEIGHTS).sum(axis=2), axis=1)
+        part = colours[at : at + 4096, None, :] - palette[None, :, :]
+        found[at : at + 4096] = np.argmin((part * part * WEIGHTS).sum(axis=2), axis=1)
     return found
 
 
@@ -104,23 +104,32 @@ def _split_boxes(colours, weights, count):
     return np.array(means, dtype=np.int64)
 
 
-def dither(picture, palette, allowed):
+def dither(picture, palette, where=None, allowed=None):
     """Indices into `palette` for `picture` (16ths): each pixel mixes STEPS colours whose mean is its own.
 
-    `allowed` (bool per palette colour) restricts the colours used, which keeps quiet regions dark for certain.
+    `where` (bool per pixel) picks the pixels to do, `allowed` (bool per palette colour) the colours to use, which
+    keeps a quiet region dark for certain. Both default to all. The result is one index per picked pixel.
     """
     height, width, _ = picture.shape
-    usable = np.flatnonzero(allowed)
+    where = np.ones((height, width), dtype=bool) if where is None else where
+    usable = np.arange(len(palette)) if allowed is None else np.flatnonzero(allowed)
     choices = palette[usable] * 16
-    target = picture.reshape(-1, 3)
+    target = picture[where]
     error = np.zeros_like(target)
     mixes = np.empty((STEPS, len(target)), dtype=np.int64)
     for step in range(STEPS):
-        mixes[step] = _nearest(target + error, choices)
+        mixes[step] = _nearest(target + error * 5 // 8, choices)  # all of the error would mix in far colours
         error += target - choices[mixes[step]]
     brightness = (choices * WEIGHTS).sum(axis=1)[mixes]
     mixes = np.take_along_axis(mixes, np.argsort(brightness, axis=0, kind="stable"), axis=0)
     tiles = (-(-height // THRESHOLDS.shape[0]), -(-width // THRESHOLDS.shape[1]))
-    threshold = np.tile(THRESHOLDS, tiles)[:height, :width].reshape(-1)
+    threshold = np.tile(THRESHOLDS, tiles)[:height, :width][where]
     pick = threshold * STEPS // THRESHOLDS.size
-    return usable[np.take_along_axis(mixes, pick[None, :], axis=0)[0]].reshape(height, width)
+    return usable[np.take_along_axis(mixes, pick[None, :], axis=0)[0]].astype(np.uint8)
+
+
+def paletted(light, fixed):
+    """A finished picture of linear light as indices and palette; the palette begins with the colours `fixed`."""
+    picture = to_bytes(light)
+    palette = choose_palette(picture, displayable(fixed))
+    return dither(picture, palette).reshape(picture.shape[:2]), palette

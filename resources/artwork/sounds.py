@@ -66,8 +66,10 @@ def lock():
 def _bell(count, start, pitch, decay):
     """A struck glass tone that starts at sample `start`."""
     t = np.maximum(_seconds(count) - start / RATE, 0)
-    tone = sum(level * np.sin(2 * np.pi * pitch * ratio * t) * np.exp(-t * decay * (0.7 + 0.5 * ratio))
-               for ratio, level in ((1, 1.0), (2.0, 0.42), (3.01, 0.16), (4.2, 0.07)))
+    tone = sum(
+        level * np.sin(2 * np.pi * pitch * ratio * t) * np.exp(-t * decay * (0.7 + 0.5 * ratio))
+        for ratio, level in ((1, 1.0), (2.0, 0.42), (3.01, 0.16), (4.2, 0.07))
+    )
     return tone * np.clip(t * RATE / 70, 0, 1)
 
 

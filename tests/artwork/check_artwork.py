@@ -121,7 +121,8 @@ def check_backdrop(name, picture):
     light = luminance(picture)
     rail = np.concatenate([light[11:231, 21], light[11:231, 132], light[231, 22:132]])
     expect(rail.min() > 0.5 and light[11:231, 22:132].max() < 0.05, f"{name}: the well's frame")
-    worst = min(contrast(1.0, light[t:b, l:r][~white[t:b, l:r]]).min() for l, t, r, b in VALUES)
+    light[249, white[249]] = 0  # the captions' lowest row, which the values do not reach
+    worst = min(contrast(1.0, light[t:b, l:r]).min() for l, t, r, b in VALUES)
     expect(worst >= 4.5, f"{name}: white values reach only {worst:.1f} to 1")
     return worst
 
@@ -176,8 +177,11 @@ def main():
     for name, height in (("title.bmp", 268), ("about.bmp", 270)):
         picture = read_bmp(name, 240, height, 8)
         expect((shown(picture) == picture).all(), f"{name}: colours that the display cannot show")
-    plate = luminance(read_bmp("about.bmp", 240, 270, 8)[151:164, 131:196])
-    expect(plate.min() > 0.8, "about.bmp: no light plate for the version")
+        if name == "about.bmp":
+            expect((picture[151:164, 131:196] == 255).all(), "about.bmp: no white plate for the version")
+        else:  # the headings and the list stand here
+            quiet = np.concatenate([luminance(picture)[54:236, :96].ravel(), luminance(picture)[54:236, 144:].ravel()])
+            expect(contrast(1.0, quiet.max()) >= 4.5, f"title.bmp: not quiet under the text: {quiet.max():.2f}")
     for name, (count, low, high) in SOUNDS.items():
         print(f"{name}.wav: centre of gravity {check_sound(name, count, low, high):.0f} Hz")
     check_icon()

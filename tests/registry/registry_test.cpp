@@ -3,7 +3,6 @@
 
 #include <numeric>
 
-#include "handheld.h"
 #include "support/fake_host.h"
 #include "winreg.h"
 
@@ -12,52 +11,20 @@ namespace {
 const std::string header = "Windows Registry Editor Version 5.00\n";
 constexpr LPCWSTR gamePath = u"Software\\Apps\\Game";
 
-class Store : public FakeHost
-{
-public:
-    std::optional<std::vector<std::byte>> loadStore() override
-    {
-        if (!file) {
-            return std::nullopt;
-        }
-        const auto bytes = std::as_bytes(std::span(*file));
-        return std::vector(bytes.begin(), bytes.end());
-    }
-    bool saveStore(std::span<const std::byte> bytes) override
-    {
-        if (writable) {
-            file.emplace(reinterpret_cast<const char *>(bytes.data()), bytes.size());
-            ++saves;
-        }
-        return writable;
-    }
-    void setStoreAside() override
-    {
-        file.reset();
-        ++setAside;
-    }
-    void report(std::string_view line) override { reported.append(line).append("\n"); }
-
-    std::optional<std::string> file;
-    std::string reported;
-    int saves = 0;
-    int setAside = 0;
-    bool writable = true;
-};
-
 class RegistryTest : public testing::Test
 {
 protected:
-    RegistryTest() { handheld::switchOn(host, {}, 0); }
-    ~RegistryTest() override { handheld::switchOff(); }
-
     /// Starts anew with this file.
-    void restart(const std::optional<std::string> &file)
+    void restart(std::string_view file)
     {
-        handheld::switchOff();
-        host.file = file;
-        host.reported.clear();
-        handheld::switchOn(host, {}, 0);
+        const auto bytes = std::as_bytes(std::span(file));
+        handheld_.emplace().host.store.emplace(bytes.begin(), bytes.end());
+    }
+    FakeHost &host() { return handheld_->host; }
+    std::string file()
+    {
+        const std::vector<std::byte> &bytes = host().store.value();
+        return {reinterpret_cast<const char *>(bytes.data()), bytes.size()};
     }
 
     HKEY create(LPCWSTR path)
@@ -93,7 +60,7 @@ protected:
         return text;
     }
 
-    Store host;
+    std::optional<SwitchedOn> handheld_ = std::make_optional<SwitchedOn>();
 };
 
 TEST_F(RegistryTest, SavesAKeyWhenItIsClosedAndOnlyIfSomethingChanged)
@@ -107,14 +74,14 @@ TEST_F(RegistryTest, SavesAKeyWhenItIsClosedAndOnlyIfSomethingChanged)
         RegSetValueExW(key, u"app", 0, REG_BINARY, block.data(), 60);
         RegDeleteValueW(key, u"version");
         RegSetValueExW(key, u"version", 0, REG_DWORD, reinterpret_cast<const BYTE *>(&version), 4);
-        const int before = host.saves;
+        const int before = host().saves;
         RegCloseKey(key);
-        return host.saves - before;
+        return host().saves - before;
     };
     EXPECT_EQ(value(gamePath, u"app"), "no key");
     EXPECT_EQ(save(), 1);
     EXPECT_EQ(
-        *host.file,
+        file(),
         header +
             "\n[HKEY_LOCAL_MACHINE\\Software\\Apps\\Game]\n"
             "\"app\"=hex:00,01,02,03,04,05,06,07,08,09,0a,0b,0c,0d,0e,0f,10,11,12,13,14,15,16,\\\n"
@@ -122,15 +89,15 @@ TEST_F(RegistryTest, SavesAKeyWhenItIsClosedAndOnlyIfSomethingChanged)
             "  30,31,32,33,34,35,36,37,38,39,3a,3b\n"
             "\"version\"=dword:00000003\n");
     EXPECT_EQ(save(), 0); // the same again
-    restart(host.file);
+    restart(file());
     EXPECT_EQ(save(), 0);
     EXPECT_EQ(value(u"SOFTWARE\\apps\\game", u"VERSION"), "4:03000000");
     EXPECT_EQ(value(u"Software", u""), "none"); // a key that only others lie below
     block[0] = 9;
-    host.writable = false;
+    host().storeFails = true;
     EXPECT_EQ(save(), 0);
     EXPECT_EQ(value(gamePath, u"app").substr(0, 6), "3:0901");
-    host.writable = true;
+    host().storeFails = false;
     EXPECT_EQ(save(), 1); // what could not be saved before
 }
 
@@ -155,33 +122,33 @@ TEST_F(RegistryTest, QueriesTellTheSizeAndRefuseASmallBuffer)
 
 TEST_F(RegistryTest, KeepsWhatOtherEditorsWrote)
 {
-    const std::string file = header + "\n[HKEY_USERS\\Other]\n"
-                                      "@=\"\xC3\xA9 \xF0\x9F\x98\x80 \\\"quoted\\\" \\\\ back\"\n"
-                                      "\"a\\\\b\\\"c\"=hex(7):61,00,00,00,00,00\n"
-                                      "\"odd text\"=hex(1):61\n"
-                                      "\"empty\"=hex:\n"
-                                      "\"type\"=hex(80000000):ff\n"
-                                      "\n[HKEY_LOCAL_MACHINE\\k]\n"
-                                      "\"n\"=dword:000000ff\n";
+    const std::string whole = header + "\n[HKEY_USERS\\Other]\n"
+                                       "@=\"\xC3\xA9 \xF0\x9F\x98\x80 \\\"quoted\\\" \\\\ back\"\n"
+                                       "\"a\\\\b\\\"c\"=hex(7):61,00,00,00,00,00\n"
+                                       "\"odd text\"=hex(1):61\n"
+                                       "\"empty\"=hex:\n"
+                                       "\"type\"=hex(80000000):ff\n"
+                                       "\n[HKEY_LOCAL_MACHINE\\k]\n"
+                                       "\"n\"=dword:000000ff\n";
     // With the byte-order mark and line ends of an export, in either encoding, it is the same.
     std::string crlf;
     std::string wide = "\xFF\xFE";
     const std::u16string_view name = u"\r\n[HKEY_LOCAL_MACHINE\\k]\r\n\"\u00e9\"=\"x\"\r\n";
-    for (const char c : file) {
+    for (const char c : whole) {
         crlf += c == '\n' ? "\r\n" : std::string(1, c);
     }
     for (const char16_t c : u"Windows Registry Editor Version 5.00\r\n" + std::u16string(name)) {
         wide += static_cast<char>(c & 0xFFU);
         wide += static_cast<char>(c >> 8U);
     }
-    for (const std::string &text : {file, "\xEF\xBB\xBF" + crlf}) {
+    for (const std::string &text : {whole, "\xEF\xBB\xBF" + crlf}) {
         restart(text);
         RegCloseKey(create(u"k\\new"));
-        EXPECT_EQ(*host.file, file + "\n[HKEY_LOCAL_MACHINE\\k\\new]\n");
+        EXPECT_EQ(file(), whole + "\n[HKEY_LOCAL_MACHINE\\k\\new]\n");
     }
     restart(wide);
     EXPECT_EQ(value(u"k", u"\u00e9"), "1:78000000");
-    EXPECT_EQ(host.reported, "");
+    EXPECT_TRUE(host().reports.empty());
 }
 
 TEST_F(RegistryTest, ReadsAsAnImporterDoes)
@@ -206,7 +173,7 @@ TEST_F(RegistryTest, ReadsAsAnImporterDoes)
     EXPECT_EQ(value(u"k", u"wrapped"), "3:0102");
     EXPECT_EQ(value(u"k\\below", u""), "no key");
     EXPECT_EQ(value(u"kk", u""), "none");
-    EXPECT_EQ(host.reported, "");
+    EXPECT_TRUE(host().reports.empty());
 }
 
 TEST_F(RegistryTest, SetsADamagedFileAsideAndTellsTheLine)
@@ -243,13 +210,12 @@ TEST_F(RegistryTest, SetsADamagedFileAsideAndTellsTheLine)
         {header + "[k]\n\"a\"=\"x\" \"y\"\n", 3},
     };
     for (const auto &damaged : cases) {
-        host.setAside = 0;
         restart(damaged.text);
         EXPECT_EQ(value(u"k", u"a"), "no key") << damaged.text;
-        EXPECT_EQ(host.setAside, 1) << damaged.text;
+        EXPECT_TRUE(host().setAside && !host().store) << damaged.text;
+        ASSERT_EQ(host().reports.size(), 1U) << damaged.text;
         const std::string start = "registry.reg line " + std::to_string(damaged.line) + ": ";
-        EXPECT_EQ(host.reported.substr(0, start.size()), start) << damaged.text;
-        EXPECT_EQ(std::count(host.reported.begin(), host.reported.end(), '\n'), 1);
+        EXPECT_EQ(host().reports[0].substr(0, start.size()), start) << damaged.text;
     }
 }
 

@@ -1,7 +1,6 @@
 // Sound output: what reaches the loudspeaker, and when a buffer is done.
 #include <gtest/gtest.h>
 
-#include "handheld.h"
 #include "mmsystem.h"
 #include "support/fake_host.h"
 
@@ -9,33 +8,13 @@ namespace {
 
 constexpr WAVEFORMATEX format{WAVE_FORMAT_PCM, 1, 22050, 22050, 1, 8, 0};
 
-/// A loudspeaker that plays nothing until it is told that it has.
-class Loudspeaker : public FakeHost
-{
-public:
-    bool hasLoudspeaker() override { return present; }
-    bool openLoudspeaker() override { return free; }
-    void playSamples(std::span<const std::uint8_t> samples) override
-    {
-        queued.insert(queued.end(), samples.begin(), samples.end());
-    }
-    void dropSamples() override { queued.clear(); }
-    bool samplesQueued() override { return !queued.empty(); }
-
-    bool present = true;
-    bool free = true;
-    std::vector<std::uint8_t> queued;
-};
-
 class WaveTest : public testing::Test
 {
 protected:
-    WaveTest() { handheld::switchOn(host, {}, 0); }
-    ~WaveTest() override { handheld::switchOff(); }
-
     MMRESULT open() { return waveOutOpen(&device, 0, &format, CALLBACK_NULL, 0, 0); }
 
-    Loudspeaker host;
+    SwitchedOn handheld_;
+    FakeHost &host = handheld_.host;
     HWAVEOUT device{};
 };
 
@@ -45,14 +24,11 @@ TEST_F(WaveTest, OpensOneDeviceInOneFormat)
     slow.nSamplesPerSec = 8000;
     EXPECT_EQ(waveOutOpen(&device, 0, &slow, CALLBACK_NULL, 0, 0), WAVERR_BADFORMAT);
     EXPECT_EQ(waveOutOpen(&device, 1, &format, CALLBACK_NULL, 0, 0), MMSYSERR_BADDEVICEID);
-    host.free = false;
-    EXPECT_EQ(open(), MMSYSERR_ALLOCATED);
-    host.free = true;
     EXPECT_EQ(open(), MMSYSERR_NOERROR);
     EXPECT_EQ(open(), MMSYSERR_ALLOCATED);
     EXPECT_EQ(waveOutClose(device), MMSYSERR_NOERROR);
     EXPECT_EQ(waveOutClose(device), MMSYSERR_INVALHANDLE);
-    host.present = false;
+    host.loudspeaker = false;
     EXPECT_EQ(open(), MMSYSERR_BADDEVICEID);
     EXPECT_EQ(waveOutReset({}), MMSYSERR_INVALHANDLE);
 }

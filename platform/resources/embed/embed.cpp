@@ -3,7 +3,7 @@
 // NAME(). A string literal compiles many times faster than a list of numbers.
 #include <cstdio>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -42,7 +42,9 @@ int main(int argc, char **argv)
         return 2;
     }
     std::ifstream in(argv[1], std::ios::binary);
-    const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    std::ostringstream content;
+    content << in.rdbuf();
+    const std::string bytes = content.str();
     if (!in || bytes.empty()) {
         std::fprintf(stderr, "embed: cannot read %s\n", argv[1]);
         return 1;

@@ -1,0 +1,74 @@
+// glimra-pilot: the game on a virtual handheld, played by a script.
+#include <charconv>
+#include <cstdio>
+#include <cstring>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "app/game_app.h"
+#include "host/pilot/pilot.h"
+#include "resources/program_resources.h"
+
+namespace {
+
+constexpr char usage[] = R"(glimra-pilot [--store DIR] [--clock MS] [--landscape] [SCRIPT]
+
+Plays the game by a script, without a display, on a clock that jumps.
+
+  SCRIPT        a file, or standard input when left out or -
+  --store DIR   where the settings are kept; left out: a temporary folder
+  --clock MS    the tick count at start, 0 to 4294967295; 1000 when left out
+  --landscape   the handheld starts turned
+  --help, --version
+
+Exit status: 0 when the script ran to its end, 1 for a file that cannot be read or written,
+2 for a mistake in the script or the options, 3 when the game crashed.
+)";
+
+int complain(const std::string &problem)
+{
+    std::fprintf(stderr, "pilot: %s (--help tells more)\n", problem.c_str());
+    return 2;
+}
+
+bool readClock(std::string_view text, std::uint32_t &clock)
+{
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), clock);
+    return error == std::errc() && end == text.data() + text.size();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    pilot::Options options;
+    bool scriptGiven = false;
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view word = argv[i];
+        const bool takesValue = word == "--store" || word == "--clock";
+        if (takesValue && ++i == argc) {
+            return complain(std::string(word) + " needs a value");
+        }
+        if (word == "--help" || word == "--version") {
+            std::printf("%s", word == "--help" ? usage : "glimra-pilot " GLIMRA_VERSION "\n");
+            return 0;
+        }
+        if (word == "--store") {
+            options.store = argv[i];
+        } else if (word == "--clock") {
+            if (!readClock(argv[i], options.clock)) {
+                return complain("--clock must be a number from 0 to 4294967295");
+            }
+        } else if (word == "--landscape") {
+            options.orientation = 1;
+        } else if ((word.starts_with('-') && word != "-") || scriptGiven) {
+            return complain("unknown option " + std::string(word));
+        } else {
+            options.script = word;
+            scriptGiven = true;
+        }
+    }
+    return pilot::run(options, {WinMain, programResources()},
+                      std::as_bytes(std::span(&gameApp, 1)));
+}

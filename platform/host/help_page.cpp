@@ -1,0 +1,65 @@
+// Help by way of xdg-open. The browser reads the page when it likes, so the file stays.
+#include "host/help_page.h"
+
+#include <cctype>
+#include <csignal>
+#include <cstring>
+#include <fstream>
+
+#include <spawn.h>
+#include <unistd.h>
+
+namespace host {
+namespace {
+
+std::string fileUrl(const std::filesystem::path &file)
+{
+    constexpr char digits[] = "0123456789ABCDEF";
+    std::string url = "file://";
+    for (const char c : std::filesystem::absolute(file).string()) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (std::isalnum(byte) != 0 || std::strchr("/-._~", c)) {
+            url += c;
+        } else {
+            url += {'%', digits[byte >> 4U], digits[byte & 0xFU]};
+        }
+    }
+    return url;
+}
+
+/// Starts a program that goes its own way. Returns an error number, 0 for none.
+int start(const char *program, std::string argument)
+{
+    struct sigaction reapThemselves
+    {
+    };
+    reapThemselves.sa_handler = SIG_DFL;
+    reapThemselves.sa_flags = SA_NOCLDWAIT;
+    sigaction(SIGCHLD, &reapThemselves, nullptr);
+    std::string name = program;
+    char *const arguments[] = {name.data(), argument.data(), nullptr};
+    pid_t process = 0;
+    return posix_spawnp(&process, program, nullptr, nullptr, arguments, environ);
+}
+
+} // namespace
+
+std::string openHelpPage(const std::filesystem::path &folder, std::span<const std::byte> page,
+                         std::string_view anchor)
+{
+    const std::filesystem::path file = folder / "help.html";
+    std::ofstream out(file, std::ios::binary);
+    out.write(reinterpret_cast<const char *>(page.data()),
+              static_cast<std::streamsize>(page.size()));
+    out.close();
+    if (!out) {
+        return "the help page could not be written to " + file.string();
+    }
+    const int error = start("xdg-open", fileUrl(file) + '#' + std::string(anchor));
+    if (error != 0) {
+        return "the help page is " + file.string() + " (xdg-open: " + std::strerror(error) + ")";
+    }
+    return {};
+}
+
+} // namespace host

@@ -1,0 +1,116 @@
+// One process for each life; what it leaves comes through a pipe: "finish STATUS", or "restart"
+// and the world.
+#include "host/pilot/lives.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <sstream>
+#include <system_error>
+
+#include <csignal>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace pilot {
+namespace {
+
+std::string readAll(int descriptor)
+{
+    std::string text;
+    char block[4096];
+    ssize_t count = 0;
+    while ((count = read(descriptor, block, sizeof block)) > 0 || (count < 0 && errno == EINTR)) {
+        text.append(block, static_cast<std::size_t>(count < 0 ? 0 : count));
+    }
+    return text;
+}
+
+int waitFor(pid_t process)
+{
+    int status = 0;
+    while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
+    }
+    return status;
+}
+
+[[noreturn]] void throwErrno(const char *what)
+{
+    throw std::system_error(errno, std::generic_category(), what);
+}
+
+} // namespace
+
+void Will::leave(const std::string &text) const
+{
+    std::fflush(nullptr);
+    for (std::size_t done = 0; done < text.size();) {
+        const ssize_t count = write(pipe_, text.data() + done, text.size() - done);
+        if (count < 0 && errno != EINTR) {
+            std::abort();
+        }
+        done += static_cast<std::size_t>(count < 0 ? 0 : count);
+    }
+}
+
+void Will::restart(const World &world) const
+{
+    leave("restart " + pack(world));
+    std::_Exit(0);
+}
+
+void Will::finish(int status) const
+{
+    leave("finish " + std::to_string(status));
+    std::_Exit(0);
+}
+
+void Will::finishInOrder(int status) const
+{
+    leave("finish " + std::to_string(status));
+    std::exit(0);
+}
+
+int runLives(World world, const std::function<void(World &, const Will &)> &live)
+{
+    for (;;) {
+        int ends[2];
+        if (pipe(ends) != 0) {
+            throwErrno("pipe");
+        }
+        const pid_t process = fork();
+        if (process < 0) {
+            throwErrno("fork");
+        }
+        if (process == 0) {
+            close(ends[0]);
+            prctl(PR_SET_PDEATHSIG, SIGKILL);
+            live(world, Will(ends[1]));
+            std::abort();
+        }
+        close(ends[1]);
+        std::istringstream left(readAll(ends[0]));
+        close(ends[0]);
+        const int status = waitFor(process);
+        std::string word;
+        left >> word;
+        if (WIFSIGNALED(status)) {
+            std::fprintf(stderr, "pilot: the program crashed: %s\n", strsignal(WTERMSIG(status)));
+            return crashStatus;
+        }
+        if (WEXITSTATUS(status) != 0 || word.empty()) {
+            std::fprintf(stderr, "pilot: the program crashed: status %d\n", WEXITSTATUS(status));
+            return crashStatus;
+        }
+        if (word == "finish") {
+            int result = 0;
+            left >> result;
+            return result;
+        }
+        world = unpack(left.str().substr(word.size()));
+    }
+}
+
+} // namespace pilot

@@ -1,0 +1,87 @@
+// The player: carries out a script on the virtual handheld, one command at a time, each when the
+// program has done all it could and sleeps.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <fstream>
+#include <functional>
+#include <span>
+#include <string>
+
+#include "host/pilot/lives.h"
+#include "host/pilot/pilot_host.h"
+#include "host/pilot/script.h"
+#include "windef.h"
+
+namespace pilot {
+
+class Player
+{
+public:
+    /// Plays from the file descriptor `script` in `world`. `image` is what `state` and `trace`
+    /// write: the live game object.
+    Player(int script, World &world, const Will &will, const std::filesystem::path &storeFolder,
+           std::span<const std::byte> image);
+
+    host::Host &host() { return host_; }
+    /// Goes on when the program has ended by itself: to the end of the script or its next start.
+    [[noreturn]] void programEnded(int exitCode);
+
+private:
+    struct Command;
+    static const Command *findCommand(std::string_view name);
+
+    void act();
+    void readCommand();
+    void then(std::function<void()> step) { steps_.push_back(std::move(step)); }
+    [[noreturn]] void fail(int status, const std::string &reason);
+    void requireWritten(const std::string &problem);
+
+    void openTrace();
+    void traceTimer();
+
+    void send(host::Event::Kind kind, std::uint16_t key = 0, bool control = false);
+    void tapPoint(POINT point);
+    void tapMenuItem(int id);
+
+    // The commands.
+    template <host::Event::Kind kind>
+    void systemEvent(const Arguments &)
+    {
+        send(kind);
+    }
+    void wait(const Arguments &arguments);
+    void key(const Arguments &arguments);
+    void press(const Arguments &arguments);
+    void tap(const Arguments &arguments);
+    void type(const Arguments &arguments);
+    void menu(const Arguments &arguments);
+    void open(const Arguments &arguments);
+    void dismiss(const Arguments &arguments);
+    void click(const Arguments &arguments);
+    void select(const Arguments &arguments);
+    void done(const Arguments &arguments);
+    void chord(const Arguments &arguments);
+    void turn(const Arguments &arguments);
+    void kill(const Arguments &arguments);
+    void restart(const Arguments &arguments);
+    void shot(const Arguments &arguments);
+    void state(const Arguments &arguments);
+    void trace(const Arguments &arguments);
+    void tree(const Arguments &arguments);
+    void objects(const Arguments &arguments);
+    void sounds(const Arguments &arguments);
+    void echo(const Arguments &arguments);
+
+    int script_;
+    World &world_;
+    const Will &will_;
+    std::span<const std::byte> image_;
+    PilotHost host_;
+    bool programEnded_ = false;
+    std::deque<std::function<void()>> steps_; ///< of the command in hand, what is still to do
+    std::ofstream trace_;
+};
+
+} // namespace pilot

@@ -1,0 +1,47 @@
+// Scripts as text: lines, words, and the arguments of commands.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace pilot {
+
+/// Reads a line from a file descriptor, without its end, and not a byte further: whoever inherits
+/// the descriptor goes on with the next line. None at the end of the file; false in `readable`
+/// when reading failed.
+std::optional<std::string> readLine(int descriptor, bool &readable);
+
+/// What a command takes.
+enum class Argument
+{
+    None,
+    Milliseconds,         ///< 0 to 2147483647
+    OptionalMilliseconds, ///< 25 when left out
+    KeyCode,              ///< 1 to 254
+    UpOrDown,             ///< in `text`
+    Pixel,                ///< 0 to 319
+    Id,                   ///< of a command or a control
+    Index,                ///< 0 and up
+    Orientation,          ///< 0, 1, 2 or 4
+    File,                 ///< in `text`: the rest of the line up to a comment
+    Text,                 ///< in `text`: the rest of the line, comments and all
+};
+
+/// A command takes at most two.
+using ArgumentList = std::array<Argument, 2>;
+
+struct Arguments
+{
+    std::array<long, 2> numbers{}; ///< by position
+    std::string text;
+};
+
+/// Takes the first word off a line; empty when there is none or a comment begins.
+std::string_view takeWord(std::string_view &rest);
+/// Reads what stands behind a command's name. Returns what is wrong, or an empty text.
+std::string readArguments(std::string_view rest, const ArgumentList &kinds, Arguments &result);
+
+} // namespace pilot

@@ -1,0 +1,48 @@
+// Game controllers, plugged in and out at any time. SDL would look at them every millisecond as
+// long as one is there; this looks as often as a game needs it, and never while the game is away.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+
+#include "host/sdl/sdl.h"
+
+namespace desktop {
+
+class Controllers
+{
+public:
+    /// A button of a controller moves. `source` tells it from every other key; `key` is the
+    /// button of the handheld that it stands for.
+    using Button = std::function<void(int source, std::uint16_t key, bool down)>;
+
+    explicit Controllers(Button button);
+
+    /// Begins to look for controllers; takes a few milliseconds the first time.
+    void start();
+    /// How long the process may sleep before `update` is due, in milliseconds; none: for ever.
+    std::optional<int> updateInterval() const;
+    /// Has SDL look at the controllers; events follow.
+    void update();
+    /// Nothing is looked at while the game is away.
+    void setAway(bool away) { away_ = away; }
+    /// Takes an event; false when it is none of a controller.
+    bool handle(const SDL_Event &event);
+
+private:
+    struct Close
+    {
+        void operator()(SDL_GameController *c) const { SDL_GameControllerClose(c); }
+    };
+    void moveStick(SDL_JoystickID id, int axis, int value);
+
+    Button button_;
+    bool started_ = false;
+    bool away_ = false;
+    std::map<SDL_JoystickID, std::unique_ptr<SDL_GameController, Close>> open_;
+};
+
+} // namespace desktop

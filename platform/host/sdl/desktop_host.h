@@ -1,0 +1,75 @@
+// The desktop host as a class: SDL's events become the handheld's.
+#pragma once
+
+#include <deque>
+
+#include "host/file_host.h"
+#include "host/sdl/controllers.h"
+#include "host/sdl/desktop.h"
+#include "host/sdl/held_keys.h"
+#include "host/sdl/loudspeaker.h"
+#include "host/sdl/program_clock.h"
+#include "host/sdl/screen_window.h"
+
+namespace desktop {
+
+class DesktopHost final : public host::FileHost
+{
+public:
+    DesktopHost(const std::filesystem::path &storeFolder, std::unique_ptr<ScreenWindow> window);
+
+    std::uint32_t ticks() const override { return clock_.ticks(); }
+    std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
+    void present(const host::Frame &frame, const host::Area &changed) override;
+    void describeProgram(std::u16string_view title, const host::Icon &icon) override;
+    void raise() override { window_->raise(); }
+    void wantText(bool wanted) override;
+    bool hasLoudspeaker() override { return loudspeaker_.exists(); }
+    bool openLoudspeaker() override;
+    void closeLoudspeaker() override { loudspeaker_.close(); }
+    void playSamples(std::span<const std::uint8_t> samples) override;
+    void dropSamples() override { loudspeaker_.drop(); }
+    bool samplesQueued() override { return loudspeaker_.queued(); }
+    bool showHelp(std::u16string_view program, std::u16string_view arguments,
+                  std::span<const std::byte> document, std::u16string_view anchor) override;
+
+private:
+    /// An event and when it happened.
+    struct Dated
+    {
+        host::Event event;
+        std::uint32_t time;
+    };
+
+    void sleep(std::optional<std::uint32_t> deadline);
+    void takeEvents();
+    void handle(const SDL_Event &event);
+    void handleWindow(const SDL_WindowEvent &event);
+    void handleQuit();
+    void handleKeyDown(const SDL_KeyboardEvent &event);
+    void handleText(const char *text);
+    void handleMouse(host::Event::Kind kind, Point point);
+    void moveKey(int source, std::uint16_t key, bool down, SDL_Keymod modifiers);
+    void moveStylus(host::Event::Kind kind, Point pixel);
+    void setAway(bool away);
+    void minimize();
+    void restore();
+    void releaseEverything();
+    void pushKeyDown(std::uint16_t key, SDL_Keymod modifiers);
+    void push(host::Event::Kind kind);
+    void push(const host::Event &event);
+
+    std::unique_ptr<ScreenWindow> window_;
+    Loudspeaker loudspeaker_;
+    Controllers controllers_;
+    ProgramClock clock_;
+    std::deque<Dated> events_; ///< not yet taken by the program
+    HeldKeys held_;
+    std::optional<Point> stylus_; ///< where it is down
+    std::string title_;
+    bool wantsText_ = false;
+    bool away_ = false; ///< another program is in front
+    bool minimized_ = false;
+};
+
+} // namespace desktop

@@ -1,0 +1,45 @@
+// The loudspeaker: samples queued at SDL's audio device.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "host/sdl/sdl.h"
+
+namespace desktop {
+
+/// Audio keeps threads of SDL's awake even when it is silent, so after a while without a sound it
+/// is shut down, and started again for the next sound.
+class Loudspeaker
+{
+public:
+    Loudspeaker() = default;
+    Loudspeaker(const Loudspeaker &) = delete;
+    Loudspeaker &operator=(const Loudspeaker &) = delete;
+    ~Loudspeaker() { rest(); }
+
+    /// Whether the machine has an audio device.
+    bool exists();
+    /// Gets the device ready; false when it cannot be had. `now` as of the desktop's clock.
+    bool open(std::uint32_t now);
+    void close();
+    void play(std::span<const std::uint8_t> samples, std::uint32_t now);
+    void drop();
+    bool queued() const;
+
+    /// How long the process may sleep before `tend` is due, in milliseconds; none: for ever.
+    std::optional<int> tendInterval(std::uint32_t now) const;
+    /// Shuts audio down when it was silent for long.
+    void tend(std::uint32_t now);
+
+private:
+    void wake();
+    void rest();
+
+    bool wanted_ = false; ///< between open and close
+    SDL_AudioDeviceID device_ = 0;
+    std::uint32_t restAt_ = 0; ///< when the device may be closed
+};
+
+} // namespace desktop

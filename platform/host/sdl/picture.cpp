@@ -1,0 +1,87 @@
+// Enlarging: a row of large pixels is made once and copied for the rows below it.
+#include "host/sdl/picture.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace desktop {
+namespace {
+
+/// `a` divided by `b`, rounded down.
+int floorDivide(int a, int b) { return a >= 0 ? a / b : -((b - 1 - a) / b); }
+
+/// Limits a range of picture pixels to those that lie wholly on the canvas.
+void clip(int &low, int &high, int offset, int scale, int canvasLength)
+{
+    low = std::max(low, -floorDivide(offset, scale));
+    high = std::min(high, floorDivide(canvasLength - offset, scale));
+}
+
+std::uint32_t toCanvas(unsigned pixel, const Canvas &canvas)
+{
+    const unsigned red = pixel >> 11U;
+    const unsigned green = pixel >> 5U & 0x3FU;
+    const unsigned blue = pixel & 0x1FU;
+    return (red << 3U | red >> 2U) << canvas.redShift |
+           (green << 2U | green >> 4U) << canvas.greenShift |
+           (blue << 3U | blue >> 2U) << canvas.blueShift;
+}
+
+} // namespace
+
+Placement place(Size picture, Size window)
+{
+    Placement result;
+    result.scale =
+        std::max(1, std::min(window.width / picture.width, window.height / picture.height));
+    result.left = floorDivide(window.width - picture.width * result.scale, 2);
+    result.top = floorDivide(window.height - picture.height * result.scale, 2);
+    return result;
+}
+
+Point toPicture(Point window, const Placement &placement, Size picture)
+{
+    const int x = floorDivide(window.x - placement.left, placement.scale);
+    const int y = floorDivide(window.y - placement.top, placement.scale);
+    return {std::clamp(x, 0, picture.width - 1), std::clamp(y, 0, picture.height - 1)};
+}
+
+bool isOnPicture(Point window, const Placement &placement, Size picture)
+{
+    const int x = window.x - placement.left;
+    const int y = window.y - placement.top;
+    return x >= 0 && y >= 0 && x < picture.width * placement.scale &&
+           y < picture.height * placement.scale;
+}
+
+host::Area drawEnlarged(const host::Frame &frame, host::Area part, const Placement &placement,
+                        const Canvas &canvas)
+{
+    const int scale = placement.scale;
+    part = {std::max(part.left, 0), std::max(part.top, 0), std::min(part.right, frame.width),
+            std::min(part.bottom, frame.height)};
+    clip(part.left, part.right, placement.left, scale, canvas.size.width);
+    clip(part.top, part.bottom, placement.top, scale, canvas.size.height);
+    if (part.left >= part.right || part.top >= part.bottom) {
+        return {};
+    }
+    const host::Area changed{placement.left + part.left * scale, placement.top + part.top * scale,
+                             placement.left + part.right * scale,
+                             placement.top + part.bottom * scale};
+    const auto offset = static_cast<std::size_t>(changed.left) * sizeof(std::uint32_t);
+    std::vector<std::uint32_t> row(static_cast<std::size_t>(changed.right - changed.left));
+    for (int y = part.top; y < part.bottom; ++y) {
+        const std::uint16_t *source = frame.pixels + std::ptrdiff_t{y} * frame.width + part.left;
+        for (auto target = row.begin(); target != row.end(); target += scale) {
+            std::fill_n(target, scale, toCanvas(*source++, canvas));
+        }
+        for (int i = 0; i < scale; ++i) {
+            const auto line = static_cast<std::size_t>(placement.top + y * scale + i);
+            std::memcpy(canvas.pixels + line * canvas.pitch + offset, row.data(),
+                        row.size() * sizeof(std::uint32_t));
+        }
+    }
+    return changed;
+}
+
+} // namespace desktop

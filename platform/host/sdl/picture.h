@@ -1,0 +1,52 @@
+// The handheld's screen in a window of any size: where it lies, and its pixels made larger.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "host/host.h"
+
+namespace desktop {
+
+struct Size
+{
+    int width = 0;
+    int height = 0;
+};
+
+struct Point
+{
+    int x = 0;
+    int y = 0;
+};
+
+/// A picture in the middle of a window, enlarged by the largest whole factor that fits, 1 at
+/// least. Left and top are negative when not even that fits.
+struct Placement
+{
+    int scale = 1;
+    int left = 0;
+    int top = 0;
+};
+Placement place(Size picture, Size window);
+
+/// The pixel of the picture under a point of the window; outside of the picture, the nearest one.
+Point toPicture(Point window, const Placement &placement, Size picture);
+/// Whether a point of the window is on the picture.
+bool isOnPicture(Point window, const Placement &placement, Size picture);
+
+/// Pixels of 32 bits: where they are, and where the 8 bits of each colour are in them.
+struct Canvas
+{
+    std::byte *pixels = nullptr;
+    std::size_t pitch = 0; ///< bytes from row to row
+    Size size;
+    unsigned redShift = 0;
+    unsigned greenShift = 0;
+    unsigned blueShift = 0;
+};
+/// Draws a part of the frame on the canvas. Returns what of the canvas has changed.
+host::Area drawEnlarged(const host::Frame &frame, host::Area part, const Placement &placement,
+                        const Canvas &canvas);
+
+} // namespace desktop

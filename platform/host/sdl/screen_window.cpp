@@ -1,0 +1,186 @@
+// The window, drawn through its surface: no renderer, no context of a graphics library.
+#include "host/sdl/screen_window.h"
+
+#include <cstdlib>
+#include <cstring>
+
+namespace desktop {
+namespace {
+
+/// Room that a comfortable window leaves for its own frame and its neighbours.
+constexpr int roomAround = 64;
+
+int comfortableScale(Size picture)
+{
+    SDL_Rect usable{};
+    if (SDL_GetDisplayUsableBounds(0, &usable) != 0) {
+        return 1;
+    }
+    return place(picture, {usable.w - roomAround, usable.h - roomAround}).scale;
+}
+
+/// Initialises SDL's video with a driver that has a display to show something on: SDL would be
+/// content with one that has none. SDL_VIDEODRIVER in the environment overrules this.
+bool startVideo()
+{
+    // Where there is no folder for sockets, Wayland's library complains on the terminal.
+    const bool tryWayland = std::getenv("XDG_RUNTIME_DIR") != nullptr;
+    SDL_SetHint(SDL_HINT_VIDEODRIVER, tryWayland ? "x11,wayland,KMSDRM" : "x11,KMSDRM");
+    return SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
+}
+
+/// What SDL would do otherwise: draw through OpenGL, switch the compositor and the screen saver
+/// off, and leave full screen when another window is looked at.
+void setHints()
+{
+    const char *driver = SDL_GetCurrentVideoDriver();
+    if (driver && std::strcmp(driver, "x11") == 0) {
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    }
+    SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
+    SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
+    SDL_EnableScreenSaver();
+}
+
+} // namespace
+
+std::unique_ptr<ScreenWindow> ScreenWindow::make(Size picture, std::optional<int> scale)
+{
+    if (!startVideo()) {
+        return nullptr;
+    }
+    setHints();
+    SDL_StopTextInput();
+    const int factor = scale ? *scale : comfortableScale(picture);
+    SDL_Window *window =
+        SDL_CreateWindow("", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, picture.width * factor,
+                         picture.height * factor, SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
+    if (!window) {
+        return nullptr;
+    }
+    SDL_SetWindowMinimumSize(window, picture.width, picture.height);
+    return std::unique_ptr<ScreenWindow>(new ScreenWindow(window, picture));
+}
+
+void ScreenWindow::describe(const std::string &title, const host::Icon &icon)
+{
+    SDL_SetWindowTitle(window_.get(), title.c_str());
+    if (icon.rgba.empty()) {
+        return;
+    }
+    std::vector<std::uint8_t> pixels = icon.rgba;
+    const std::unique_ptr<SDL_Surface, Destroy> surface(SDL_CreateRGBSurfaceWithFormatFrom(
+        pixels.data(), icon.width, icon.height, 32, icon.width * 4, SDL_PIXELFORMAT_RGBA32));
+    if (surface) {
+        SDL_SetWindowIcon(window_.get(), surface.get());
+    }
+}
+
+void ScreenWindow::show(const host::Frame &frame, const host::Area &changed)
+{
+    frame_ = frame;
+    const Size picture{frame.width, frame.height};
+    const bool turned = picture.width != picture_.width;
+    if (turned) {
+        fitTo(picture);
+    }
+    if (!shown_) {
+        SDL_ShowWindow(window_.get());
+    }
+    draw(changed, turned || !shown_);
+    shown_ = true;
+}
+
+void ScreenWindow::showAgain()
+{
+    if (frame_.pixels) {
+        draw({}, true);
+    }
+}
+
+/// A window that the user did not give a size of its own turns with the picture.
+void ScreenWindow::fitTo(Size picture)
+{
+    Size window;
+    SDL_GetWindowSize(window_.get(), &window.width, &window.height);
+    const int scale = place(picture_, window).scale;
+    picture_ = picture;
+    SDL_SetWindowMinimumSize(window_.get(), picture.width, picture.height);
+    if ((SDL_GetWindowFlags(window_.get()) &
+         (SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_MAXIMIZED)) == 0)
+    {
+        SDL_SetWindowSize(window_.get(), picture.width * scale, picture.height * scale);
+    }
+}
+
+/// The surface itself where its pixels have 32 bits, else one beside it.
+SDL_Surface *ScreenWindow::canvasFor(SDL_Surface *target)
+{
+    if (target->format->BytesPerPixel == sizeof(std::uint32_t)) {
+        return target;
+    }
+    if (!canvas_ || canvas_->w != target->w || canvas_->h != target->h) {
+        canvas_.reset(
+            SDL_CreateRGBSurfaceWithFormat(0, target->w, target->h, 32, SDL_PIXELFORMAT_RGB888));
+    }
+    return canvas_.get();
+}
+
+void ScreenWindow::draw(const host::Area &part, bool everything)
+{
+    SDL_Surface *target = SDL_GetWindowSurface(window_.get());
+    SDL_Surface *surface = target ? canvasFor(target) : nullptr;
+    if (!surface) {
+        return;
+    }
+    if (everything) {
+        SDL_FillRect(surface, nullptr, SDL_MapRGB(surface->format, 0, 0, 0));
+    }
+    const Size size{surface->w, surface->h};
+    const Canvas canvas{static_cast<std::byte *>(surface->pixels),
+                        static_cast<std::size_t>(surface->pitch),
+                        size,
+                        surface->format->Rshift,
+                        surface->format->Gshift,
+                        surface->format->Bshift};
+    const host::Area all{0, 0, frame_.width, frame_.height};
+    const host::Area changed =
+        drawEnlarged(frame_, everything ? all : part, place(picture_, size), canvas);
+    SDL_Rect rect{changed.left, changed.top, changed.right - changed.left,
+                  changed.bottom - changed.top};
+    if (everything) {
+        rect = {0, 0, size.width, size.height};
+    }
+    if (surface != target) {
+        SDL_Rect where = rect;
+        SDL_BlitSurface(surface, &rect, target, &where);
+    }
+    SDL_UpdateWindowSurfaceRects(window_.get(), &rect, 1);
+}
+
+void ScreenWindow::toggleFullScreen()
+{
+    const bool isFull = (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
+    SDL_SetWindowFullscreen(window_.get(), isFull ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+}
+
+void ScreenWindow::raise()
+{
+    if ((SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_MINIMIZED) != 0) {
+        SDL_RestoreWindow(window_.get());
+    }
+    SDL_RaiseWindow(window_.get());
+}
+
+std::optional<Point> ScreenWindow::pictureAt(Point window, bool outside) const
+{
+    Size size;
+    SDL_GetWindowSize(window_.get(), &size.width, &size.height);
+    const Placement placement = place(picture_, size);
+    if (!outside && !isOnPicture(window, placement, picture_)) {
+        return std::nullopt;
+    }
+    return toPicture(window, placement, picture_);
+}
+
+} // namespace desktop

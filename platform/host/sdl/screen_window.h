@@ -1,0 +1,55 @@
+// The window that shows the handheld's screen.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "host/host.h"
+#include "host/sdl/picture.h"
+#include "host/sdl/sdl.h"
+
+namespace desktop {
+
+class ScreenWindow
+{
+public:
+    /// Makes the window, hidden until something is shown, for a picture of that size, enlarged
+    /// by `scale`; none: as large as is comfortable. Nothing when there is no display.
+    static std::unique_ptr<ScreenWindow> make(Size picture, std::optional<int> scale);
+
+    void describe(const std::string &title, const host::Icon &icon);
+    /// Shows the frame, of which `changed` differs from the last one shown.
+    void show(const host::Frame &frame, const host::Area &changed);
+    /// Shows all of it again, for the window has another size or was covered.
+    void showAgain();
+    void toggleFullScreen();
+    /// To the front, from wherever it is.
+    void raise();
+
+    /// What is shown; no pixels before the first time.
+    const host::Frame &frame() const { return frame_; }
+    /// The pixel of the picture at a point of the window; `outside` allows points beside the
+    /// picture, for which it is the nearest one.
+    std::optional<Point> pictureAt(Point window, bool outside) const;
+
+private:
+    struct Destroy
+    {
+        void operator()(SDL_Window *w) const { SDL_DestroyWindow(w); }
+        void operator()(SDL_Surface *s) const { SDL_FreeSurface(s); }
+    };
+    ScreenWindow(SDL_Window *window, Size picture) : window_(window), picture_(picture) {}
+    void fitTo(Size picture);
+    SDL_Surface *canvasFor(SDL_Surface *target);
+    void draw(const host::Area &part, bool everything);
+
+    std::unique_ptr<SDL_Window, Destroy> window_;
+    std::unique_ptr<SDL_Surface, Destroy> canvas_; ///< for displays without 32-bit pixels
+    Size picture_;
+    host::Frame frame_;
+    bool shown_ = false;
+};
+
+} // namespace desktop
