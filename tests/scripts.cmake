@@ -11,3 +11,7 @@ add_script_test(pilot ${CMAKE_CURRENT_SOURCE_DIR}/scripts/pilot_test.py $<TARGET
 if(NOT GLIMRA_SANITIZE)
   set_tests_properties(pilot PROPERTIES ENVIRONMENT GLIMRA_TIMED=1)
 endif()
+if(GLIMRA_DESKTOP)
+  add_script_test(window ${CMAKE_CURRENT_SOURCE_DIR}/scripts/window_test.py $<TARGET_FILE:glimra>
+                  $<TARGET_FILE:glimra-pilot>)
+endif()
