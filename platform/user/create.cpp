@@ -2,13 +2,11 @@
 #include <algorithm>
 
 #include "handheld.h"
-#include "shell/shell.h"
 #include "user/focus.h"
 #include "user/icon.h"
 #include "user/manager.h"
 #include "user/message.h"
 #include "user/timer.h"
-#include "user/visible.h"
 
 namespace user {
 
@@ -62,10 +60,7 @@ bool announceCreation(HWND handle, CREATESTRUCTW &creation)
         SendMessageW(handle, WM_SIZE, SIZE_RESTORED, MAKELPARAM(size.cx, size.cy));
     }
     if (const Window *window = find(handle)) {
-        POINT place = window->origin();
-        if (window->parent) {
-            place = {place.x - window->parent->rect.left, place.y - window->parent->rect.top};
-        }
+        const POINT place = placeOf(*window);
         SendMessageW(handle, WM_MOVE, 0, MAKELPARAM(place.x, place.y));
     }
     return find(handle) != nullptr;
@@ -87,7 +82,8 @@ void announceDestruction(HWND handle)
     SendMessageW(handle, WM_DESTROY, 0, 0);
     Window *window = find(handle);
     for (const HWND child : window ? handlesOf(window->children) : std::vector<HWND>{}) {
-        if (Window *each = find(child)) {
+        Window *each = find(child);
+        if (each && !each->destroying) {
             each->destroying = true;
             announceDestruction(child);
         }
@@ -106,7 +102,6 @@ void release(HWND handle)
     leaveWindow(handle);
     dropTimersOf(handle);
     dropMessagesOf(handle);
-    const VisibilityChange change;
     removeWindow(handle);
 }
 
@@ -125,7 +120,7 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD styl
     const user::WindowClass *windowClass = user::findClass(className);
     user::Window *relative = user::find(parent);
     const bool child = (style & WS_CHILD) != 0;
-    if (!windowClass || ((child || parent) && !relative)) {
+    if (!windowClass || ((child || parent) && (!relative || relative->destroying))) {
         return {};
     }
     user::Window &window = user::addWindow();
@@ -142,8 +137,9 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD styl
     user::insertWindow(window);
     user::announceProgram(window);
     const SIZE size = window.size();
-    CREATESTRUCTW creation{parameter,       instance,         menu,  parent, size.cy,   size.cx,
-                           window.rect.top, window.rect.left, style, title,  className, exStyle};
+    const POINT place = user::placeOf(window);
+    CREATESTRUCTW creation{parameter, instance, menu,  parent, size.cy,   size.cx,
+                           place.y,   place.x,  style, title,  className, exStyle};
     if (!user::announceCreation(handle, creation)) {
         return {};
     }

@@ -3,6 +3,7 @@
 #include "user/focus.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "shell/shell.h"
 #include "user/keys.h"
@@ -119,7 +120,11 @@ void moveFocus(HWND window)
     }
 }
 
-HWND keyWindow() { return attention.focus ? attention.focus : attention.active; }
+HWND keyWindow()
+{
+    const Window *window = find(attention.focus ? attention.focus : attention.active);
+    return window && attention.inForeground && reallyEnabled(*window) ? window->handle : HWND{};
+}
 
 void leaveForeground()
 {

@@ -13,7 +13,8 @@ bool activate(HWND window, WPARAM how);
 void leaveWindow(HWND window);
 /// Moves the focus without a look at activation; none: nowhere.
 void moveFocus(HWND window);
-/// Which of the windows gets the keys: the one with the focus, else the active one.
+/// The window that gets the keys: the one with the focus, else the active one. None while another
+/// program is in front, or when that window is disabled.
 HWND keyWindow();
 
 /// Another program came to the front, or this one came back.

@@ -16,11 +16,6 @@ std::optional<MSG> messageTo(HWND window, UINT message, WPARAM wParam)
     return find(window) ? std::optional(MSG{window, message, wParam, 0, 0, {}}) : std::nullopt;
 }
 
-std::optional<MSG> handleText(const host::Event &event)
-{
-    return inForeground() ? messageTo(keyWindow(), WM_CHAR, event.text) : std::nullopt;
-}
-
 /// The window that the system addresses when it wants something of the program as a whole: its
 /// main window, or what there is before that exists.
 HWND mainWindow() { return programWindow() ? programWindow() : GetActiveWindow(); }
@@ -36,7 +31,7 @@ std::optional<MSG> handleClose()
 
 std::optional<MSG> handleHelp()
 {
-    return messageTo(find(keyWindow()) ? keyWindow() : mainWindow(), WM_HELP, 0);
+    return messageTo(keyWindow() ? keyWindow() : mainWindow(), WM_HELP, 0);
 }
 
 /// The deactivation comes before the new size, and the other way round on the way back.
@@ -65,7 +60,7 @@ std::optional<MSG> handleEvent(const host::Event &event)
     case Kind::KeyUp:
         return handleKey(event);
     case Kind::Text:
-        return handleText(event);
+        return messageTo(keyWindow(), WM_CHAR, event.text);
     case Kind::StylusDown:
     case Kind::StylusMove:
     case Kind::StylusUp:

@@ -6,7 +6,6 @@
 #include <cstddef>
 
 #include "user/focus.h"
-#include "user/window.h"
 
 namespace user {
 
@@ -53,12 +52,12 @@ std::optional<MSG> handleKey(const host::Event &event)
     if (press && !repeated) {
         keys.pressed[key] = true;
     }
-    const Window *target = find(keyWindow());
-    if (!target || !target->enabled()) {
+    const HWND target = keyWindow();
+    if (!target) {
         return std::nullopt;
     }
     const LPARAM change = press ? (repeated ? wasDown : 0) : wasDown | released;
-    return MSG{target->handle, press ? WM_KEYDOWN : WM_KEYUP, key, pressedOnce | change, 0, {}};
+    return MSG{target, press ? WM_KEYDOWN : WM_KEYUP, key, pressedOnce | change, 0, {}};
 }
 
 void releaseAllKeys()

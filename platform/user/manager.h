@@ -49,6 +49,9 @@ bool reallyShown(const Window &window);
 bool reallyEnabled(const Window &window);
 /// `window` is `ancestor` or a child of it, however indirectly.
 bool isWithin(HWND window, HWND ancestor);
+/// Where a window is as messages tell it: a child in its parent's client area, others on the
+/// screen.
+POINT placeOf(const Window &window);
 /// The whole screen in pixels.
 RECT screenRect();
 /// What a window placed by CW_USEDEFAULT covers.

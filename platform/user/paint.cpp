@@ -49,6 +49,18 @@ bool needsPaint(Window &window)
     return !window.invalid.empty();
 }
 
+/// The first of a list of windows and their children, in order, that is to be painted.
+Window *findToPaint(const std::vector<Window *> &windows)
+{
+    for (Window *window : windows) {
+        Window *found = needsPaint(*window) ? window : findToPaint(window->children);
+        if (found) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
 HDC openDC(Window &window, const std::optional<gdi::Region> &within)
 {
     const HDC dc = gdi::openScreenDC(window, within);
@@ -89,12 +101,8 @@ void invalidateAll(Window &window)
 
 std::optional<MSG> takePaintMessage()
 {
-    for (Window *window : everyWindow()) {
-        if (needsPaint(*window)) {
-            return MSG{window->handle, WM_PAINT, 0, 0, 0, {}};
-        }
-    }
-    return std::nullopt;
+    const Window *window = findToPaint(topLevelWindows());
+    return window ? std::optional(MSG{window->handle, WM_PAINT, 0, 0, 0, {}}) : std::nullopt;
 }
 
 void presentFrame()

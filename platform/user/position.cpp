@@ -62,7 +62,7 @@ void takeRect(Window &window, const RECT &rect)
     }
 }
 
-/// Changes place and order at once. Returns what had to be told to the window.
+/// Changes place and order at once.
 void rearrange(Window &window, HWND after, const RECT &rect, UINT flags)
 {
     if (!sameRect(rect, window.rect)) {
@@ -71,11 +71,10 @@ void rearrange(Window &window, HWND after, const RECT &rect, UINT flags)
     if ((flags & SWP_NOZORDER) != 0) {
         return;
     }
-    Window *sibling = find(after);
     if (after == HWND_TOPMOST) {
         window.exStyle |= WS_EX_TOPMOST;
     }
-    if (sibling && after != HWND_TOPMOST) {
+    if (Window *sibling = find(after)) {
         placeBehind(window, *sibling);
     } else {
         bringToTop(window);
@@ -95,10 +94,7 @@ void announceRect(HWND handle, const RECT &before)
 {
     const Window *window = find(handle);
     if (window && (window->rect.left != before.left || window->rect.top != before.top)) {
-        POINT place = window->origin();
-        if (window->parent) {
-            ScreenToClient(window->parent->handle, &place);
-        }
+        const POINT place = placeOf(*window);
         SendMessageW(handle, WM_MOVE, 0, MAKELPARAM(place.x, place.y));
     }
     window = find(handle);

@@ -136,6 +136,12 @@ bool isWithin(HWND window, HWND ancestor)
     return each != nullptr;
 }
 
+POINT placeOf(const Window &window)
+{
+    const POINT base = window.parent ? window.parent->origin() : POINT{};
+    return {window.rect.left - base.x, window.rect.top - base.y};
+}
+
 } // namespace user
 
 ATOM RegisterClassW(const WNDCLASSW *description)

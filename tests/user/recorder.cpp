@@ -1,0 +1,119 @@
+// The windows that note down their messages.
+#include "user/recorder.h"
+
+#include <utility>
+
+namespace {
+
+Recorder *current = nullptr;
+
+const std::map<UINT, std::string> messageNames = {
+    {WM_CREATE, "create"},
+    {WM_DESTROY, "destroy"},
+    {WM_NCDESTROY, "gone"},
+    {WM_MOVE, "move"},
+    {WM_SIZE, "size"},
+    {WM_SHOWWINDOW, "show"},
+    {WM_ACTIVATE, "activate"},
+    {WM_SETFOCUS, "setfocus"},
+    {WM_KILLFOCUS, "killfocus"},
+    {WM_PAINT, "paint"},
+    {WM_TIMER, "timer"},
+    {WM_KEYDOWN, "keydown"},
+    {WM_KEYUP, "keyup"},
+    {WM_CHAR, "char"},
+    {WM_COMMAND, "command"},
+    {WM_LBUTTONDOWN, "down"},
+    {WM_MOUSEMOVE, "drag"},
+    {WM_LBUTTONUP, "up"},
+    {WM_CAPTURECHANGED, "uncapt"},
+    {WM_SETTINGCHANGE, "setting"},
+    {WM_HELP, "help"},
+    {WM_CLOSE, "close"},
+    {WM_HIBERNATE, "hibernate"},
+    {WM_USER, "user"},
+};
+
+} // namespace
+
+Recorder::Recorder(std::span<const std::byte> resources) : handheld(resources)
+{
+    current = this;
+    WNDCLASSW description{};
+    description.lpfnWndProc = procedure;
+    description.lpszClassName = u"TEST";
+    const HGDIOBJ white = GetStockObject(WHITE_BRUSH);
+    description.hbrBackground.value = white.value;
+    RegisterClassW(&description);
+}
+
+Recorder::~Recorder() { current = nullptr; }
+
+HWND Recorder::window(char name, const RECT &rect, HWND parent, DWORD style, DWORD exStyle)
+{
+    nameOfNext_ = name;
+    return CreateWindowExW(exStyle, u"TEST", u"a window", style, rect.left, rect.top,
+                           rect.right - rect.left, rect.bottom - rect.top, parent, {}, {}, nullptr);
+}
+
+std::vector<std::string> Recorder::takeLog() { return std::exchange(log_, {}); }
+
+LRESULT Recorder::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_CREATE) {
+        current->names_[window.value] = current->nameOfNext_;
+    }
+    if (current->noted.contains(message)) {
+        current->note(window, message, wParam, lParam);
+    }
+    const auto result =
+        current->handler ? current->handler(window, message, wParam, lParam) : std::nullopt;
+    return result ? *result : DefWindowProcW(window, message, wParam, lParam);
+}
+
+std::string Recorder::nameOf(std::uintptr_t handle) const
+{
+    const auto found = names_.find(handle);
+    return found == names_.end() ? "-" : std::string(1, found->second);
+}
+
+void Recorder::note(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const auto other = static_cast<std::uintptr_t>(lParam);
+    const auto low = static_cast<SHORT>(LOWORD(other));
+    const auto high = static_cast<SHORT>(HIWORD(other));
+    const std::string point = " " + std::to_string(low) + "," + std::to_string(high);
+    std::string line = nameOf(window.value) + ":" + messageNames.at(message);
+    switch (message) {
+    case WM_ACTIVATE:
+        line += " " + std::to_string(wParam) + " " + nameOf(other);
+        break;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+        line += " " + nameOf(wParam);
+        break;
+    case WM_SIZE:
+        line += wParam == SIZE_MINIMIZED ? " minimized" : point;
+        break;
+    case WM_MOVE:
+    case WM_LBUTTONDOWN:
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONUP:
+        line += point;
+        break;
+    case WM_TIMER:
+        line += " " + std::to_string(wParam) + " at " + std::to_string(GetTickCount());
+        break;
+    case WM_SHOWWINDOW:
+    case WM_KEYDOWN:
+    case WM_KEYUP:
+    case WM_CHAR:
+    case WM_COMMAND:
+    case WM_USER:
+        line += " " + std::to_string(wParam);
+        break;
+    default:
+        break;
+    }
+    log_.push_back(line);
+}

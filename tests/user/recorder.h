@@ -1,0 +1,42 @@
+// Windows for tests, which note down the messages they get.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "support/fake_host.h"
+#include "winuser.h"
+
+/// The handheld switched on, with the class "TEST" of windows that do what DefWindowProcW does.
+class Recorder
+{
+public:
+    explicit Recorder(std::span<const std::byte> resources = {});
+    ~Recorder();
+
+    /// A window known by a name of one letter. Top-level windows are shown and activated.
+    HWND window(char name, const RECT &rect, HWND parent = {}, DWORD style = WS_VISIBLE,
+                DWORD exStyle = 0);
+    /// What was noted since the last call: "A:activate 1 B", one entry a message.
+    std::vector<std::string> takeLog();
+
+    SwitchedOn handheld;
+    FakeHost &host = handheld.host;
+    /// The messages to be noted.
+    std::set<UINT> noted;
+    /// Asked first; what it answers is the result of the message.
+    std::function<std::optional<LRESULT>(HWND, UINT, WPARAM, LPARAM)> handler;
+
+private:
+    static LRESULT procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    std::string nameOf(std::uintptr_t handle) const;
+    void note(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+    std::map<std::uintptr_t, char> names_;
+    char nameOfNext_ = '?';
+    std::vector<std::string> log_;
+};

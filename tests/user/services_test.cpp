@@ -1,0 +1,76 @@
+// The base services: text functions and the help viewer.
+#include <gtest/gtest.h>
+
+#include "support/fake_host.h"
+#include "support/resource_image.h"
+#include "winbase.h"
+
+namespace {
+
+TEST(Text, NumbersAreReadAsFarAsTheyGo)
+{
+    struct Case
+    {
+        LPCWSTR text;
+        int value;
+    };
+    for (const Case &each : {Case{u"42", 42}, //
+                             {u" \t-17x9", -17},
+                             {u"+3 4", 3},
+                             {u"- 5", 0},
+                             {u"", 0},
+                             {u"x", 0},
+                             {u"2147483647", 2147483647},
+                             {u"99999999999999999999", 2147483647},
+                             {u"-99999999999", -2147483647 - 1}})
+    {
+        EXPECT_EQ(_wtoi(each.text), each.value) << std::u16string(each.text).size();
+    }
+}
+
+TEST(Text, NumbersAreWrittenInAnyRadix)
+{
+    WCHAR buffer[34];
+    EXPECT_EQ(std::u16string(_itow(-2147483647 - 1, buffer, 10)), u"-2147483648");
+    EXPECT_EQ(std::u16string(_itow(255, buffer, 16)), u"ff");
+    EXPECT_EQ(std::u16string(_itow(-1, buffer, 2)), std::u16string(32, u'1'));
+}
+
+TEST(Text, IsFormatted)
+{
+    WCHAR buffer[1024];
+    const int length = wsprintfW(buffer, u"%d|%02d|%05d|%4d|%u|%c|%s|%4s|%%|%", -3, 7, -12, 34,
+                                 4294967295U, u'x', u"text", u"ab");
+    EXPECT_EQ(std::u16string(buffer), u"-3|07|-0012|  34|4294967295|x|text|  ab|%|");
+    EXPECT_EQ(length, lstrlenW(buffer));
+    const std::u16string longText(2000, u'a');
+    EXPECT_EQ(wsprintfW(buffer, u"%s", longText.c_str()), 1023);
+
+    WCHAR small[4];
+    EXPECT_EQ(std::u16string(lstrcpynW(small, u"abcdef", 4)), u"abc");
+    EXPECT_EQ(lstrcpynW(small, u"abc", 0), nullptr);
+}
+
+TEST(Processes, TheHelpViewerGetsThePageOfTheProgram)
+{
+    constexpr std::uint16_t html = 23;
+    ResourceImage image;
+    const std::vector<std::uint16_t> page(10, u'x');
+    image.add(html, u"GLIMRA.HTM", page);
+    SwitchedOn handheld(image.bytes);
+    const auto start = [](LPCWSTR program, LPCWSTR commandLine) {
+        return CreateProcessW(program, commandLine, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                              nullptr, nullptr);
+    };
+    EXPECT_TRUE(start(u"peghelp.exe", u"file:glimra.htm#Main_Contents"));
+    EXPECT_EQ(handheld.host.help,
+              (std::vector<std::u16string>{
+                  u"peghelp.exe file:glimra.htm#Main_Contents|Main_Contents|20"}));
+    EXPECT_FALSE(start(u"peghelp.exe", u"file:other.htm"));
+    EXPECT_FALSE(start(u"calc.exe", u"file:glimra.htm"));
+    EXPECT_FALSE(start(u"peghelp.exe", nullptr));
+    handheld.host.helpWorks = false;
+    EXPECT_FALSE(start(u"peghelp.exe", u"file:glimra.htm"));
+}
+
+} // namespace
