@@ -1,2 +1,21 @@
 # Tests that are scripts: they run the finished executables, or read the sources.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
+
+function(add_script_test name script)
+  add_test(NAME ${name} COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/${script} ${ARGN})
+endfunction()
+
+add_script_test(includes scripts/includes_test.py ${PROJECT_SOURCE_DIR})
+add_script_test(artwork artwork/check_artwork.py)
+
+# Random games, played on the program and on an independent statement of its rules.
+add_script_test(rules_model model/compare.py $<TARGET_FILE:glimra-pilot>)
+
+add_script_test(pilot scripts/pilot_test.py $<TARGET_FILE:glimra-pilot>)
+if(NOT GLIMRA_SANITIZE)
+  set_tests_properties(pilot PROPERTIES ENVIRONMENT GLIMRA_TIMED=1)
+endif()
+
+if(GLIMRA_DESKTOP)
+  add_script_test(window scripts/window_test.py $<TARGET_FILE:glimra> $<TARGET_FILE:glimra-pilot>)
+endif()

@@ -10,6 +10,7 @@
 #include "user/combobox.h"
 #include "user/controls.h"
 #include "user/dialog.h"
+#include "user/icon.h"
 #include "user/menu.h"
 
 namespace shell {
@@ -27,7 +28,11 @@ void switchOn()
     createTitleBar();
 }
 
-void switchOff() { menus::reset(); }
+void switchOff()
+{
+    menus::reset();
+    user::forgetIcons();
+}
 
 void activeWindowChanged()
 {

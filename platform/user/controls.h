@@ -14,8 +14,7 @@ void registerCapEdit();
 /// Whether a window is an edit box of either class.
 bool isEdit(HWND window);
 
-/// The state of a control, made on WM_NCCREATE's stand-in, its first message; null when the window
-/// is not of that kind.
+/// What a window's class keeps with it from WM_CREATE on; null when the window is of another class.
 template <class Data>
 Data *dataOf(HWND window)
 {

@@ -114,6 +114,8 @@ HICON LoadIconW(HINSTANCE, LPCWSTR name)
     return icon;
 }
 
+void user::forgetIcons() { icons.clear(); }
+
 host::Icon user::iconPicture(HICON icon)
 {
     const auto found = icons.find(icon.value);

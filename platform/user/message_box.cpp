@@ -76,8 +76,8 @@ dialogs::DialogTemplate layOut(const std::u16string &text, const std::u16string 
     const SIZE size = theme::measureText(text, widest, textFlags);
     const int captionWidth =
         theme::measureText(caption, widest, DT_SINGLELINE, theme::Weight::Bold).cx;
-    const int width =
-        std::max({leastWidth, textLeft + size.cx + padding, captionWidth + 2 * padding});
+    const int needed = std::max(textLeft + size.cx + padding, captionWidth + 2 * padding);
+    const int width = std::clamp(needed, leastWidth, screen.width - 2 * screenMargin);
     const int body = std::max<int>(size.cy, (type & iconMask) != 0 ? iconSize : 0);
     const LONG bodyTop = captionHeight + padding;
     const LONG buttonsTop = bodyTop + body + padding;
@@ -153,12 +153,12 @@ void paint(HWND box, UINT type)
     RECT rect;
     GetClientRect(box, &rect);
     const LONG middle = captionHeight / 2;
-    theme::fill(painting.dc, {1, 1, rect.right - 1, middle}, theme::titleUpper);
-    theme::fill(painting.dc, {1, middle, rect.right - 1, captionHeight}, theme::titleLower);
+    theme::fill(painting.dc(), {1, 1, rect.right - 1, middle}, theme::titleUpper);
+    theme::fill(painting.dc(), {1, middle, rect.right - 1, captionHeight}, theme::titleLower);
     theme::drawText(
-        painting.dc, user::find(box)->text, {padding, 1, rect.right - padding, captionHeight},
+        painting.dc(), user::find(box)->text, {padding, 1, rect.right - padding, captionHeight},
         DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX, theme::titleText, theme::Weight::Bold);
-    drawPicture(painting.dc, type);
+    drawPicture(painting.dc(), type);
 }
 
 // Behaviour ----------------------------------------------------------------------------------

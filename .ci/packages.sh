@@ -1,0 +1,38 @@
+# Which Debian packages the game, its tests and the gate need, and how they get here.
+# Read by play, test and .ci/run.
+# shellcheck shell=sh disable=SC2034 # the lists are used there
+
+play_packages='g++ cmake ninja-build llvm libsdl2-dev libpng-dev libfreetype-dev fonts-liberation'
+test_packages="$play_packages libgtest-dev python3 python3-numpy xvfb xdotool x11-utils imagemagick"
+gate_packages="$test_packages git clang clang-format libclang-rt-14-dev"
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        echo "Please install as root: $missing" >&2
+        exit 1
+    fi
+}
+
+# Installs those of the named packages that are missing, and says which.
+need_packages() {
+    if ! command -v apt-get >/dev/null; then
+        echo "This is no Debian: what these packages hold must be there: $*" >&2
+        return
+    fi
+    missing=''
+    for package; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q ' ok installed' ||
+            missing="$missing $package"
+    done
+    if [ -n "$missing" ]; then
+        echo "Installing with apt-get:$missing"
+        as_root apt-get update
+        # shellcheck disable=SC2086 # a list of words
+        as_root env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -y --no-install-recommends $missing
+    fi
+}

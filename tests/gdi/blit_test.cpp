@@ -1,0 +1,88 @@
+// Copying between device contexts.
+#include <gtest/gtest.h>
+
+#include "picture.h"
+
+namespace {
+
+/// Where the copy of a white 4 by 4 picture must be.
+struct Case
+{
+    int x, y, width, height, sourceX, sourceY;
+    RECT expected;
+};
+
+} // namespace
+
+TEST(Blit, ClipsToBothSides)
+{
+    const Picture source(4, 4);
+    source.fill({0, 0, 4, 4}, white);
+    const Case cases[] = {
+        {2, 3, 4, 4, 0, 0, {2, 3, 6, 7}},     {-1, -2, 4, 4, 0, 0, {0, 0, 3, 2}},
+        {8, 9, 4, 4, 0, 0, {8, 9, 10, 10}},   {2, 2, 4, 4, -1, -2, {3, 4, 6, 6}},
+        {2, 2, 4, 4, 3, 2, {2, 2, 3, 4}},     {-3, -3, 100, 100, -4, -4, {1, 1, 5, 5}},
+        {10, 0, 4, 4, 0, 0, {10, 10, 0, 0}},  {2, 2, 0, 4, 0, 0, {10, 10, 0, 0}},
+        {2, 2, -2, -2, 0, 0, {10, 10, 0, 0}}, {2, 2, 4, 4, 4, 0, {10, 10, 0, 0}},
+    };
+    for (const Case &c : cases) {
+        const Picture target(10, 10);
+        EXPECT_TRUE(BitBlt(target.dc, c.x, c.y, c.width, c.height, source.dc, c.sourceX, c.sourceY,
+                           SRCCOPY));
+        const RECT found = target.bounds(white);
+        EXPECT_TRUE(found == c.expected) << c.x << ' ' << c.y << ' ' << c.sourceX;
+    }
+    EXPECT_FALSE(BitBlt(source.dc, 1 << 30, 0, 1 << 30, 4, source.dc, 0, 0, SRCCOPY));
+}
+
+TEST(Blit, OverlappingPartsMoveWhole)
+{
+    // A diagonal of white pixels moves along itself, whichever way, and keeps its shape. The
+    // whole width goes as one block, less than that row by row.
+    for (const auto &[dx, dy] :
+         {POINT{1, 1}, POINT{-1, -1}, POINT{0, 2}, POINT{0, -2}, POINT{2, 0}}) {
+        const Picture picture(8, 8);
+        for (int i = 0; i < 8; i++) {
+            SetPixel(picture.dc, i, i, white);
+        }
+        BitBlt(picture.dc, dx, dy, 8, 8, picture.dc, 0, 0, SRCCOPY);
+        for (int i = 2; i < 6; i++) {
+            EXPECT_EQ(GetPixel(picture.dc, i + dx, i + dy), white) << dx << ' ' << dy << ' ' << i;
+        }
+        EXPECT_EQ(GetPixel(picture.dc, 3 + dx, 4 + dy), black);
+    }
+}
+
+TEST(Blit, TransparentImageLeavesTheColourOut)
+{
+    // 11 wide, as tiles are: a red frame around black.
+    const Picture tile(11, 11);
+    SelectObject(tile.dc, GetStockObject(BLACK_BRUSH));
+    const HPEN pen = CreatePen(PS_SOLID, 1, red);
+    const HGDIOBJ oldPen = SelectObject(tile.dc, pen);
+    Rectangle(tile.dc, 0, 0, 11, 11);
+    const Picture target(13, 13);
+    target.fill({0, 0, 13, 13}, blue);
+    EXPECT_TRUE(TransparentImage(target.dc, 1, 1, 11, 11, tile.dc, 0, 0, 11, 11, black));
+    EXPECT_EQ(target.count(red), 40);
+    EXPECT_EQ(target.count(blue), 13 * 13 - 40);
+    const RECT frame = target.bounds(red);
+    EXPECT_TRUE(frame == (RECT{1, 1, 12, 12}));
+
+    target.fill({0, 0, 13, 13}, blue);
+    EXPECT_TRUE(TransparentImage(target.dc, -5, 8, 11, 11, tile.dc, 0, 0, 11, 11, black));
+    EXPECT_EQ(target.rows()[8], "rrrrrrbbbbbbb");
+    EXPECT_EQ(target.rows()[9], "bbbbbrbbbbbbb");
+    EXPECT_FALSE(TransparentImage(target.dc, 0, 0, 22, 22, tile.dc, 0, 0, 11, 11, black));
+    SelectObject(tile.dc, oldPen);
+    DeleteObject(pen);
+}
+
+TEST(Blit, BlacknessNeedsNoSource)
+{
+    const Picture target(3, 1);
+    target.fill({0, 0, 3, 1}, white);
+    EXPECT_TRUE(BitBlt(target.dc, 1, 0, 1, 1, {}, 0, 0, BLACKNESS));
+    EXPECT_EQ(target.rows(), Rows{"#.#"});
+    EXPECT_FALSE(BitBlt(target.dc, 0, 0, 1, 1, {}, 0, 0, SRCCOPY));
+}

@@ -1,0 +1,121 @@
+// Regions, and drawing on the screen inside one.
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "gdi/region.h"
+#include "picture.h"
+
+namespace {
+
+class Area : public gdi::ScreenArea
+{
+public:
+    POINT origin() const override { return {corner.left, corner.top}; }
+    SIZE size() const override { return {corner.right - corner.left, corner.bottom - corner.top}; }
+    const gdi::Region &visible() const override { return seen; }
+
+    RECT corner{};
+    gdi::Region seen;
+};
+
+std::uint16_t at(int x, int y)
+{
+    const gdi::Screen &display = gdi::screen();
+    return display.pixels.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(display.width) +
+                             static_cast<std::size_t>(x));
+}
+
+} // namespace
+
+TEST(Region, AgreesWithASetOfPixels)
+{
+    constexpr int side = 12;
+    std::mt19937 random(1);
+    for (int round = 0; round < 300; round++) {
+        gdi::Region region;
+        bool expected[side][side] = {};
+        for (int step = 0; step < 6; step++) {
+            const auto pick = [&] { return static_cast<int>(random() % (side + 1)); };
+            const RECT rect{pick(), pick(), pick(), pick()};
+            const unsigned operation = random() % 4;
+            operation == 0   ? region.subtract(rect)
+            : operation == 1 ? region.intersect(gdi::Region(RECT{0, 0, rect.right, side}))
+                             : region.add(rect);
+            for (int y = 0; y < side; y++) {
+                for (int x = 0; x < side; x++) {
+                    const bool in = PtInRect(&rect, {x, y}) != FALSE;
+                    bool &pixel = expected[y][x];
+                    pixel = operation == 0   ? pixel && !in
+                            : operation == 1 ? pixel && x < rect.right
+                                             : pixel || in;
+                }
+            }
+        }
+        int area = 0;
+        for (const RECT &rect : region.rects()) {
+            area += (rect.right - rect.left) * (rect.bottom - rect.top);
+        }
+        for (int y = 0; y < side; y++) {
+            for (int x = 0; x < side; x++) {
+                ASSERT_EQ(region.contains(x, y), expected[y][x]) << round;
+                area -= expected[y][x] ? 1 : 0;
+            }
+        }
+        ASSERT_EQ(area, 0) << "rectangles overlap";
+    }
+}
+
+TEST(Screen, DrawingStaysInsideTheVisibleRegionAndTellsWhatChanged)
+{
+    gdi::resizeScreen(20, 20);
+    gdi::screen().changed = {};
+    Area area;
+    area.corner = {5, 5, 15, 15};
+    area.seen = gdi::Region(area.corner);
+    area.seen.subtract({8, 8, 12, 12}); // another window in front
+    const HDC dc = gdi::openScreenDC(area, {});
+    const RECT all{-50, -50, 50, 50};
+    FillRect(dc, &all, HBRUSH{GetStockObject(WHITE_BRUSH)});
+    for (int y = 0; y < 20; y++) {
+        for (int x = 0; x < 20; x++) {
+            ASSERT_EQ(at(x, y) != 0, area.seen.contains(x, y)) << x << ' ' << y;
+        }
+    }
+    EXPECT_TRUE(gdi::screen().changed == area.corner);
+
+    // The context follows the window; (0, 0) is its corner.
+    area.corner = {1, 2, 6, 6};
+    area.seen = gdi::Region(area.corner);
+    gdi::screen().changed = {};
+    SetPixel(dc, 0, 0, red);
+    EXPECT_EQ(at(1, 2), 0xF800);
+    EXPECT_EQ(GetPixel(dc, 0, 0), red);
+    EXPECT_TRUE(gdi::screen().changed == (RECT{1, 2, 2, 3}));
+    gdi::closeScreenDC(dc);
+}
+
+TEST(Screen, AContextForAPartDrawsThereOnly)
+{
+    gdi::resizeScreen(20, 20);
+    Area area;
+    area.corner = {0, 0, 20, 20};
+    area.seen = gdi::Region(area.corner);
+    area.seen.subtract({4, 0, 6, 20});
+    gdi::Region invalid(RECT{2, 2, 10, 3});
+    invalid.add(RECT{2, 5, 10, 6});
+    const HDC dc = gdi::openScreenDC(area, invalid);
+    const Picture source(20, 20);
+    source.fill({0, 0, 20, 20}, white);
+    BitBlt(dc, 0, 0, 20, 20, source.dc, 0, 0, SRCCOPY);
+    for (int y = 0; y < 20; y++) {
+        for (int x = 0; x < 20; x++) {
+            ASSERT_EQ(at(x, y) != 0, area.seen.contains(x, y) && invalid.contains(x, y));
+        }
+    }
+    // The screen's pixels are no bitmap to select, and a window's context is not deleted.
+    EXPECT_FALSE(SelectObject(dc, CreateCompatibleBitmap(dc, 1, 1)));
+    EXPECT_FALSE(DeleteDC(dc));
+    gdi::reset();
+    EXPECT_EQ(at(2, 2), 0);
+}

@@ -1,0 +1,80 @@
+// Rectangles, lines, polygons, pixels and the clip rectangle.
+#include <gtest/gtest.h>
+
+#include "picture.h"
+
+TEST(Shapes, RectangleHasItsBorderInside)
+{
+    const Picture picture(7, 6);
+    SelectObject(picture.dc, GetStockObject(WHITE_PEN));
+    const HBRUSH brush = CreateSolidBrush(red);
+    const HGDIOBJ oldBrush = SelectObject(picture.dc, brush);
+    Rectangle(picture.dc, 1, 1, 6, 5);
+    EXPECT_EQ(picture.rows(),
+              (Rows{".......", ".#####.", ".#rrr#.", ".#rrr#.", ".#####.", "......."}));
+    SelectObject(picture.dc, GetStockObject(NULL_BRUSH));
+    Rectangle(picture.dc, 3, -1, 9, 3);
+    EXPECT_EQ(picture.rows(),
+              (Rows{"...#...", ".#####.", ".#r####", ".#rrr#.", ".#####.", "......."}));
+    SelectObject(picture.dc, oldBrush);
+    DeleteObject(brush);
+}
+
+TEST(Shapes, LinesLeaveTheirLastPixelOutUnlessTheyClose)
+{
+    const Picture picture(6, 4);
+    SelectObject(picture.dc, GetStockObject(WHITE_PEN));
+    const POINT open[] = {{0, 0}, {4, 0}, {4, 2}};
+    EXPECT_TRUE(Polyline(picture.dc, open, 3));
+    EXPECT_EQ(picture.rows(), (Rows{"#####.", "....#.", "......", "......"}));
+    const POINT closed[] = {{3, 3}, {0, 3}, {3, 3}};
+    EXPECT_TRUE(Polyline(picture.dc, closed, 3));
+    EXPECT_EQ(picture.rows()[3], "####..");
+    EXPECT_FALSE(Polyline(picture.dc, closed, 1));
+}
+
+TEST(Shapes, PolygonsFillConcaveFiguresToo)
+{
+    const Picture picture(9, 5);
+    SelectObject(picture.dc, GetStockObject(WHITE_PEN));
+    const HBRUSH brush = CreateSolidBrush(red);
+    const HGDIOBJ oldBrush = SelectObject(picture.dc, brush);
+    const POINT notched[] = {{0, 0}, {4, 4}, {8, 0}, {8, 4}, {0, 4}};
+    EXPECT_TRUE(Polygon(picture.dc, notched, 5));
+    EXPECT_EQ(picture.rows(),
+              (Rows{"#.......#", "##.....##", "#r#...#r#", "#rr#.#rr#", "#########"}));
+    SelectObject(picture.dc, oldBrush);
+    DeleteObject(brush);
+}
+
+TEST(Shapes, FocusIsDotted)
+{
+    const Picture picture(5, 4);
+    picture.fill({0, 0, 5, 4}, white);
+    const RECT rect{0, 0, 5, 4};
+    DrawFocusRect(picture.dc, &rect);
+    EXPECT_EQ(picture.rows(), (Rows{".#.#.", "#####", ".###.", "#.#.#"}));
+}
+
+TEST(Shapes, PixelsShowTheDisplaysColours)
+{
+    const Picture picture(2, 1);
+    EXPECT_EQ(SetPixel(picture.dc, 0, 0, RGB(255, 255, 7)), RGB(255, 255, 0));
+    EXPECT_EQ(SetPixel(picture.dc, 1, 0, RGB(74, 85, 222)), RGB(74, 85, 222));
+    EXPECT_EQ(GetPixel(picture.dc, 1, 0), RGB(74, 85, 222));
+    EXPECT_EQ(GetPixel(picture.dc, 2, 0), CLR_INVALID);
+    EXPECT_EQ(GetPixel(picture.dc, 0, -1), CLR_INVALID);
+}
+
+TEST(Shapes, TheClipRectangleOnlyShrinksUntilItIsRestored)
+{
+    const Picture picture(6, 1);
+    SaveDC(picture.dc);
+    IntersectClipRect(picture.dc, 1, 0, 4, 1);
+    IntersectClipRect(picture.dc, 2, -5, 9, 9);
+    picture.fill({0, 0, 6, 1}, white);
+    EXPECT_EQ(picture.rows(), Rows{"..##.."});
+    RestoreDC(picture.dc, -1);
+    picture.fill({0, 0, 6, 1}, red);
+    EXPECT_EQ(picture.rows(), Rows{"rrrrrr"});
+}

@@ -1,0 +1,195 @@
+// Fonts and text.
+#include <cstdlib>
+
+#include <gtest/gtest.h>
+
+#include "picture.h"
+
+namespace {
+
+constexpr UINT oneLine = DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX;
+
+/// A picture that is drawn in with a white transparent text, bold unless told otherwise.
+class Page : public Picture
+{
+public:
+    explicit Page(int height, LONG weight = FW_BOLD) : Picture(240, 80)
+    {
+        LOGFONTW description{};
+        description.lfHeight = height;
+        description.lfWeight = weight;
+        font_ = CreateFontIndirectW(&description);
+        SelectObject(dc, font_);
+        SetTextColor(dc, white);
+        SetBkMode(dc, TRANSPARENT);
+    }
+    ~Page()
+    {
+        SelectObject(dc, GetStockObject(SYSTEM_FONT));
+        DeleteObject(font_);
+    }
+    Page(const Page &) = delete;
+    Page &operator=(const Page &) = delete;
+
+    int draw(const char16_t *text, RECT rect, UINT flags) const
+    {
+        return DrawTextW(dc, text, -1, &rect, flags);
+    }
+    int width(const char16_t *text) const
+    {
+        SIZE size{};
+        GetTextExtentPoint32W(dc, text, -1, &size);
+        return size.cx;
+    }
+
+private:
+    HFONT font_{};
+};
+
+} // namespace
+
+TEST(Text, FontsAreTheNearestOfTheirWeight)
+{
+    const struct
+    {
+        LONG asked, weight, height;
+    } cases[] = {{14, 700, 14},
+                 {16, 700, 16},
+                 {32, 700, 32},
+                 {20, 900, 16},
+                 {100, 700, 32},
+                 {0, 700, 13},
+                 {-29, 700, 32},
+                 {-11, 700, 13},
+                 {32, 400, 13},
+                 {0, 400, 13},
+                 {std::numeric_limits<LONG>::min(), 700, 32}};
+    for (const auto &[asked, weight, height] : cases) {
+        const Page page(asked, weight);
+        TEXTMETRICW metrics{};
+        ASSERT_TRUE(GetTextMetricsW(page.dc, &metrics));
+        EXPECT_EQ(metrics.tmHeight, height) << asked;
+        EXPECT_EQ(metrics.tmAscent + metrics.tmDescent, height) << asked;
+    }
+    // Dialog units rest on the system font's 6 by 13.
+    const Picture plain(1, 1);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(plain.dc, &metrics);
+    EXPECT_EQ(metrics.tmHeight, 13);
+    EXPECT_EQ(metrics.tmAveCharWidth, 6);
+}
+
+TEST(Text, AlignsInTheRectangle)
+{
+    for (const int height : {14, 16, 32}) {
+        const RECT rect{20, 10, 141, 70};
+        const Page left(height);
+        const Page centre(height);
+        const Page right(height);
+        EXPECT_EQ(left.draw(u"H0H", rect, oneLine), height);
+        centre.draw(u"H0H", rect, oneLine | DT_CENTER | DT_VCENTER);
+        right.draw(u"H0H", rect, oneLine | DT_RIGHT | DT_BOTTOM);
+        const RECT l = left.bounds(white);
+        const RECT c = centre.bounds(white);
+        const RECT r = right.bounds(white);
+        // The ink stands in the middle, and as far from the left side as from the right.
+        EXPECT_LE(std::abs(c.left + c.right - rect.left - rect.right), 2) << height;
+        EXPECT_LE(std::abs((l.left - rect.left) - (rect.right - r.right)), 1) << height;
+        EXPECT_LE(rect.right - r.right, 3) << height;
+        EXPECT_EQ(c.top - l.top, (60 - height) / 2);
+        EXPECT_EQ(r.top - l.top, 60 - height);
+        EXPECT_EQ(c.right - c.left, l.right - l.left);
+        // Only the alignment moved the pixels.
+        EXPECT_EQ(left.count(white), centre.count(white));
+    }
+}
+
+TEST(Text, ClipsUnlessToldNotTo)
+{
+    const RECT narrow{40, 20, 50, 26};
+    const Page clipped(16);
+    clipped.draw(u"WWW", narrow, DT_SINGLELINE | DT_CENTER | DT_VCENTER);
+    const RECT inside = clipped.bounds(white);
+    EXPECT_TRUE(inside == narrow);
+    const Page free(16);
+    free.draw(u"WWW", narrow, oneLine | DT_CENTER | DT_VCENTER);
+    const RECT outside = free.bounds(white);
+    EXPECT_LT(outside.left, 30);
+    EXPECT_GT(outside.right, 60);
+    // The clipped pixels are those of the whole.
+    for (int x = 40; x < 50; x++) {
+        EXPECT_EQ(GetPixel(free.dc, x, 22), GetPixel(clipped.dc, x, 22));
+    }
+    // At the edge of the bitmap nothing wraps to the other side.
+    const Page edge(32);
+    edge.draw(u"W", {232, 40, 240, 72}, oneLine);
+    EXPECT_GE(edge.bounds(white).left, 232);
+    edge.draw(u"W", {-20, -20, 0, 0}, oneLine);
+    edge.draw(u"W", {230, 70, 240, 80}, oneLine);
+}
+
+TEST(Text, BreaksLinesBetweenWords)
+{
+    const Page page(16);
+    const int word = page.width(u"word");
+    RECT rect{10, 10, 10 + page.width(u"word word"), 11};
+    EXPECT_EQ(DrawTextW(page.dc, u"word word word\r\nend", -1, &rect, DT_WORDBREAK | DT_CALCRECT),
+              48);
+    EXPECT_EQ(rect.right, 10 + page.width(u"word word"));
+    EXPECT_EQ(rect.bottom, 58);
+    EXPECT_EQ(page.count(white), 0);
+    // A word that is too long stands alone and makes the rectangle wider.
+    rect = {0, 0, 5, 5};
+    EXPECT_EQ(DrawTextW(page.dc, u"word word", -1, &rect, DT_WORDBREAK | DT_CALCRECT), 32);
+    EXPECT_EQ(rect.right, word);
+    // Length counts, not the terminator; one line keeps its line ends.
+    EXPECT_EQ(DrawTextW(page.dc, u"a\nb\nc", 3, &rect, DT_CALCRECT), 32);
+    EXPECT_EQ(DrawTextW(page.dc, u"a\nb", -1, &rect, DT_CALCRECT | DT_SINGLELINE), 16);
+}
+
+TEST(Text, AmpersandsUnderline)
+{
+    const Page page(16);
+    RECT rect{};
+    DrawTextW(page.dc, u"H&H&&", -1, &rect, DT_CALCRECT | DT_SINGLELINE);
+    EXPECT_EQ(rect.right, page.width(u"HH&"));
+    DrawTextW(page.dc, u"H&H", -1, &rect, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
+    EXPECT_EQ(rect.right, page.width(u"H&H"));
+
+    page.draw(u"H&H", {0, 0, 100, 16}, DT_SINGLELINE);
+    const Page plain(16);
+    plain.draw(u"HH", {0, 0, 100, 16}, DT_SINGLELINE);
+    EXPECT_EQ(page.count(white) - plain.count(white), page.width(u"H"));
+    EXPECT_EQ(page.bounds(white).bottom, plain.bounds(white).bottom + 2);
+}
+
+TEST(Text, OpaqueBackgroundFillsTheCell)
+{
+    const Page page(16);
+    SetBkColor(page.dc, red);
+    EXPECT_EQ(SetBkMode(page.dc, OPAQUE), TRANSPARENT);
+    page.draw(u"Hi", {10, 10, 100, 40}, DT_SINGLELINE);
+    const RECT cell = page.bounds(red);
+    EXPECT_TRUE(cell == (RECT{10, 10, 10 + page.width(u"Hi"), 26}));
+}
+
+TEST(Text, CharactersItDoesNotHaveAreBoxes)
+{
+    for (const LONG weight : {FW_NORMAL, FW_BOLD}) {
+        const Page unknown(13, weight);
+        const Page other(13, weight);
+        unknown.draw(u"\u4E2D", {0, 0, 40, 20}, oneLine);
+        other.draw(u"\uFFFF", {0, 0, 40, 20}, oneLine);
+        EXPECT_GT(unknown.count(white), 15);
+        EXPECT_EQ(unknown.rows(), other.rows());
+        for (const char16_t known : u"Aß\u017Eώя–—‘’“”…•€") {
+            if (known == 0) {
+                continue;
+            }
+            const Page page(13, weight);
+            page.draw(std::u16string(1, known).c_str(), {0, 0, 40, 20}, oneLine);
+            EXPECT_NE(page.rows(), other.rows()) << unsigned{known};
+            EXPECT_GT(page.count(white), 0) << unsigned{known};
+        }
+    }
+}

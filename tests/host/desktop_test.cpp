@@ -1,0 +1,127 @@
+// The parts of the desktop host that need no desktop: its clock, its keys, its enlarged picture.
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include <gtest/gtest.h>
+
+#include "host/sdl/held_keys.h"
+#include "host/sdl/picture.h"
+#include "host/sdl/program_clock.h"
+
+namespace {
+
+using desktop::Canvas;
+using desktop::HeldKeys;
+using desktop::Placement;
+using desktop::Point;
+using desktop::ProgramClock;
+using desktop::Size;
+
+TEST(ProgramClock, StepsThroughDueMomentsAndGivesUpLongStalls)
+{
+    struct Case
+    {
+        std::uint32_t start, deadline, now, shown;
+    };
+    for (const Case &c :
+         {Case{100, 125, 125, 125}, Case{100, 125, 900, 125}, Case{100, 125, 1125, 125},
+          Case{100, 125, 1126, 1126}, Case{0xFFFFFFF0U, 9, 12, 9},
+          Case{0xFFFFFFF0U, 0xFFFFFFFAU, 2, 0xFFFFFFFAU}})
+    {
+        ProgramClock clock(c.start);
+        EXPECT_TRUE(clock.isAhead(c.deadline));
+        clock.reachDeadline(c.deadline, c.now);
+        EXPECT_EQ(clock.ticks(), c.shown);
+        clock.reachEvent(c.shown - 1);
+        EXPECT_EQ(clock.ticks(), c.shown) << "the clock never goes back";
+        clock.reachEvent(c.shown + 3);
+        EXPECT_EQ(clock.ticks(), c.shown + 3);
+    }
+}
+
+TEST(HeldKeys, ButtonIsDownWhileAnyOfItsKeysIs)
+{
+    HeldKeys keys;
+    EXPECT_TRUE(keys.press(1, 195));
+    EXPECT_FALSE(keys.press(1, 195)) << "the same key again";
+    EXPECT_FALSE(keys.press(2, 195));
+    EXPECT_TRUE(keys.press(3, 37));
+    EXPECT_EQ(keys.release(1), 0);
+    EXPECT_EQ(keys.release(1), 0) << "a key that is not down";
+    EXPECT_EQ(keys.release(2), 195);
+    EXPECT_TRUE(keys.press(2, 195));
+    EXPECT_FALSE(keys.press(4, 195));
+    auto released = keys.releaseAll();
+    std::sort(released.begin(), released.end());
+    EXPECT_EQ(released, (std::vector<std::uint16_t>{37, 195})) << "each button once";
+    EXPECT_EQ(keys.release(4), 0);
+}
+
+TEST(Picture, LiesInTheMiddleAtTheLargestWholeScale)
+{
+    struct Case
+    {
+        Size window;
+        int scale, left, top;
+    };
+    const Size picture{240, 320};
+    for (const Case &c : {Case{{240, 320}, 1, 0, 0}, Case{{479, 640}, 1, 119, 160},
+                          Case{{1920, 1080}, 3, 600, 60}, Case{{100, 319}, 1, -70, -1}})
+    {
+        const Placement placement = desktop::place(picture, c.window);
+        EXPECT_EQ(placement.scale, c.scale);
+        EXPECT_EQ(placement.left, c.left);
+        EXPECT_EQ(placement.top, c.top);
+    }
+    const Placement placement{3, 600, 60};
+    EXPECT_FALSE(desktop::isOnPicture({599, 60}, placement, picture));
+    EXPECT_TRUE(desktop::isOnPicture({600, 60}, placement, picture));
+    EXPECT_TRUE(desktop::isOnPicture({1319, 1019}, placement, picture));
+    EXPECT_FALSE(desktop::isOnPicture({1320, 1019}, placement, picture));
+    for (const auto &[point, x, y] :
+         {std::tuple{Point{602, 62}, 0, 0}, {Point{603, 63}, 1, 1}, {Point{0, 5000}, 0, 319}})
+    {
+        const Point pixel = desktop::toPicture(point, placement, picture);
+        EXPECT_EQ(pixel.x, x);
+        EXPECT_EQ(pixel.y, y);
+    }
+}
+
+TEST(Picture, IsDrawnExactlyAndStaysOnTheCanvas)
+{
+    constexpr std::array<std::uint16_t, 6> pixels{0xF800, 0x07E0, 0x001F, 0xFFFF, 0x0841, 0x8410};
+    constexpr std::array<std::uint32_t, 6> colours{0xFF0000, 0x00FF00, 0x0000FF,
+                                                   0xFFFFFF, 0x080808, 0x848284};
+    const host::Frame frame{pixels.data(), 3, 2};
+    constexpr std::uint32_t untouched = 0x12345678;
+    for (const Size size : {Size{9, 6}, Size{7, 4}, Size{4, 5}, Size{1, 1}}) {
+        std::vector<std::uint32_t> memory(static_cast<std::size_t>(size.width) *
+                                              static_cast<std::size_t>(size.height),
+                                          untouched);
+        const Canvas canvas{reinterpret_cast<std::byte *>(memory.data()),
+                            static_cast<std::size_t>(size.width) * 4,
+                            size,
+                            16,
+                            8,
+                            0};
+        const Placement placement = desktop::place({3, 2}, size);
+        desktop::drawEnlarged(frame, {-5, -5, 50, 50}, placement, canvas);
+        for (int y = 0; y < size.height; ++y) {
+            for (int x = 0; x < size.width; ++x) {
+                const Point at = desktop::toPicture({x, y}, placement, {3, 2});
+                const auto index = static_cast<std::size_t>(at.y * 3 + at.x);
+                const auto drawn = memory[static_cast<std::size_t>(y * size.width + x)];
+                EXPECT_EQ(drawn, desktop::isOnPicture({x, y}, placement, {3, 2}) ? colours[index]
+                                                                                 : untouched);
+            }
+        }
+    }
+    std::array<std::uint32_t, 24> memory{};
+    const Canvas canvas{reinterpret_cast<std::byte *>(memory.data()), 24, {6, 4}, 16, 8, 0};
+    const host::Area changed = desktop::drawEnlarged(frame, {1, 0, 2, 1}, {2, 0, 0}, canvas);
+    EXPECT_EQ(changed.left * 1000 + changed.top * 100 + changed.right * 10 + changed.bottom, 2042);
+    EXPECT_EQ(std::count(memory.begin(), memory.end(), 0U), 20) << "only the part is drawn";
+}
+
+} // namespace

@@ -1,0 +1,112 @@
+// The store on disk, and texts on their way to the host.
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include <sys/resource.h>
+
+#include <gtest/gtest.h>
+
+#include "host/store_file.h"
+#include "host/text.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class StoreTest : public testing::Test
+{
+protected:
+    StoreTest()
+    {
+        std::string name = fs::temp_directory_path() / "glimra-store-XXXXXX";
+        folder = mkdtemp(name.data());
+    }
+    ~StoreTest() override { fs::remove_all(folder); }
+
+    static std::span<const std::byte> bytes(std::string_view text)
+    {
+        return std::as_bytes(std::span(text));
+    }
+    std::string content(const std::string &name) const
+    {
+        std::ifstream in(folder / name);
+        std::ostringstream text;
+        text << in.rdbuf();
+        return text.str();
+    }
+    auto count() const { return std::distance(fs::directory_iterator(folder), {}); }
+
+    fs::path folder;
+};
+
+TEST_F(StoreTest, MakesItsFolderAndReplacesItsFileAsAWhole)
+{
+    const fs::path deep = folder / "a" / "b";
+    host::StoreFile store(deep);
+    EXPECT_EQ(store.makeFolder(), "");
+    EXPECT_FALSE(store.load());
+    EXPECT_TRUE(store.save(bytes("first, and longer")));
+    EXPECT_TRUE(store.save(bytes("second")));
+    EXPECT_EQ(content("a/b/registry.reg"), "second");
+    EXPECT_EQ(std::distance(fs::directory_iterator(deep), {}), 1) << "nothing else stays";
+    const auto loaded = store.load();
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ(loaded->size(), 6U);
+    EXPECT_NE(host::StoreFile(deep / "registry.reg").makeFolder(), "");
+}
+
+TEST_F(StoreTest, FullDiskLeavesTheOldFileWhole)
+{
+    host::StoreFile store(folder);
+    ASSERT_TRUE(store.save(bytes("old")));
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{100, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_FALSE(store.save(bytes(std::string(1000, 'x'))));
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_NE(store.problem().find("registry.reg"), std::string::npos);
+    EXPECT_EQ(content("registry.reg"), "old");
+    EXPECT_EQ(count(), 1) << "the unfinished file is gone";
+}
+
+TEST_F(StoreTest, WhatIsSetAsideIsNeverLost)
+{
+    host::StoreFile store(folder);
+    for (const char *text : {"one", "two", "three"}) {
+        ASSERT_TRUE(store.save(bytes(text)));
+        ASSERT_TRUE(store.setAside());
+    }
+    EXPECT_EQ(content("registry.reg.bad"), "three");
+    EXPECT_EQ(content("registry.reg.bad.1"), "one");
+    EXPECT_EQ(content("registry.reg.bad.2"), "two");
+    EXPECT_FALSE(store.setAside()) << "there is nothing to set aside";
+    EXPECT_FALSE(store.save(bytes("four"))) << "what could not be set aside is not replaced";
+}
+
+TEST_F(StoreTest, WhatCannotBeReadIsNotReplaced)
+{
+    fs::create_directory(folder / "registry.reg");
+    host::StoreFile store(folder);
+    EXPECT_FALSE(store.load());
+    EXPECT_FALSE(store.save(bytes("new")));
+    EXPECT_NE(store.problem(), "");
+}
+
+TEST(Text, ConvertsBothWaysAndSurvivesNonsense)
+{
+    const std::u16string text = u"Aé€😀";
+    EXPECT_EQ(host::toUtf8(text), "A\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80");
+    EXPECT_EQ(host::toUtf16(host::toUtf8(text)), text);
+    EXPECT_EQ(host::toUtf8(u"\xD83D!\xDE00"), "\xEF\xBF\xBD!\xEF\xBF\xBD");
+    for (const char *nonsense : {"\x80", "\xC3", "\xC0\xAF", "\xED\xA0\x80", "\xF8", "\xE2\x82"}) {
+        EXPECT_EQ(host::toUtf16(nonsense).front(), u'\uFFFD') << nonsense;
+    }
+}
+
+} // namespace

@@ -1,0 +1,154 @@
+#!/usr/bin/env python3
+"""Plays scripts with glimra-pilot and looks at what comes out: statuses, output, files, time.
+
+pilot_test.py GLIMRA-PILOT
+"""
+import os
+import pathlib
+import signal
+import struct
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+PILOT = os.path.abspath(sys.argv.pop(1))
+RECORD = 2496
+APP_STATE, SESSION_STATE = 0, 32  # offsets in the record
+TITLE, PLAYING = 1, 3
+PAUSED = 1
+
+
+class PilotTest(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def run_pilot(self, script, *options, status=0):
+        result = subprocess.run([PILOT, *options], input=script, cwd=self.folder, capture_output=True, text=True,
+                                timeout=120)
+        self.assertEqual(result.returncode, status, f"{script}\n{result.stdout}{result.stderr}")
+        self.errors = result.stderr
+        return result.stdout.splitlines()
+
+    def field(self, name, offset, record=0):
+        return struct.unpack_from("<i", (self.folder / name).read_bytes(), record * RECORD + offset)[0]
+
+    def test_mistakes_name_their_line_and_stop_the_script(self):
+        for command, status in [
+                ("bogus", 2), ("wait", 2), ("wait -1", 2), ("wait 5x", 2), ("wait 5 5", 2), ("key 37", 2),
+                ("key 255 down", 2), ("press 0", 2), ("tap 240 5", 2), ("turn 3", 2), ("click 4711", 2),
+                ("done", 2), ("menu 4711", 2), ("open 2", 2), ("type", 0), ("shot no/such/folder.png", 1),
+                ("shot", 2), ("state no/such/folder", 1), ("trace no/such/folder", 1)]:
+            with self.subTest(command):
+                output = self.run_pilot(f"echo before\n\n{command} # comment\necho after\n", status=status)
+                self.assertEqual(output, ["before"] + ["after"] * (status == 0))
+                self.assertRegex(self.errors, r"\Apilot: line 3: .+\n\Z" if status else r"\A\Z")
+        for options in (["--clock", "4294967296"], ["--bogus"]):
+            self.run_pilot("", *options, status=2)
+        (self.folder / "file").touch()
+        for options in (["no-such-script"], ["--store", "file"]):
+            self.run_pilot("", *options, status=1)
+            self.assertRegex(self.errors, r"\Apilot: .+\n\Z")
+
+    def test_same_script_and_clock_give_the_same_bytes(self):
+        script = "menu 40008\ntrace {0}.trace\npress 37\nwait 3000\npress 38\nwait 900\nshot {0}.png\nstate {0}\n"
+        for name, clock in (("a", "77"), ("b", "77"), ("c", "78")):
+            self.run_pilot(script.format(name), "--clock", clock)
+        read = lambda name: (self.folder / name).read_bytes()
+        for suffix in ("", ".trace", ".png"):
+            self.assertEqual(read("a" + suffix), read("b" + suffix))
+            self.assertNotEqual(read("a" + suffix), read("c" + suffix))
+        self.assertEqual(read("a.trace")[-RECORD:], read("a"))
+
+    def test_time_passes_only_where_it_should(self):
+        """A game has a timer of 25 ms; one that is due at the end of a wait fires."""
+        self.run_pilot("menu 40008\ntrace t\nwait 24\nwait 1\nwait 100\nwait 0\ntap 120 150\ntrace off\nwait 25\n"
+                       "trace t\npress 37 50\n")
+        self.assertEqual((self.folder / "t").stat().st_size, (1 + 4 + 2) * RECORD)
+
+    def test_clock_wraps_around(self):
+        self.run_pilot("menu 40008\ntrace t\nwait 1000\n", "--clock", "4294967000")
+        self.assertEqual((self.folder / "t").stat().st_size, 40 * RECORD)
+
+    def test_restart_is_a_fresh_process_in_the_same_world(self):
+        output = self.run_pilot(
+            "menu 40008\nwait 500\nkey 37 down\ntrace t\nrestart\nstate s\nwait 100\ntap 120 150\nwait 1000\n"
+            "trace off\nstate s2\ntree\nkill\nbogus\n")
+        self.assertEqual(self.field("s", APP_STATE), PLAYING)
+        self.assertEqual(self.field("s", SESSION_STATE), PAUSED)
+        self.assertEqual((self.folder / "t").stat().st_size, 40 * RECORD, "no timer before the tap")
+        self.assertEqual(self.field("s2", 456), 0, "the held key has moved the piece to the wall")
+        self.assertEqual(sum("GLIMRAPPC" in line for line in output), 1)
+
+    def test_only_a_few_commands_outlast_the_program(self):
+        output = self.run_pilot("close\nsounds\necho on\nrestart\nstate s\nclose\nwait 1\n", status=2)
+        self.assertEqual(output, ["exit 0", "on", "exit 0"])
+        self.assertIn("line 7", self.errors)
+        self.assertEqual(self.field("s", APP_STATE), TITLE)
+
+    def test_player_uses_what_is_on_the_screen(self):
+        output = self.run_pilot(
+            "menu 40014\nmenu 40010\nselect 1006 1\ntree\ndone\nmenu 40008\nmenu 40014\nclick 7\nmenu 40010\n"
+            "menu 40014\nclick 6\nstate s\nhelp\n")
+        self.assertEqual(output[0], "grayed 40014")
+        self.assertTrue(any("id=1006" in line and "checked=1" in line for line in output), output)
+        question = 'box "Abandon Game" "Do you want to abandon the current game?"'
+        self.assertEqual(output[-4:], [question, "grayed 40010", question,
+                                       "exec peghelp.exe file:glimra.htm#Main_Contents"])
+        self.assertEqual(self.field("s", APP_STATE), TITLE)
+
+    def test_sounds_are_told_with_their_time_length_and_end(self):
+        """Turning takes 2,230 samples, 102 ms: a second turn within that time cuts the first one off."""
+        output = self.run_pilot("menu 40008\nwait 75\npress 196\nwait 50\npress 196\nwait 200\npress 196\nwait 150\n"
+                                "sounds\nsounds\n")
+        self.assertEqual([line.split()[2:] for line in output], [["2230", "cut"], ["2230"], ["2230"]])
+        times = [int(line.split()[1]) for line in output]
+        self.assertEqual([later - earlier for earlier, later in zip(times, times[1:])], [75, 225])
+
+    def test_a_crash_is_no_success(self):
+        pilot = subprocess.Popen([PILOT], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                 text=True)
+        pilot.stdin.write("echo ready\n")
+        pilot.stdin.flush()
+        self.assertEqual(pilot.stdout.readline(), "ready\n")
+        children = pathlib.Path(f"/proc/{pilot.pid}/task/{pilot.pid}/children").read_text().split()
+        os.kill(int(children[0]), signal.SIGKILL)
+        _, errors = pilot.communicate(timeout=20)
+        self.assertEqual(pilot.returncode, 3)
+        self.assertIn("crashed", errors)
+
+    def test_one_store_one_program(self):
+        first = subprocess.Popen([PILOT, "--store", "s"], cwd=self.folder, stdin=subprocess.PIPE,
+                                 stdout=subprocess.PIPE, text=True)
+        first.stdin.write("echo ready\n")
+        first.stdin.flush()
+        first.stdout.readline()
+        self.assertEqual(self.run_pilot("", "--store", "s"), ["exit 0"])
+        self.assertEqual(self.run_pilot("echo runs\n", "--store", "other"), ["runs"])
+        os.kill(int(pathlib.Path(f"/proc/{first.pid}/task/{first.pid}/children").read_text()), signal.SIGKILL)
+        first.communicate(timeout=20)
+        self.assertEqual(self.run_pilot("echo runs\n", "--store", "s"), ["runs"], "the lock ends with its holder")
+
+    def test_store_survives_damage_and_keeps_what_it_replaces(self):
+        store = self.folder / "s"
+        store.mkdir()
+        for name, text in (("registry.reg", "nonsense"), ("registry.reg.bad", "older")):
+            (store / name).write_text(text)
+        self.run_pilot("menu 40008\nclose\n", "--store", "s")
+        self.assertIn("registry.reg", self.errors)
+        self.assertEqual((store / "registry.reg.bad").read_text(), "nonsense")
+        self.assertEqual((store / "registry.reg.bad.1").read_text(), "older")
+        self.assertTrue((store / "registry.reg").read_text().startswith("Windows Registry Editor Version 5.00"))
+
+    def test_three_minutes_take_less_than_two_seconds(self):
+        before = time.monotonic()
+        self.run_pilot("tap 180 170\nmenu 40008\ntrace t\n" + "press 37\nwait 25\n" * 3600)
+        limit = 2 if os.environ.get("GLIMRA_TIMED") else 60
+        self.assertLess(time.monotonic() - before, limit)
+        self.assertGreater((self.folder / "t").stat().st_size, 4000 * RECORD)
+
+
+unittest.main()

@@ -1,0 +1,175 @@
+#!/usr/bin/env python3
+"""Plays the desktop game in its window, on a display in memory, with a real keyboard's and mouse's events.
+
+window_test.py GLIMRA GLIMRA-PILOT
+"""
+import os
+import pathlib
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+PILOT, GLIMRA = os.path.abspath(sys.argv.pop()), os.path.abspath(sys.argv.pop())
+SCALE = 3
+WIDTH, HEIGHT = 240, 320
+# Screen pixels, left, top, right, bottom: the page begins below the title bar.
+WELL, QUEUE, HOLD = (22, 37, 132, 257), (168, 36, 214, 186), (168, 209, 197, 240)
+VALUES = ((0, 275, 80, 293), (100, 275, 140, 293), (146, 275, 186, 293), (192, 275, 232, 293))
+ULTRA, PLAY = (60, 170), (120, 241)
+# What runs across each cell of a piece from corner to corner, 11 pixels.
+PIECES = {(74, 85, 222), (198, 117, 0), (74, 190, 0), (206, 199, 24), (206, 32, 33), (206, 0, 198), (0, 158, 231)}
+CELL = 11
+
+
+class Picture:
+    """The handheld's screen, from a PNG file or, enlarged, from a window."""
+
+    def __init__(self, source, scale):
+        command = ["import", "-window", source] if scale > 1 else ["convert", source]
+        raw = subprocess.run([*command, "-depth", "8", "rgb:-"], check=True, capture_output=True).stdout
+        row = WIDTH * scale * 3
+        assert len(raw) == row * HEIGHT * scale, "the window has the size of the screen, enlarged"
+        self.large = raw
+        self.pixels = [[tuple(raw[at:at + 3]) for at in range(y * scale * row, (y * scale + 1) * row, scale * 3)]
+                       for y in range(HEIGHT)]
+
+    def part(self, left, top, right, bottom):
+        return [(x, y, self.pixels[y][x]) for y in range(top, bottom) for x in range(left, right)]
+
+    def pieces(self, area):
+        return [(x, y) for x, y, colour in self.part(*area) if colour in PIECES]
+
+
+def eventually(condition, message, seconds=20):
+    deadline = time.monotonic() + seconds
+    while not (result := condition()):
+        assert time.monotonic() < deadline, message
+        time.sleep(0.05)
+    return result
+
+
+def xdotool(*words):
+    return subprocess.run(["xdotool", *map(str, words)], check=True, capture_output=True, text=True,
+                          timeout=20).stdout.split()
+
+
+class WindowTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        reader, writer = os.pipe()
+        cls.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-nolisten",
+                                       "tcp"], pass_fds=[writer], stderr=subprocess.DEVNULL)
+        os.close(writer)
+        os.environ["DISPLAY"] = ":" + os.read(reader, 20).decode().strip()
+        os.environ["ASAN_OPTIONS"] = "detect_leaks=0"  # the display's libraries leak at their end
+        cls.addClassCleanup(cls.server.wait)
+        cls.addClassCleanup(cls.server.terminate)
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def start(self, store="store"):
+        game = subprocess.Popen([GLIMRA, "--store", store, "--scale", str(SCALE)], cwd=self.folder,
+                                stderr=subprocess.PIPE, text=True, env={**os.environ, "HOME": str(self.folder)})
+        self.addCleanup(game.stderr.close)
+        self.addCleanup(game.wait)
+        self.addCleanup(game.kill)
+        search = ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(game.pid), "--name", "^Glimra$"]
+        game.window, = eventually(lambda: subprocess.run(search, capture_output=True, text=True).stdout.split(),
+                                  "a window opens")
+        xdotool("windowfocus", "--sync", game.window)
+        return game
+
+    def click(self, game, point):
+        xdotool("mousemove", "--window", game.window, *(SCALE * c + 1 for c in point), "click", 1)
+
+    def title_page(self):
+        subprocess.run([PILOT], input="shot title.png\n", text=True, check=True, cwd=self.folder)
+        return Picture(self.folder / "title.png", 1).pixels
+
+    def begin_game(self, game):
+        """An Ultra game: the only modes that show all four values."""
+        title = self.title_page()
+        eventually(lambda: Picture(game.window, SCALE).pixels == title, "the title page is shown, pixel for pixel")
+        self.click(game, ULTRA)
+        self.click(game, PLAY)
+        return eventually(lambda: (p := Picture(game.window, SCALE)).pieces(QUEUE) and p, "a game begins")
+
+    def test_a_game_is_played(self):
+        game = self.start()
+        self.begin_game(game)
+        xdotool("keydown", "Left")
+        time.sleep(1.2)
+        xdotool("keyup", "Left")
+        time.sleep(0.2)
+        picture = Picture(game.window, SCALE)
+        row = WIDTH * SCALE * 3
+        for y in range(HEIGHT * SCALE):  # every pixel is a square
+            line = picture.large[y * row:][:row]
+            self.assertEqual(line, b"".join(bytes(c) * SCALE for c in picture.pixels[y // SCALE]))
+
+        piece = picture.pieces((*WELL[:3], WELL[1] + 8 * CELL))
+        self.assertGreaterEqual(len(piece), 2 * CELL, "a piece is falling")
+        self.assertEqual(min(x for x, _ in piece) // CELL, WELL[0] // CELL, "it was moved to the wall")
+        bottom = (WELL[0], WELL[3] - 4 * CELL, *WELL[2:])
+        self.assertLess(len(picture.pieces(bottom)), CELL, "nothing lies at the bottom")
+        bright = sum(max(colour) - min(colour) > 100 for _, _, colour in picture.part(*bottom))
+        self.assertGreater(bright, 60, "but the ghost's outline")
+        rows = sorted({y for _, y in picture.pieces(QUEUE)})
+        self.assertEqual(len(picture.pieces(QUEUE)), 6 * 4 * CELL, "six pieces of four cells come next")
+        self.assertEqual(sum(b - a > 1 for a, b in zip(rows, rows[1:])), 5, "one below the other")
+        self.assertEqual(picture.pieces(HOLD), [])
+        for value in VALUES:
+            white = sum(colour == (255, 255, 255) for _, _, colour in picture.part(*value))
+            self.assertGreater(white, 10, f"a value stands in {value}")
+
+        xdotool("key", "c")
+        eventually(lambda: len(Picture(game.window, SCALE).pieces(HOLD)) > CELL, "C holds the piece")
+        xdotool("key", "Escape")
+        eventually(lambda: not Picture(game.window, SCALE).pieces(QUEUE), "Esc pauses, which hides the pieces")
+        xdotool("key", "F12")
+        eventually(lambda: list(self.folder.glob("Glimra *.png")), "F12 saves a screenshot")
+        xdotool("key", "ctrl+q")
+        self.assertEqual(game.wait(20), 0)
+        self.assertIn('"app"=hex:03,', (self.folder / "store/registry.reg").read_text())
+
+    def test_the_second_start_brings_the_first_window_back(self):
+        first = self.start()
+        self.begin_game(first)
+        other = self.start("another store")
+        self.addCleanup(xdotool, "mousemove", 0, 0)
+        above = lambda: xdotool("mousemove", 640, 500, "getmouselocation", "--shell")[3].removeprefix("WINDOW=")
+        self.assertEqual(above(), other.window, "both are in the middle of the display")
+        again = subprocess.run([GLIMRA, "--store", "store"], cwd=self.folder, timeout=20)
+        self.assertEqual(again.returncode, 0)
+        eventually(lambda: above() == first.window, "the first window is on top again")
+        self.assertEqual((first.poll(), other.poll()), (None, None))
+
+    def test_it_sleeps_while_nothing_happens(self):
+        game = self.start()
+        time.sleep(1.5)
+        status = pathlib.Path(f"/proc/{game.pid}/task")
+        wakes = lambda: sum(int(line.split()[1]) for s in status.glob("*/status") for line in s.read_text().splitlines()
+                            if line.startswith("voluntary"))
+        before = wakes()
+        time.sleep(2)
+        self.assertLess(wakes() - before, 40, "the title page looks at its clock twice a second")
+        game.send_signal(signal.SIGTERM)
+        self.assertEqual(game.wait(20), 0, "a request to end is the window's close button")
+
+    def test_it_says_what_it_cannot_do(self):
+        for options, status in ((["--bogus"], 2), (["--scale", "0"], 2), (["--store"], 2), (["--store", GLIMRA], 1)):
+            result = subprocess.run([GLIMRA, *options], capture_output=True, text=True)
+            self.assertEqual(result.returncode, status)
+            self.assertRegex(result.stderr, r"\Aglimra: .+\n\Z")
+        bare = {name: value for name, value in os.environ.items() if name not in ("DISPLAY", "WAYLAND_DISPLAY")}
+        result = subprocess.run([GLIMRA, "--store", self.folder], capture_output=True, text=True, env=bare, timeout=20)
+        self.assertEqual((result.returncode, result.stderr.count("\n")), (1, 1), result.stderr)
+
+
+unittest.main()

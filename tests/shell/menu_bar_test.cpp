@@ -1,0 +1,241 @@
+// The menu bar, its drop-downs and the menus behind them.
+#include <gtest/gtest.h>
+
+#include "aygshell.h"
+#include "user/dialog_words.h"
+#include "user/inspect.h"
+#include "user/user_script.h"
+#include "user/window.h"
+
+namespace {
+
+using Kind = host::Event::Kind;
+using Log = std::vector<std::string>;
+
+void append(std::vector<std::uint16_t> &words, unsigned flags, std::u16string_view text,
+            int id = -1)
+{
+    words.push_back(static_cast<std::uint16_t>(flags));
+    if (id >= 0) {
+        words.push_back(static_cast<std::uint16_t>(id));
+    }
+    words.insert(words.end(), text.begin(), text.end());
+    words.push_back(0);
+}
+
+/// Menu 102 with the drop-downs 101, 102 grayed, a separator, 103; and 201. Full-screen page 5.
+std::vector<std::byte> makeImage()
+{
+    std::vector<std::uint16_t> menu = {0, 0};
+    append(menu, MF_POPUP, u"Game");
+    append(menu, 0, u"New", 101);
+    append(menu, MF_GRAYED, u"Abandon", 102);
+    append(menu, 0, u"", 0);
+    append(menu, 0x80, u"Scores", 103);
+    append(menu, MF_POPUP | 0x80, u"Tools");
+    append(menu, 0x80, u"Options", 201);
+    ResourceImage image;
+    image.add(4, 102, menu);
+    image.add(10, 102,
+              std::vector<std::uint16_t>{102, 2, 0xFFFE, 1, 4, 0x18, 1, 0, 0, //
+                                         0xFFFE, 2, 4, 0x18, 2, 0, 1});
+    image.add(10, 103, std::vector<std::uint16_t>{102, 1, 0xFFFE, 1, 4, 0x18, 1, 0, 7});
+    std::vector<std::uint16_t> strings = {0, 4,    u'G', u'a', u'm', u'e',
+                                          5, u'T', u'o', u'o', u'l', u's'};
+    strings.resize(strings.size() + 13);
+    image.add(6, 1, strings);
+    image.add(5, 5, DialogWords(WS_POPUP, 0, 138, 154, u"").words);
+    image.add(5, 6, DialogWords(WS_POPUP, 0, 50, 50, u"").words);
+    return image.bytes;
+}
+
+class MenuBar : public testing::Test
+{
+protected:
+    std::vector<std::byte> image = makeImage();
+    Recorder recorder{image};
+    FakeHost &host = recorder.host;
+    UserScript user{host};
+    HWND window = recorder.window('A', {0, 26, 240, 320});
+    SHMENUBARINFO info{32, window, 0, 102, {}, 0, 0, {}};
+    Log popups;
+
+    void SetUp() override
+    {
+        ASSERT_TRUE(SHCreateMenuBar(&info));
+        recorder.noted = {WM_COMMAND, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_ACTIVATE, WM_KEYDOWN};
+        recorder.handler = [&](HWND, UINT message, WPARAM wParam,
+                               LPARAM position) -> std::optional<LRESULT> {
+            if (message == WM_INITMENUPOPUP) {
+                EXPECT_EQ(GetSubMenu(menu(), static_cast<int>(position)).value, wParam);
+                EXPECT_FALSE(inspect::menuOpen());
+                popups.push_back(std::to_string(position));
+            }
+            return std::nullopt;
+        };
+    }
+    HMENU menu() const
+    {
+        return {static_cast<std::uint32_t>(SendMessageW(info.hwndMB, SHCMBM_GETMENU, 0, 0))};
+    }
+    void expectOpen(bool open)
+    {
+        user.then([=] { EXPECT_EQ(inspect::menuOpen(), open); });
+    }
+    Log run(unsigned milliseconds = 0)
+    {
+        host.run(milliseconds);
+        return recorder.takeLog();
+    }
+};
+
+TEST_F(MenuBar, ItemsAreFoundGrayedAndReported)
+{
+    EXPECT_EQ(EnableMenuItem(menu(), 101, MF_GRAYED), static_cast<int>(MF_ENABLED));
+    EXPECT_EQ(GetMenuState(menu(), 101, MF_BYCOMMAND), MF_GRAYED);
+    EXPECT_EQ(EnableMenuItem(menu(), 102, MF_ENABLED), static_cast<int>(MF_GRAYED));
+    EXPECT_EQ(EnableMenuItem(menu(), 999, MF_GRAYED), -1);
+    const HMENU first = GetSubMenu(menu(), 0);
+    EXPECT_EQ(GetMenuState(first, 2, MF_BYPOSITION) & MF_SEPARATOR, MF_SEPARATOR);
+    EXPECT_EQ(SendMessageW(info.hwndMB, SHCMBM_GETSUBMENU, 0, 2),
+              static_cast<LRESULT>(GetSubMenu(menu(), 1).value));
+    SHMENUBARINFO malformed{32, window, 0, 103, {}, 0, 0, {}}; // no drop-down 7
+    EXPECT_FALSE(SHCreateMenuBar(&malformed));
+    EXPECT_EQ(user::liveMenus(), 1U);
+    DestroyWindow(info.hwndMB);
+    EXPECT_EQ(user::liveMenus(), 0U);
+}
+
+TEST_F(MenuBar, ItemsAreChosenByTappingOrDragging)
+{
+    user.tapMenuButton(0);
+    expectOpen(true);
+    user.tapMenuItem(103);
+    expectOpen(false);
+    EXPECT_EQ(run(), Log{"A:command 103"});
+    EXPECT_EQ(popups, Log{"0"});
+
+    user.then([&] {
+        const auto button = inspect::menuBarButton(1);
+        user.stylus(Kind::StylusDown, button->centre.x, button->centre.y);
+        user.then([&] {
+            const auto item = inspect::openMenuItem(201);
+            user.stylus(Kind::StylusMove, item->centre.x, item->centre.y);
+            user.stylus(Kind::StylusUp, item->centre.x, item->centre.y);
+        });
+    });
+    EXPECT_EQ(run(), Log{"A:command 201"});
+    EXPECT_EQ(popups, (Log{"0", "1"}));
+}
+
+TEST_F(MenuBar, GrayedItemsDoNothingAndATapElsewhereIsSwallowed)
+{
+    user.tapMenuButton(0);
+    user.tapMenuItem(102);
+    expectOpen(true);
+    user.then([&] { EXPECT_FALSE(inspect::openMenuItem(102)->enabled); });
+    user.tap(200, 100);
+    expectOpen(false);
+    EXPECT_EQ(run(), Log{});
+    user.tap(200, 100);
+    EXPECT_EQ(run().size(), 2U);
+
+    user.tapMenuButton(0);
+    user.tapMenuButton(1); // the other button opens the other drop-down
+    user.then([] { EXPECT_TRUE(inspect::openMenuItem(201)); });
+    user.tapMenuButton(1); // its own closes it
+    expectOpen(false);
+    EXPECT_EQ(run(), Log{});
+}
+
+TEST_F(MenuBar, KeysMoveChooseAndDismiss)
+{
+    struct Case
+    {
+        std::vector<int> keys;
+        Log log;
+    };
+    const Case cases[] = {
+        {{VK_DOWN, VK_RETURN}, {"A:command 101"}},
+        {{VK_DOWN, VK_DOWN, VK_RETURN}, {"A:command 103"}}, // past the grayed one and the line
+        {{VK_UP, VK_RETURN}, {"A:command 103"}},
+        {{VK_DOWN, VK_DOWN, VK_DOWN, VK_RETURN}, {"A:command 101"}},
+        {{VK_RIGHT, VK_RETURN}, {"A:command 201"}},
+        {{VK_LEFT, VK_LEFT, VK_RETURN}, {"A:command 101"}},
+        {{'A', VK_ESCAPE}, {}},
+    };
+    for (const Case &each : cases) {
+        user.tapMenuButton(0);
+        expectOpen(true);
+        for (const int key : each.keys) {
+            user.press(key);
+        }
+        expectOpen(false);
+        EXPECT_EQ(run(), each.log) << each.keys.size();
+    }
+}
+
+TEST_F(MenuBar, TimersRunBehindAnOpenDropDownWhichADialogCloses)
+{
+    int ticks = 0;
+    recorder.handler = [&](HWND, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message == WM_TIMER && ++ticks == 3) {
+            EXPECT_TRUE(inspect::menuOpen());
+            user.then([&] {
+                EXPECT_FALSE(inspect::menuOpen());
+                EndDialog(GetActiveWindow(), 1);
+            });
+            EXPECT_EQ(runDialog(6, window), 1);
+        }
+        return std::nullopt;
+    };
+    SetTimer(window, 1, 25, nullptr);
+    user.tapMenuButton(0);
+    run(100);
+    EXPECT_EQ(ticks, 7); // 100 ms after the third
+    EXPECT_FALSE(inspect::menuOpen());
+}
+
+TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
+{
+    const auto bar = [&] { return IsWindowVisible(info.hwndMB) != FALSE; };
+    EXPECT_TRUE(bar());
+    user.then([&] {
+        EXPECT_TRUE(bar()); // beside a small dialog, but with no use
+        EXPECT_FALSE(inspect::menuBarButton(0)->enabled);
+        user.tap(20, 310);
+        user.then([&] {
+            EXPECT_FALSE(inspect::menuOpen());
+            EndDialog(GetActiveWindow(), 0);
+        });
+    });
+    runDialog(6, window);
+    user.then([&] {
+        EXPECT_FALSE(bar());
+        user.then([&] {
+            EXPECT_FALSE(bar()); // nor beside a box upon the page
+            user.press(VK_RETURN);
+            user.then([] { EndDialog(GetActiveWindow(), 0); });
+        });
+        MessageBoxW(GetActiveWindow(), u"", u"", MB_OK);
+    });
+    runDialog(5, window, [](HWND page, UINT message, WPARAM, LPARAM) -> INT_PTR {
+        SHINITDLGINFO full{SHIDIM_FLAGS, page, SHIDIF_SIZEDLGFULLSCREEN};
+        return message == WM_INITDIALOG ? SHInitDialog(&full) : FALSE;
+    });
+    EXPECT_TRUE(bar());
+    recorder.window('B', {0, 26, 100, 100});
+    EXPECT_FALSE(bar());
+}
+
+TEST_F(MenuBar, QuittingEndsTheLoopOfADropDown)
+{
+    user.tapMenuButton(0);
+    user.then([&] { DestroyWindow(window); });
+    user.then([] { PostQuitMessage(0); });
+    run();
+    EXPECT_FALSE(inspect::menuOpen());
+    EXPECT_FALSE(IsWindow(info.hwndMB));
+}
+
+} // namespace

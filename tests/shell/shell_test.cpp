@@ -1,0 +1,151 @@
+// The OK button of the title bar, full-screen pages, and the input panel.
+#include <gtest/gtest.h>
+
+#include "aygshell.h"
+#include "user/dialog_words.h"
+#include "user/inspect.h"
+#include "user/user_script.h"
+
+namespace {
+
+constexpr DWORD tabStop = WS_TABSTOP;
+
+std::vector<std::byte> makeImage()
+{
+    ResourceImage image;
+    image.add(5, 1, DialogWords(WS_POPUP, WS_EX_CAPTIONOKBTN, 60, 60, u"Small").words);
+    image.add(5, 2,
+              DialogWords(WS_POPUP, 0, 125, 69, u"Name")
+                  .add(u"CAPEDIT", tabStop, {7, 7, 100, 13}, 10)
+                  .add(u"BUTTON", tabStop | BS_DEFPUSHBUTTON, {7, 27, 50, 12}, IDOK, u"OK")
+                  .add(u"SIPPREF", 0, {-10, -10, 5, 5}, -1)
+                  .words);
+    return image.bytes;
+}
+
+class Shell : public testing::Test
+{
+protected:
+    std::vector<std::byte> image = makeImage();
+    Recorder recorder{image};
+    FakeHost &host = recorder.host;
+    UserScript user{host};
+    HWND owner = recorder.window('A', {0, 26, 240, 320});
+
+    static bool panelIsUp()
+    {
+        for (const inspect::WindowView &view : inspect::windows()) {
+            if (view.className == u"SoftKeyboard") {
+                return !view.hidden;
+            }
+        }
+        return false;
+    }
+};
+
+TEST_F(Shell, OkButtonIsThereForTheDialogsThatAskForIt)
+{
+    EXPECT_FALSE(inspect::okButton());
+    user.tapOk();
+    EXPECT_EQ(runDialog(1, owner, endByCommand), IDOK);
+    EXPECT_FALSE(inspect::okButton());
+
+    user.then([] { EXPECT_FALSE(inspect::okButton()); }); // a plain dialog has none
+    user.then([] { EndDialog(GetActiveWindow(), 0); });
+    runDialog(2, owner);
+
+    user.tapOk();
+    user.then([] {});
+    EXPECT_EQ(runDialog(2, owner,
+                        [](HWND page, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
+                            SHINITDLGINFO done{SHIDIM_FLAGS, page,
+                                               SHIDIF_DONEBUTTON | SHIDIF_SIZEDLGFULLSCREEN};
+                            return message == WM_INITDIALOG
+                                       ? SHInitDialog(&done)
+                                       : endByCommand(page, message, wParam, lParam);
+                        }),
+              IDOK);
+}
+
+TEST_F(Shell, FullScreenPageFollowsTheDisplay)
+{
+    host::Event turn;
+    turn.kind = host::Event::Kind::Turn;
+    turn.orientation = 1;
+    const auto expectRect = [](int right, int bottom) {
+        RECT rect;
+        GetWindowRect(GetActiveWindow(), &rect);
+        EXPECT_EQ(rect.top, 26);
+        EXPECT_EQ(rect.right, right);
+        EXPECT_EQ(rect.bottom, bottom);
+    };
+    user.then([=] { expectRect(240, 320); });
+    user.then([=, this] { host.give(turn); });
+    user.then([=] { expectRect(320, 240); });
+    user.tapOk();
+    runDialog(1, owner, [](HWND page, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
+        SHINITDLGINFO full{SHIDIM_FLAGS, page, SHIDIF_DONEBUTTON | SHIDIF_SIZEDLGFULLSCREEN};
+        return message == WM_INITDIALOG ? SHInitDialog(&full)
+                                        : endByCommand(page, message, wParam, lParam);
+    });
+}
+
+TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)
+{
+    SHInitExtraControls();
+    SHInitExtraControls();
+    const auto row = [](int index) { return 294 - 88 + 1 + index * 17 + 8; };
+    user.then([] { EXPECT_TRUE(panelIsUp()); });
+    user.tap(50, row(1)); // q, as the first letter a capital
+    user.tap(50, row(1));
+    user.tap(10, row(3)); // Shift
+    user.tap(50, row(1));
+    user.tap(10, row(0));  // 1
+    user.tap(120, row(4)); // space
+    user.tap(10, row(0));
+    user.tap(230, row(0)); // Backspace
+    user.type(u"x");       // the real keyboard goes on working; a new word
+    std::u16string text(20, u'\0');
+    user.then([&] {
+        text.resize(GetDlgItemTextW(GetActiveWindow(), 10, text.data(), 20));
+        SetFocus(GetDlgItem(GetActiveWindow(), IDOK));
+        EXPECT_FALSE(panelIsUp());
+        SetFocus(GetDlgItem(GetActiveWindow(), 10));
+        EXPECT_TRUE(panelIsUp());
+    });
+    user.tap(230, row(2)); // Enter
+    EXPECT_EQ(runDialog(2, owner, endByCommand), IDOK);
+    EXPECT_EQ(text, u"QqQ1 X");
+    EXPECT_FALSE(panelIsUp());
+
+    SHSipPreference(owner, SIP_UP);
+    EXPECT_TRUE(panelIsUp());
+    SetFocus(owner);
+    EXPECT_TRUE(panelIsUp());
+    SHSipPreference(owner, SIP_DOWN);
+    EXPECT_FALSE(panelIsUp());
+}
+
+TEST_F(Shell, ActivationGivesTheFocusBack)
+{
+    const HWND child = recorder.window('C', {0, 0, 50, 50}, owner, WS_CHILD | WS_VISIBLE);
+    SHACTIVATEINFO info{sizeof info, {}, 0};
+    recorder.handler = [&](HWND window, UINT message, WPARAM wParam,
+                           LPARAM lParam) -> std::optional<LRESULT> {
+        if (window != owner || message != WM_ACTIVATE) {
+            return std::nullopt;
+        }
+        return SHHandleWMActivate(window, wParam, lParam, &info, 0);
+    };
+    SetFocus(child);
+    const HWND other = recorder.window('B', {0, 26, 100, 100});
+    EXPECT_EQ(GetFocus(), other);
+    SetActiveWindow(owner);
+    EXPECT_EQ(GetFocus(), child);
+    DestroyWindow(child);
+    SetActiveWindow(other);
+    SetActiveWindow(owner);
+    EXPECT_EQ(GetFocus(), owner);
+}
+
+} // namespace
