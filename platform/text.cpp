@@ -135,9 +135,11 @@ int wsprintfW(LPWSTR buffer, LPCWSTR format, ...)
             width = std::min(width * 10 + (*format - u'0'), 1024);
         }
         if (*format == u'd' || *format == u'u') {
-            const long long value = *format == u'd'
-                                        ? static_cast<long long>(va_arg(arguments, int))
-                                        : static_cast<long long>(va_arg(arguments, unsigned));
+            // The linter does not see the types inside va_arg.
+            // NOLINTNEXTLINE(bugprone-branch-clone)
+            const auto value = *format == u'd'
+                                   ? static_cast<long long>(va_arg(arguments, int))
+                                   : static_cast<long long>(va_arg(arguments, unsigned));
             putNumber(out, value, width, zeros);
         } else if (*format == u'c') {
             const auto unit = static_cast<WCHAR>(va_arg(arguments, int));
