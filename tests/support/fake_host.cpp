@@ -16,12 +16,16 @@ bool reached(std::uint32_t moment, std::uint32_t now)
 
 void FakeHost::give(const host::Event &event, std::uint32_t delay)
 {
-    script_.push_back({delay, event});
+    Step &step = script_.emplace_back();
+    step.delay = delay;
+    step.what = event;
 }
 
 void FakeHost::act(std::function<void()> action, std::uint32_t delay)
 {
-    script_.push_back({delay, std::move(action)});
+    Step &step = script_.emplace_back();
+    step.delay = delay;
+    step.what = std::move(action);
 }
 
 void FakeHost::key(int code, bool down, std::uint32_t delay)
