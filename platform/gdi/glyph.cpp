@@ -1,9 +1,8 @@
 // Glyphs of a strike. Every value on the play screen passes here, so a glyph that is not clipped
-// goes four pixels at a time.
+// goes eight pixels at a time.
 #include "gdi/glyph.h"
 
 #include <array>
-#include <bit>
 #include <cstring>
 
 #include "gdi/rect.h"
@@ -14,48 +13,32 @@ namespace {
 
 constexpr int pixelsPerByte = 8;
 
-/// Four pixels as one number, and for each four bits of a glyph row the mask of its pixels.
-using Quad = std::uint64_t;
-using QuadPixels = std::array<Pixel, 4>;
-
-constexpr std::array<Quad, 16> makeMasks()
-{
-    std::array<Quad, 16> masks{};
-    for (unsigned bits = 0; bits < masks.size(); bits++) {
-        QuadPixels pixels{};
-        for (unsigned i = 0; i < pixels.size(); i++) {
-            pixels[i] = (bits << i & 8U) != 0 ? 0xFFFF : 0;
-        }
-        masks[bits] = std::bit_cast<Quad>(pixels);
-    }
-    return masks;
-}
-
-constexpr std::array<Quad, 16> masks = makeMasks();
+/// As many pixels as a byte of a glyph has bits, and the bit of each.
+using Group = std::array<Pixel, pixelsPerByte>;
+constexpr Group bitOf{0x80, 0x40, 0x20, 0x10, 0x08, 0x04, 0x02, 0x01};
 
 LONG rowBytes(const Glyph &glyph) { return (glyph.width + pixelsPerByte - 1) / pixelsPerByte; }
 
-/// Inks four pixels where the bits say so; the others are written as they were.
-void inkQuad(Pixel *target, unsigned bits, Quad ink)
+/// Inks the pixels whose bits are set; the others are written as they were: no branches.
+void inkGroup(Pixel *target, std::uint8_t byte, Pixel ink)
 {
-    Quad pixels;
-    std::memcpy(&pixels, target, sizeof pixels);
-    pixels ^= (pixels ^ ink) & masks[bits];
-    std::memcpy(target, &pixels, sizeof pixels);
+    Group pixels;
+    std::memcpy(pixels.data(), target, sizeof pixels);
+    for (std::size_t i = 0; i < pixels.size(); i++) {
+        const auto inked = static_cast<Pixel>((byte & bitOf[i]) != 0 ? 0xFFFF : 0);
+        pixels[i] = static_cast<Pixel>((pixels[i] & ~inked) | (ink & inked));
+    }
+    std::memcpy(target, pixels.data(), sizeof pixels);
 }
 
 void drawWhole(const Raster &raster, const Glyph &glyph, const std::uint8_t *bits, POINT corner,
                Pixel ink)
 {
-    const Quad quad = std::bit_cast<Quad>(QuadPixels{ink, ink, ink, ink});
     const LONG bytes = rowBytes(glyph);
-    const int pitch = raster.width;
-    Pixel *row = raster.at(corner.x, corner.y);
-    for (int rows = glyph.height; rows > 0; rows--, row += pitch) {
+    for (LONG y = corner.y; y < corner.y + glyph.height; y++) {
+        Pixel *row = raster.at(corner.x, y);
         for (LONG i = 0; i < bytes; i++) {
-            const unsigned byte = *bits++;
-            inkQuad(row + i * pixelsPerByte, byte >> 4U, quad);
-            inkQuad(row + i * pixelsPerByte + 4, byte & 0xFU, quad);
+            inkGroup(row + i * pixelsPerByte, *bits++, ink);
         }
     }
 }
