@@ -64,12 +64,12 @@ HPEN CreatePen(int style, int, COLORREF colour)
     return {{gdi::insert(std::make_unique<gdi::Pen>(gdi::toPixel(colour)))}};
 }
 
-int GetObjectW(HGDIOBJ handle, int size, void *description)
+int GetObjectW(HGDIOBJ object, int size, void *description)
 {
-    if (const auto *bitmap = gdi::find<gdi::Bitmap>(handle.value)) {
+    if (const auto *bitmap = gdi::find<gdi::Bitmap>(object.value)) {
         return gdi::give(gdi::describe(*bitmap), size, description);
     }
-    if (const auto *font = gdi::find<gdi::Font>(handle.value)) {
+    if (const auto *font = gdi::find<gdi::Font>(object.value)) {
         return gdi::give(font->description, size, description);
     }
     return 0;

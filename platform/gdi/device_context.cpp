@@ -73,11 +73,11 @@ HDC openScreenDC(const ScreenArea &area, const std::optional<Region> &within)
     return open(std::make_unique<DeviceContext>(&area, within), nullptr);
 }
 
-void closeScreenDC(HDC handle)
+void closeScreenDC(HDC dc)
 {
-    const DeviceContext *dc = find<DeviceContext>(handle.value);
-    if (dc && dc->area) {
-        close(*dc);
+    const auto *context = find<DeviceContext>(dc.value);
+    if (context && context->area) {
+        close(*context);
     }
 }
 
@@ -89,98 +89,98 @@ HDC CreateCompatibleDC(HDC)
                      gdi::findObject(gdi::stockBitmap().value));
 }
 
-BOOL DeleteDC(HDC handle)
+BOOL DeleteDC(HDC dc)
 {
-    const auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    if (!dc || dc->area) {
+    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    if (!context || context->area) {
         return FALSE;
     }
-    gdi::close(*dc);
+    gdi::close(*context);
     return TRUE;
 }
 
-HGDIOBJ SelectObject(HDC handle, HGDIOBJ objectHandle)
+HGDIOBJ SelectObject(HDC dc, HGDIOBJ object)
 {
-    auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    gdi::Object *object = gdi::findObject(objectHandle.value);
-    if (!dc || !object || !gdi::mayTake(*dc, *object)) {
+    auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    gdi::Object *chosen = gdi::findObject(object.value);
+    if (!context || !chosen || !gdi::mayTake(*context, *chosen)) {
         return {};
     }
-    gdi::Object *&place = dc->settings.selected[static_cast<std::size_t>(object->kind)];
-    gdi::retain(*object, *dc);
+    gdi::Object *&place = context->settings.selected[static_cast<std::size_t>(chosen->kind)];
+    gdi::retain(*chosen, *context);
     place->selections--;
-    return std::exchange(place, object)->handle;
+    return std::exchange(place, chosen)->handle;
 }
 
-BOOL DeleteObject(HGDIOBJ handle)
+BOOL DeleteObject(HGDIOBJ object)
 {
-    const gdi::Object *object = gdi::findObject(handle.value);
-    if (!object || object->kind == gdi::Kind::DeviceContext || object->stock ||
-        object->selections > 0) {
+    const gdi::Object *doomed = gdi::findObject(object.value);
+    if (!doomed || doomed->kind == gdi::Kind::DeviceContext || doomed->stock ||
+        doomed->selections > 0) {
         return FALSE;
     }
-    gdi::erase(handle.value);
+    gdi::erase(object.value);
     return TRUE;
 }
 
-int IntersectClipRect(HDC handle, int left, int top, int right, int bottom)
+int IntersectClipRect(HDC dc, int left, int top, int right, int bottom)
 {
     constexpr int failed = 0;
     constexpr int empty = 1;
     constexpr int rectangle = 2;
-    auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    if (!dc) {
+    auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    if (!context) {
         return failed;
     }
-    RECT &clip = dc->settings.clip;
+    RECT &clip = context->settings.clip;
     clip = gdi::intersection(clip, {left, top, right, bottom});
     return gdi::isEmpty(clip) ? empty : rectangle;
 }
 
-int SaveDC(HDC handle)
+int SaveDC(HDC dc)
 {
-    auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    if (!dc) {
+    auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    if (!context) {
         return 0;
     }
-    gdi::retainAll(*dc);
-    dc->saved.push_back(dc->settings);
-    return static_cast<int>(dc->saved.size());
+    gdi::retainAll(*context);
+    context->saved.push_back(context->settings);
+    return static_cast<int>(context->saved.size());
 }
 
-BOOL RestoreDC(HDC handle, int level)
+BOOL RestoreDC(HDC dc, int level)
 {
-    auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    if (!dc) {
+    auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    if (!context) {
         return FALSE;
     }
-    const int levels = static_cast<int>(dc->saved.size());
+    const int levels = static_cast<int>(context->saved.size());
     const int wanted = level == -1 ? levels : level;
     if (wanted < 1 || wanted > levels) {
         return FALSE;
     }
     for (int i = levels; i >= wanted; i--) {
-        gdi::releaseAll(dc->settings);
-        dc->settings = dc->saved.back();
-        dc->saved.pop_back();
+        gdi::releaseAll(context->settings);
+        context->settings = context->saved.back();
+        context->saved.pop_back();
     }
     return TRUE;
 }
 
-int SetBkMode(HDC handle, int mode)
+int SetBkMode(HDC dc, int mode)
 {
-    auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    return dc ? std::exchange(dc->settings.backgroundMode, mode) : 0;
+    auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    return context ? std::exchange(context->settings.backgroundMode, mode) : 0;
 }
 
-COLORREF SetTextColor(HDC handle, COLORREF colour)
+COLORREF SetTextColor(HDC dc, COLORREF colour)
 {
-    auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    return dc ? std::exchange(dc->settings.textColour, colour) : CLR_INVALID;
+    auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    return context ? std::exchange(context->settings.textColour, colour) : CLR_INVALID;
 }
 
-COLORREF SetBkColor(HDC handle, COLORREF colour)
+COLORREF SetBkColor(HDC dc, COLORREF colour)
 {
-    auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    return dc ? std::exchange(dc->settings.backgroundColour, colour) : CLR_INVALID;
+    auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    return context ? std::exchange(context->settings.backgroundColour, colour) : CLR_INVALID;
 }

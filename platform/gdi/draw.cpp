@@ -128,67 +128,67 @@ void fillPolygon(const DeviceContext &dc, Points corners)
 
 } // namespace gdi
 
-int FillRect(HDC handle, const RECT *rect, HBRUSH brushHandle)
+int FillRect(HDC dc, const RECT *rect, HBRUSH brush)
 {
-    const auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    const auto *brush = gdi::find<gdi::Brush>(brushHandle.value);
-    if (!dc || !brush || !rect || !gdi::inReach(*rect)) {
+    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    const auto *filling = gdi::find<gdi::Brush>(brush.value);
+    if (!context || !filling || !rect || !gdi::inReach(*rect)) {
         return FALSE;
     }
-    gdi::fillRect(*dc, *rect, brush->pixel);
+    gdi::fillRect(*context, *rect, filling->pixel);
     return TRUE;
 }
 
-BOOL Rectangle(HDC handle, int left, int top, int right, int bottom)
+BOOL Rectangle(HDC dc, int left, int top, int right, int bottom)
 {
-    const auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    if (!dc || !gdi::inReach(left, top, right, bottom)) {
+    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    if (!context || !gdi::inReach(left, top, right, bottom)) {
         return FALSE;
     }
     const RECT rect{left, top, right, bottom};
-    gdi::fillRect(*dc, rect, dc->selected<gdi::Brush>().pixel);
-    gdi::frameRect(*dc, rect, dc->selected<gdi::Pen>().pixel);
+    gdi::fillRect(*context, rect, context->selected<gdi::Brush>().pixel);
+    gdi::frameRect(*context, rect, context->selected<gdi::Pen>().pixel);
     return TRUE;
 }
 
-BOOL Polyline(HDC handle, const POINT *points, int count)
+BOOL Polyline(HDC dc, const POINT *points, int count)
 {
-    const auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    if (!dc || !points || count < 2) {
+    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    if (!context || !points || count < 2) {
         return FALSE;
     }
     const gdi::Points line(points, static_cast<std::size_t>(count));
     if (!gdi::areInReach(line)) {
         return FALSE;
     }
-    gdi::drawLines(*dc, line);
+    gdi::drawLines(*context, line);
     return TRUE;
 }
 
-BOOL Polygon(HDC handle, const POINT *points, int count)
+BOOL Polygon(HDC dc, const POINT *points, int count)
 {
-    const auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    if (!dc || !points || count < 2) {
+    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    if (!context || !points || count < 2) {
         return FALSE;
     }
     const gdi::Points corners(points, static_cast<std::size_t>(count));
     if (!gdi::areInReach(corners)) {
         return FALSE;
     }
-    gdi::fillPolygon(*dc, corners);
-    gdi::drawLines(*dc, corners);
+    gdi::fillPolygon(*context, corners);
+    gdi::drawLines(*context, corners);
     const std::array closing{corners.back(), corners.front()};
-    gdi::drawLines(*dc, closing);
+    gdi::drawLines(*context, closing);
     return TRUE;
 }
 
-BOOL DrawFocusRect(HDC handle, const RECT *rect)
+BOOL DrawFocusRect(HDC dc, const RECT *rect)
 {
-    const auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    if (!dc || !rect || !gdi::inReach(*rect) || gdi::isEmpty(*rect)) {
+    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    if (!context || !rect || !gdi::inReach(*rect) || gdi::isEmpty(*rect)) {
         return FALSE;
     }
-    gdi::paint(*dc, *rect, [rect](const gdi::Raster &raster, POINT origin, const RECT &part) {
+    gdi::paint(*context, *rect, [rect](const gdi::Raster &raster, POINT origin, const RECT &part) {
         for (LONG y = part.top; y < part.bottom; y++) {
             for (LONG x = part.left; x < part.right; x++) {
                 const LONG right = x - origin.x - rect->left;
@@ -204,23 +204,23 @@ BOOL DrawFocusRect(HDC handle, const RECT *rect)
     return TRUE;
 }
 
-COLORREF SetPixel(HDC handle, int x, int y, COLORREF colour)
+COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour)
 {
-    const auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    if (!dc || !gdi::inReach(x, y)) {
+    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    if (!context || !gdi::inReach(x, y)) {
         return CLR_INVALID;
     }
-    gdi::setPixel(*dc, x, y, gdi::toPixel(colour));
+    gdi::setPixel(*context, x, y, gdi::toPixel(colour));
     return gdi::toColour(gdi::toPixel(colour));
 }
 
-COLORREF GetPixel(HDC handle, int x, int y)
+COLORREF GetPixel(HDC dc, int x, int y)
 {
-    const auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    if (!dc || !gdi::inReach(x, y)) {
+    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    if (!context || !gdi::inReach(x, y)) {
         return CLR_INVALID;
     }
-    const gdi::Extent extent = gdi::extentOf(*dc);
+    const gdi::Extent extent = gdi::extentOf(*context);
     const LONG column = x + extent.origin.x;
     const LONG row = y + extent.origin.y;
     if (!PtInRect(&extent.bounds, {column, row})) {

@@ -13,15 +13,15 @@ namespace {
 
 constexpr LONG systemFontHeight = 13;
 
-/// How many pixels the strike is off what was asked for.
-LONG distance(const Strike &strike, LONG height)
+/// How far the strike is off what was asked for: pixels, and any number of them rather than the
+/// wrong weight.
+LONG distance(const Strike &strike, const LOGFONTW &wanted)
 {
-    if (height < 0) {
-        // Not -height: the lowest number has no opposite.
-        return std::abs(strike.characterHeight + std::max(height, -farthest));
-    }
-    const LONG wanted = height == 0 ? systemFontHeight : height;
-    return std::abs(strike.height() - std::min(wanted, farthest));
+    const LONG asked = wanted.lfHeight == 0 ? systemFontHeight : wanted.lfHeight;
+    const LONG height = std::clamp(asked, -farthest, farthest);
+    const LONG pixels =
+        std::abs(height < 0 ? strike.characterHeight + height : strike.height() - height);
+    return strike.bold == (wanted.lfWeight >= FW_BOLD) ? pixels : pixels + 2 * farthest;
 }
 
 } // namespace
@@ -37,16 +37,10 @@ LOGFONTW systemFontDescription()
 
 const Strike &nearestStrike(const LOGFONTW &description)
 {
-    const bool bold = description.lfWeight >= FW_BOLD;
-    const Strike *best = nullptr;
-    for (const Strike &strike : strikes()) {
-        if (strike.bold == bold && (!best || distance(strike, description.lfHeight) <
-                                                 distance(*best, description.lfHeight)))
-        {
-            best = &strike;
-        }
-    }
-    return *best;
+    const std::span<const Strike> all = strikes();
+    return *std::min_element(all.begin(), all.end(), [&](const Strike &a, const Strike &b) {
+        return distance(a, description) < distance(b, description);
+    });
 }
 
 } // namespace gdi

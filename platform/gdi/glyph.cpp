@@ -33,7 +33,7 @@ constexpr std::array<Quad, 16> makeMasks()
 
 constexpr std::array<Quad, 16> masks = makeMasks();
 
-int rowBytes(const Glyph &glyph) { return (glyph.width + pixelsPerByte - 1) / pixelsPerByte; }
+LONG rowBytes(const Glyph &glyph) { return (glyph.width + pixelsPerByte - 1) / pixelsPerByte; }
 
 /// Inks four pixels where the bits say so; the others are written as they were.
 void inkQuad(Pixel *target, unsigned bits, Quad ink)
@@ -48,12 +48,14 @@ void drawWhole(const Raster &raster, const Glyph &glyph, const std::uint8_t *bit
                Pixel ink)
 {
     const Quad quad = std::bit_cast<Quad>(QuadPixels{ink, ink, ink, ink});
-    for (int y = 0; y < glyph.height; y++) {
-        Pixel *target = raster.at(corner.x, corner.y + y);
-        for (int i = 0; i < rowBytes(glyph); i++, target += pixelsPerByte) {
+    const LONG bytes = rowBytes(glyph);
+    const int pitch = raster.width;
+    Pixel *row = raster.at(corner.x, corner.y);
+    for (int rows = glyph.height; rows > 0; rows--, row += pitch) {
+        for (LONG i = 0; i < bytes; i++) {
             const unsigned byte = *bits++;
-            inkQuad(target, byte >> 4U, quad);
-            inkQuad(target + 4, byte & 0xFU, quad);
+            inkQuad(row + i * pixelsPerByte, byte >> 4U, quad);
+            inkQuad(row + i * pixelsPerByte + 4, byte & 0xFU, quad);
         }
     }
 }
@@ -64,7 +66,7 @@ void drawPart(const Raster &raster, const RECT &part, const Glyph &glyph, const 
     const RECT box{corner.x, corner.y, corner.x + glyph.width, corner.y + glyph.height};
     const RECT inside = intersection(box, part);
     for (LONG y = inside.top; y < inside.bottom; y++) {
-        const std::uint8_t *row = bits + (y - corner.y) * rowBytes(glyph);
+        const std::uint8_t *row = bits + std::ptrdiff_t{y - corner.y} * rowBytes(glyph);
         for (LONG x = inside.left; x < inside.right; x++) {
             const LONG column = x - corner.x;
             if ((row[column / pixelsPerByte] << column % pixelsPerByte & 0x80) != 0) {
@@ -78,7 +80,7 @@ void drawPart(const Raster &raster, const RECT &part, const Glyph &glyph, const 
 
 const Glyph &glyphOf(const Strike &strike, char16_t character)
 {
-    for (const CharacterRun &run : characterRuns()) {
+    for (const CharacterRun &run : strike.runs) {
         if (character >= run.first && character <= run.last) {
             return strike.glyphs[run.glyph + static_cast<std::size_t>(character - run.first)];
         }

@@ -171,15 +171,16 @@ std::u16string_view viewOf(LPCWSTR text, int length)
 
 } // namespace gdi
 
-int DrawTextW(HDC handle, LPCWSTR text, int length, RECT *rect, UINT flags)
+int DrawTextW(HDC dc, LPCWSTR text, int length, RECT *rect, UINT flags)
 {
-    const auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    if (!dc || !text || !rect || !gdi::inReach(*rect)) {
+    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    if (!context || !text || !rect || !gdi::inReach(*rect)) {
         return 0;
     }
-    const gdi::Style style{
-        dc->selected<gdi::Font>().strike, (flags & DT_NOPREFIX) == 0, (flags & DT_SINGLELINE) != 0,
-        flags & DT_WORDBREAK ? std::optional(rect->right - rect->left) : std::nullopt};
+    const gdi::Style style{context->selected<gdi::Font>().strike, (flags & DT_NOPREFIX) == 0,
+                           (flags & DT_SINGLELINE) != 0,
+                           flags & DT_WORDBREAK ? std::optional(rect->right - rect->left)
+                                                : std::nullopt};
     const RECT limit = flags & DT_NOCLIP ? gdi::everywhere : *rect;
     std::u16string_view rest = gdi::viewOf(text, length);
     SIZE whole{0, 0};
@@ -189,7 +190,7 @@ int DrawTextW(HDC handle, LPCWSTR text, int length, RECT *rect, UINT flags)
         if ((flags & DT_CALCRECT) == 0) {
             const POINT corner = gdi::lineCorner(*rect, size, flags);
             const LONG top = corner.y + whole.cy;
-            gdi::drawLine(*dc, style, line, {corner.x, top, corner.x + size.cx, top + size.cy},
+            gdi::drawLine(*context, style, line, {corner.x, top, corner.x + size.cx, top + size.cy},
                           limit);
         }
         whole = {std::max(whole.cx, size.cx), whole.cy + size.cy};
@@ -201,24 +202,24 @@ int DrawTextW(HDC handle, LPCWSTR text, int length, RECT *rect, UINT flags)
     return whole.cy;
 }
 
-BOOL GetTextExtentPoint32W(HDC handle, LPCWSTR text, int length, SIZE *size)
+BOOL GetTextExtentPoint32W(HDC dc, LPCWSTR text, int length, SIZE *size)
 {
-    const auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    if (!dc || !text || !size) {
+    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    if (!context || !text || !size) {
         return FALSE;
     }
-    const gdi::Style style{dc->selected<gdi::Font>().strike, false, true, std::nullopt};
+    const gdi::Style style{context->selected<gdi::Font>().strike, false, true, std::nullopt};
     *size = {gdi::widthOf(style, gdi::viewOf(text, length)), style.strike.height()};
     return TRUE;
 }
 
-BOOL GetTextMetricsW(HDC handle, TEXTMETRICW *metrics)
+BOOL GetTextMetricsW(HDC dc, TEXTMETRICW *metrics)
 {
-    const auto *dc = gdi::find<gdi::DeviceContext>(handle.value);
-    if (!dc || !metrics) {
+    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
+    if (!context || !metrics) {
         return FALSE;
     }
-    const gdi::Strike &strike = dc->selected<gdi::Font>().strike;
+    const gdi::Strike &strike = context->selected<gdi::Font>().strike;
     *metrics = {strike.height(), strike.ascent, strike.descent, strike.averageWidth, strike.widest};
     return TRUE;
 }

@@ -90,14 +90,14 @@ void paint(HWND window)
 {
     const theme::Painting painting(window);
     const RECT rect = controls::clientRect(window);
-    theme::fill(painting.dc, rect, theme::page);
-    theme::drawFrame(painting.dc, rect, theme::frame);
+    theme::fill(painting.dc(), rect, theme::page);
+    theme::drawFrame(painting.dc(), rect, theme::frame);
     if (!tracking || tracking->window != window) {
         return;
     }
     const auto &items = itemsOf(tracking->menu);
     for (std::size_t i = 0; i < items.size(); ++i) {
-        paintItem(painting.dc, items[i], itemRect(tracking->menu, i, rect.right),
+        paintItem(painting.dc(), items[i], itemRect(tracking->menu, i, rect.right),
                   static_cast<int>(i) == tracking->marked);
     }
 }

@@ -63,7 +63,7 @@ void layOutButtons(MenuBar &bar)
 void paint(HWND window, const MenuBar &bar)
 {
     const theme::Painting painting(window);
-    const HDC dc = painting.dc;
+    const HDC dc = painting.dc();
     const LONG width = controls::clientRect(window).right;
     theme::fill(dc, {0, 0, width, 1}, theme::line);
     theme::fill(dc, {0, 1, width, menuBarHeight / 2}, theme::faceUpper);

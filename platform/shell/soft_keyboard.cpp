@@ -119,11 +119,11 @@ void paint(HWND window, const SoftKeyboard &keyboard)
 {
     const theme::Painting painting(window);
     const RECT rect = controls::clientRect(window);
-    theme::fill(painting.dc, rect, theme::faceLower);
-    theme::fill(painting.dc, {0, 0, rect.right, 1}, theme::line);
+    theme::fill(painting.dc(), rect, theme::faceLower);
+    theme::fill(painting.dc(), {0, 0, rect.right, 1}, theme::line);
     forEachKey([&](const Key &key, const RECT &place) {
         const bool marked = &key == keyboard.pressed || (key.code == VK_SHIFT && keyboard.shift);
-        paintKey(painting.dc, key, place, keyboard.shift, marked);
+        paintKey(painting.dc(), key, place, keyboard.shift, marked);
     });
 }
 

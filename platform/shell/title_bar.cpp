@@ -63,7 +63,7 @@ void paintOkButton(HDC dc, bool pressed)
     theme::drawDisc(dc, centre, okRadius, theme::titleText);
     theme::drawDisc(dc, centre, okRadius - 1, pressed ? theme::titleText : theme::titleLower);
     theme::drawText(dc, u"ok",
-                    {centre.x - okRadius, 0, centre.x + okRadius + 1, titleBarHeight - 3},
+                    {centre.x - okRadius + 1, 0, centre.x + okRadius + 2, titleBarHeight - 2},
                     DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX,
                     pressed ? theme::titleLower : theme::titleText, theme::Weight::Bold);
 }
@@ -71,7 +71,7 @@ void paintOkButton(HDC dc, bool pressed)
 void paint(HWND window, const TitleBar &bar)
 {
     const theme::Painting painting(window);
-    const HDC dc = painting.dc;
+    const HDC dc = painting.dc();
     const LONG width = controls::clientRect(window).right;
     const LONG middle = titleBarHeight / 2 - 1;
     theme::fill(dc, {0, 0, width, middle}, theme::titleUpper);

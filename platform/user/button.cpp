@@ -7,6 +7,8 @@ namespace controls {
 
 namespace {
 
+constexpr DWORD typeMask = 0x0F; ///< the bits of the style that tell push buttons apart
+
 struct ButtonData final : user::WindowData
 {
     bool pressed = false;  ///< drawn pushed in
@@ -16,7 +18,7 @@ struct ButtonData final : user::WindowData
 
 bool isDefault(HWND button)
 {
-    return (static_cast<DWORD>(GetWindowLongW(button, GWL_STYLE)) & 0xFU) == BS_DEFPUSHBUTTON;
+    return (static_cast<DWORD>(GetWindowLongW(button, GWL_STYLE)) & typeMask) == BS_DEFPUSHBUTTON;
 }
 
 void setPressed(HWND button, ButtonData &data, bool pressed)
@@ -31,23 +33,23 @@ void paint(HWND button, const ButtonData &data)
 {
     const theme::Painting painting(button);
     RECT rect = clientRect(button);
-    theme::fill(painting.dc, rect, theme::page);
+    theme::fill(painting.dc(), rect, theme::page);
     const bool enabled = IsWindowEnabled(button) != FALSE;
     const COLORREF outline = !enabled ? theme::lineSoft : theme::frame;
     if (data.pressed) {
-        theme::drawFace(painting.dc, rect, outline, theme::accent, theme::accent);
+        theme::drawFace(painting.dc(), rect, outline, theme::accent, theme::accent);
     } else {
-        theme::drawFace(painting.dc, rect, outline, theme::faceUpper, theme::faceLower);
+        theme::drawFace(painting.dc(), rect, outline, theme::faceUpper, theme::faceLower);
     }
     if (isDefault(button) && enabled) {
         RECT inner = rect;
         InflateRect(&inner, -1, -1);
-        theme::drawFrame(painting.dc, inner, theme::accent);
+        theme::drawFrame(painting.dc(), inner, theme::accent);
     }
     const COLORREF colour = !enabled       ? theme::textGrayed
                             : data.pressed ? theme::accentText
                                            : theme::text;
-    theme::drawText(painting.dc, user::find(button)->text, rect,
+    theme::drawText(painting.dc(), user::find(button)->text, rect,
                     DT_CENTER | DT_VCENTER | DT_SINGLELINE, colour);
 }
 
@@ -89,54 +91,65 @@ LRESULT spaceBar(HWND button, ButtonData &data, bool down)
     return 0;
 }
 
-LRESULT CALLBACK buttonProcedure(HWND button, UINT message, WPARAM wParam, LPARAM lParam)
+/// The focus, the stylus or the leave to be pressed has come or gone.
+LRESULT stateChanged(HWND button, ButtonData &data, UINT message)
 {
-    user::Window *window = user::find(button);
-    if (message == WM_CREATE) {
-        window->data = std::make_unique<ButtonData>();
-        return 0;
+    if (message == WM_KILLFOCUS || message == WM_CAPTURECHANGED) {
+        data = {};
     }
-    auto *data = dataOf<ButtonData>(button);
-    if (!data) {
-        return DefWindowProcW(button, message, wParam, lParam);
-    }
+    InvalidateRect(button, nullptr, FALSE);
+    return 0;
+}
+
+LRESULT setStyle(HWND button, WPARAM style)
+{
+    user::Window &window = *user::find(button);
+    window.style = (window.style & ~typeMask) | (static_cast<DWORD>(style) & typeMask);
+    InvalidateRect(button, nullptr, FALSE);
+    return 0;
+}
+
+LRESULT handle(HWND button, ButtonData &data, UINT message, WPARAM wParam, LPARAM lParam)
+{
     switch (message) {
     case WM_PAINT:
-        paint(button, *data);
+        paint(button, data);
         return 0;
     case WM_LBUTTONDOWN:
     case WM_MOUSEMOVE:
     case WM_LBUTTONUP:
-        return stylus(button, *data, message, lParam);
+        return stylus(button, data, message, lParam);
     case WM_KEYDOWN:
     case WM_KEYUP:
-        return wParam == VK_SPACE ? spaceBar(button, *data, message == WM_KEYDOWN) : 0;
+        return wParam == VK_SPACE ? spaceBar(button, data, message == WM_KEYDOWN) : 0;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+    case WM_ENABLE:
+    case WM_CAPTURECHANGED:
+        return stateChanged(button, data, message);
+    case WM_SETTEXT:
+        return setText(button, wParam, lParam);
     case WM_GETDLGCODE:
         return DLGC_BUTTON | (isDefault(button) ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
     case BM_SETSTYLE:
-        window->style = (window->style & ~0xFU) | (static_cast<DWORD>(wParam) & 0xFU);
-        InvalidateRect(button, nullptr, FALSE);
-        return 0;
+        return setStyle(button, wParam);
     case BM_CLICK:
         notify(button, BN_CLICKED);
-        return 0;
-    case WM_SETTEXT:
-        return setText(button, wParam, lParam);
-    case WM_KILLFOCUS:
-        data->key = false;
-        setPressed(button, *data, false);
-        [[fallthrough]];
-    case WM_SETFOCUS:
-    case WM_ENABLE:
-        InvalidateRect(button, nullptr, FALSE);
-        return 0;
-    case WM_CAPTURECHANGED:
-        data->tracking = false;
-        setPressed(button, *data, false);
         return 0;
     default:
         return DefWindowProcW(button, message, wParam, lParam);
     }
+}
+
+LRESULT CALLBACK buttonProcedure(HWND button, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_CREATE) {
+        user::find(button)->data = std::make_unique<ButtonData>();
+        return 0;
+    }
+    auto *data = dataOf<ButtonData>(button);
+    return data ? handle(button, *data, message, wParam, lParam)
+                : DefWindowProcW(button, message, wParam, lParam);
 }
 
 } // namespace

@@ -22,7 +22,7 @@ using controls::pointOf;
 constexpr int fieldHeight = 19;
 constexpr int itemHeight = 17;
 constexpr int arrowWidth = 17; ///< of the field's arrow and of the scroll bar
-constexpr int padding = 4;
+constexpr int padding = 3;     ///< from a frame to the text
 
 struct ComboData final : user::WindowData
 {
@@ -107,22 +107,22 @@ void paintList(HWND list, const ComboData &data)
 {
     const theme::Painting painting(list);
     const RECT rect = clientRect(list);
-    theme::fill(painting.dc, rect, theme::page);
+    theme::fill(painting.dc(), rect, theme::page);
     for (int i = 0; i < itemsShown(data) && data.firstShown + i < data.count(); ++i) {
         const int index = data.firstShown + i;
         RECT item{1, 1 + i * itemHeight, rect.right - 1, 1 + (i + 1) * itemHeight};
         const bool marked = index == data.marked;
         if (marked) {
-            theme::fill(painting.dc, item, theme::accent);
+            theme::fill(painting.dc(), item, theme::accent);
         }
         item.left += padding;
-        theme::drawText(painting.dc, data.items[static_cast<std::size_t>(index)], item,
+        theme::drawText(painting.dc(), data.items[static_cast<std::size_t>(index)], item,
                         DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX,
                         marked ? theme::accentText : theme::text);
     }
-    theme::drawFrame(painting.dc, rect, theme::frame);
+    theme::drawFrame(painting.dc(), rect, theme::frame);
     if (scrolls(data)) {
-        paintScrollBar(painting.dc, data);
+        paintScrollBar(painting.dc(), data);
     }
 }
 
@@ -177,7 +177,7 @@ void choose(HWND combo, ComboData &data, int index)
 void paintField(HWND combo, const ComboData &data)
 {
     const theme::Painting painting(combo);
-    const HDC dc = painting.dc;
+    const HDC dc = painting.dc();
     const RECT rect = clientRect(combo);
     const bool enabled = IsWindowEnabled(combo) != FALSE;
     const bool focused = GetFocus() == combo;

@@ -186,7 +186,7 @@ void paintRun(const Edit &edit, HDC dc, std::size_t from, std::size_t to, COLORR
 void paint(const Edit &edit)
 {
     const theme::Painting painting(edit.handle);
-    const HDC dc = painting.dc;
+    const HDC dc = painting.dc();
     const EditData &data = edit.data;
     const bool focused = GetFocus() == edit.handle;
     RECT rect = clientRect(edit.handle);
@@ -239,18 +239,23 @@ LRESULT handle(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_PAINT:
-        return paint(edit), 0;
+        paint(edit);
+        return 0;
     case WM_LBUTTONDOWN:
     case WM_MOUSEMOVE:
     case WM_LBUTTONUP:
-        return stylus(edit, message, lParam), 0;
+        stylus(edit, message, lParam);
+        return 0;
     case WM_CHAR:
-        return insert(edit, static_cast<char16_t>(wParam)), 0;
+        insert(edit, static_cast<char16_t>(wParam));
+        return 0;
     case WM_KEYDOWN:
-        return key(edit, wParam), 0;
+        key(edit, wParam);
+        return 0;
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
-        return focusChanged(edit, message == WM_SETFOCUS), 0;
+        focusChanged(edit, message == WM_SETFOCUS);
+        return 0;
     case WM_TIMER:
         edit.data.caretShown = !edit.data.caretShown;
         InvalidateRect(edit.handle, nullptr, FALSE);

@@ -153,12 +153,12 @@ void paint(HWND box, UINT type)
     RECT rect;
     GetClientRect(box, &rect);
     const LONG middle = captionHeight / 2;
-    theme::fill(painting.dc, {1, 1, rect.right - 1, middle}, theme::titleUpper);
-    theme::fill(painting.dc, {1, middle, rect.right - 1, captionHeight}, theme::titleLower);
+    theme::fill(painting.dc(), {1, 1, rect.right - 1, middle}, theme::titleUpper);
+    theme::fill(painting.dc(), {1, middle, rect.right - 1, captionHeight}, theme::titleLower);
     theme::drawText(
-        painting.dc, user::find(box)->text, {padding, 1, rect.right - padding, captionHeight},
+        painting.dc(), user::find(box)->text, {padding, 1, rect.right - padding, captionHeight},
         DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX, theme::titleText, theme::Weight::Bold);
-    drawPicture(painting.dc, type);
+    drawPicture(painting.dc(), type);
 }
 
 // Behaviour ----------------------------------------------------------------------------------

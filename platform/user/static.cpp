@@ -51,16 +51,16 @@ void paint(const user::Window &window, const StaticData &data)
 {
     const theme::Painting painting(window.handle);
     const RECT rect = clientRect(window.handle);
-    theme::fill(painting.dc, rect, theme::page);
+    theme::fill(painting.dc(), rect, theme::page);
     if (data.bitmap) {
-        paintBitmap(painting.dc, data.bitmap);
+        paintBitmap(painting.dc(), data.bitmap);
         return;
     }
     const DWORD type = window.style & typeMask;
     UINT flags = DT_WORDBREAK;
     flags |= type == SS_CENTER ? DT_CENTER : type == SS_RIGHT ? DT_RIGHT : DT_LEFT;
     flags |= (window.style & SS_NOPREFIX) != 0 ? DT_NOPREFIX : 0;
-    theme::drawText(painting.dc, window.text, rect, flags,
+    theme::drawText(painting.dc(), window.text, rect, flags,
                     window.enabled() ? theme::text : theme::textGrayed);
 }
 

@@ -60,17 +60,16 @@ SIZE measureText(std::u16string_view string, int width, UINT flags,
 class Painting
 {
 public:
-    explicit Painting(HWND window) : window_(window), dc(BeginPaint(window, &paint_)) {}
+    explicit Painting(HWND window) : window_(window) { BeginPaint(window, &paint_); }
     Painting(const Painting &) = delete;
     Painting &operator=(const Painting &) = delete;
     ~Painting() { EndPaint(window_, &paint_); }
 
+    HDC dc() const { return paint_.hdc; }
+
 private:
     HWND window_;
     PAINTSTRUCT paint_{};
-
-public:
-    const HDC dc;
 };
 
 } // namespace theme

@@ -127,7 +127,7 @@ TEST(Actions, TurnsTakeTheFirstPlaceThatFits)
         {"I and back", I, 1, 3, Action::RotateLeft, 0, 2, 10},
         {"T off the left wall", T, 1, -1, Action::RotateLeft, 0, 0, 10},
         {"T off the right wall", T, 3, 8, Action::RotateRight, 0, 7, 10},
-        {"I at the left wall", I, 1, -2, Action::RotateRight, 2, 0, 10},
+        {"I at the left wall", I, 1, -2, Action::RotateRight, 2, 0, 11},
         {"O stays", O, 0, 4, Action::RotateRight, 1, 4, 10},
     };
     for (const Case &c : cases) {

@@ -22,7 +22,8 @@ public:
 std::uint16_t at(int x, int y)
 {
     const gdi::Screen &display = gdi::screen();
-    return display.pixels[static_cast<std::size_t>(y * display.width + x)];
+    return display.pixels.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(display.width) +
+                             static_cast<std::size_t>(x));
 }
 
 } // namespace

@@ -16,16 +16,12 @@ bool reached(std::uint32_t moment, std::uint32_t now)
 
 void FakeHost::give(const host::Event &event, std::uint32_t delay)
 {
-    Step &step = script_.emplace_back();
-    step.delay = delay;
-    step.what = event;
+    script_.push_back({delay, event, {}});
 }
 
 void FakeHost::act(std::function<void()> action, std::uint32_t delay)
 {
-    Step &step = script_.emplace_back();
-    step.delay = delay;
-    step.what = std::move(action);
+    script_.push_back({delay, std::nullopt, std::move(action)});
 }
 
 void FakeHost::key(int code, bool down, std::uint32_t delay)
@@ -86,7 +82,7 @@ std::optional<host::Event> FakeHost::wait(std::optional<std::uint32_t> deadline)
     if (!poll) {
         return sleep(deadline);
     }
-    if (const auto *event = std::get_if<host::Event>(&script_.front().what)) {
+    if (const auto &event = script_.front().event) {
         const host::Event taken = *event;
         script_.pop_front();
         stepStart_ = clock;
@@ -109,10 +105,10 @@ std::optional<host::Event> FakeHost::sleep(std::optional<std::uint32_t> deadline
     const Step step = std::move(script_.front());
     script_.pop_front();
     stepStart_ = clock;
-    if (const auto *event = std::get_if<host::Event>(&step.what)) {
+    if (const auto &event = step.event) {
         return *event;
     }
-    std::get<std::function<void()>>(step.what)();
+    step.action();
     return std::nullopt;
 }
 

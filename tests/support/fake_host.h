@@ -9,7 +9,6 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "handheld.h"
@@ -82,7 +81,8 @@ private:
     struct Step
     {
         std::uint32_t delay = 0;
-        std::variant<host::Event, std::function<void()>> what;
+        std::optional<host::Event> event; ///< or none, and then
+        std::function<void()> action;
     };
 
     std::optional<host::Event> sleep(std::optional<std::uint32_t> deadline);

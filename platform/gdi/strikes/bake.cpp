@@ -247,10 +247,10 @@ void writeSource(std::ostream &out, const std::vector<gdi::CharacterRun> &runs,
         out << "    {" << (strike.bold ? "true" : "false") << ", " << int{strike.characterHeight}
             << ", " << int{strike.ascent} << ", " << int{strike.descent} << ", "
             << int{strike.averageWidth} << ", " << int{strike.widest} << ", "
-            << int{strike.overhang} << ", glyphs" << i << ", bits" << i << "},\n";
+            << int{strike.overhang} << ", runs, glyphs" << i << ", bits" << i << "},\n";
     }
     out << "};\n\n} // namespace\n\nstd::span<const Strike> strikes() { return all; }\n"
-        << "std::span<const CharacterRun> characterRuns() { return runs; }\n\n} // namespace gdi\n";
+        << "\n} // namespace gdi\n";
 }
 
 void bake(const char *regularFile, const char *boldFile, const char *output)
@@ -260,6 +260,7 @@ void bake(const char *regularFile, const char *boldFile, const char *output)
     const Face bold = openFace(library, boldFile);
     const std::vector<gdi::CharacterRun> runs = findRuns(regular, bold);
     std::vector<Baked> all;
+    all.reserve(orders.size());
     for (const Order &order : orders) {
         all.push_back(bakeStrike(order.bold ? bold : regular, order, runs));
     }

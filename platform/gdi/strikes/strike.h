@@ -36,6 +36,7 @@ struct Strike
     std::uint8_t averageWidth; ///< of the letters A to Z and a to z
     std::uint8_t widest;       ///< advance
     std::uint8_t overhang;     ///< the most pixels by which a glyph leaves its cell on any side
+    std::span<const CharacterRun> runs;
     std::span<const Glyph> glyphs;
     const std::uint8_t *bits; ///< rows from the top, each padded to bytes, the leftmost pixel high
 
@@ -43,6 +44,5 @@ struct Strike
 };
 
 std::span<const Strike> strikes();
-std::span<const CharacterRun> characterRuns();
 
 } // namespace gdi

@@ -1,0 +1,280 @@
+// The play screen by its pixels: what is drawn where, and what is left alone.
+#include <cstdlib>
+
+#include <gtest/gtest.h>
+
+#include "app/window.h"
+#include "engine/game_session.h"
+#include "gdi/screen.h"
+#include "render/graphics.h"
+#include "resources/program_resources.h"
+#include "support/fake_host.h"
+
+namespace {
+
+using enum TetrominoType;
+
+/// A session whose window is the whole display.
+class PlayScreen : public testing::Test
+{
+protected:
+    PlayScreen()
+    {
+        windowDC = GetDC(HWND{});
+        screenSurface = new Surface(windowDC, screenWidth, screenHeight);
+        session.create(HWND{});
+        session.newGame(HWND{});
+        put(T, 3, 5, 2);
+    }
+    ~PlayScreen() override
+    {
+        session.destroy(HWND{});
+        deleteSurface(screenSurface);
+        ReleaseDC(HWND{}, windowDC);
+        windowDC = {};
+    }
+
+    void put(TetrominoType type, int x, int y, int rotation)
+    {
+        ActivePiece &piece = session.playfield.piece;
+        piece.type = type;
+        piece.x = x;
+        piece.y = y;
+        piece.rotation = rotation;
+        session.updateGhost();
+    }
+    void paint(std::uint32_t dirty)
+    {
+        session.dirty = dirty;
+        session.paint(HWND{}, HDC{});
+    }
+    void rememberPosition()
+    {
+        ActivePiece &piece = session.playfield.piece;
+        piece.prevX = piece.x;
+        piece.prevY = piece.y;
+        piece.prevRotation = piece.rotation;
+        piece.prevGhostX = piece.ghostX;
+        piece.prevGhostY = piece.ghostY;
+    }
+
+    static COLORREF shown(int x, int y) { return GetPixel(windowDC, x, y); }
+    /// A pixel of a surface, as the display shows it.
+    static COLORREF pixelOf(const Surface *surface, int x, int y)
+    {
+        const HDC dc = CreateCompatibleDC(windowDC);
+        const HGDIOBJ previous = SelectObject(dc, surface->bitmap);
+        const COLORREF colour = GetPixel(dc, x, y);
+        SelectObject(dc, previous);
+        DeleteDC(dc);
+        return colour;
+    }
+    /// Whether the tile of a kind and look stands with its corner at a point.
+    static bool tileAt(int x, int y, TetrominoType type, int look)
+    {
+        for (int i = 0; i < 11; ++i) {
+            if (shown(x + i, y + i) !=
+                pixelOf(tileSheet, 11 * static_cast<int>(type) + i, 11 * look + i)) {
+                return false;
+            }
+        }
+        return true;
+    }
+    static bool tileInCell(int column, int row, TetrominoType type, int look)
+    {
+        return tileAt(22 + 11 * column, 11 + 11 * row, type, look);
+    }
+    static int differences(const RECT &rect, const Surface *picture)
+    {
+        int count = 0;
+        for (int y = rect.top; y < rect.bottom; ++y) {
+            for (int x = rect.left; x < rect.right; ++x) {
+                count += shown(x, y) != pixelOf(picture, x, y);
+            }
+        }
+        return count;
+    }
+    static bool cellEmpty(int column, int row)
+    {
+        const LONG x = 22 + 11 * column;
+        const LONG y = 11 + 11 * row;
+        return differences({x, y, x + 11, y + 11}, backdrops[0]) == 0;
+    }
+
+    SwitchedOn handheld{programResources()};
+    GameSession session;
+};
+
+TEST_F(PlayScreen, ShowsBlocksPieceAndGhost)
+{
+    session.playfield.setCell(0, 19, I);
+    session.playfield.setCell(9, 0, S);
+    paint(dirty::everything);
+    EXPECT_TRUE(tileInCell(0, 19, I, 0));
+    EXPECT_TRUE(tileInCell(9, 0, S, 0));
+    EXPECT_TRUE(tileInCell(4, 7, T, 0)); // the T's foot
+    EXPECT_TRUE(cellEmpty(3, 7));
+    // The ghost is a ring with the backdrop inside.
+    EXPECT_EQ(shown(22 + 44, 11 + 19 * 11), pixelOf(tileSheet, 55, 55));
+    EXPECT_EQ(shown(22 + 49, 11 + 19 * 11 + 5), pixelOf(backdrops[0], 22 + 49, 11 + 19 * 11 + 5));
+    EXPECT_EQ(session.dirty, 0U);
+    session.ghostEnabled = 0;
+    paint(dirty::well);
+    EXPECT_TRUE(cellEmpty(4, 19));
+}
+
+TEST_F(PlayScreen, MovesThePieceWithoutTouchingTheRest)
+{
+    paint(dirty::everything);
+    rememberPosition();
+    session.playfield.setCell(0, 19, I); // not marked: must not show
+    put(T, 4, 6, 1);
+    paint(dirty::movedPiece);
+    EXPECT_TRUE(cellEmpty(3, 6));
+    EXPECT_TRUE(cellEmpty(4, 19)); // the old ghost
+    EXPECT_TRUE(tileInCell(5, 7, T, 0));
+    EXPECT_TRUE(cellEmpty(0, 19));
+    paint(dirty::well | dirty::movedPiece);
+    EXPECT_TRUE(tileInCell(0, 19, I, 0));
+}
+
+TEST_F(PlayScreen, DrawsNothingAboveTheWell)
+{
+    put(T, 3, -2, 2);
+    for (int row = 0; row < 20; ++row) {
+        session.playfield.setCell(0, row, J);
+        session.playfield.setCell(4, row + 2, J);
+    }
+    session.updateGhost(); // rests where it is: above the well, so there is no outline
+    paint(dirty::everything);
+    EXPECT_TRUE(tileInCell(4, 0, T, 0));
+    EXPECT_EQ(differences({22, 0, 132, 11}, backdrops[0]), 0);
+    EXPECT_EQ(differences({22, 11, 33, 231}, backdrops[0]) > 0, true);
+}
+
+TEST_F(PlayScreen, ShowsRowsBeingClearedInTheLookOfTheMoment)
+{
+    for (int column = 0; column < wellColumns; ++column) {
+        session.playfield.setCell(column, 18, L);
+        session.playfield.setCell(column, 19, Z);
+    }
+    session.playfield.fullRows[19] = 1;
+    paint(dirty::everything);
+    struct Case
+    {
+        int frame;
+        int look;
+    };
+    for (const Case &c : {Case{1, 1}, Case{2, 2}, Case{4, 4}, Case{-17, 0}, Case{9, 4}}) {
+        session.clearFrame = c.frame;
+        paint(dirty::clearAnimation);
+        EXPECT_TRUE(tileInCell(7, 19, Z, c.look)) << c.frame;
+        EXPECT_TRUE(tileInCell(7, 18, L, 0)) << c.frame;
+    }
+}
+
+TEST_F(PlayScreen, CentresWhatIsNextAndHeldInTheirBoxes)
+{
+    constexpr RECT queueRect{154, 11, 228, 161};
+    constexpr RECT holdRect{154, 185, 228, 209};
+    PieceQueue &queue = session.playfield.piece.queue;
+    queue.count = 7;
+    queue.entries = {J, L, S, O, Z, I, T};
+    session.holdType = -1;
+    paint(dirty::everything);
+    const POINT places[] = {{174, 11}, {196, 36},  {185, 61},
+                            {180, 86}, {174, 111}, {169, 142}}; // a block of each
+    for (std::size_t i = 0; i < 6; ++i) {
+        EXPECT_TRUE(tileAt(places[i].x, places[i].y, queue.entries[i], 0)) << i;
+    }
+    EXPECT_EQ(differences(holdRect, backdrops[0]), 0);
+
+    session.queueLength = 1;
+    session.holdType = static_cast<int>(T);
+    paint(dirty::everything);
+    EXPECT_EQ(differences({154, 36, 228, 161}, backdrops[0]), 0);
+    EXPECT_TRUE(tileAt(185, 196, T, 0));
+    session.queueLength = 0;
+    paint(dirty::queue);
+    EXPECT_EQ(differences(queueRect, backdrops[0]), 0);
+}
+
+TEST_F(PlayScreen, HidesTheGameWhilePaused)
+{
+    for (int row = 4; row < 20; ++row) {
+        session.playfield.setCell(0, row, I);
+    }
+    session.holdType = 3;
+    paint(dirty::everything);
+    session.pause();
+    paint(dirty::everything);
+    EXPECT_TRUE(cellEmpty(0, 4));
+    EXPECT_EQ(differences({154, 11, 228, 161}, backdrops[0]), 0);
+    EXPECT_EQ(differences({154, 185, 228, 209}, backdrops[0]), 0);
+    EXPECT_GT(differences({22, 100, 132, 142}, backdrops[0]), 300); // PAUSED
+    EXPECT_EQ(differences({22, 11, 132, 100}, backdrops[0]), 0);
+    EXPECT_GT(differences({60, 250, 80, 267}, backdrops[0]), 10); // the score stays
+}
+
+TEST_F(PlayScreen, RestoresTheWholeBackdropOnlyWhenEverythingIsDirty)
+{
+    paint(dirty::everything);
+    session.backdrop = 1;
+    paint(dirty::everything - 1);
+    EXPECT_EQ(shown(236, 200), pixelOf(backdrops[0], 236, 200));
+    EXPECT_NE(pixelOf(backdrops[0], 236, 100), pixelOf(backdrops[1], 236, 100));
+    paint(dirty::everything);
+    EXPECT_EQ(differences({229, 0, 240, 268}, backdrops[1]), 0);
+}
+
+TEST_F(PlayScreen, WritesItsValues)
+{
+    constexpr RECT timeRect{192, 250, 232, 267};
+    session.score = 0;
+    paint(dirty::everything);
+    EXPECT_GT(differences({70, 250, 80, 267}, backdrops[0]), 10); // one digit, at the right end
+    EXPECT_EQ(differences({0, 250, 70, 267}, backdrops[0]), 0);
+    EXPECT_EQ(differences(timeRect, backdrops[0]), 0);
+    session.score = 1234567;
+    paint(dirty::score);
+    EXPECT_GT(differences({20, 250, 40, 267}, backdrops[0]), 10);
+    session.score = 7;
+    paint(dirty::score); // no trace of the longer number
+    EXPECT_EQ(differences({0, 250, 70, 267}, backdrops[0]), 0);
+
+    session.mode = GameMode::Ultra2Min;
+    const auto inkAt = [&](int timeLeft) {
+        session.timeLeft = timeLeft;
+        paint(dirty::time);
+        std::vector<COLORREF> pixels;
+        for (int y = timeRect.top; y < timeRect.bottom; ++y) {
+            for (int x = timeRect.left; x < timeRect.right; ++x) {
+                pixels.push_back(shown(x, y));
+            }
+        }
+        return pixels;
+    };
+    const auto twoMinutes = inkAt(4800);
+    EXPECT_NE(inkAt(4799), twoMinutes);
+    EXPECT_EQ(inkAt(4799), inkAt(4760));
+    EXPECT_NE(inkAt(4759), inkAt(4760));
+    EXPECT_EQ(inkAt(39), inkAt(0));
+}
+
+TEST_F(PlayScreen, LeavesNothingBehind)
+{
+    put(T, 3, 0, 2);
+    paint(dirty::everything);
+    session.state = GameState::Ending;
+    paint(dirty::well);
+    EXPECT_TRUE(cellEmpty(4, 2)); // no falling piece once the game is decided
+    const std::vector<std::string> before = gdi::liveObjects();
+    for (int i = 0; i < 3; ++i) {
+        paint(dirty::everything);
+    }
+    EXPECT_EQ(gdi::liveObjects(), before);
+    session.destroy(HWND{});
+    EXPECT_EQ(gdi::liveObjects().size(), 2U); // the window's context and the back buffer
+}
+
+} // namespace
