@@ -13,32 +13,47 @@ namespace {
 
 constexpr int pixelsPerByte = 8;
 
-/// As many pixels as a byte of a glyph has bits, and the bit of each.
-using Group = std::array<Pixel, pixelsPerByte>;
-constexpr Group bitOf{0x80, 0x40, 0x20, 0x10, 0x08, 0x04, 0x02, 0x01};
+/// As many pixels as a byte of a glyph has bits, as two numbers: the leftmost pixel is the lowest
+/// bits of the first. And for each byte of a glyph row the mask of its pixels.
+using Group = std::array<std::uint64_t, 2>;
+
+constexpr std::array<Group, 256> makeMasks()
+{
+    std::array<Group, 256> masks{};
+    for (unsigned byte = 0; byte < masks.size(); byte++) {
+        for (unsigned i = 0; i < pixelsPerByte; i++) {
+            const std::uint64_t mask = (byte << i & 0x80U) != 0 ? 0xFFFF : 0;
+            masks[byte][i / 4] |= mask << i % 4 * 16;
+        }
+    }
+    return masks;
+}
+
+constexpr std::array<Group, 256> masks = makeMasks();
 
 LONG rowBytes(const Glyph &glyph) { return (glyph.width + pixelsPerByte - 1) / pixelsPerByte; }
 
-/// Inks the pixels whose bits are set; the others are written as they were: no branches.
-void inkGroup(Pixel *target, std::uint8_t byte, Pixel ink)
+/// Inks the pixels of a mask; the others are written as they were: no branches.
+void inkGroup(Pixel *target, const Group &mask, std::uint64_t ink)
 {
     Group pixels;
     std::memcpy(pixels.data(), target, sizeof pixels);
-    for (std::size_t i = 0; i < pixels.size(); i++) {
-        const auto inked = static_cast<Pixel>((byte & bitOf[i]) != 0 ? 0xFFFF : 0);
-        pixels[i] = static_cast<Pixel>((pixels[i] & ~inked) | (ink & inked));
-    }
+    pixels[0] ^= (pixels[0] ^ ink) & mask[0];
+    pixels[1] ^= (pixels[1] ^ ink) & mask[1];
     std::memcpy(target, pixels.data(), sizeof pixels);
 }
 
+/// Goes down the columns of eight pixels: most glyphs have one.
 void drawWhole(const Raster &raster, const Glyph &glyph, const std::uint8_t *bits, POINT corner,
                Pixel ink)
 {
+    const std::uint64_t inks = ink * std::uint64_t{0x0001'0001'0001'0001};
     const LONG bytes = rowBytes(glyph);
-    for (LONG y = corner.y; y < corner.y + glyph.height; y++) {
-        Pixel *row = raster.at(corner.x, y);
-        for (LONG i = 0; i < bytes; i++) {
-            inkGroup(row + i * pixelsPerByte, *bits++, ink);
+    const int pitch = raster.width;
+    for (LONG i = 0; i < bytes; i++) {
+        Pixel *target = raster.at(corner.x + i * pixelsPerByte, corner.y);
+        for (int row = 0; row < glyph.height; row++) {
+            inkGroup(target + row * pitch, masks[bits[row * bytes + i]], inks);
         }
     }
 }
