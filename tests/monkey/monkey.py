@@ -21,9 +21,10 @@ import time
 SCRIPT_COMMANDS = 400
 HANG_SECONDS = 60
 KEYS = [8, 9, 13, 27, 37, 38, 39, 40, 46, 65, 75, 81, 112, 193, 194, 195, 196, 254]
-MENU = [40008, 40009, 40010, 40014, 40016, 40017, 4711]
+MENU = [40008, 40009, 40010, 40014, 40016, 40017]
 TEXTS = ["Ann", "", "  ", "Hällo # Ω", "x" * 60, "\U0001F600", "\"\\"]
 NUMBERS = [0, 1, -1, 2, 6, 7, 10, 255, 25, 2**31 - 1, -2**31, 999, 9999, 10**9]
+ENDING = re.compile("close|hibernate|81")
 # The pilot may refuse these: what a command needs is not there at the moment.
 REFUSED = re.compile(r"pilot: line \d+: (menu|open|click|select|done|tap)?:?.*(has ended|no |did not open|not on).*")
 
@@ -55,12 +56,14 @@ class Script:
 
     def move(self):
         """A few commands, then a look. False when the pilot has stopped."""
-        commands = [self.command() for _ in range(self.dice.randrange(1, 9))]
+        if self.ended and self.record:
+            return False  # a record ends with the program
+        commands = self.next_commands()
         try:
             if self.ended:
                 self.write("restart")
                 self.ended = False
-            self.write(*commands, "tree", "echo looked")
+            self.write(*commands, *["tree"] * (not ENDING.search(commands[-1])), "echo looked")
             self.commands += len(commands)
             self.process.stdin.flush()
         except BrokenPipeError:
@@ -74,6 +77,14 @@ class Script:
             elif " rect=" in line:
                 self.windows.append(line)
         return False
+
+    def next_commands(self):
+        """One command that fits what was seen last, or a burst of any, with what may end the program last."""
+        aimed = self.aimed()
+        if aimed and self.dice.random() < 0.6:
+            return [self.dice.choice(aimed)]
+        commands = [self.command() for _ in range(self.dice.randrange(1, 9))]
+        return sorted(commands, key=lambda command: bool(ENDING.search(command)))
 
     def command(self):
         dice = self.dice
@@ -90,8 +101,6 @@ class Script:
             rare = [command for command in rare if not command.startswith(("trace", "close"))]
         elif dice.random() < 0.01:
             return "restart"
-        if dice.random() < 0.25 and (aimed := self.aimed()):
-            return dice.choice(aimed)
         return dice.choice(rare if dice.random() < 0.1 else common)
 
     def aimed(self):
@@ -100,8 +109,8 @@ class Script:
         if active is None:
             return []
         if self.windows[active].startswith("GLIMRAPPC"):
-            return [f"menu {self.dice.choice(MENU[:-1])}", f"open {self.dice.randrange(2)}", "menu 40008"]
-        commands = ["done"]
+            return [f"menu {self.dice.choice(MENU)}", f"open {self.dice.randrange(2)}", "menu 40008"]
+        commands = ["done"] if "rect=0,26,240,320" in self.windows[active] else ["press 13"]
         for line in self.windows[active + 1:]:
             if not line.startswith(" "):
                 break
