@@ -18,6 +18,7 @@ TEST(Program, LeavesNothingBehind)
         user.tapMenuItem(command);
     };
     choose(1, IDM_GAME_OPTIONS);
+    user.click(IDC_QUEUE);
     user.tapListItem(IDC_QUEUE, 1);
     user.tapOk();
     choose(1, IDM_ABOUT);
