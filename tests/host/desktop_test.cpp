@@ -2,12 +2,14 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <fstream>
 
 #include <gtest/gtest.h>
 
 #include "host/sdl/held_keys.h"
 #include "host/sdl/picture.h"
 #include "host/sdl/program_clock.h"
+#include "host/sdl/window_place.h"
 
 namespace {
 
@@ -122,6 +124,42 @@ TEST(Picture, IsDrawnExactlyAndStaysOnTheCanvas)
     const host::Area changed = desktop::drawEnlarged(frame, {1, 0, 2, 1}, {2, 0, 0}, canvas);
     EXPECT_EQ(changed.left * 1000 + changed.top * 100 + changed.right * 10 + changed.bottom, 2042);
     EXPECT_EQ(std::count(memory.begin(), memory.end(), 0U), 20) << "only the part is drawn";
+}
+
+TEST(WindowPlace, IsTakenWhereTheWindowCanBeHeldAndSeenWhole)
+{
+    struct Case
+    {
+        desktop::WindowPlace place;
+        bool taken;
+    };
+    const std::array<host::Area, 2> screens{{{0, 24, 1280, 1024}, {-800, 0, 0, 600}}};
+    for (const Case &c :
+         {Case{{{100, 50}, {480, 640}}, true}, Case{{{1216, 960}, {480, 640}}, true},
+          Case{{{1217, 50}, {480, 640}}, false}, Case{{{100, 23}, {480, 640}}, false},
+          Case{{{100, 961}, {480, 640}}, false}, Case{{{-700, 0}, {480, 600}}, true},
+          Case{{{-700, 0}, {480, 640}}, false}, Case{{{100, 50}, {1281, 640}}, false}})
+    {
+        EXPECT_EQ(desktop::isOnScreen(c.place, screens), c.taken) << c.place.corner.x;
+    }
+}
+
+TEST(WindowPlace, IsKeptAndNotTakenFromDamagedFiles)
+{
+    const std::filesystem::path folder = testing::TempDir();
+    desktop::saveWindowPlace(folder, {{-30, 40}, {480, 640}});
+    const auto place = desktop::loadWindowPlace(folder);
+    ASSERT_TRUE(place);
+    EXPECT_EQ(place->corner.x, -30);
+    EXPECT_EQ(place->corner.y, 40);
+    EXPECT_EQ(place->size.width, 480);
+    EXPECT_EQ(place->size.height, 640);
+    for (const char *text : {"", "480 640 3", "0 640 1 1", "480 40000 1 1", "480 640 -99999 1",
+                             "480 640 1 99999999999999", "window"})
+    {
+        std::ofstream(folder / "window") << text;
+        EXPECT_FALSE(desktop::loadWindowPlace(folder)) << text;
+    }
 }
 
 } // namespace

@@ -73,8 +73,8 @@ class WindowTest(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def start(self, store="store"):
-        game = subprocess.Popen([GLIMRA, "--store", store, "--scale", str(SCALE)], cwd=self.folder,
+    def start(self, store="store", options=("--scale", str(SCALE))):
+        game = subprocess.Popen([GLIMRA, "--store", store, *options], cwd=self.folder,
                                 stderr=subprocess.PIPE, text=True, env={**os.environ, "HOME": str(self.folder)})
         self.addCleanup(game.stderr.close)
         self.addCleanup(game.wait)
@@ -149,6 +149,16 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(again.returncode, 0)
         eventually(lambda: above() == first.window, "the first window is on top again")
         self.assertEqual((first.poll(), other.poll()), (None, None))
+
+    def test_the_window_comes_back_where_it_was(self):
+        for options in (("--scale", "1"), ()):
+            game = self.start(options=options)
+            if options:
+                xdotool("windowsize", "--sync", game.window, 500, 700, "windowmove", "--sync", game.window, 30, 40)
+            place = eventually(lambda: "30,40" in (now := xdotool("getwindowgeometry", game.window)) and now, "moved")
+            self.assertIn("500x700", place)
+            xdotool("key", "ctrl+q")
+            self.assertEqual(game.wait(20), 0)
 
     def test_it_sleeps_while_nothing_happens(self):
         game = self.start()

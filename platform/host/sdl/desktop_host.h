@@ -17,6 +17,10 @@ class DesktopHost final : public host::FileHost
 {
 public:
     DesktopHost(const std::filesystem::path &storeFolder, std::unique_ptr<ScreenWindow> window);
+    DesktopHost(const DesktopHost &) = delete;
+    DesktopHost &operator=(const DesktopHost &) = delete;
+    /// Keeps the place of the window for the next run.
+    ~DesktopHost() override;
 
     std::uint32_t ticks() const override { return clock_.ticks(); }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
