@@ -1,34 +1,31 @@
 #!/usr/bin/env python3
 """The manual pages and --help tell of the same options, and the pilot's page of every command.
 
-manual_test.py ROOT EXECUTABLE...
+manual_test.py ROOT GLIMRA GLIMRA-PILOT
 """
 import pathlib
 import re
 import subprocess
 import sys
 
-ROOT, EXECUTABLES = pathlib.Path(sys.argv[1]), sys.argv[2:]
+ROOT, EXECUTABLES = pathlib.Path(sys.argv[1]), map(pathlib.Path, sys.argv[2:])
+faults = 0
 
 
-def differences(what, told, true):
-    return [f"{what}: {name} is told of in one place only" for name in sorted(told ^ true)]
+def expect_same(name, told, true):
+    global faults
+    for word in told ^ true:
+        print(f"{name}: {word} is told of in one place only")
+        faults += 1
 
 
-def page_of(name):
-    page, = (ROOT / "packaging").glob(f"{name}.[1-8]")
-    return page.read_text(encoding="utf-8").replace("\\-", "-")
-
-
-found = []
 for executable in EXECUTABLES:
-    program = pathlib.Path(executable).name
+    file, = (ROOT / "packaging").glob(f"{executable.name}.[1-8]")
+    page = file.read_text(encoding="utf-8").replace("\\-", "-")
     answer = subprocess.run([executable, "--help"], check=True, capture_output=True, text=True, timeout=20).stdout
-    options = [set(re.findall(r"(?<![\w-])--[a-z]+", text)) for text in (page_of(program), answer)]
-    found += differences(program, *options)
+    expect_same(executable.name, *(set(re.findall(r"(?<![\w-])--[a-z]+", text)) for text in (page, answer)))
 source = (ROOT / "platform/host/pilot/player.cpp").read_text(encoding="utf-8")
 commands = set(re.findall(r'^ +\{"([a-z]+)", \{', source, re.MULTILINE))
-rows = re.findall(r"^([^|\n]+)\|T\{", page_of("glimra-pilot"), re.MULTILINE)
-found += differences("glimra-pilot", {part.split()[0] for row in rows for part in row.split(",")}, commands)
-print("\n".join(found) or "The manual tells what there is.")
-sys.exit(bool(found))
+rows = re.findall(r"^([^|\n]+)\|T\{", page, re.MULTILINE)
+expect_same("glimra-pilot", {part.split()[0] for row in rows for part in row.split(",")}, commands)
+sys.exit(faults != 0)
