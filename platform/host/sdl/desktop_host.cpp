@@ -315,8 +315,7 @@ void DesktopHost::handleText(const char *text)
     }
 }
 
-// The stylus: the mouse, or a finger, which SDL makes a mouse of
-// --------------------------------------
+// The stylus: the mouse, or a finger, which SDL makes a mouse of ----------------------------------
 
 void DesktopHost::handleMouse(Event::Kind kind, Point point)
 {

@@ -50,7 +50,7 @@ private:
     void handle(const SDL_Event &event);
     void handleWindow(const SDL_WindowEvent &event);
     void handleQuit();
-    void handleKeyDown(const SDL_KeyboardEvent &event);
+    void handleKeyDown(const SDL_KeyboardEvent &key);
     void handleText(const char *text);
     void handleMouse(host::Event::Kind kind, Point point);
     void moveKey(int source, std::uint16_t key, bool down, SDL_Keymod modifiers);

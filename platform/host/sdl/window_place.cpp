@@ -33,13 +33,15 @@ void saveWindowPlace(const std::filesystem::path &folder, const WindowPlace &pla
 bool isOnScreen(const WindowPlace &place, std::span<const host::Area> screens)
 {
     constexpr int hold = 64; // pixels of its upper edge and below it
-    const auto [left, top] = place.corner;
-    const auto [width, height] = place.size;
+    const Point corner = place.corner;
+    const Size size = place.size;
     return std::ranges::any_of(screens, [&](const host::Area &screen) {
         const bool hasRoom =
-            width <= screen.right - screen.left && height <= screen.bottom - screen.top;
-        const int edge = std::min(left + width, screen.right) - std::max(left, screen.left);
-        return hasRoom && edge >= hold && top >= screen.top && top + hold <= screen.bottom;
+            size.width <= screen.right - screen.left && size.height <= screen.bottom - screen.top;
+        const int edge =
+            std::min(corner.x + size.width, screen.right) - std::max(corner.x, screen.left);
+        return hasRoom && edge >= hold && corner.y >= screen.top &&
+               corner.y + hold <= screen.bottom;
     });
 }
 
