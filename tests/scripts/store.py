@@ -7,12 +7,11 @@ import subprocess
 KEY = r"HKEY_LOCAL_MACHINE\Software\Apps\Orvendel Glimra"
 FIRST_LINE = "Windows Registry Editor Version 5.00"
 SIZE = 2496
-TITLE, STARTING, PLAYING = 1, 2, 3
+TITLE, PLAYING = 1, 3
 RUNNING, PAUSED, ENDING, OVER = range(4)
 # Where 32-bit fields lie in the block.
-OFFSETS = {"appState": 0, "requestedState": 4, "state": 32, "x": 456, "y": 460, "type": 476, "rotation": 480,
-           "count": 504, "hold": 572, "phase": 576, "deadline": 584, "lines": 616, "level": 620, "score": 624,
-           "timeLeft": 628, "mode": 640, "startLevel": 644, "queueLength": 648, "page": 724}
+OFFSETS = {"appState": 0, "requestedState": 4, "state": 32, "x": 456, "y": 460, "rotation": 480, "deadline": 584,
+           "lines": 616, "level": 620, "score": 624, "mode": 640, "queueLength": 648, "page": 724}
 ENTRY = struct.Struct("<3i24s")
 
 

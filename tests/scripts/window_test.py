@@ -5,12 +5,15 @@ window_test.py GLIMRA GLIMRA-PILOT
 """
 import os
 import pathlib
+import random
 import signal
 import subprocess
 import sys
 import tempfile
 import time
 import unittest
+
+import store
 
 PILOT, GLIMRA = os.path.abspath(sys.argv.pop()), os.path.abspath(sys.argv.pop())
 SCALE = 3
@@ -19,6 +22,7 @@ WIDTH, HEIGHT = 240, 320
 WELL, QUEUE, HOLD = (22, 37, 132, 257), (168, 36, 214, 186), (168, 209, 197, 240)
 VALUES = ((0, 275, 80, 293), (100, 275, 140, 293), (146, 275, 186, 293), (192, 275, 232, 293))
 ULTRA, PLAY = (60, 170), (120, 241)
+GAME_MENU, TOOLS_MENU, OK_BUTTON = (25, 307), (75, 307), (226, 13)
 # What runs across each cell of a piece from corner to corner, 11 pixels.
 PIECES = {(74, 85, 222), (198, 117, 0), (74, 190, 0), (206, 199, 24), (206, 32, 33), (206, 0, 198), (0, 158, 231)}
 CELL = 11
@@ -60,8 +64,8 @@ class WindowTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         reader, writer = os.pipe()
-        cls.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-nolisten",
-                                       "tcp"], pass_fds=[writer], stderr=subprocess.DEVNULL)
+        cls.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-noreset",
+                                       "-nolisten", "tcp"], pass_fds=[writer], stderr=subprocess.DEVNULL)
         os.close(writer)
         os.environ["DISPLAY"] = ":" + os.read(reader, 20).decode().strip()
         os.environ["ASAN_OPTIONS"] = "detect_leaks=0"  # the display's libraries leak at their end
@@ -73,9 +77,10 @@ class WindowTest(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def start(self, store="store"):
-        game = subprocess.Popen([GLIMRA, "--store", store, "--scale", str(SCALE)], cwd=self.folder,
-                                stderr=subprocess.PIPE, text=True, env={**os.environ, "HOME": str(self.folder)})
+    def start(self, store="store", options=("--scale", str(SCALE))):
+        home = {"HOME": str(self.folder), "PATH": f"{self.folder}:{os.environ['PATH']}"}
+        game = subprocess.Popen([GLIMRA, "--store", store, *options], cwd=self.folder,
+                                stderr=subprocess.PIPE, text=True, env={**os.environ, **home})
         self.addCleanup(game.stderr.close)
         self.addCleanup(game.wait)
         self.addCleanup(game.kill)
@@ -88,14 +93,15 @@ class WindowTest(unittest.TestCase):
     def click(self, game, point):
         xdotool("mousemove", "--window", game.window, *(SCALE * c + 1 for c in point), "click", 1)
 
-    def title_page(self):
-        subprocess.run([PILOT], input="shot title.png\n", text=True, check=True, cwd=self.folder)
-        return Picture(self.folder / "title.png", 1).pixels
+    def expect(self, game, script, *options):
+        """The window comes to show, pixel for pixel, what the pilot shows after a script."""
+        store.play(PILOT, script + "shot expected.png\n", *options, folder=self.folder)
+        expected = Picture(self.folder / "expected.png", 1).pixels
+        eventually(lambda: Picture(game.window, SCALE).pixels == expected, f"the window shows what follows {script}")
 
     def begin_game(self, game):
         """An Ultra game: the only modes that show all four values."""
-        title = self.title_page()
-        eventually(lambda: Picture(game.window, SCALE).pixels == title, "the title page is shown, pixel for pixel")
+        self.expect(game, "")
         self.click(game, ULTRA)
         self.click(game, PLAY)
         return eventually(lambda: (p := Picture(game.window, SCALE)).pieces(QUEUE) and p, "a game begins")
@@ -138,6 +144,73 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(game.wait(20), 0)
         self.assertIn('"app"=hex:03,', (self.folder / "store/registry.reg").read_text())
 
+    def test_a_name_is_typed_and_listed(self):
+        store.play(PILOT, "menu 40008\nwait 100\nstate game\n", folder=self.folder)
+        lost = store.changed((self.folder / "game").read_bytes(), state=store.OVER, score=900)
+        for folder in ("store", "copy"):
+            store.write_block(self.folder / folder, lost)
+        game = self.start()
+        self.expect(game, "", "--store", "copy")
+        xdotool("type", "--delay", 40, "ann Zoe")
+        xdotool("key", "Return")
+        for point in (GAME_MENU, (60, 281)):
+            self.click(game, point)
+        self.expect(game, "type ann Zoe\nclick 1\nmenu 40016\n", "--store", "copy")
+        self.assertEqual(store.scores(store.read_block(self.folder / "store"), 0)[7], ("Ann Zoe", 900, 0, 0))
+
+    def test_a_key_is_given_to_an_action(self):
+        script = "menu 40008\nwait 400\nmenu 40009\n"
+        store.play(PILOT, "menu 40008\nwait 400\nclose\n", "--store", "store", folder=self.folder)
+        before = store.read_block(self.folder / "store")
+        game = self.start()
+        for point in (TOOLS_MENU, (110, 256)):
+            self.click(game, point)
+        self.expect(game, script)
+        self.click(game, (50, 216))
+        self.expect(game, script + "click 1107\n")
+        xdotool("key", "a")
+        self.expect(game, script + "click 1107\npress 65\n")
+        self.click(game, OK_BUTTON)
+        for point in (GAME_MENU, (60, 281)):
+            self.click(game, point)
+        self.expect(game, "menu 40008\nwait 400\nmenu 40016\n")
+        xdotool("key", "Escape")
+        self.expect(game, "menu 40008\nwait 400\nopen 0\ndismiss\n")
+        self.click(game, WELL[:2])
+        xdotool("key", "a")
+        time.sleep(0.2)
+        xdotool("key", "ctrl+q")
+        self.assertEqual(game.wait(20), 0)
+        after = store.read_block(self.folder / "store")
+        self.assertEqual(store.keys(after)[7], ord("A"))
+        self.assertNotEqual(store.field(after, "rotation"), store.field(before, "rotation"))
+
+    def test_a_recorded_game_can_be_played_again(self):
+        for record in ("one", "two"):  # the second begins with the store that the first left
+            dice = random.Random(record)
+            game = self.start("store", ("--scale", str(SCALE), "--record", record))
+            if record == "one":
+                self.begin_game(game)
+            else:
+                self.click(game, (120, 150))  # the game goes on
+            for _ in range(50):
+                key = dice.choice(["Left", "Right", "Up", "Down", "z", "x", "c"])
+                xdotool("keydown", key, "sleep", dice.choice([0.01, 0.03, 0.2]), "keyup", key, "sleep", 0.05)
+            xdotool("key", "Escape")
+            time.sleep(0.5)
+            shown = Picture(game.window, SCALE).pixels
+            xdotool("key", "ctrl+q")
+            self.assertEqual(game.wait(20), 0)
+
+            script = self.folder / record
+            before, control = script.read_text().rsplit("key 195 down", 1)
+            script.write_text(f"{before}shot again.png\nkey 195 down{control}")
+            for options in ([], ["--store", "again"]):
+                subprocess.run([PILOT, *options, record], check=True, cwd=self.folder)
+                self.assertTrue(Picture(self.folder / "again.png", 1).pixels == shown)
+            saved, again = ((self.folder / name / "registry.reg").read_bytes() for name in ("store", "again"))
+            self.assertEqual(saved, again)
+
     def test_the_second_start_brings_the_first_window_back(self):
         first = self.start()
         self.begin_game(first)
@@ -149,6 +222,31 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(again.returncode, 0)
         eventually(lambda: above() == first.window, "the first window is on top again")
         self.assertEqual((first.poll(), other.poll()), (None, None))
+        first.kill()
+        first.wait()
+        self.start()  # a lock ends with its holder
+
+    def test_help_opens_in_the_browser(self):
+        browser = self.folder / "xdg-open"
+        browser.write_text('#!/bin/sh\necho "$1" > "$HOME/address"\n')
+        browser.chmod(0o755)
+        game = self.start()
+        self.expect(game, "")
+        xdotool("key", "F1")
+        address = self.folder / "address"
+        page, anchor = eventually(lambda: address.exists() and address.read_text(), "F1 opens the help").split("#")
+        self.assertEqual(anchor, "Main_Contents\n")
+        self.assertIn('id="Main_Contents"', pathlib.Path(page.removeprefix("file://")).read_text())
+
+    def test_the_window_comes_back_where_it_was(self):
+        for options in (("--scale", "1"), ()):
+            game = self.start(options=options)
+            if options:
+                xdotool("windowsize", "--sync", game.window, 500, 700, "windowmove", "--sync", game.window, 30, 40)
+            place = eventually(lambda: "30,40" in (now := xdotool("getwindowgeometry", game.window)) and now, "moved")
+            self.assertIn("500x700", place)
+            xdotool("key", "ctrl+q")
+            self.assertEqual(game.wait(20), 0)
 
     def test_it_sleeps_while_nothing_happens(self):
         game = self.start()

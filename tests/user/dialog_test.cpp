@@ -7,7 +7,7 @@
 #include "gx.h"
 #include "user/dialog_template.h"
 #include "user/dialog_words.h"
-#include "user/user_script.h"
+#include "user/program_test.h"
 
 namespace {
 
@@ -35,16 +35,10 @@ std::vector<std::byte> makeImage()
     return image.bytes;
 }
 
-class Dialog : public testing::Test
+class Dialog : public ProgramTest
 {
 protected:
-    std::vector<std::byte> image = makeImage();
-    Recorder recorder{image};
-    FakeHost &host = recorder.host;
-    UserScript user{host};
-    HWND owner = recorder.window('A', {0, 26, 240, 320});
-
-    void SetUp() override { SHInitExtraControls(); }
+    Dialog() : ProgramTest(makeImage()) {}
 };
 
 TEST(DialogTemplate, TurnsUnitsToPixels)
@@ -188,6 +182,34 @@ TEST_F(Dialog, APageWithoutControlsGetsEveryKeyOnce)
         });
         EXPECT_EQ(taken, std::vector<WPARAM>{static_cast<WPARAM>(key)});
         EXPECT_EQ(messages, key == 'A' || key == VK_APP1 ? 1 : 0) << key;
+        host.run();
+    }
+    GXCloseInput();
+}
+
+/// Esc, and not the button that it stands for, unless the page asks for every key.
+TEST_F(Dialog, EscCancelsAndIsNotPolledAsItsButton)
+{
+    GXOpenInput();
+    for (const bool wantsAllKeys : {false, true}) {
+        std::vector<WPARAM> taken;
+        user.then([&] {
+            host::Event event;
+            event.kind = host::Event::Kind::KeyDown;
+            event.key = VK_APP1;
+            event.escape = true;
+            host.give(event);
+        });
+        user.then([] { EndDialog(GetActiveWindow(), 0); });
+        runDialog(2, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+            if (message == WM_KEYDOWN || message == WM_COMMAND) {
+                taken.push_back(LOWORD(wParam));
+            }
+            SetWindowLongW(page, DWL_MSGRESULT, DLGC_WANTALLKEYS);
+            return message == WM_GETDLGCODE && wantsAllKeys ? TRUE : FALSE;
+        });
+        EXPECT_EQ(taken, std::vector<WPARAM>{wantsAllKeys ? WPARAM{VK_APP1} : WPARAM{IDCANCEL}});
+        EXPECT_EQ(GetAsyncKeyState(VK_APP1) != 0, wantsAllKeys);
         host.run();
     }
     GXCloseInput();
