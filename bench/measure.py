@@ -151,7 +151,7 @@ def play():
 
 
 reader, writer = os.pipe()
-server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-nolisten", "tcp"],
+server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-noreset"],
                           pass_fds=[writer], stderr=subprocess.DEVNULL)
 os.close(writer)
 os.environ["DISPLAY"] = ":" + os.read(reader, 20).decode().strip()
