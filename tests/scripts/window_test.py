@@ -64,8 +64,10 @@ class WindowTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         reader, writer = os.pipe()
-        cls.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-noreset",
-                                       "-nolisten", "tcp"], pass_fds=[writer], stderr=subprocess.DEVNULL)
+        # Without -noreset the server starts anew when its last client leaves, and refuses who comes just then.
+        options = ["-noreset", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"]
+        cls.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), *options], pass_fds=[writer],
+                                      stderr=subprocess.DEVNULL)
         os.close(writer)
         os.environ["DISPLAY"] = ":" + os.read(reader, 20).decode().strip()
         os.environ["ASAN_OPTIONS"] = "detect_leaks=0"  # the display's libraries leak at their end
