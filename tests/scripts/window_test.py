@@ -5,6 +5,7 @@ window_test.py GLIMRA GLIMRA-PILOT
 """
 import os
 import pathlib
+import random
 import signal
 import subprocess
 import sys
@@ -76,9 +77,9 @@ class WindowTest(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def start(self, store="store", options=("--scale", str(SCALE))):
+    def start(self, store="store", *options, scale=("--scale", str(SCALE))):
         home = {"HOME": str(self.folder), "PATH": f"{self.folder}:{os.environ['PATH']}"}
-        game = subprocess.Popen([GLIMRA, "--store", store, *options], cwd=self.folder,
+        game = subprocess.Popen([GLIMRA, "--store", store, *scale, *options], cwd=self.folder,
                                 stderr=subprocess.PIPE, text=True, env={**os.environ, **home})
         self.addCleanup(game.stderr.close)
         self.addCleanup(game.wait)
@@ -184,6 +185,32 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(store.keys(after)[7], ord("A"))
         self.assertNotEqual(store.field(after, "rotation"), store.field(before, "rotation"))
 
+    def test_a_recorded_game_can_be_played_again(self):
+        for record in ("one", "two"):  # the second begins with the store that the first left
+            dice = random.Random(record)
+            game = self.start("store", "--record", record)
+            if record == "one":
+                self.begin_game(game)
+            else:
+                self.click(game, (120, 150))  # the game goes on
+            for _ in range(50):
+                key = dice.choice(["Left", "Right", "Up", "Down", "z", "x", "c"])
+                xdotool("keydown", key, "sleep", dice.choice([0.01, 0.03, 0.2]), "keyup", key, "sleep", 0.05)
+            xdotool("key", "Escape")
+            time.sleep(0.5)
+            shown = Picture(game.window, SCALE).pixels
+            xdotool("key", "ctrl+q")
+            self.assertEqual(game.wait(20), 0)
+
+            script = self.folder / record
+            before, control = script.read_text().rsplit("key 195 down", 1)
+            script.write_text(f"{before}shot again.png\nkey 195 down{control}")
+            for options in ([], ["--store", "again"]):
+                subprocess.run([PILOT, *options, record], check=True, cwd=self.folder)
+                self.assertTrue(Picture(self.folder / "again.png", 1).pixels == shown)
+            saved, again = ((self.folder / name / "registry.reg").read_bytes() for name in ("store", "again"))
+            self.assertEqual(saved, again)
+
     def test_the_second_start_brings_the_first_window_back(self):
         first = self.start()
         self.begin_game(first)
@@ -212,9 +239,9 @@ class WindowTest(unittest.TestCase):
         self.assertIn('id="Main_Contents"', pathlib.Path(page.removeprefix("file://")).read_text())
 
     def test_the_window_comes_back_where_it_was(self):
-        for options in (("--scale", "1"), ()):
-            game = self.start(options=options)
-            if options:
+        for scale in (("--scale", "1"), ()):
+            game = self.start(scale=scale)
+            if scale:
                 xdotool("windowsize", "--sync", game.window, 500, 700, "windowmove", "--sync", game.window, 30, 40)
             place = eventually(lambda: "30,40" in (now := xdotool("getwindowgeometry", game.window)) and now, "moved")
             self.assertIn("500x700", place)
