@@ -20,6 +20,8 @@ endif()
 
 if(GLIMRA_DESKTOP)
   add_script_test(window scripts/window_test.py $<TARGET_FILE:glimra> $<TARGET_FILE:glimra-pilot>)
+  add_script_test(manual scripts/manual_test.py ${PROJECT_SOURCE_DIR} $<TARGET_FILE:glimra>
+                  $<TARGET_FILE:glimra-pilot>)
 endif()
 
 # Random scripts, on damaged stores too; the sanitizers see most.
