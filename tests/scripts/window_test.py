@@ -263,7 +263,8 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(game.wait(20), 0, "a request to end is the window's close button")
 
     def test_it_says_what_it_cannot_do(self):
-        for options, status in ((["--bogus"], 2), (["--scale", "0"], 2), (["--store"], 2), (["--store", GLIMRA], 1)):
+        for options, status in ((["--bogus"], 2), (["--scale", "0"], 2), (["--store"], 2), (["--store", GLIMRA], 1),
+                                (["--store", self.folder, "--record", GLIMRA], 1)):
             result = subprocess.run([GLIMRA, *options], capture_output=True, text=True)
             self.assertEqual(result.returncode, status)
             self.assertRegex(result.stderr, r"\Aglimra: .+\n\Z")
