@@ -3,7 +3,6 @@
 #include "gdi/glyph.h"
 
 #include <array>
-#include <bit>
 #include <cstring>
 
 #include "gdi/rect.h"
@@ -14,19 +13,17 @@ namespace {
 
 constexpr int pixelsPerByte = 8;
 
-/// Four pixels as one number, and for each four bits of a glyph row the mask of its pixels.
+/// Four pixels as one number, the leftmost its lowest bits, and for each four bits of a glyph row
+/// the mask of its pixels.
 using Quad = std::uint64_t;
-using QuadPixels = std::array<Pixel, 4>;
 
 constexpr std::array<Quad, 16> makeMasks()
 {
     std::array<Quad, 16> masks{};
     for (unsigned bits = 0; bits < masks.size(); bits++) {
-        QuadPixels pixels{};
-        for (unsigned i = 0; i < pixels.size(); i++) {
-            pixels[i] = (bits << i & 8U) != 0 ? 0xFFFF : 0;
+        for (unsigned i = 0; i < 4; i++) {
+            masks[bits] |= (bits << i & 8U) != 0 ? Quad{0xFFFF} << i * 16U : 0;
         }
-        masks[bits] = std::bit_cast<Quad>(pixels);
     }
     return masks;
 }
@@ -47,7 +44,7 @@ void inkQuad(Pixel *target, unsigned bits, Quad ink)
 void drawWhole(const Raster &raster, const Glyph &glyph, const std::uint8_t *bits, POINT corner,
                Pixel ink)
 {
-    const Quad quad = std::bit_cast<Quad>(QuadPixels{ink, ink, ink, ink});
+    const Quad quad = ink * Quad{0x0001'0001'0001'0001};
     const LONG bytes = rowBytes(glyph);
     const int pitch = raster.width;
     Pixel *row = raster.at(corner.x, corner.y);

@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include "host/program_clock.h"
 #include "host/sdl/held_keys.h"
 #include "host/sdl/picture.h"
-#include "host/sdl/program_clock.h"
 
 namespace {
 
@@ -15,8 +15,8 @@ using desktop::Canvas;
 using desktop::HeldKeys;
 using desktop::Placement;
 using desktop::Point;
-using desktop::ProgramClock;
 using desktop::Size;
+using host::ProgramClock;
 
 TEST(ProgramClock, StepsThroughDueMomentsAndGivesUpLongStalls)
 {
