@@ -3,7 +3,7 @@
 # shellcheck shell=sh disable=SC2034 # the lists are used there
 
 play_packages='g++ cmake ninja-build llvm libsdl2-dev libpng-dev libfreetype-dev fonts-liberation'
-test_packages="$play_packages libgtest-dev python3 python3-numpy xvfb xdotool x11-utils imagemagick"
+test_packages="$play_packages libgtest-dev python3 python3-numpy xvfb xdotool imagemagick"
 gate_packages="$test_packages git clang clang-format libclang-rt-14-dev"
 
 as_root() {

@@ -12,13 +12,14 @@
 #include <windows.h>
 
 #include "handheld.h"
+#include "host/recording_host.h"
 #include "host/sdl/desktop.h"
 #include "host/store_file.h"
 #include "resources/program_resources.h"
 
 namespace {
 
-constexpr char usage[] = R"(glimra [--store DIR] [--scale N] [--landscape]
+constexpr char usage[] = R"(glimra [--store DIR] [--scale N] [--landscape] [--record FILE]
 
 A falling-block puzzle on a handheld in a window.
 
@@ -27,13 +28,15 @@ A falling-block puzzle on a handheld in a window.
   --scale N     how large the window starts, 1 to 16 times the handheld's screen;
                 else as large as is comfortable
   --landscape   the handheld starts turned on its side
+  --record FILE writes what you do as a script that glimra-pilot plays again exactly; FILE is
+                new, and the store at start goes to FILE.reg
   --help, --version
 
 Keys: the arrows are the pad, Enter its centre; Esc or P is button A, C or left Shift
 button B, Z or left Ctrl button C, X or Space button D. The game's Tools menu says what
 they do. F1 help, F11 full screen, F12 saves a screenshot, Ctrl+Q quits.
 
-Exit status: 0 when the game was closed, 1 when there is no display or DIR cannot be had,
+Exit status: 0 when the game was closed, 1 when there is no display or DIR or FILE cannot be had,
 2 for a wrong option.
 )";
 
@@ -73,13 +76,21 @@ bool readScale(std::string_view text, std::optional<int> &scale)
            number <= largestScale;
 }
 
-int play(const desktop::Options &options)
+int play(const desktop::Options &options, const std::optional<std::filesystem::path> &record)
 {
     const auto host = desktop::open(options);
     if (!host) {
         return complain("there is no display to open a window on", 1);
     }
-    return handheld::run(*host, {WinMain, programResources()}, options.landscape ? 1 : 0);
+    const handheld::Program program{WinMain, programResources()};
+    if (!record) {
+        return handheld::run(*host, program, options.landscape ? 1 : 0);
+    }
+    host::RecordingHost recorder(*host, *record, options.landscape);
+    if (!recorder.problem().empty()) {
+        return complain(recorder.problem(), 1);
+    }
+    return handheld::run(recorder, program, options.landscape ? 1 : 0);
 }
 
 } // namespace
@@ -87,9 +98,10 @@ int play(const desktop::Options &options)
 int main(int argc, char **argv)
 {
     desktop::Options options;
+    std::optional<std::filesystem::path> record;
     for (int i = 1; i < argc; ++i) {
         const std::string_view word = argv[i];
-        const bool takesValue = word == "--store" || word == "--scale";
+        const bool takesValue = word == "--store" || word == "--scale" || word == "--record";
         if (takesValue && ++i == argc) {
             return complainOfOption(std::string(word) + " needs a value");
         }
@@ -105,6 +117,8 @@ int main(int argc, char **argv)
             }
         } else if (word == "--landscape") {
             options.landscape = true;
+        } else if (word == "--record") {
+            record = argv[i];
         } else {
             return complainOfOption("unknown option " + std::string(word));
         }
@@ -117,5 +131,5 @@ int main(int argc, char **argv)
     if (!problem.empty() && storeGiven) {
         return complain(problem, 1);
     }
-    return play(options);
+    return play(options, record);
 }

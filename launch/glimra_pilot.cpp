@@ -12,14 +12,19 @@
 
 namespace {
 
-constexpr char usage[] = R"(glimra-pilot [--store DIR] [--clock MS] [--landscape] [SCRIPT]
+constexpr char usage[] = R"(glimra-pilot [--store DIR] [--clock MS] [--landscape] [--record FILE]
+             [SCRIPT]
 
 Plays the game by a script, without a display, on a clock that jumps.
 
   SCRIPT        a file, or standard input when left out or -
-  --store DIR   where the settings are kept; left out: a temporary folder
-  --clock MS    the tick count at start, 0 to 4294967295; 1000 when left out
-  --landscape   the handheld starts turned
+  --store DIR   where the settings are kept; left out: a temporary folder, which begins as a
+                copy of SCRIPT.reg when there is one
+  --clock MS    the tick count at start, 0 to 4294967295; left out: what SCRIPT says in a first
+                line "# clock MS", else 1000
+  --landscape   the handheld starts turned, as a first line "# landscape" makes it
+  --record FILE writes what the player does, up to a restart, as a script without menu, click
+                and the like, and the store at start as FILE.reg
   --help, --version
 
 Exit status: 0 when the script ran to its end, 1 for a file that cannot be read or written,
@@ -46,7 +51,7 @@ int main(int argc, char **argv)
     bool scriptGiven = false;
     for (int i = 1; i < argc; ++i) {
         const std::string_view word = argv[i];
-        const bool takesValue = word == "--store" || word == "--clock";
+        const bool takesValue = word == "--store" || word == "--clock" || word == "--record";
         if (takesValue && ++i == argc) {
             return complain(std::string(word) + " needs a value");
         }
@@ -57,11 +62,13 @@ int main(int argc, char **argv)
         if (word == "--store") {
             options.store = argv[i];
         } else if (word == "--clock") {
-            if (!readClock(argv[i], options.clock)) {
+            if (!readClock(argv[i], options.clock.emplace())) {
                 return complain("--clock must be a number from 0 to 4294967295");
             }
         } else if (word == "--landscape") {
-            options.orientation = 1;
+            options.landscape = true;
+        } else if (word == "--record") {
+            options.record = argv[i];
         } else if ((word.starts_with('-') && word != "-") || scriptGiven) {
             return complain("unknown option " + std::string(word));
         } else {

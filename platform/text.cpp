@@ -52,6 +52,15 @@ private:
     int length_ = 0;
 };
 
+/// The next argument of a format: an int for %d, an unsigned int for %u.
+long long takeNumber(WCHAR kind, va_list *arguments)
+{
+    if (kind == u'd') {
+        return va_arg(*arguments, int);
+    }
+    return va_arg(*arguments, unsigned);
+}
+
 void putNumber(Writer &out, long long value, int width, bool zeros)
 {
     if (zeros && value < 0) {
@@ -136,12 +145,7 @@ int wsprintfW(LPWSTR buffer, LPCWSTR format, ...)
             width = std::min(width * 10 + (*format - u'0'), 1024);
         }
         if (*format == u'd' || *format == u'u') {
-            // The linter does not see the types inside va_arg.
-            // NOLINTNEXTLINE(bugprone-branch-clone)
-            const auto value = *format == u'd'
-                                   ? static_cast<long long>(va_arg(arguments, int))
-                                   : static_cast<long long>(va_arg(arguments, unsigned));
-            putNumber(out, value, width, zeros);
+            putNumber(out, takeNumber(*format, &arguments), width, zeros);
         } else if (*format == u'c') {
             const auto unit = static_cast<WCHAR>(va_arg(arguments, int));
             out.put({&unit, 1}, width, u' ');

@@ -41,6 +41,7 @@ struct Event
     std::uint16_t key = 0; ///< virtual-key code, 1 to 254
     bool control = false;  ///< the Ctrl key is held as well
     bool shift = false;    ///< the Shift key is held as well
+    bool escape = false;   ///< `key` is what a keyboard's Esc stands for; a dialog takes it as Esc
     char16_t text = 0;
     int x = 0;           ///< screen pixels, from the left
     int y = 0;           ///< screen pixels, from the top

@@ -5,6 +5,8 @@
 #include <bitset>
 #include <cstddef>
 
+#include "shell/drop_down.h"
+#include "user/dialog.h"
 #include "user/focus.h"
 
 namespace user {
@@ -32,6 +34,16 @@ bool isApplicationButton(std::size_t key)
 
 bool isKey(int key) { return key > 0 && static_cast<std::size_t>(key) < keyCount; }
 
+/// Whether the user has something before him that can be cancelled: a menu, or a dialog that does
+/// not ask for every key.
+bool canCancel()
+{
+    const HWND target = keyWindow();
+    const bool inDialog = dialogs::dataOf(target) || dialogs::dataOf(dialogs::dialogOf(target));
+    return shell::menuIsOpen() ||
+           (inDialog && (SendMessageW(target, WM_GETDLGCODE, 0, 0) & DLGC_WANTALLKEYS) == 0);
+}
+
 } // namespace
 
 std::optional<MSG> handleKey(const host::Event &event)
@@ -40,10 +52,16 @@ std::optional<MSG> handleKey(const host::Event &event)
     constexpr LPARAM wasDown = 1 << 30;
     constexpr LPARAM released = LPARAM{1} << 31;
     const std::size_t key = event.key;
-    if (!isKey(event.key) || !inForeground() || (isApplicationButton(key) && !keys.buttonsHeld)) {
+    const bool press = event.kind == host::Event::Kind::KeyDown;
+    if (!isKey(event.key) || !inForeground()) {
         return std::nullopt;
     }
-    const bool press = event.kind == host::Event::Kind::KeyDown;
+    if (press && event.escape && canCancel()) {
+        return MSG{keyWindow(), WM_KEYDOWN, VK_ESCAPE, pressedOnce, 0, {}};
+    }
+    if (isApplicationButton(key) && !keys.buttonsHeld) {
+        return std::nullopt;
+    }
     const bool repeated = keys.down[key];
     if (!press && !repeated) {
         return std::nullopt;

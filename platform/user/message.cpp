@@ -120,6 +120,8 @@ MSG waitForMessage()
 
 void dropMessagesOf(HWND window) { posted.drop(window); }
 
+bool quitPosted() { return quitCode.has_value(); }
+
 void forgetMessages()
 {
     posted.clear();

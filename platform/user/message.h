@@ -7,6 +7,8 @@ namespace user {
 
 /// Drops what is posted to a window and not taken yet.
 void dropMessagesOf(HWND window);
+/// PostQuitMessage was called, and the program has not been told yet.
+bool quitPosted();
 void forgetMessages();
 
 } // namespace user

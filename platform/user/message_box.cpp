@@ -7,6 +7,7 @@
 #include "handheld.h"
 #include "shell/shell.h"
 #include "user/dialog.h"
+#include "user/message.h"
 #include "user/theme.h"
 
 namespace {
@@ -209,6 +210,9 @@ bool previewKey(HWND box, const MSG &message)
 
 int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
 {
+    if (user::quitPosted()) { // it would close at once
+        return 0;
+    }
     const std::u16string textShown = text ? text : u"";
     const std::u16string captionShown = caption ? caption : u"";
     dialogs::DialogTemplate box = layOut(textShown, captionShown, type);

@@ -1,5 +1,7 @@
 // Where windows are, whether they are shown, and how that changes.
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "shell/shell.h"
 #include "user/focus.h"
@@ -81,12 +83,22 @@ void rearrange(Window &window, HWND after, const RECT &rect, UINT flags)
     }
 }
 
-/// Forgets what became invalid: for a change after which nothing is to be drawn again.
-void keepValid(Window &window)
+/// The invalid parts of a window and of those in it, in the order of a walk through them.
+void noteInvalid(const Window &window, std::vector<gdi::Region> &parts)
 {
-    window.invalid.clear();
+    parts.push_back(window.invalid);
+    for (const Window *child : window.children) {
+        noteInvalid(*child, parts);
+    }
+}
+
+/// Puts them back after a move that is not to draw anything again.
+void restoreInvalid(Window &window, std::vector<gdi::Region>::iterator &part, POINT moved)
+{
+    part->offset(moved.x, moved.y);
+    window.invalid = std::move(*part++);
     for (Window *child : window.children) {
-        keepValid(*child);
+        restoreInvalid(*child, part, moved);
     }
 }
 
@@ -159,12 +171,15 @@ BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, 
     const HWND self = record->handle;
     const RECT before = record->rect;
     const RECT rect = user::requestedRect(*record, x, y, width, height, flags);
+    std::vector<gdi::Region> invalid;
+    user::noteInvalid(*record, invalid);
     if (!user::sameRect(rect, before) || (flags & SWP_NOZORDER) == 0) {
         const user::VisibilityChange change;
         user::rearrange(*record, after, rect, flags);
     }
     if ((flags & SWP_NOREDRAW) != 0) {
-        user::keepValid(*record);
+        auto first = invalid.begin();
+        user::restoreInvalid(*record, first, {rect.left - before.left, rect.top - before.top});
     }
     user::announceRect(self, before);
     if ((flags & SWP_HIDEWINDOW) != 0) {

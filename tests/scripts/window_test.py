@@ -12,6 +12,8 @@ import tempfile
 import time
 import unittest
 
+import store
+
 PILOT, GLIMRA = os.path.abspath(sys.argv.pop()), os.path.abspath(sys.argv.pop())
 SCALE = 3
 WIDTH, HEIGHT = 240, 320
@@ -19,6 +21,7 @@ WIDTH, HEIGHT = 240, 320
 WELL, QUEUE, HOLD = (22, 37, 132, 257), (168, 36, 214, 186), (168, 209, 197, 240)
 VALUES = ((0, 275, 80, 293), (100, 275, 140, 293), (146, 275, 186, 293), (192, 275, 232, 293))
 ULTRA, PLAY = (60, 170), (120, 241)
+GAME_MENU, TOOLS_MENU, OK_BUTTON = (25, 307), (75, 307), (226, 13)
 # What runs across each cell of a piece from corner to corner, 11 pixels.
 PIECES = {(74, 85, 222), (198, 117, 0), (74, 190, 0), (206, 199, 24), (206, 32, 33), (206, 0, 198), (0, 158, 231)}
 CELL = 11
@@ -74,8 +77,9 @@ class WindowTest(unittest.TestCase):
         self.folder = pathlib.Path(folder.name)
 
     def start(self, store="store"):
+        home = {"HOME": str(self.folder), "PATH": f"{self.folder}:{os.environ['PATH']}"}
         game = subprocess.Popen([GLIMRA, "--store", store, "--scale", str(SCALE)], cwd=self.folder,
-                                stderr=subprocess.PIPE, text=True, env={**os.environ, "HOME": str(self.folder)})
+                                stderr=subprocess.PIPE, text=True, env={**os.environ, **home})
         self.addCleanup(game.stderr.close)
         self.addCleanup(game.wait)
         self.addCleanup(game.kill)
@@ -88,14 +92,15 @@ class WindowTest(unittest.TestCase):
     def click(self, game, point):
         xdotool("mousemove", "--window", game.window, *(SCALE * c + 1 for c in point), "click", 1)
 
-    def title_page(self):
-        subprocess.run([PILOT], input="shot title.png\n", text=True, check=True, cwd=self.folder)
-        return Picture(self.folder / "title.png", 1).pixels
+    def expect(self, game, script, *options):
+        """The window comes to show, pixel for pixel, what the pilot shows after a script."""
+        store.play(PILOT, script + "shot expected.png\n", *options, folder=self.folder)
+        expected = Picture(self.folder / "expected.png", 1).pixels
+        eventually(lambda: Picture(game.window, SCALE).pixels == expected, f"the window shows what follows {script}")
 
     def begin_game(self, game):
         """An Ultra game: the only modes that show all four values."""
-        title = self.title_page()
-        eventually(lambda: Picture(game.window, SCALE).pixels == title, "the title page is shown, pixel for pixel")
+        self.expect(game, "")
         self.click(game, ULTRA)
         self.click(game, PLAY)
         return eventually(lambda: (p := Picture(game.window, SCALE)).pieces(QUEUE) and p, "a game begins")
@@ -138,6 +143,47 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(game.wait(20), 0)
         self.assertIn('"app"=hex:03,', (self.folder / "store/registry.reg").read_text())
 
+    def test_a_name_is_typed_and_listed(self):
+        store.play(PILOT, "menu 40008\nwait 100\nstate game\n", folder=self.folder)
+        lost = store.changed((self.folder / "game").read_bytes(), state=store.OVER, score=900)
+        for folder in ("store", "copy"):
+            store.write_block(self.folder / folder, lost)
+        game = self.start()
+        self.expect(game, "", "--store", "copy")
+        xdotool("type", "--delay", 40, "ann Zoe")
+        xdotool("key", "Return")
+        for point in (GAME_MENU, (60, 281)):
+            self.click(game, point)
+        self.expect(game, "type ann Zoe\nclick 1\nmenu 40016\n", "--store", "copy")
+        self.assertEqual(store.scores(store.read_block(self.folder / "store"), 0)[7], ("Ann Zoe", 900, 0, 0))
+
+    def test_a_key_is_given_to_an_action(self):
+        script = "menu 40008\nwait 400\nmenu 40009\n"
+        store.play(PILOT, "menu 40008\nwait 400\nclose\n", "--store", "store", folder=self.folder)
+        before = store.read_block(self.folder / "store")
+        game = self.start()
+        for point in (TOOLS_MENU, (110, 256)):
+            self.click(game, point)
+        self.expect(game, script)
+        self.click(game, (50, 216))
+        self.expect(game, script + "click 1107\n")
+        xdotool("key", "a")
+        self.expect(game, script + "click 1107\npress 65\n")
+        self.click(game, OK_BUTTON)
+        for point in (GAME_MENU, (60, 281)):
+            self.click(game, point)
+        self.expect(game, "menu 40008\nwait 400\nmenu 40016\n")
+        xdotool("key", "Escape")
+        self.expect(game, "menu 40008\nwait 400\nopen 0\ndismiss\n")
+        self.click(game, WELL[:2])
+        xdotool("key", "a")
+        time.sleep(0.2)
+        xdotool("key", "ctrl+q")
+        self.assertEqual(game.wait(20), 0)
+        after = store.read_block(self.folder / "store")
+        self.assertEqual(store.keys(after)[7], ord("A"))
+        self.assertNotEqual(store.field(after, "rotation"), store.field(before, "rotation"))
+
     def test_the_second_start_brings_the_first_window_back(self):
         first = self.start()
         self.begin_game(first)
@@ -149,6 +195,21 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(again.returncode, 0)
         eventually(lambda: above() == first.window, "the first window is on top again")
         self.assertEqual((first.poll(), other.poll()), (None, None))
+        first.kill()
+        first.wait()
+        self.start()  # a lock ends with its holder
+
+    def test_help_opens_in_the_browser(self):
+        browser = self.folder / "xdg-open"
+        browser.write_text('#!/bin/sh\necho "$1" > "$HOME/address"\n')
+        browser.chmod(0o755)
+        game = self.start()
+        self.expect(game, "")
+        xdotool("key", "F1")
+        address = self.folder / "address"
+        page, anchor = eventually(lambda: address.exists() and address.read_text(), "F1 opens the help").split("#")
+        self.assertEqual(anchor, "Main_Contents\n")
+        self.assertIn('id="Main_Contents"', pathlib.Path(page.removeprefix("file://")).read_text())
 
     def test_it_sleeps_while_nothing_happens(self):
         game = self.start()

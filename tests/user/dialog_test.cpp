@@ -193,6 +193,34 @@ TEST_F(Dialog, APageWithoutControlsGetsEveryKeyOnce)
     GXCloseInput();
 }
 
+/// Esc, and not the button that it stands for, unless the page asks for every key.
+TEST_F(Dialog, EscCancelsAndIsNotPolledAsItsButton)
+{
+    GXOpenInput();
+    for (const bool wantsAllKeys : {false, true}) {
+        std::vector<WPARAM> taken;
+        user.then([&] {
+            host::Event event;
+            event.kind = host::Event::Kind::KeyDown;
+            event.key = VK_APP1;
+            event.escape = true;
+            host.give(event);
+        });
+        user.then([] { EndDialog(GetActiveWindow(), 0); });
+        runDialog(2, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+            if (message == WM_KEYDOWN || message == WM_COMMAND) {
+                taken.push_back(LOWORD(wParam));
+            }
+            SetWindowLongW(page, DWL_MSGRESULT, DLGC_WANTALLKEYS);
+            return message == WM_GETDLGCODE && wantsAllKeys ? TRUE : FALSE;
+        });
+        EXPECT_EQ(taken, std::vector<WPARAM>{wantsAllKeys ? WPARAM{VK_APP1} : WPARAM{IDCANCEL}});
+        EXPECT_EQ(GetAsyncKeyState(VK_APP1) != 0, wantsAllKeys);
+        host.run();
+    }
+    GXCloseInput();
+}
+
 TEST_F(Dialog, EndsAfterTheQuestionThatItAskedHasBeenAnswered)
 {
     // Losing the activation to its own question ends the page, which must stay until the answer.

@@ -41,6 +41,47 @@ int waitFor(pid_t process)
     throw std::system_error(errno, std::generic_category(), what);
 }
 
+/// What a process left behind at its end.
+struct Left
+{
+    std::string will;
+    int status = 0; ///< as waitpid tells it
+};
+
+/// Forks a process that lives, and waits for its end.
+Left leftBy(World &world, const std::function<void(World &, const Will &)> &live)
+{
+    int ends[2];
+    if (pipe(ends) != 0) {
+        throwErrno("pipe");
+    }
+    const pid_t process = fork();
+    if (process < 0) {
+        throwErrno("fork");
+    }
+    if (process == 0) {
+        close(ends[0]);
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        live(world, Will(ends[1]));
+        std::abort();
+    }
+    close(ends[1]);
+    Left left;
+    left.will = readAll(ends[0]);
+    close(ends[0]);
+    left.status = waitFor(process);
+    return left;
+}
+
+void tellCrash(int status)
+{
+    if (WIFSIGNALED(status)) {
+        std::fprintf(stderr, "pilot: the program crashed: %s\n", strsignal(WTERMSIG(status)));
+    } else {
+        std::fprintf(stderr, "pilot: the program crashed: exit status %d\n", WEXITSTATUS(status));
+    }
+}
+
 } // namespace
 
 void Will::leave(const std::string &text) const
@@ -76,40 +117,20 @@ void Will::finishInOrder(int status) const
 int runLives(World world, const std::function<void(World &, const Will &)> &live)
 {
     for (;;) {
-        int ends[2];
-        if (pipe(ends) != 0) {
-            throwErrno("pipe");
-        }
-        const pid_t process = fork();
-        if (process < 0) {
-            throwErrno("fork");
-        }
-        if (process == 0) {
-            close(ends[0]);
-            prctl(PR_SET_PDEATHSIG, SIGKILL);
-            live(world, Will(ends[1]));
-            std::abort();
-        }
-        close(ends[1]);
-        std::istringstream left(readAll(ends[0]));
-        close(ends[0]);
-        const int status = waitFor(process);
+        const Left left = leftBy(world, live);
+        std::istringstream words(left.will);
         std::string word;
-        left >> word;
-        if (WIFSIGNALED(status)) {
-            std::fprintf(stderr, "pilot: the program crashed: %s\n", strsignal(WTERMSIG(status)));
-            return crashStatus;
-        }
-        if (WEXITSTATUS(status) != 0 || word.empty()) {
-            std::fprintf(stderr, "pilot: the program crashed: status %d\n", WEXITSTATUS(status));
+        words >> word;
+        if (WIFSIGNALED(left.status) || WEXITSTATUS(left.status) != 0 || word.empty()) {
+            tellCrash(left.status);
             return crashStatus;
         }
         if (word == "finish") {
             int result = 0;
-            left >> result;
+            words >> result;
             return result;
         }
-        world = unpack(left.str().substr(word.size()));
+        world = unpack(left.will.substr(word.size()));
     }
 }
 

@@ -1,6 +1,7 @@
 // Sets a run of the pilot up: the script, the store, the lives.
 #include "host/pilot/pilot.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -12,6 +13,7 @@
 
 #include "host/pilot/lives.h"
 #include "host/pilot/player.h"
+#include "host/recording_host.h"
 
 namespace pilot {
 namespace {
@@ -52,6 +54,21 @@ private:
     std::string problem_;
 };
 
+/// How the script begins, without taking it from the one who plays it; of a pipe, nothing.
+std::string startOf(int script)
+{
+    std::string start(256, '\0');
+    const ssize_t count = pread(script, start.data(), start.size(), lseek(script, 0, SEEK_CUR));
+    start.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    return start;
+}
+
+void copyRecordedStore(const std::string &script, const std::filesystem::path &folder)
+{
+    std::error_code ignored; // there need not be one
+    std::filesystem::copy_file(script + ".reg", folder / "registry.reg", ignored);
+}
+
 int complain(const std::string &problem)
 {
     std::fprintf(stderr, "pilot: %s\n", problem.c_str());
@@ -71,12 +88,25 @@ int run(const Options &options, const handheld::Program &program, std::span<cons
     if (!store.problem().empty()) {
         return complain(store.problem());
     }
+    if (!options.store) {
+        copyRecordedStore(options.script, store.path());
+    }
+    const Beginning beginning = readBeginning(startOf(script));
     World first;
-    first.clock = options.clock;
-    first.orientation = options.orientation;
+    first.clock = options.clock.value_or(beginning.clock.value_or(1000));
+    first.orientation = options.landscape || beginning.landscape ? 1 : 0;
     return runLives(first, [&](World &world, const Will &will) {
+        const bool isFirst = world.line == 0;
         Player player(script, world, will, store.path(), image);
-        player.programEnded(handheld::run(player.host(), program, world.orientation));
+        std::optional<host::RecordingHost> recorder;
+        if (options.record && isFirst) {
+            recorder.emplace(player.host(), *options.record, first.orientation != 0);
+            if (!recorder->problem().empty()) {
+                will.finish(complain(recorder->problem()));
+            }
+        }
+        host::Host &host = recorder ? *recorder : player.host();
+        player.programEnded(handheld::run(host, program, world.orientation));
     });
 }
 

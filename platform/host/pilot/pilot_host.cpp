@@ -51,14 +51,13 @@ bool PilotHost::isAhead(std::uint32_t moment) const
 
 std::optional<host::Event> PilotHost::wait(std::optional<std::uint32_t> deadline)
 {
-    const bool sleeps = !deadline || isAhead(*deadline);
     for (;;) {
         if (!events_.empty()) {
             const host::Event event = events_.front();
             events_.pop_front();
             return event;
         }
-        if (!sleeps) {
+        if (deadline && !isAhead(*deadline)) {
             return std::nullopt;
         }
         if (passing_) {

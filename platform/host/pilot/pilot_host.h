@@ -31,6 +31,8 @@ public:
     void send(const host::Event &event) { events_.push_back(event); }
     /// Lets time pass before the user acts again, at most 2^31 - 1 ms; timers fire on the way.
     void pass(std::uint32_t milliseconds) { passing_ = world_.clock + milliseconds; }
+    /// The clock leaps ahead: what is due on the way is late, and due once.
+    void jump(std::uint32_t milliseconds) { world_.clock += milliseconds; }
     /// The program is gone: time passes without it, and no one takes its events.
     void programEnded();
     /// What is on the screen.

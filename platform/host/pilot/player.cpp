@@ -29,10 +29,13 @@ const Player::Command *Player::findCommand(std::string_view name)
     using enum Argument;
     static constexpr Command commands[] = {
         {"wait", {Milliseconds}, &Player::wait},
-        {"key", {KeyCode, UpOrDown}, &Player::key},
+        {"jump", {Milliseconds}, &Player::jump},
+        {"key", {KeyCode, UpOrDown, OptionalModifiers}, &Player::key},
         {"press", {KeyCode, OptionalMilliseconds}, &Player::press},
         {"tap", {Pixel, Pixel}, &Player::tap},
+        {"stylus", {StylusAction, Pixel, Pixel}, &Player::stylus},
         {"type", {Text}, &Player::type},
+        {"text", {CodeUnit}, &Player::text},
         {"menu", {Id}, &Player::menu},
         {"open", {Index}, &Player::open},
         {"dismiss", {}, &Player::dismiss},
@@ -147,12 +150,13 @@ void Player::fail(int status, const std::string &reason)
 
 // Input ------------------------------------------------------------------------------------------
 
-void Player::send(Event::Kind kind, std::uint16_t key, bool control)
+void Player::send(Event::Kind kind, std::uint16_t key, long modifiers)
 {
     Event event;
     event.kind = kind;
     event.key = key;
-    event.control = control;
+    event.control = (modifiers & 1) != 0;
+    event.shift = (modifiers & 2) != 0;
     host_.send(event);
 }
 
@@ -172,12 +176,17 @@ void Player::wait(const Arguments &arguments)
     host_.pass(static_cast<std::uint32_t>(arguments.numbers[0]));
 }
 
+void Player::jump(const Arguments &arguments)
+{
+    host_.jump(static_cast<std::uint32_t>(arguments.numbers[0]));
+}
+
 void Player::key(const Arguments &arguments)
 {
     const auto code = static_cast<std::uint16_t>(arguments.numbers[0]);
     if (arguments.text == "down") {
         world_.held.insert(code);
-        send(Event::Kind::KeyDown, code);
+        send(Event::Kind::KeyDown, code, arguments.numbers[2]);
     } else {
         world_.held.erase(code);
         send(Event::Kind::KeyUp, code);
@@ -196,17 +205,36 @@ void Player::press(const Arguments &arguments)
 void Player::chord(const Arguments &arguments)
 {
     const auto code = static_cast<std::uint16_t>(arguments.numbers[0]);
-    send(Event::Kind::KeyDown, code, true);
+    send(Event::Kind::KeyDown, code, 1);
     send(Event::Kind::KeyUp, code);
 }
 
 void Player::tap(const Arguments &arguments)
 {
-    const auto [x, y] = arguments.numbers;
+    const auto [x, y, none] = arguments.numbers;
     if (x >= host_.frame().width || y >= host_.frame().height) {
         fail(2, "tap: the point is not on the screen");
     }
     tapPoint({static_cast<LONG>(x), static_cast<LONG>(y)});
+}
+
+void Player::stylus(const Arguments &arguments)
+{
+    Event event;
+    event.kind = arguments.text == "down"   ? Event::Kind::StylusDown
+                 : arguments.text == "move" ? Event::Kind::StylusMove
+                                            : Event::Kind::StylusUp;
+    event.x = static_cast<int>(arguments.numbers[1]);
+    event.y = static_cast<int>(arguments.numbers[2]);
+    host_.send(event);
+}
+
+void Player::text(const Arguments &arguments)
+{
+    Event event;
+    event.kind = Event::Kind::Text;
+    event.text = static_cast<char16_t>(arguments.numbers[0]);
+    host_.send(event);
 }
 
 void Player::type(const Arguments &arguments)

@@ -41,7 +41,7 @@ private:
     void openTrace();
     void traceTimer();
 
-    void send(host::Event::Kind kind, std::uint16_t key = 0, bool control = false);
+    void send(host::Event::Kind kind, std::uint16_t key = 0, long modifiers = 0);
     void tapPoint(POINT point);
     void tapMenuItem(int id);
 
@@ -52,9 +52,12 @@ private:
         send(kind);
     }
     void wait(const Arguments &arguments);
+    void jump(const Arguments &arguments);
     void key(const Arguments &arguments);
     void press(const Arguments &arguments);
     void tap(const Arguments &arguments);
+    void stylus(const Arguments &arguments);
+    void text(const Arguments &arguments);
     void type(const Arguments &arguments);
     void menu(const Arguments &arguments);
     void open(const Arguments &arguments);

@@ -24,6 +24,7 @@ constexpr NumberKind numberKinds[] = {
     {Argument::Milliseconds, "MS", 0, 2147483647},
     {Argument::OptionalMilliseconds, "MS", 0, 2147483647},
     {Argument::KeyCode, "CODE", 1, 254},
+    {Argument::CodeUnit, "CODE", 1, 65535},
     {Argument::Pixel, "a coordinate", 0, 319},
     {Argument::Id, "ID", -32768, 65535},
     {Argument::Index, "INDEX", 0, 65535},
@@ -46,11 +47,23 @@ std::string readNumber(std::string_view word, const NumberKind &kind, long &numb
     return {};
 }
 
+std::string readModifiers(std::string_view word, long &number)
+{
+    constexpr std::string_view names[] = {"", "ctrl", "shift", "ctrl+shift"};
+    number = std::find(std::begin(names), std::end(names), word) - std::begin(names);
+    return number < 4 ? "" : "only ctrl, shift or ctrl+shift may follow";
+}
+
 std::string readWord(std::string_view word, Argument kind, Arguments &result, long &number)
 {
-    if (kind == Argument::UpOrDown) {
+    if (kind == Argument::UpOrDown || kind == Argument::StylusAction) {
         result.text = word;
-        return word == "up" || word == "down" ? "" : "\"down\" or \"up\" must follow";
+        const bool known =
+            word == "up" || word == "down" || (kind == Argument::StylusAction && word == "move");
+        return known ? "" : "\"down\" or \"up\" must follow";
+    }
+    if (kind == Argument::OptionalModifiers) {
+        return readModifiers(word, number);
     }
     if (kind == Argument::OptionalMilliseconds && word.empty()) {
         number = 25;
@@ -97,6 +110,25 @@ std::optional<std::string> readLine(int descriptor, bool &readable)
         }
         line += c;
     }
+}
+
+Beginning readBeginning(std::string_view start)
+{
+    constexpr std::string_view clock = "# clock ";
+    Beginning beginning;
+    while (start.starts_with('#')) {
+        const std::string_view line = start.substr(0, start.find('\n'));
+        start.remove_prefix(std::min(line.size() + 1, start.size()));
+        std::uint32_t ticks = 0;
+        if (line.starts_with(clock) &&
+            std::from_chars(line.data() + clock.size(), line.data() + line.size(), ticks).ec ==
+                std::errc())
+        {
+            beginning.clock = ticks;
+        }
+        beginning.landscape = beginning.landscape || line == "# landscape";
+    }
+    return beginning;
 }
 
 std::string_view takeWord(std::string_view &rest)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -22,6 +23,9 @@ enum class Argument
     OptionalMilliseconds, ///< 25 when left out
     KeyCode,              ///< 1 to 254
     UpOrDown,             ///< in `text`
+    StylusAction,         ///< in `text`: down, move or up
+    OptionalModifiers,    ///< ctrl, shift or ctrl+shift: 1, 2 or 3; 0 when left out
+    CodeUnit,             ///< of UTF-16
     Pixel,                ///< 0 to 319
     Id,                   ///< of a command or a control
     Index,                ///< 0 and up
@@ -30,14 +34,23 @@ enum class Argument
     Text,                 ///< in `text`: the rest of the line, comments and all
 };
 
-/// A command takes at most two.
-using ArgumentList = std::array<Argument, 2>;
+/// A command takes at most three.
+using ArgumentList = std::array<Argument, 3>;
 
 struct Arguments
 {
-    std::array<long, 2> numbers{}; ///< by position
+    std::array<long, 3> numbers{}; ///< by position
     std::string text;
 };
+
+/// What a script says in its first lines about the world it was written in: "# clock MS" and
+/// "# landscape". `start` is how the script begins.
+struct Beginning
+{
+    std::optional<std::uint32_t> clock;
+    bool landscape = false;
+};
+Beginning readBeginning(std::string_view start);
 
 /// Takes the first word off a line; empty when there is none or a comment begins.
 std::string_view takeWord(std::string_view &rest);

@@ -240,7 +240,7 @@ void DesktopHost::handleKeyDown(const SDL_KeyboardEvent &key)
     const auto modifiers = static_cast<SDL_Keymod>(key.keysym.mod);
     if (key.repeat != 0) {
         if (const std::uint16_t code = virtualKey(key.keysym); wantsText_ && code != 0) {
-            pushKeyDown(code, modifiers);
+            pushKeyDown(code, modifiers, false);
         }
         return;
     }
@@ -270,17 +270,18 @@ void DesktopHost::moveKey(int source, std::uint16_t key, bool down, SDL_Keymod m
             push(event);
         }
     } else if (key != 0 && held_.press(source, key)) {
-        pushKeyDown(key, modifiers);
+        pushKeyDown(key, modifiers, source == SDL_SCANCODE_ESCAPE);
     }
 }
 
-void DesktopHost::pushKeyDown(std::uint16_t key, SDL_Keymod modifiers)
+void DesktopHost::pushKeyDown(std::uint16_t key, SDL_Keymod modifiers, bool escape)
 {
     Event event;
     event.kind = Event::Kind::KeyDown;
     event.key = key;
     event.control = (modifiers & KMOD_CTRL) != 0;
     event.shift = (modifiers & KMOD_SHIFT) != 0;
+    event.escape = escape;
     push(event);
 }
 

@@ -55,7 +55,7 @@ private:
     void minimize();
     void restore();
     void releaseEverything();
-    void pushKeyDown(std::uint16_t key, SDL_Keymod modifiers);
+    void pushKeyDown(std::uint16_t key, SDL_Keymod modifiers, bool escape);
     void push(host::Event::Kind kind);
     void push(const host::Event &event);
 

@@ -65,6 +65,7 @@ std::unique_ptr<ScreenWindow> ScreenWindow::make(Size picture, std::optional<int
 void ScreenWindow::describe(const std::string &title, const host::Icon &icon)
 {
     SDL_SetWindowTitle(window_.get(), title.c_str());
+    SDL_SetHint(SDL_HINT_APP_NAME, title.c_str()); // in the desktop's volume control
     if (icon.rgba.empty()) {
         return;
     }

@@ -1,0 +1,136 @@
+#!/usr/bin/env python3
+"""Ends the game in every way and starts it again, damages its store, fills its disk, and kills it while it saves.
+
+store_test.py GLIMRA-PILOT [KILLS]
+"""
+import os
+import pathlib
+import random
+import resource
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+import store
+from store import ENDING, OVER, PAUSED, PLAYING, RUNNING, TITLE
+
+KILLS = int(sys.argv.pop(2)) if len(sys.argv) > 2 else 40
+PILOT = os.path.abspath(sys.argv.pop(1))
+GAME = "menu 40008\nwait 1500\npress 37\nwait 60\npress 38\nwait 700\npress 194\nwait 300\n"
+WELL_AND_PIECE, RESULTS = slice(36, 576), slice(604, 656)
+
+
+class StoreTest(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        self.store = self.folder / "s"
+
+    def play(self, script, *options):
+        return store.play(PILOT, script, "--store", "s", *options, folder=self.folder)
+
+    def state(self, name="state"):
+        return (self.folder / name).read_bytes()
+
+    def game(self, **fields):
+        self.play(GAME + "state state\nkill\n")
+        return store.changed(self.state(), requestedState=PLAYING, **fields)
+
+    def test_a_game_comes_back(self):
+        for end, state in [("chord 81", PAUSED), ("close", PAUSED), ("away\nkill", PAUSED), ("hibernate", RUNNING),
+                           ("open 0\nclose", PAUSED), ("menu 40014\nclose", PAUSED), ("menu 40017\nhibernate", PAUSED)]:
+            with self.subTest(end):
+                store.write_block(self.store, self.game(state=PAUSED))
+                self.play(f"tap 120 150\nwait 100\nstate before\n{end}\n")
+                stored = store.read_block(self.store)
+                self.assertEqual([store.field(stored, name) for name in ("requestedState", "state")], [PLAYING, state])
+                output, _ = self.play("state after\nshot 1.png\nmenu 40008\nmenu 40010\nmenu 40014\nclick 7\nwait 100\n"
+                                      "shot 2.png\ntap 120 150\nwait 50\nstate resumed\n")
+                self.assertEqual(output[:2], ["grayed 40008", "grayed 40010"])
+                for part in (WELL_AND_PIECE, RESULTS):
+                    self.assertEqual(self.state("before")[part], self.state("after")[part])
+                self.assertEqual(store.field(self.state("after"), "state"), PAUSED)
+                self.assertEqual(store.field(self.state("resumed"), "state"), RUNNING)
+                self.assertEqual(self.state("1.png"), self.state("2.png"), "it was drawn at once")
+
+    def test_an_ending_game_ends(self):
+        """Once its moment has come: at once, later, or after 3 seconds when that moment cannot be meant."""
+        ready = self.game(state=ENDING, score=900)
+        for deadline, asked in [(8000, [1, 1, 1]), (10000, [0, 1, 1]), (2_000_000_000, [0, 0, 1])]:
+            store.write_block(self.store, store.changed(ready, deadline=deadline))
+            output, _ = self.play("tree\necho\nwait 1500\ntree\necho\nwait 1600\ntree\naway\nback\ntype eve\nclose\n",
+                                  "--clock", "9000")
+            parts = "\n".join(output).split("\n\n")
+            self.assertEqual([int("New High Score" in part) for part in parts], asked)
+            self.assertEqual(store.field(store.read_block(self.store), "state"), OVER)
+            self.play("type eve\nclick 1\nclose\n")  # asked again
+            block = store.read_block(self.store)
+            self.assertEqual(store.scores(block, 0)[7], ("Eve", 900, 0, 0))
+            self.assertEqual(store.field(block, "requestedState"), TITLE)
+
+    def test_what_cannot_be_used_is_named_and_kept(self):
+        good = self.game()
+        file = self.store / "registry.reg"
+        for block, version, reason in [(good, 2, "version is 2"), (good[:-1], 3, "2495 bytes"),
+                                       (store.changed(good, x=11), 3, "outside of the well")]:
+            store.write_block(self.store, block, version)
+            _, errors = self.play("state state\nclose\n")
+            self.assertRegex(errors, rf"\A.*{reason}.*app.rejected.*\n\Z")
+            self.assertEqual(store.field(self.state(), "appState"), TITLE)
+            self.assertEqual(store.binary(store.read(file)[store.KEY]["app.rejected"]), block)
+        file.write_text("nonsense")
+        _, errors = self.play("close\n")
+        self.assertRegex(errors, r"\Aregistry.reg line 1: .*registry.reg.bad\n\Z")
+        self.assertEqual((self.store / "registry.reg.bad").read_text(), "nonsense")
+        self.assertEqual(store.field(store.read_block(self.store), "requestedState"), TITLE)
+
+    def test_an_export_of_a_device_is_taken_over(self):
+        more = '"other"="kept"\n\n[HKEY_CURRENT_USER\\Elsewhere]\n@=dword:00000007\n'
+        store.write_block(self.store, self.game(state=PAUSED), more=more.replace("\n", "\r\n"), encoding="utf-16")
+        output, errors = self.play("menu 40014\nclick 6\nclose\n")
+        self.assertEqual((len(output), errors), (2, ""))
+        found = store.read(self.store / "registry.reg")
+        self.assertEqual(found["HKEY_CURRENT_USER\\Elsewhere"], {"@": "dword:00000007"})
+        self.assertEqual(found[store.KEY]["other"], '"kept"')
+        self.assertEqual(store.field(store.read_block(self.store), "requestedState"), TITLE)
+
+    def test_a_full_disk_leaves_the_old_store(self):
+        """No file may become larger than 4 KB, as on a disk with no more room."""
+        store.write_block(self.store, self.game())
+        before = (self.store / "registry.reg").read_bytes()
+        full = lambda: (signal.signal(signal.SIGXFSZ, signal.SIG_IGN),
+                        resource.setrlimit(resource.RLIMIT_FSIZE, (4096, 4096)))
+        result = subprocess.run([PILOT, "--store", "s"], cwd=self.folder, capture_output=True, text=True, timeout=60,
+                                input="tap 120 150\naway\nback\ntap 120 150\nwait 25\nstate state\nclose\n",
+                                preexec_fn=full)
+        self.assertEqual((result.returncode, result.stderr.count("\n")), (0, 1), result.stderr)
+        self.assertIn("registry.reg", result.stderr)
+        self.assertEqual(store.field(self.state(), "state"), RUNNING, "the game went on")
+        self.assertEqual((self.store / "registry.reg").read_bytes(), before)
+        self.assertFalse((self.store / "registry.reg.new").exists())
+
+    def test_killed_while_it_saves(self):
+        seed = random.randrange(1 << 32)
+        chance = random.Random(seed)
+        store.write_block(self.store, self.game())
+        script = self.folder / "script"
+        script.write_text("tap 120 150\nwait 25\naway\nback\n" * 4000)
+        for kill in range(KILLS):
+            pilot = subprocess.Popen([PILOT, "--store", self.store, script], start_new_session=True,
+                                     stdout=subprocess.PIPE)
+            time.sleep(chance.uniform(0.005, 0.1))
+            os.killpg(pilot.pid, signal.SIGKILL)
+            pilot.communicate()  # until its last process is gone
+            with self.subTest(seed=seed, kill=kill):
+                block = store.read_block(self.store)
+                self.assertEqual(store.field(block, "requestedState"), PLAYING)
+                self.assertIn(store.field(block, "state"), (RUNNING, PAUSED))
+        self.play("state state\n")
+        self.assertEqual(store.field(self.state(), "state"), PAUSED)
+
+
+unittest.main()
