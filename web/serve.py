@@ -16,6 +16,12 @@ class Handler(http.server.SimpleHTTPRequestHandler):
         self.send_header("Cache-Control", "no-cache")  # the browser asks whether a file is still the same
         super().end_headers()
 
+    def handle(self):
+        try:
+            super().handle()
+        except ConnectionError:
+            pass  # the browser has gone elsewhere
+
     def log_message(self, *_):
         pass
 
