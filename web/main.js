@@ -88,12 +88,12 @@ function leave() {
   lookAround();
 }
 
-/** The program rests for good, its game saved. */
+/** The program rests for good, its game saved; not before it has shown that it is paused. */
 function stop() {
   leave();
   over = true;
   store.close();
-  program?.halt?.();
+  setTimeout(() => program?.halt?.(), 100);
   letGameGo();
 }
 

@@ -192,7 +192,7 @@ test('a second page takes the game over', async () => {
   await Promise.all([second.waitForEvent('load'), second.click('#question button')]);
   const paused = await eventually(() => stands(second), 'the game stands');
   assert.ok(!title.equals(paused));
-  assert.ok(paused.equals(await pixels(first)), 'the same game');
+  await eventually(async () => paused.equals(await pixels(first)), 'the same game');
   await first.locator('#question', {hasText: 'goes on in another tab'}).waitFor();
   await visit.end();
 });
