@@ -173,6 +173,7 @@ async function start() {
     }
   });
   if (!mine) {
+    fetch('glimra.wasm'); // takes what the page has loaded ahead
     offerTurn('The game is open in another tab.');
     return;
   }

@@ -36,6 +36,7 @@ export class Screen {
     root.dataset.face = shown ? (portrait ? 'portrait' : 'landscape') : 'none';
     const snap = (length) => Math.floor(length * ratio) / ratio;
     const set = (name, length) => root.style.setProperty(name, `${length}px`);
+    set('--height', height);
     set('--screen-width', cssWidth);
     set('--screen-height', cssHeight);
     set('--screen-left', snap((width - cssWidth) / 2));

@@ -126,6 +126,20 @@ test('the keyboard plays; leaving pauses and saves; the menu saves and opens fil
   await eventually(async () => (await pieces(page, QUEUE)).length > 0, 'a game begins');
   await page.keyboard.press('c');
   await eventually(async () => (await pieces(page, HOLD)).length > 11, 'C holds the piece');
+
+  await page.evaluate(() => {
+    window.pad = {index: 0, axes: [0, 0], buttons: Array.from({length: 17}, () => ({pressed: false}))};
+    navigator.getGamepads = () => [window.pad];
+    dispatchEvent(new Event('gamepadconnected'));
+  });
+  await page.evaluate('pad.buttons[9].pressed = true');
+  await eventually(async () => (await pieces(page, QUEUE)).length === 0, 'Start of a controller pauses');
+  await page.evaluate('pad.buttons[9].pressed = false');
+  await page.waitForTimeout(100);
+  await page.evaluate('pad.buttons[9].pressed = true');
+  await eventually(async () => (await pieces(page, QUEUE)).length > 0, 'and plays on');
+  await page.evaluate('navigator.getGamepads = () => []');
+
   const before = await store(page);
   await page.evaluate(() => dispatchEvent(new Event('blur')));
   assert.notEqual(await store(page), before, 'saved within the event');
