@@ -161,11 +161,18 @@ function offerTurn(text) {
   });
 }
 
+/** The program, ready to run; the long way where a server gives the file a wrong type. */
+function compile() {
+  const load = () => fetch('glimra.wasm');
+  return WebAssembly.compileStreaming(load()).catch(async () => WebAssembly.compile(await (await load()).arrayBuffer()));
+}
+
 async function start() {
   if (typeof WebAssembly !== 'object') {
     ask('Glimra needs a browser with WebAssembly, which this one lacks.', 'Try again', () => location.reload());
     return;
   }
+  const compiled = compile();
   const mine = await holdGame(() => {
     if (!over) {
       stop();
@@ -173,15 +180,18 @@ async function start() {
     }
   });
   if (!mine) {
-    fetch('glimra.wasm'); // takes what the page has loaded ahead
     offerTurn('The game is open in another tab.');
     return;
   }
   watch();
   prepareMenu();
-  program = await createGlimra({page, printErr: notice, wake() {}, onAbort: (reason) => {
+  const fail = (reason) => {
     over = true;
     ask(`The game has stopped: ${reason}`, 'Start it again', () => location.reload());
+  };
+  program = await createGlimra({page, printErr: notice, wake() {}, onAbort: fail, instantiateWasm(imports, receive) {
+    compiled.then((module) => WebAssembly.instantiate(module, imports)).then(receive).catch(fail);
+    return {};
   }});
   lookAround();
 }

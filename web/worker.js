@@ -24,7 +24,7 @@ async function start(request) {
   const pages = await clients.matchAll({type: 'window'});
   if (registration.waiting && pages.length < 2) {
     registration.waiting.postMessage('take effect');
-    return new Response('', {headers: {Refresh: '0'}});
+    return new Response('<link rel="icon" href="data:,">', {headers: {'Content-Type': 'text/html', Refresh: '0'}});
   }
   return answer(request);
 }
