@@ -2,13 +2,12 @@
 // the game, whichever is live.
 #include "app/game_app.h"
 
-#include <cstdlib>
-
 #include <aygshell.h>
 
 #include "app/about.h"
 #include "app/settings.h"
 #include "app/window.h"
+#include "engine/random.h"
 #include "frontend/name_entry.h"
 #include "frontend/options_dialog.h"
 #include "input/buttons_dialog.h"
@@ -73,7 +72,7 @@ bool GameApp::init(HWND window)
         const bool fortyLines = i == static_cast<std::size_t>(GameMode::FortyLines);
         highScores[i].loadDefaults(fortyLines ? IDS_DEFAULT_SCORES_40_LINES : IDS_DEFAULT_SCORES);
     }
-    std::srand(GetTickCount()); // the piece supply draws from it
+    seedRandom(GetTickCount()); // the piece supply draws from it
     requestedState = AppState::Title;
     loadSettings(*this);
     appState = AppState::None;

@@ -2,8 +2,9 @@
 #include "engine/playfield.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
+
+#include "engine/random.h"
 
 namespace {
 
@@ -37,7 +38,7 @@ bool PieceQueue::addBag()
         TetrominoType::Z, TetrominoType::T, TetrominoType::I};
     for (std::size_t i = 0; i < bag.size(); ++i) {
         // Never an entry with itself: this shuffle is biased, and the game has always had it.
-        auto j = static_cast<std::size_t>(std::rand() % (tetrominoCount - 1));
+        auto j = static_cast<std::size_t>(drawRandom() % (tetrominoCount - 1));
         if (j == i) {
             j = i + 1;
         }

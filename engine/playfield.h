@@ -33,7 +33,7 @@ struct PieceQueue
     /// One fresh bag and nothing else.
     void reset();
     /// Appends a shuffled bag; false, and nothing happens, when seven more do not fit. Draws
-    /// seven times from std::rand.
+    /// seven random numbers.
     bool addBag();
     /// Takes the next piece off, adding a bag before that whenever one fits.
     TetrominoType take();

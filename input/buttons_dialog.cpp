@@ -70,8 +70,7 @@ void refreshKeyNames(HWND page)
     }
 }
 
-// The page "Please press a button"
-// ------------------------------------------------------------------
+// The page "Please press a button" ----------------------------------------------------------------
 
 /// Whether an action other than the one in hand has this key.
 bool assignedElsewhere(std::uint32_t key)
@@ -176,8 +175,7 @@ INT_PTR CALLBACK captureProcedure(HWND page, UINT message, WPARAM wParam, LPARAM
     }
 }
 
-// The Buttons page
-// ----------------------------------------------------------------------------------
+// The Buttons page -------------------------------------------------------------------------------
 
 void captureKey(HWND page, int actionIndex)
 {

@@ -26,7 +26,7 @@ A falling-block puzzle on a handheld in a window.
   --store DIR   where the settings, the scores and the game in progress are kept;
                 else $XDG_DATA_HOME/glimra, else ~/.local/share/glimra
   --scale N     how large the window starts, 1 to 16 times the handheld's screen;
-                else as large as is comfortable
+                else where and as large as it was last, or as is comfortable
   --landscape   the handheld starts turned on its side
   --record FILE writes what you do as a script that glimra-pilot plays again exactly; FILE is
                 new, and the store at start goes to FILE.reg

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "app/game_app.h"
+#include "app/settings_check.h"
 #include "host/pilot/pilot.h"
 #include "resources/program_resources.h"
 
@@ -28,7 +29,8 @@ Plays the game by a script, without a display, on a clock that jumps.
   --help, --version
 
 Exit status: 0 when the script ran to its end, 1 for a file that cannot be read or written,
-2 for a mistake in the script or the options, 3 when the game crashed.
+2 for a mistake in the script or the options, 3 when the game crashed
+or `check` found a fault.
 )";
 
 int complain(const std::string &problem)
@@ -77,5 +79,5 @@ int main(int argc, char **argv)
         }
     }
     return pilot::run(options, {WinMain, programResources()},
-                      std::as_bytes(std::span(&gameApp, 1)));
+                      {std::as_bytes(std::span(&gameApp, 1)), [] { return findFault(gameApp); }});
 }

@@ -20,6 +20,13 @@ endif()
 
 if(GLIMRA_DESKTOP)
   add_script_test(window scripts/window_test.py $<TARGET_FILE:glimra> $<TARGET_FILE:glimra-pilot>)
+  add_script_test(manual scripts/manual_test.py ${PROJECT_SOURCE_DIR} $<TARGET_FILE:glimra>
+                  $<TARGET_FILE:glimra-pilot>)
+endif()
+
+# Random scripts, on damaged stores too; under the sanitizers it finds what they see.
+if(GLIMRA_SANITIZE)
+  add_script_test(monkey monkey/monkey.py $<TARGET_FILE:glimra-pilot> --seed 7)
 endif()
 
 if(GLIMRA_WEB_TESTS)

@@ -28,7 +28,7 @@ std::string fileUrl(const std::filesystem::path &file)
 }
 
 /// Starts a program that goes its own way. Returns an error number, 0 for none.
-int start(const char *program, std::string argument)
+int start(const char *program, const std::string &argument)
 {
     struct sigaction reapThemselves
     {
@@ -36,8 +36,8 @@ int start(const char *program, std::string argument)
     reapThemselves.sa_handler = SIG_DFL;
     reapThemselves.sa_flags = SA_NOCLDWAIT;
     sigaction(SIGCHLD, &reapThemselves, nullptr);
-    std::string name = program;
-    char *const arguments[] = {name.data(), argument.data(), nullptr};
+    std::string words[] = {program, argument};
+    char *const arguments[] = {words[0].data(), words[1].data(), nullptr};
     pid_t process = 0;
     return posix_spawnp(&process, program, nullptr, nullptr, arguments, environ);
 }

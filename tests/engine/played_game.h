@@ -1,11 +1,11 @@
 // A game without a window: its rules are run tick by tick, with buttons held as a test says.
 #pragma once
 
-#include <cstdlib>
 #include <initializer_list>
 #include <set>
 
 #include "engine/game_session.h"
+#include "engine/random.h"
 #include "support/fake_host.h"
 
 class PlayedGame
@@ -17,7 +17,7 @@ public:
                         std::uint32_t clock = 1000)
     {
         handheld_.host.clock = clock;
-        std::srand(7);
+        seedRandom(7);
         session.mode = mode;
         session.startLevel = startLevel;
         session.newGame(HWND{});

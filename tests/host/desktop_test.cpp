@@ -2,12 +2,14 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <fstream>
 
 #include <gtest/gtest.h>
 
 #include "host/program_clock.h"
 #include "host/sdl/held_keys.h"
 #include "host/sdl/picture.h"
+#include "host/sdl/window_place.h"
 
 namespace {
 
@@ -122,6 +124,27 @@ TEST(Picture, IsDrawnExactlyAndStaysOnTheCanvas)
     const host::Area changed = desktop::drawEnlarged(frame, {1, 0, 2, 1}, {2, 0, 0}, canvas);
     EXPECT_EQ(changed.left * 1000 + changed.top * 100 + changed.right * 10 + changed.bottom, 2042);
     EXPECT_EQ(std::count(memory.begin(), memory.end(), 0U), 20) << "only the part is drawn";
+}
+
+TEST(WindowPlace, IsKeptAndTakenWhereTheWindowCanBeHeldAndSeenWhole)
+{
+    constexpr std::array<host::Area, 2> screens{{{0, 24, 1280, 1024}, {-800, 0, 0, 600}}};
+    const std::filesystem::path folder = testing::TempDir();
+    for (const auto &[text, taken] : {std::pair("480 640 1216 960", true),
+                                      {"480 640 1217 960", false},
+                                      {"480 640 1216 961", false},
+                                      {"480 640 100 23", false},
+                                      {"480 600 -700 0", true},
+                                      {"480 601 -700 0", false},
+                                      {"480 640 3", false},
+                                      {"0 640 99 99", false},
+                                      {"480 640 99 99999999999", false},
+                                      {"window", false}})
+    {
+        std::ofstream(folder / "window") << text;
+        const auto place = desktop::loadWindowPlace(folder);
+        EXPECT_EQ(place && desktop::isOnScreen(*place, screens), taken) << text;
+    }
 }
 
 } // namespace

@@ -5,6 +5,7 @@ window_test.py GLIMRA GLIMRA-PILOT
 """
 import os
 import pathlib
+import random
 import signal
 import subprocess
 import sys
@@ -63,8 +64,8 @@ class WindowTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         reader, writer = os.pipe()
-        cls.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-nolisten",
-                                       "tcp"], pass_fds=[writer], stderr=subprocess.DEVNULL)
+        cls.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-noreset",
+                                       "-nolisten", "tcp"], pass_fds=[writer], stderr=subprocess.DEVNULL)
         os.close(writer)
         os.environ["DISPLAY"] = ":" + os.read(reader, 20).decode().strip()
         os.environ["ASAN_OPTIONS"] = "detect_leaks=0"  # the display's libraries leak at their end
@@ -76,9 +77,9 @@ class WindowTest(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def start(self, store="store"):
+    def start(self, store="store", options=("--scale", str(SCALE))):
         home = {"HOME": str(self.folder), "PATH": f"{self.folder}:{os.environ['PATH']}"}
-        game = subprocess.Popen([GLIMRA, "--store", store, "--scale", str(SCALE)], cwd=self.folder,
+        game = subprocess.Popen([GLIMRA, "--store", store, *options], cwd=self.folder,
                                 stderr=subprocess.PIPE, text=True, env={**os.environ, **home})
         self.addCleanup(game.stderr.close)
         self.addCleanup(game.wait)
@@ -184,6 +185,32 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(store.keys(after)[7], ord("A"))
         self.assertNotEqual(store.field(after, "rotation"), store.field(before, "rotation"))
 
+    def test_a_recorded_game_can_be_played_again(self):
+        for record in ("one", "two"):  # the second begins with the store that the first left
+            dice = random.Random(record)
+            game = self.start("store", ("--scale", str(SCALE), "--record", record))
+            if record == "one":
+                self.begin_game(game)
+            else:
+                self.click(game, (120, 150))  # the game goes on
+            for _ in range(50):
+                key = dice.choice(["Left", "Right", "Up", "Down", "z", "x", "c"])
+                xdotool("keydown", key, "sleep", dice.choice([0.01, 0.03, 0.2]), "keyup", key, "sleep", 0.05)
+            xdotool("key", "Escape")
+            time.sleep(0.5)
+            shown = Picture(game.window, SCALE).pixels
+            xdotool("key", "ctrl+q")
+            self.assertEqual(game.wait(20), 0)
+
+            script = self.folder / record
+            before, control = script.read_text().rsplit("key 195 down", 1)
+            script.write_text(f"{before}shot again.png\nkey 195 down{control}")
+            for options in ([], ["--store", "again"]):
+                subprocess.run([PILOT, *options, record], check=True, cwd=self.folder)
+                self.assertTrue(Picture(self.folder / "again.png", 1).pixels == shown)
+            saved, again = ((self.folder / name / "registry.reg").read_bytes() for name in ("store", "again"))
+            self.assertEqual(saved, again)
+
     def test_the_second_start_brings_the_first_window_back(self):
         first = self.start()
         self.begin_game(first)
@@ -210,6 +237,16 @@ class WindowTest(unittest.TestCase):
         page, anchor = eventually(lambda: address.exists() and address.read_text(), "F1 opens the help").split("#")
         self.assertEqual(anchor, "Main_Contents\n")
         self.assertIn('id="Main_Contents"', pathlib.Path(page.removeprefix("file://")).read_text())
+
+    def test_the_window_comes_back_where_it_was(self):
+        for options in (("--scale", "1"), ()):
+            game = self.start(options=options)
+            if options:
+                xdotool("windowsize", "--sync", game.window, 500, 700, "windowmove", "--sync", game.window, 30, 40)
+            place = eventually(lambda: "30,40" in (now := xdotool("getwindowgeometry", game.window)) and now, "moved")
+            self.assertIn("500x700", place)
+            xdotool("key", "ctrl+q")
+            self.assertEqual(game.wait(20), 0)
 
     def test_it_sleeps_while_nothing_happens(self):
         game = self.start()

@@ -4,7 +4,7 @@
 #include "aygshell.h"
 #include "user/dialog_words.h"
 #include "user/inspect.h"
-#include "user/user_script.h"
+#include "user/program_test.h"
 #include "user/window.h"
 
 namespace {
@@ -49,15 +49,12 @@ std::vector<std::byte> makeImage()
     return image.bytes;
 }
 
-class MenuBar : public testing::Test
+class MenuBar : public ProgramTest
 {
 protected:
-    std::vector<std::byte> image = makeImage();
-    Recorder recorder{image};
-    FakeHost &host = recorder.host;
-    UserScript user{host};
-    HWND window = recorder.window('A', {0, 26, 240, 320});
-    SHMENUBARINFO info{32, window, 0, 102, {}, 0, 0, {}};
+    MenuBar() : ProgramTest(makeImage()) {}
+
+    SHMENUBARINFO info{32, owner, 0, 102, {}, 0, 0, {}};
     Log popups;
 
     void SetUp() override
@@ -99,7 +96,7 @@ TEST_F(MenuBar, ItemsAreFoundGrayedAndReported)
     EXPECT_EQ(GetMenuState(first, 2, MF_BYPOSITION) & MF_SEPARATOR, MF_SEPARATOR);
     EXPECT_EQ(SendMessageW(info.hwndMB, SHCMBM_GETSUBMENU, 0, 2),
               static_cast<LRESULT>(GetSubMenu(menu(), 1).value));
-    SHMENUBARINFO malformed{32, window, 0, 103, {}, 0, 0, {}}; // no drop-down 7
+    SHMENUBARINFO malformed{32, owner, 0, 103, {}, 0, 0, {}}; // no drop-down 7
     EXPECT_FALSE(SHCreateMenuBar(&malformed));
     EXPECT_EQ(user::liveMenus(), 1U);
     DestroyWindow(info.hwndMB);
@@ -185,11 +182,11 @@ TEST_F(MenuBar, TimersRunBehindAnOpenDropDownWhichADialogCloses)
                 EXPECT_FALSE(inspect::menuOpen());
                 EndDialog(GetActiveWindow(), 1);
             });
-            EXPECT_EQ(runDialog(6, window), 1);
+            EXPECT_EQ(runDialog(6, owner), 1);
         }
         return std::nullopt;
     };
-    SetTimer(window, 1, 25, nullptr);
+    SetTimer(owner, 1, 25, nullptr);
     user.tapMenuButton(0);
     run(100);
     EXPECT_EQ(ticks, 7); // 100 ms after the third
@@ -209,7 +206,7 @@ TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
             EndDialog(GetActiveWindow(), 0);
         });
     });
-    runDialog(6, window);
+    runDialog(6, owner);
     user.then([&] {
         EXPECT_FALSE(bar());
         user.then([&] {
@@ -219,7 +216,7 @@ TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
         });
         MessageBoxW(GetActiveWindow(), u"", u"", MB_OK);
     });
-    runDialog(5, window, [](HWND page, UINT message, WPARAM, LPARAM) -> INT_PTR {
+    runDialog(5, owner, [](HWND page, UINT message, WPARAM, LPARAM) -> INT_PTR {
         SHINITDLGINFO full{SHIDIM_FLAGS, page, SHIDIF_SIZEDLGFULLSCREEN};
         return message == WM_INITDIALOG ? SHInitDialog(&full) : FALSE;
     });
@@ -231,7 +228,7 @@ TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
 TEST_F(MenuBar, QuittingEndsTheLoopOfADropDown)
 {
     user.tapMenuButton(0);
-    user.then([&] { DestroyWindow(window); });
+    user.then([&] { DestroyWindow(owner); });
     user.then([] { PostQuitMessage(0); });
     run();
     EXPECT_FALSE(inspect::menuOpen());

@@ -4,7 +4,7 @@
 #include "aygshell.h"
 #include "user/dialog_words.h"
 #include "user/inspect.h"
-#include "user/user_script.h"
+#include "user/program_test.h"
 
 namespace {
 
@@ -23,14 +23,10 @@ std::vector<std::byte> makeImage()
     return image.bytes;
 }
 
-class Shell : public testing::Test
+class Shell : public ProgramTest
 {
 protected:
-    std::vector<std::byte> image = makeImage();
-    Recorder recorder{image};
-    FakeHost &host = recorder.host;
-    UserScript user{host};
-    HWND owner = recorder.window('A', {0, 26, 240, 320});
+    Shell() : ProgramTest(makeImage()) {}
 
     static bool panelIsUp()
     {

@@ -5,7 +5,7 @@
 #include "user/dialog_words.h"
 #include "user/icon.h"
 #include "user/inspect.h"
-#include "user/user_script.h"
+#include "user/program_test.h"
 
 namespace {
 
@@ -32,16 +32,10 @@ std::vector<std::byte> makeImage()
     return image.bytes;
 }
 
-class Control : public testing::Test
+class Control : public ProgramTest
 {
 protected:
-    std::vector<std::byte> image = makeImage();
-    Recorder recorder{image};
-    FakeHost &host = recorder.host;
-    UserScript user{host};
-    HWND owner = recorder.window('A', {0, 26, 240, 320});
-
-    void SetUp() override { SHInitExtraControls(); }
+    Control() : ProgramTest(makeImage()) {}
 
     void look(std::function<void(HWND dialog)> action)
     {

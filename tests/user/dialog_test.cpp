@@ -7,7 +7,7 @@
 #include "gx.h"
 #include "user/dialog_template.h"
 #include "user/dialog_words.h"
-#include "user/user_script.h"
+#include "user/program_test.h"
 
 namespace {
 
@@ -35,16 +35,10 @@ std::vector<std::byte> makeImage()
     return image.bytes;
 }
 
-class Dialog : public testing::Test
+class Dialog : public ProgramTest
 {
 protected:
-    std::vector<std::byte> image = makeImage();
-    Recorder recorder{image};
-    FakeHost &host = recorder.host;
-    UserScript user{host};
-    HWND owner = recorder.window('A', {0, 26, 240, 320});
-
-    void SetUp() override { SHInitExtraControls(); }
+    Dialog() : ProgramTest(makeImage()) {}
 };
 
 TEST(DialogTemplate, TurnsUnitsToPixels)

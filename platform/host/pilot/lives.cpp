@@ -96,10 +96,10 @@ void Will::leave(const std::string &text) const
     }
 }
 
-void Will::restart(const World &world) const
+void Will::restart(const World &world, bool inOrder) const
 {
     leave("restart " + pack(world));
-    std::_Exit(0);
+    inOrder ? std::exit(0) : std::_Exit(0);
 }
 
 void Will::finish(int status) const

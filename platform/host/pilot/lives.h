@@ -17,8 +17,9 @@ public:
     /// `pipe`: where the parent reads.
     explicit Will(int pipe) : pipe_(pipe) {}
 
-    /// Ends this life on the spot; another one begins in the world as it is.
-    [[noreturn]] void restart(const World &world) const;
+    /// Ends this life on the spot; another one begins in the world as it is. When the program had
+    /// ended by itself, the process is run down in order.
+    [[noreturn]] void restart(const World &world, bool inOrder) const;
     /// Ends this life on the spot and with it the run, whose exit status is `status`.
     [[noreturn]] void finish(int status) const;
     /// The same for a program that ended by itself, so the process is run down in order.

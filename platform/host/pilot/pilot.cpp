@@ -77,7 +77,7 @@ int complain(const std::string &problem)
 
 } // namespace
 
-int run(const Options &options, const handheld::Program &program, std::span<const std::byte> image)
+int run(const Options &options, const handheld::Program &program, const Subject &subject)
 {
     const int script =
         options.script == "-" ? STDIN_FILENO : open(options.script.c_str(), O_RDONLY | O_CLOEXEC);
@@ -97,7 +97,7 @@ int run(const Options &options, const handheld::Program &program, std::span<cons
     first.orientation = options.landscape || beginning.landscape ? 1 : 0;
     return runLives(first, [&](World &world, const Will &will) {
         const bool isFirst = world.line == 0;
-        Player player(script, world, will, store.path(), image);
+        Player player(script, world, will, store.path(), subject);
         std::optional<host::RecordingHost> recorder;
         if (options.record && isFirst) {
             recorder.emplace(player.host(), *options.record, first.orientation != 0);

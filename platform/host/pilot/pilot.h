@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -11,6 +12,14 @@
 #include "handheld.h"
 
 namespace pilot {
+
+/// What is known of the program: the object that the commands `state` and `trace` write and
+/// `check` looks over.
+struct Subject
+{
+    std::span<const std::byte> image;
+    std::function<std::optional<std::string>()> findFault; ///< what is wrong in it, if anything
+};
 
 struct Options
 {
@@ -23,9 +32,9 @@ struct Options
 
 /// Runs the script to its end. What the options leave open a recorded script says itself: the
 /// clock (else 1000), the display (else upright), and the store beside it, which is copied. A
-/// record ends where the program does or is started anew. `image` is what its commands `state` and
-/// `trace` write. Returns the exit status: 0, 1 for a file that cannot be read or written, 2 for a
-/// mistake in the script, 3 when the program crashed.
-int run(const Options &options, const handheld::Program &program, std::span<const std::byte> image);
+/// record ends where the program does or is started anew. Returns the exit status: 0, 1 for a file
+/// that cannot be read or written, 2 for a mistake in the script, 3 when the program crashed or a
+/// check found a fault.
+int run(const Options &options, const handheld::Program &program, const Subject &subject);
 
 } // namespace pilot

@@ -56,6 +56,7 @@ const Player::Command *Player::findCommand(std::string_view name)
         {"shot", {File}, &Player::shot},
         {"state", {File}, &Player::state},
         {"trace", {File}, &Player::trace},
+        {"check", {}, &Player::check},
         {"tree", {}, &Player::tree},
         {"objects", {}, &Player::objects},
         {"sounds", {}, &Player::sounds, false},
@@ -70,9 +71,9 @@ const Player::Command *Player::findCommand(std::string_view name)
 }
 
 Player::Player(int script, World &world, const Will &will, const std::filesystem::path &storeFolder,
-               std::span<const std::byte> image)
-    : script_(script), world_(world), will_(will), image_(image),
-      host_(storeFolder, world, {[this] { act(); }, [this] { traceTimer(); }})
+               const Subject &subject)
+    : script_(script), world_(world), will_(will), subject_(subject),
+      host_(storeFolder, world, {[this] { act(); }, [this] { timerHandled(); }})
 {
     for (const std::uint16_t code : world_.held) {
         send(Event::Kind::KeyDown, code);
@@ -342,7 +343,7 @@ void Player::done(const Arguments &)
 
 void Player::kill(const Arguments &) { will_.finish(0); }
 
-void Player::restart(const Arguments &) { will_.restart(world_); }
+void Player::restart(const Arguments &) { will_.restart(world_, programEnded_); }
 
 // Looking ----------------------------------------------------------------------------------------
 
@@ -361,8 +362,7 @@ void Player::shot(const Arguments &arguments)
 void Player::state(const Arguments &arguments)
 {
     std::ofstream file(arguments.text, std::ios::binary);
-    file.write(reinterpret_cast<const char *>(image_.data()),
-               static_cast<std::streamsize>(image_.size()));
+    writeImage(file);
     file.close();
     requireWritten(file ? "" : arguments.text + ": " + std::strerror(errno));
 }
@@ -386,13 +386,23 @@ void Player::openTrace()
     requireWritten(trace_ ? "" : world_.traceFile + ": " + std::strerror(errno));
 }
 
-void Player::traceTimer()
+void Player::writeImage(std::ostream &file)
+{
+    file.write(reinterpret_cast<const char *>(subject_.image.data()),
+               static_cast<std::streamsize>(subject_.image.size()));
+}
+
+void Player::timerHandled()
 {
     if (trace_.is_open()) {
-        trace_.write(reinterpret_cast<const char *>(image_.data()),
-                     static_cast<std::streamsize>(image_.size()));
+        writeImage(trace_);
+    }
+    if (const auto fault = world_.checks ? subject_.findFault() : std::nullopt) {
+        fail(crashStatus, *fault);
     }
 }
+
+void Player::check(const Arguments &) { world_.checks = true; }
 
 void Player::tree(const Arguments &)
 {

@@ -6,10 +6,10 @@
 #include <deque>
 #include <fstream>
 #include <functional>
-#include <span>
 #include <string>
 
 #include "host/pilot/lives.h"
+#include "host/pilot/pilot.h"
 #include "host/pilot/pilot_host.h"
 #include "host/pilot/script.h"
 #include "windef.h"
@@ -19,10 +19,9 @@ namespace pilot {
 class Player
 {
 public:
-    /// Plays from the file descriptor `script` in `world`. `image` is what `state` and `trace`
-    /// write: the live game object.
+    /// Plays from the file descriptor `script` in `world`.
     Player(int script, World &world, const Will &will, const std::filesystem::path &storeFolder,
-           std::span<const std::byte> image);
+           const Subject &subject);
 
     host::Host &host() { return host_; }
     /// Goes on when the program has ended by itself: to the end of the script or its next start.
@@ -39,7 +38,8 @@ private:
     void requireWritten(const std::string &problem);
 
     void openTrace();
-    void traceTimer();
+    void writeImage(std::ostream &file);
+    void timerHandled();
 
     void send(host::Event::Kind kind, std::uint16_t key = 0, long modifiers = 0);
     void tapPoint(POINT point);
@@ -72,6 +72,7 @@ private:
     void shot(const Arguments &arguments);
     void state(const Arguments &arguments);
     void trace(const Arguments &arguments);
+    void check(const Arguments &arguments);
     void tree(const Arguments &arguments);
     void objects(const Arguments &arguments);
     void sounds(const Arguments &arguments);
@@ -80,7 +81,7 @@ private:
     int script_;
     World &world_;
     const Will &will_;
-    std::span<const std::byte> image_;
+    const Subject &subject_;
     PilotHost host_;
     bool programEnded_ = false;
     std::deque<std::function<void()>> steps_; ///< of the command in hand, what is still to do

@@ -22,8 +22,8 @@ void readList(std::istream &in, Read read)
 std::string pack(const World &world)
 {
     std::ostringstream out;
-    out << world.clock << ' ' << world.orientation << ' ' << world.line << ' '
-        << std::quoted(world.traceFile);
+    out << world.clock << ' ' << world.orientation << ' ' << world.line << ' ' << world.checks
+        << ' ' << std::quoted(world.traceFile);
     out << ' ' << world.held.size();
     for (const std::uint16_t key : world.held) {
         out << ' ' << key;
@@ -43,7 +43,8 @@ World unpack(const std::string &text)
 {
     std::istringstream in(text);
     World world;
-    in >> world.clock >> world.orientation >> world.line >> std::quoted(world.traceFile);
+    in >> world.clock >> world.orientation >> world.line >> world.checks >>
+        std::quoted(world.traceFile);
     readList(in, [&] {
         std::uint16_t key = 0;
         in >> key;

@@ -25,6 +25,7 @@ struct World
     std::set<std::uint16_t> held; ///< buttons that are down
     std::string traceFile;        ///< empty: nothing is traced
     std::set<std::string> traced; ///< trace files begun in this run: they are continued
+    bool checks = false;          ///< the game object is looked over after every timer
     std::vector<Sound> sounds;    ///< since they were last asked for
 };
 

@@ -29,7 +29,8 @@ std::unique_ptr<host::Host> open(const Options &options)
 {
     const Size upright{240, 320};
     const Size turned{320, 240};
-    auto window = ScreenWindow::make(options.landscape ? turned : upright, options.scale);
+    auto window = ScreenWindow::make(options.landscape ? turned : upright, options.scale,
+                                     loadWindowPlace(options.storeFolder));
     if (!window) {
         return nullptr;
     }
@@ -45,6 +46,13 @@ DesktopHost::DesktopHost(const std::filesystem::path &storeFolder,
       clock_(machineTicks())
 {
     listenForNudges();
+}
+
+DesktopHost::~DesktopHost()
+{
+    if (const auto place = window_->lastPlace()) {
+        saveWindowPlace(storeFolder(), *place);
+    }
 }
 
 // Time and events --------------------------------------------------------------------------------
@@ -164,8 +172,14 @@ void DesktopHost::handleWindow(const SDL_WindowEvent &event)
 {
     switch (event.event) {
     case SDL_WINDOWEVENT_SIZE_CHANGED:
+        window_->notePlace();
+        window_->showAgain();
+        break;
     case SDL_WINDOWEVENT_EXPOSED:
         window_->showAgain();
+        break;
+    case SDL_WINDOWEVENT_MOVED:
+        window_->notePlace();
         break;
     case SDL_WINDOWEVENT_FOCUS_LOST:
         setAway(true);
@@ -301,8 +315,7 @@ void DesktopHost::handleText(const char *text)
     }
 }
 
-// The stylus: the mouse, or a finger, which SDL makes a mouse of
-// --------------------------------------
+// The stylus: the mouse, or a finger, which SDL makes a mouse of ----------------------------------
 
 void DesktopHost::handleMouse(Event::Kind kind, Point point)
 {
@@ -339,8 +352,6 @@ void DesktopHost::describeProgram(std::u16string_view title, const host::Icon &i
     title_ = host::toUtf8(title);
     window_->describe(title_, icon);
 }
-
-bool DesktopHost::openLoudspeaker() { return loudspeaker_.open(machineTicks()); }
 
 void DesktopHost::playSamples(std::span<const std::uint8_t> samples)
 {

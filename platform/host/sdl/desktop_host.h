@@ -17,6 +17,10 @@ class DesktopHost final : public host::FileHost
 {
 public:
     DesktopHost(const std::filesystem::path &storeFolder, std::unique_ptr<ScreenWindow> window);
+    DesktopHost(const DesktopHost &) = delete;
+    DesktopHost &operator=(const DesktopHost &) = delete;
+    /// Keeps the place of the window for the next run.
+    ~DesktopHost() override;
 
     std::uint32_t ticks() const override { return clock_.ticks(); }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
@@ -25,7 +29,7 @@ public:
     void raise() override { window_->raise(); }
     void wantText(bool wanted) override;
     bool hasLoudspeaker() override { return loudspeaker_.exists(); }
-    bool openLoudspeaker() override;
+    bool openLoudspeaker() override { return loudspeaker_.open(); }
     void closeLoudspeaker() override { loudspeaker_.close(); }
     void playSamples(std::span<const std::uint8_t> samples) override;
     void dropSamples() override { loudspeaker_.drop(); }
@@ -46,7 +50,7 @@ private:
     void handle(const SDL_Event &event);
     void handleWindow(const SDL_WindowEvent &event);
     void handleQuit();
-    void handleKeyDown(const SDL_KeyboardEvent &event);
+    void handleKeyDown(const SDL_KeyboardEvent &key);
     void handleText(const char *text);
     void handleMouse(host::Event::Kind kind, Point point);
     void moveKey(int source, std::uint16_t key, bool down, SDL_Keymod modifiers);

@@ -19,6 +19,23 @@ int comfortableScale(Size picture)
     return place(picture, {usable.w - roomAround, usable.h - roomAround}).scale;
 }
 
+std::vector<host::Area> screens()
+{
+    std::vector<host::Area> areas;
+    for (int i = 0; i < SDL_GetNumVideoDisplays(); ++i) {
+        SDL_Rect usable{};
+        SDL_GetDisplayUsableBounds(i, &usable);
+        areas.push_back({usable.x, usable.y, usable.x + usable.w, usable.y + usable.h});
+    }
+    return areas;
+}
+
+/// A window's size with the picture upright, from its size with this one, and the other way round.
+Size uprightSize(Size window, Size picture)
+{
+    return picture.width < picture.height ? window : Size{window.height, window.width};
+}
+
 /// Initialises SDL's video with a driver that has a display to show something on: SDL would be
 /// content with one that has none. SDL_VIDEODRIVER in the environment overrules this.
 bool startVideo()
@@ -44,17 +61,22 @@ void setHints()
 
 } // namespace
 
-std::unique_ptr<ScreenWindow> ScreenWindow::make(Size picture, std::optional<int> scale)
+std::unique_ptr<ScreenWindow> ScreenWindow::make(Size picture, std::optional<int> scale,
+                                                 std::optional<WindowPlace> last)
 {
     if (!startVideo()) {
         return nullptr;
     }
     setHints();
     SDL_StopTextInput();
+    const bool again = !scale && last && isOnScreen(*last, screens());
     const int factor = scale ? *scale : comfortableScale(picture);
-    SDL_Window *window =
-        SDL_CreateWindow("", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, picture.width * factor,
-                         picture.height * factor, SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
+    const Size size = again ? uprightSize(last->size, picture)
+                            : Size{picture.width * factor, picture.height * factor};
+    constexpr int centred = SDL_WINDOWPOS_CENTERED;
+    const Point corner = again ? last->corner : Point{centred, centred};
+    SDL_Window *window = SDL_CreateWindow("", corner.x, corner.y, size.width, size.height,
+                                          SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
     if (!window) {
         return nullptr;
     }
@@ -171,6 +193,29 @@ void ScreenWindow::raise()
         SDL_RestoreWindow(window_.get());
     }
     SDL_RaiseWindow(window_.get());
+}
+
+void ScreenWindow::notePlace()
+{
+    constexpr Uint32 elsewhere =
+        SDL_WINDOW_FULLSCREEN | SDL_WINDOW_MAXIMIZED | SDL_WINDOW_MINIMIZED | SDL_WINDOW_HIDDEN;
+    if ((SDL_GetWindowFlags(window_.get()) & elsewhere) != 0) {
+        return;
+    }
+    Point corner;
+    Size size;
+    int left = 0;
+    int top = 0;
+    SDL_GetWindowPosition(window_.get(), &corner.x, &corner.y);
+    SDL_GetWindowSize(window_.get(), &size.width, &size.height);
+    SDL_GetWindowBordersSize(window_.get(), &top, &left, nullptr, nullptr);
+    lastPlace_ = WindowPlace{{corner.x - left, corner.y - top}, uprightSize(size, picture_)};
+}
+
+std::optional<WindowPlace> ScreenWindow::lastPlace()
+{
+    notePlace(); // how wide the desktop's frame is, is known only a while after the window is there
+    return lastPlace_;
 }
 
 std::optional<Point> ScreenWindow::pictureAt(Point window, bool outside) const

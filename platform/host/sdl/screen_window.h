@@ -9,6 +9,7 @@
 #include "host/host.h"
 #include "host/sdl/picture.h"
 #include "host/sdl/sdl.h"
+#include "host/sdl/window_place.h"
 
 namespace desktop {
 
@@ -16,8 +17,10 @@ class ScreenWindow
 {
 public:
     /// Makes the window, hidden until something is shown, for a picture of that size, enlarged
-    /// by `scale`; none: as large as is comfortable. Nothing when there is no display.
-    static std::unique_ptr<ScreenWindow> make(Size picture, std::optional<int> scale);
+    /// by `scale`; none: where and as large as it was last, or when that is not known or off the
+    /// screens, as large as is comfortable. Nothing when there is no display.
+    static std::unique_ptr<ScreenWindow> make(Size picture, std::optional<int> scale,
+                                              std::optional<WindowPlace> last);
 
     void describe(const std::string &title, const host::Icon &icon);
     /// Shows the frame, of which `changed` differs from the last one shown.
@@ -27,6 +30,10 @@ public:
     void toggleFullScreen();
     /// To the front, from wherever it is.
     void raise();
+    /// To be called when it was moved or has another size.
+    void notePlace();
+    /// Where it was last while it did not fill the screen; nothing before that is known.
+    std::optional<WindowPlace> lastPlace();
 
     /// What is shown; no pixels before the first time.
     const host::Frame &frame() const { return frame_; }
@@ -49,6 +56,7 @@ private:
     std::unique_ptr<SDL_Surface, Destroy> canvas_; ///< for displays without 32-bit pixels
     Size picture_;
     host::Frame frame_;
+    std::optional<WindowPlace> lastPlace_;
     bool shown_ = false;
 };
 

@@ -1,0 +1,213 @@
+#!/usr/bin/env python3
+"""A monkey at the handheld: random scripts, on stores of which some are damaged.
+
+    monkey.py GLIMRA-PILOT [--seed SEED] [--commands COUNT] [--keep FOLDER]
+
+The pilot should be built with sanitizers. It fails on a crash, a fault in the game object, a hang,
+and a record that does not play the same game again; the script and the store are then kept.
+"""
+import argparse
+import os
+import pathlib
+import random
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+
+SCRIPT_COMMANDS = 400
+HANG_SECONDS = 60
+KEYS = [8, 9, 13, 27, 37, 38, 39, 40, 46, 65, 75, 81, 112, 193, 194, 195, 196, 254]
+MENU = [40008, 40009, 40010, 40014, 40016, 40017]
+TEXTS = ["Ann", "", "  ", "Hällo # Ω", "x" * 60, "\U0001F600", "\"\\"]
+NUMBERS = [0, 1, -1, 2, 6, 7, 10, 255, 25, 2**31 - 1, -2**31, 999, 9999, 10**9]
+ENDING = re.compile("close|hibernate|81")
+# The pilot may refuse these: what a command needs is not there at the moment.
+REFUSED = re.compile(r"pilot: line \d+: (menu|open|click|select|done|tap)?:?.*(has ended|no |did not open|not on).*")
+
+
+class Script:
+    """One run of the pilot, which is looked at before the next move."""
+
+    def __init__(self, pilot, folder, dice, store, record):
+        self.dice, self.folder, self.record = dice, folder, record
+        self.written, self.commands, self.ended, self.windows = [], 0, False, []
+        (folder / "store").mkdir()
+        if store is not None:
+            (folder / "store/registry.reg").write_bytes(store)
+        clock = dice.choice([1000, 2**31 - 9000, 2**32 - 9000, dice.randrange(2**32)])
+        self.options = ["--clock", str(clock)] + ["--landscape"] * (dice.random() < 0.2)
+        record_options = ["--record", "record"] if record else []
+        self.errors = open(folder / "errors", "w+", encoding="utf-8")
+        self.process = subprocess.Popen([pilot, "--store", "store", *self.options, *record_options], cwd=folder,
+                                        text=True, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=self.errors)
+        self.hung = threading.Timer(HANG_SECONDS, self.process.kill)
+        self.hung.start()
+        self.write("check")
+        if record:
+            self.write("trace first")
+
+    def write(self, *commands):
+        self.written += commands
+        self.process.stdin.write("".join(command + "\n" for command in commands))
+
+    def move(self):
+        """A few commands, then a look. False when the pilot has stopped."""
+        if self.ended and self.record:
+            return False  # a record ends with the program
+        commands = self.next_commands()
+        try:
+            if self.ended:
+                self.write("restart")
+                self.ended = False
+            self.write(*commands, *["tree"] * (not ENDING.search(commands[-1])), "echo looked")
+            self.commands += len(commands)
+            self.process.stdin.flush()
+        except BrokenPipeError:
+            return False
+        self.windows = []
+        for line in self.process.stdout:
+            if line == "looked\n":
+                return True
+            if line.startswith("exit "):
+                self.ended = True
+            elif " rect=" in line:
+                self.windows.append(line)
+        return False
+
+    def next_commands(self):
+        """One command that fits what was seen last, or a burst of any, with what may end the program last."""
+        aimed = self.aimed()
+        if aimed and self.dice.random() < 0.6:
+            return [self.dice.choice(aimed)]
+        commands = [self.command() for _ in range(self.dice.randrange(1, 9))]
+        return sorted(commands, key=lambda command: bool(ENDING.search(command)))
+
+    def command(self):
+        dice = self.dice
+        key, x, y = dice.choice(KEYS), dice.randrange(240), dice.randrange(240)
+        wait = dice.choice([0, 1, 24, 25, 26, 100, 500, 3000, 20000])
+        rare = ["hibernate", "help", "minimize", "restore", "away", "back", f"turn {dice.choice([0, 1, 2, 4])}",
+                "tree", "objects", "sounds", "echo x", "shot shot.png", "state state", f"jump {wait * 7}", "close",
+                "trace second", "trace off"]
+        common = [f"wait {wait}", f"press {key} {dice.choice([0, 25, 60, 300])}", f"press {dice.choice([37, 39, 40])}",
+                  "press 38", f"key {key} {dice.choice(['up', 'down', 'down ctrl', 'down ctrl+shift'])}",
+                  f"tap {x} {y}", f"stylus {dice.choice(['down', 'move', 'up'])} {x} {dice.randrange(320)}",
+                  f"chord {key}", f"type {dice.choice(TEXTS)}", f"text {dice.randrange(1, 65536)}", "dismiss"]
+        if self.record:
+            rare = [command for command in rare if not command.startswith(("trace", "close"))]
+        elif dice.random() < 0.01:
+            return "restart"
+        return dice.choice(rare if dice.random() < 0.1 else common)
+
+    def aimed(self):
+        """What can be done with the windows seen last, if they are still there."""
+        active = next((i for i, line in enumerate(self.windows) if " active" in line), None)
+        if active is None:
+            return []
+        if self.windows[active].startswith("GLIMRAPPC"):
+            return [f"menu {self.dice.choice(MENU)}", f"open {self.dice.randrange(2)}", "menu 40008"]
+        commands = ["done"] if "rect=0,26,240,320" in self.windows[active] else ["press 13"]
+        for line in self.windows[active + 1:]:
+            if not line.startswith(" "):
+                break
+            number = int(re.search(r"id=(-?\d+)", line)[1])
+            if number > 0 and "disabled" not in line and "hidden" not in line:
+                commands.append(f"select {number} {self.dice.randrange(6)}" if "ComboBox" in line else f"click {number}")
+        return commands
+
+    def finish(self):
+        """Returns what is wrong."""
+        try:
+            self.write("state first.state" if self.record else "close")
+            self.process.stdin.close()
+        except BrokenPipeError:
+            pass
+        self.process.stdout.read()
+        status = self.process.wait()
+        hung = not self.hung.is_alive()
+        self.hung.cancel()
+        self.errors.seek(0)
+        errors = self.errors.read()
+        self.errors.close()
+        if hung:
+            return "it hangs"
+        stopped = status == 2 and REFUSED.fullmatch(errors.strip().splitlines()[-1])
+        return "" if status == 0 or stopped else f"status {status}: {errors}"
+
+
+def replay(pilot, folder):
+    """The record must play the game that was traced; the state after the end is no part of it."""
+    lines = (folder / "record").read_text().splitlines()
+    header = [line for line in lines if line.startswith("#")]
+    (folder / "record").write_text("\n".join(header + ["trace again", *lines[len(header):], "trace off"]) + "\n")
+    result = subprocess.run([pilot, "record"], cwd=folder, capture_output=True, text=True, timeout=HANG_SECONDS)
+    if result.returncode not in (0, 2):
+        return f"the record: status {result.returncode}: {result.stderr}"
+    first, again = ((folder / name).read_bytes() for name in ("first", "again"))
+    return "" if first == again else f"the record: the traces, {len(first)} and {len(again)} bytes, differ"
+
+
+def damaged(store, dice):
+    """A store with some fields of its block, or some bytes of its text, changed."""
+    written = re.search(rb'"app"=hex:((?:[0-9a-f]{2},(?:\\\n *)?)*[0-9a-f]{2})\n', store)
+    if written and dice.random() < 0.7:
+        block = bytearray.fromhex(re.sub(rb"[^0-9a-f]", b"", written[1]).decode())
+        for _ in range(dice.choice([1, 1, 1, 2, 5])):
+            at = dice.randrange(len(block) // 4 + 1) * 4
+            value = dice.choice([*NUMBERS, dice.randrange(-2**31, 2**31)])
+            block[at:at + 4] = value.to_bytes(4, "little", signed=True)
+        return store[:written.start(1)] + block.hex(",").encode() + store[written.end(1):]
+    text = bytearray(store)
+    for _ in range(dice.choice([1, 3, 30])):
+        at = dice.randrange(len(text))
+        text[at:at + dice.choice([0, 1, 1, 5])] = dice.choice([b"", b"\0", b"]", b",", b"\\", b"\n", dice.randbytes(3)])
+    return bytes(text[:dice.randrange(len(text) + 1)] if dice.random() < 0.2 else text)
+
+
+def run_script(pilot, folder, dice, store):
+    script = Script(pilot, folder, dice, store, record=dice.random() < 0.2)
+    while script.commands < SCRIPT_COMMANDS and script.move():
+        pass
+    problem = script.finish()
+    (folder / "script").write_text("".join(line + "\n" for line in script.written))
+    (folder / "options").write_text(" ".join(script.options) + "\n")
+    return script.commands, problem or (replay(pilot, folder) if script.record else "")
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("pilot", type=os.path.abspath)
+    parser.add_argument("--seed", type=int, default=random.randrange(10**6))
+    parser.add_argument("--commands", type=int, default=10000)
+    parser.add_argument("--keep", type=pathlib.Path, default=pathlib.Path("monkey-found"))
+    arguments = parser.parse_args()
+    print(f"seed {arguments.seed}", flush=True)
+    done, number, found, store, begun = 0, 0, 0, None, time.monotonic()
+    while done < arguments.commands:
+        number += 1
+        dice = random.Random(f"{arguments.seed} {number}")
+        with tempfile.TemporaryDirectory() as name:
+            folder = pathlib.Path(name)
+            start = None if store is None or dice.random() < 0.2 else store
+            if start is not None and dice.random() < 0.5:
+                start = damaged(start, dice)
+            count, problem = run_script(arguments.pilot, folder, dice, start)
+            done += count
+            if problem:
+                found += 1
+                kept = arguments.keep / f"{arguments.seed}-{number}"
+                shutil.copytree(folder, kept, dirs_exist_ok=True)
+                (kept / "start.reg").write_bytes(start or b"")
+                print(f"script {number}: {problem}\nkept in {kept}", flush=True)
+            saved = folder / "store/registry.reg"
+            if saved.exists() and not problem:
+                store = saved.read_bytes()
+    print(f"{done} commands in {number} scripts, {time.monotonic() - begun:.0f} s: {found} faults")
+    sys.exit(1 if found else 0)
+
+
+main()

@@ -1,0 +1,31 @@
+#!/usr/bin/env python3
+"""The manual pages and --help tell of the same options, and the pilot's page of every command.
+
+manual_test.py ROOT GLIMRA GLIMRA-PILOT
+"""
+import pathlib
+import re
+import subprocess
+import sys
+
+ROOT, EXECUTABLES = pathlib.Path(sys.argv[1]), map(pathlib.Path, sys.argv[2:])
+faults = 0
+
+
+def expect_same(name, told, true):
+    global faults
+    for word in told ^ true:
+        print(f"{name}: {word} is told of in one place only")
+        faults += 1
+
+
+for executable in EXECUTABLES:
+    file, = (ROOT / "packaging").glob(f"{executable.name}.[1-8]")
+    page = file.read_text(encoding="utf-8").replace("\\-", "-")
+    answer = subprocess.run([executable, "--help"], check=True, capture_output=True, text=True, timeout=20).stdout
+    expect_same(executable.name, *(set(re.findall(r"(?<![\w-])--[a-z]+", text)) for text in (page, answer)))
+source = (ROOT / "platform/host/pilot/player.cpp").read_text(encoding="utf-8")
+commands = set(re.findall(r'^ +\{"([a-z]+)", \{', source, re.MULTILINE))
+rows = re.findall(r"^([^|\n]+)\|T\{", page, re.MULTILINE)
+expect_same("glimra-pilot", {part.split()[0] for row in rows for part in row.split(",")}, commands)
+sys.exit(faults != 0)
