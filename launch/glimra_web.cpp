@@ -4,8 +4,6 @@
 #include <string>
 #include <variant>
 
-#include <emscripten/em_macros.h>
-
 #include <windows.h>
 
 #include "handheld.h"
@@ -15,7 +13,7 @@
 
 /// Whether `text`, which the user has opened, can be the store: why not, for the caller to free,
 /// or null. The caller's text is freed, too.
-extern "C" EMSCRIPTEN_KEEPALIVE char *faultInStore(char *text)
+extern "C" char *faultInStore(char *text)
 {
     const auto content = registry::readText(std::as_bytes(std::span(std::string_view(text))));
     std::free(text);

@@ -15,7 +15,7 @@ target_link_options(
   glimra-web PRIVATE --js-library ${page_library} -sASYNCIFY -sASYNCIFY_IMPORTS=['pageSleep']
   -sASYNCIFY_STACK_SIZE=65536 -sINITIAL_MEMORY=16777216 -sGLOBAL_BASE=65536 -sMODULARIZE -sEXPORT_ES6
   -sUSE_ES6_IMPORT_META -sENVIRONMENT=web -sFILESYSTEM=0 -sDYNAMIC_EXECUTION=0
-  -sSUPPORT_LONGJMP=0 -sEXPORTED_FUNCTIONS=_main,_free -sEXPORTED_RUNTIME_METHODS=allocateUTF8,UTF8ToString)
+  -sSUPPORT_LONGJMP=0 -sEXPORTED_FUNCTIONS=_main,_free,_post,_faultInStore -sEXPORTED_RUNTIME_METHODS=allocateUTF8,UTF8ToString)
 
 file(GLOB page_files CONFIGURE_DEPENDS
      web/*.html web/*.css web/*.js web/*.json web/*.svg web/*.png)

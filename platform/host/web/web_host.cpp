@@ -4,8 +4,6 @@
 #include <cstdlib>
 #include <string>
 
-#include <emscripten/em_macros.h>
-
 #include "host/text.h"
 #include "host/web/page.h"
 #include "host/web/web.h"
@@ -154,7 +152,7 @@ void WebHost::report(std::string_view line) { pageReport(line.data(), line.size(
 
 /// An event: `kind` as host::Event numbers them, `a` and `b` its key and modifiers (1 Ctrl,
 /// 2 Shift), its point, or its character.
-extern "C" EMSCRIPTEN_KEEPALIVE void post(int kind, int a, int b)
+extern "C" void post(int kind, int a, int b)
 {
     if (web::theHost == nullptr) {
         return;
