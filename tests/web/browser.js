@@ -19,7 +19,11 @@ export const launch = () => chromium.launch({executablePath: '/usr/bin/chromium'
 export async function serve(script, folder) {
   const server = spawn('python3', [script, folder, '0'], {stdio: ['ignore', 'pipe', 'inherit']});
   const [line] = await once(server.stdout, 'data');
+  process.on('exit', () => server.kill()); // a test that fails does not get to stop it
+  server.unref();
+  server.stdout.destroy();
   return {address: String(line).trim(), stop: async () => {
+    server.ref();
     server.kill();
     await once(server, 'exit');
   }};
