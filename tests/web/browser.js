@@ -21,7 +21,7 @@ export async function serve(script, folder) {
   const [line] = await once(server.stdout, 'data');
   process.on('exit', () => server.kill()); // a test that fails does not get to stop it
   server.unref();
-  server.stdout.destroy();
+  server.stdout.unref();
   return {address: String(line).trim(), stop: async () => {
     server.ref();
     server.kill();
