@@ -30,8 +30,7 @@ async function start(request) {
 }
 
 async function answer(request) {
-  const kept = await (await caches.open(CACHE)).match(request, {ignoreSearch: true});
-  return kept ?? fetch(request);
+  return await caches.match(request, {cacheName: CACHE}) ?? fetch(request);
 }
 
 addEventListener('fetch', (event) => {
