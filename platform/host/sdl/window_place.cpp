@@ -50,7 +50,7 @@ std::optional<WindowPlace> loadWindowPlace(const std::filesystem::path &folder)
         return std::nullopt;
     }
     const auto [width, height, left, top] = *numbers;
-    const WindowPlace place{{width, height}, {left, top}};
+    const WindowPlace place{.corner = {left, top}, .size = {width, height}};
     const bool sound = place.size.width > 0 && place.size.height > 0 && isNear(place.size.width) &&
                        isNear(place.size.height) && isNear(place.corner.x) &&
                        isNear(place.corner.y);
