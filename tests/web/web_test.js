@@ -276,10 +276,13 @@ test('it is small, starts fast, and sleeps while nothing happens', async (report
       const original = window[name];
       window[name] = (act, ...words) => original(count(act), ...words);
     }
+    const shown = () => setTimeout(() => { window.firstFrame ??= performance.now(); }); // after the display's frame
     const {putImageData} = CanvasRenderingContext2D.prototype;
     CanvasRenderingContext2D.prototype.putImageData = function(...words) {
       putImageData.apply(this, words);
-      window.firstFrame ??= performance.now();
+      if (!window.firstFrame) {
+        requestAnimationFrame(shown);
+      }
     };
   });
   const timeOf = async (address) => {
@@ -297,7 +300,8 @@ test('it is small, starts fast, and sleeps while nothing happens', async (report
     times.game.push(await timeOf(server.address));
     times.bare.push(await timeOf(bare.address));
   }
-  const game = Math.min(...times.game), base = Math.min(...times.bare); // the least disturbed by others
+  const median = (list) => list.sort((a, b) => a - b)[4];
+  const game = median(times.game), base = median(times.bare);
   report.diagnostic(`first frame after ${game.toFixed(0)} ms, of a bare page after ${base.toFixed(0)} ms`);
 
   visit.address = server.address;
