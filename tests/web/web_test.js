@@ -251,7 +251,8 @@ test('it starts without a connection after the first visit, and a new version at
   change('worker.js', /glimra-\w+/, 'glimra-next');
   change('index.html', '<html', '<html data-next');
   await page.reload();
-  await page.waitForFunction(async () => (await navigator.serviceWorker.getRegistration()).waiting);
+  await eventually(() => page.evaluate(
+    async () => Boolean((await navigator.serviceWorker.getRegistration()).waiting)), 'the new version is fetched');
   assert.equal(await page.locator('[data-next]').count(), 0, 'nothing changes under a page that runs');
   await page.reload();
   await page.locator('[data-next]').waitFor({state: 'attached'});
