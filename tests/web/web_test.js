@@ -289,8 +289,7 @@ test('it is small, starts fast, and sleeps while nothing happens', async (report
   const timeOf = async (address) => {
     visit.address = address;
     const page = await visit.open();
-    await page.waitForFunction(() => window.firstFrame);
-    const time = await page.evaluate('window.firstFrame');
+    const time = await eventually(() => page.evaluate('window.firstFrame'), 'a first frame');
     await page.close();
     return time;
   };
