@@ -24,10 +24,9 @@ if(GLIMRA_DESKTOP)
                   $<TARGET_FILE:glimra-pilot>)
 endif()
 
-# Random scripts, on damaged stores too; under the sanitizers it finds what they see.
-if(GLIMRA_SANITIZE)
-  add_script_test(monkey monkey/monkey.py $<TARGET_FILE:glimra-pilot> --seed 7)
-endif()
+# Random scripts, on damaged stores too; the sanitizers see most.
+add_script_test(monkey monkey/monkey.py $<TARGET_FILE:glimra-pilot> --seed 7
+                --commands $<IF:$<BOOL:${GLIMRA_SANITIZE}>,10000,2500>)
 
 if(GLIMRA_WEB_TESTS)
   find_program(NODE NAMES node nodejs REQUIRED)
