@@ -22,17 +22,17 @@ SDL_AudioDeviceID openDevice()
     const SDL_AudioDeviceID device = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
     if (device != 0) {
         SDL_PauseAudioDevice(device, 0);
+    } else {
+        SDL_QuitSubSystem(SDL_INIT_AUDIO);
     }
     return device;
 }
 
-} // namespace
-
-/// Only a machine that has a device is asked to open one: trying in vain is not silent, for the
-/// sound system itself complains on the terminal.
-bool Loudspeaker::exists()
+/// Starts SDL's audio; false when the machine has no device. Only one that has is asked to open it:
+/// trying in vain is not silent, for the sound system itself complains on the terminal.
+bool startAudio()
 {
-    if (SDL_WasInit(SDL_INIT_AUDIO) == 0 && SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
         return false;
     }
     if (SDL_GetNumAudioDevices(0) == 0) {
@@ -41,6 +41,8 @@ bool Loudspeaker::exists()
     }
     return true;
 }
+
+} // namespace
 
 bool Loudspeaker::open()
 {
@@ -56,8 +58,9 @@ void Loudspeaker::close()
 
 void Loudspeaker::wake()
 {
-    if (device_ == 0 && exists()) {
-        device_ = openDevice();
+    if (device_ == 0 && !missing_) {
+        missing_ = !startAudio();
+        device_ = missing_ ? 0 : openDevice();
     }
 }
 

@@ -10,7 +10,8 @@
 namespace desktop {
 
 /// Audio keeps threads of SDL's awake even when it is silent, so after a while without a sound it
-/// is shut down, and started again for the next sound.
+/// is shut down, and started again for the next sound. It is not started before the first one: to
+/// ask for devices takes milliseconds and megabytes.
 class Loudspeaker
 {
 public:
@@ -19,9 +20,9 @@ public:
     Loudspeaker &operator=(const Loudspeaker &) = delete;
     ~Loudspeaker() { rest(); }
 
-    /// Whether the machine has an audio device.
-    bool exists();
-    /// Whether sounds can be played from now on. The device itself starts with the first of them.
+    /// Whether the machine has an audio device, as far as is known: the first sound finds out.
+    bool exists() const { return !missing_; }
+    /// Whether sounds can be played from now on.
     bool open();
     void close();
     /// `now` as of the desktop's clock.
@@ -38,6 +39,7 @@ private:
     void wake();
     void rest();
 
+    bool missing_ = false;
     bool wanted_ = false; ///< between open and close
     SDL_AudioDeviceID device_ = 0;
     std::uint32_t restAt_ = 0; ///< when the device may be closed

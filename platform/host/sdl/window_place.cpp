@@ -2,12 +2,42 @@
 #include "host/sdl/window_place.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdio>
 #include <fstream>
+#include <memory>
+#include <string_view>
 
 namespace desktop {
 namespace {
 
 std::filesystem::path fileIn(const std::filesystem::path &folder) { return folder / "window"; }
+
+using Numbers = std::array<int, 4>;
+
+/// The numbers in a file. Read without a stream, for streams would load half a megabyte at every
+/// start.
+std::optional<Numbers> readNumbers(const std::filesystem::path &name)
+{
+    const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::fopen(name.c_str(), "r"),
+                                                                std::fclose);
+    char text[64];
+    if (!file || !std::fgets(text, sizeof text, file.get())) {
+        return std::nullopt;
+    }
+    Numbers numbers{};
+    std::string_view rest(text);
+    for (int &number : numbers) {
+        rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
+        const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), number);
+        if (error != std::errc()) {
+            return std::nullopt;
+        }
+        rest.remove_prefix(static_cast<std::size_t>(end - rest.data()));
+    }
+    return numbers;
+}
 
 } // namespace
 
@@ -15,12 +45,15 @@ std::optional<WindowPlace> loadWindowPlace(const std::filesystem::path &folder)
 {
     constexpr int farthest = 32767; // as far as coordinates go on a desktop
     const auto isNear = [](int number) { return number >= -farthest && number <= farthest; };
-    WindowPlace place;
-    std::ifstream file(fileIn(folder));
-    file >> place.size.width >> place.size.height >> place.corner.x >> place.corner.y;
-    const bool sound = file && place.size.width > 0 && place.size.height > 0 &&
-                       isNear(place.size.width) && isNear(place.size.height) &&
-                       isNear(place.corner.x) && isNear(place.corner.y);
+    const std::optional<Numbers> numbers = readNumbers(fileIn(folder));
+    if (!numbers) {
+        return std::nullopt;
+    }
+    const auto [width, height, left, top] = *numbers;
+    const WindowPlace place{{width, height}, {left, top}};
+    const bool sound = place.size.width > 0 && place.size.height > 0 && isNear(place.size.width) &&
+                       isNear(place.size.height) && isNear(place.corner.x) &&
+                       isNear(place.corner.y);
     return sound ? std::optional(place) : std::nullopt;
 }
 
