@@ -161,10 +161,12 @@ function offerTurn(text) {
   });
 }
 
-/** The program, ready to run; the long way where a server gives the file a wrong type. */
-function compile() {
+/** The program in its memory; the long way where a server gives the file a wrong type. */
+async function instantiate(imports) {
   const load = () => fetch('glimra.wasm');
-  return WebAssembly.compileStreaming(load()).catch(async () => WebAssembly.compile(await (await load()).arrayBuffer()));
+  const {instance} = await WebAssembly.instantiateStreaming(load(), imports)
+    .catch(async () => WebAssembly.instantiate(await (await load()).arrayBuffer(), imports));
+  return instance;
 }
 
 async function start() {
@@ -172,27 +174,28 @@ async function start() {
     ask('Glimra needs a browser with WebAssembly, which this one lacks.', 'Try again', () => location.reload());
     return;
   }
-  const compiled = compile();
-  const mine = await holdGame(() => {
+  const fail = (reason) => {
+    over = true;
+    ask(`The game has stopped: ${reason}`, 'Start it again', () => location.reload());
+  };
+  const turn = holdGame(() => {
     if (!over) {
       stop();
       offerTurn('The game goes on in another tab.');
     }
   });
-  if (!mine) {
+  // The program is made ready while the pages settle whose turn it is; receiving it starts it.
+  const ready = createGlimra({page, printErr: notice, wake() {}, onAbort: fail, instantiateWasm(imports, receive) {
+    Promise.all([instantiate(imports), turn]).then(([instance, mine]) => mine && receive(instance)).catch(fail);
+    return {};
+  }});
+  if (!await turn) {
     offerTurn('The game is open in another tab.');
     return;
   }
   watch();
   prepareMenu();
-  const fail = (reason) => {
-    over = true;
-    ask(`The game has stopped: ${reason}`, 'Start it again', () => location.reload());
-  };
-  program = await createGlimra({page, printErr: notice, wake() {}, onAbort: fail, instantiateWasm(imports, receive) {
-    compiled.then((module) => WebAssembly.instantiate(module, imports)).then(receive).catch(fail);
-    return {};
-  }});
+  program = await ready;
   lookAround();
 }
 

@@ -251,7 +251,8 @@ test('it starts without a connection after the first visit, and a new version at
   change('worker.js', /glimra-\w+/, 'glimra-next');
   change('index.html', '<html', '<html data-next');
   await page.reload();
-  await page.waitForFunction(async () => (await navigator.serviceWorker.getRegistration()).waiting);
+  await eventually(() => page.evaluate(
+    async () => Boolean((await navigator.serviceWorker.getRegistration()).waiting)), 'the new version is fetched');
   assert.equal(await page.locator('[data-next]').count(), 0, 'nothing changes under a page that runs');
   await page.reload();
   await page.locator('[data-next]').waitFor({state: 'attached'});
@@ -276,28 +277,31 @@ test('it is small, starts fast, and sleeps while nothing happens', async (report
       const original = window[name];
       window[name] = (act, ...words) => original(count(act), ...words);
     }
+    const shown = () => setTimeout(() => { window.firstFrame ??= performance.now(); }); // after the display's frame
     const {putImageData} = CanvasRenderingContext2D.prototype;
     CanvasRenderingContext2D.prototype.putImageData = function(...words) {
       putImageData.apply(this, words);
-      window.firstFrame ??= performance.now();
+      if (!window.firstFrame) {
+        requestAnimationFrame(shown);
+      }
     };
   });
   const timeOf = async (address) => {
     visit.address = address;
     const page = await visit.open();
-    await page.waitForFunction(() => window.firstFrame);
-    const time = await page.evaluate('window.firstFrame');
+    const time = await eventually(() => page.evaluate('window.firstFrame'), 'a first frame');
     await page.close();
     return time;
   };
   await timeOf(server.address);
   await timeOf(server.address);
   const times = {bare: [], game: []};
-  for (let i = 0; i < 9; ++i) {
+  for (let i = 0; i < 15; ++i) {
     times.game.push(await timeOf(server.address));
     times.bare.push(await timeOf(bare.address));
   }
-  const game = Math.min(...times.game), base = Math.min(...times.bare); // the least disturbed by others
+  const median = (list) => list.sort((a, b) => a - b)[7];
+  const game = median(times.game), base = median(times.bare);
   report.diagnostic(`first frame after ${game.toFixed(0)} ms, of a bare page after ${base.toFixed(0)} ms`);
 
   visit.address = server.address;

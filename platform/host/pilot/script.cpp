@@ -153,7 +153,7 @@ std::string readArguments(std::string_view rest, const ArgumentList &kinds, Argu
             result.text = fileName(rest);
             return result.text.empty() ? "a file name must follow" : "";
         }
-        const std::string problem = readWord(takeWord(rest), kinds[i], result, result.numbers[i]);
+        std::string problem = readWord(takeWord(rest), kinds[i], result, result.numbers[i]);
         if (!problem.empty()) {
             return problem;
         }
