@@ -4,7 +4,7 @@ import {Controls} from './controls.js';
 import {Screen} from './screen.js';
 import {Sound} from './sound.js';
 import {Store} from './store.js';
-import {holdGame, letGameGo, takeGameOver} from './turns.js';
+import {letGameGo, takeGameOver, turn, whenGameGoes} from './turns.js';
 
 /** What host::Event::Kind counts. */
 const BACKGROUND = 6, FOREGROUND = 7, HELP = 11;
@@ -178,7 +178,7 @@ async function start() {
     over = true;
     ask(`The game has stopped: ${reason}`, 'Start it again', () => location.reload());
   };
-  const turn = holdGame(() => {
+  whenGameGoes(() => {
     if (!over) {
       stop();
       offerTurn('The game goes on in another tab.');

@@ -19,17 +19,24 @@ function request(options, lost) {
   });
 }
 
-/** Whether this page may play. `stop` is called when another page goes on. */
-export async function holdGame(stop) {
+let stop = () => {};
+
+/** Has `act` called when another page goes on. */
+export function whenGameGoes(act) { stop = act; }
+
+async function holdGame() {
   if (!navigator.locks || !channel) {
     return true;
   }
-  const held = await request({ifAvailable: true}, stop);
+  const held = await request({ifAvailable: true}, () => stop());
   if (held) {
-    channel.onmessage = stop;
+    channel.onmessage = () => stop();
   }
   return held;
 }
+
+/** Whether this page may play. Asked for as early as can be: the answer takes a while. */
+export const turn = holdGame();
 
 export function letGameGo() { letGo(); }
 

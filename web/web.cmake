@@ -13,6 +13,7 @@ set_target_properties(glimra-web PROPERTIES OUTPUT_NAME glimra LINK_DEPENDS ${pa
 # 64 KiB, for what is passed as a name and lies below that is a number.
 target_link_options(
   glimra-web PRIVATE --js-library ${page_library} -sASYNCIFY -sASYNCIFY_IMPORTS=['pageSleep']
+  "-sASYNCIFY_REMOVE=['gdi::*','registry::*','resources::*','theme::*','text::*']"
   -sASYNCIFY_STACK_SIZE=65536 -sINITIAL_MEMORY=16777216 -sGLOBAL_BASE=65536 -sMODULARIZE -sEXPORT_ES6
   -sUSE_ES6_IMPORT_META -sENVIRONMENT=web -sFILESYSTEM=0 -sDYNAMIC_EXECUTION=0
   -sSUPPORT_LONGJMP=0 -sEXPORTED_FUNCTIONS=_main,_free,_post,_faultInStore -sEXPORTED_RUNTIME_METHODS=allocateUTF8,UTF8ToString)
