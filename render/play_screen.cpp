@@ -9,6 +9,7 @@
 
 namespace {
 
+constexpr RECT wholeScreen{0, 0, screenWidth, screenHeight};
 constexpr RECT queueRect{154, 11, 228, 161};
 constexpr RECT holdRect{154, 185, 228, 209};
 constexpr int queuePitch = 25; ///< pixels from one coming piece to the next
@@ -24,6 +25,15 @@ constexpr POINT previewShifts[tetrominoCount] = {{-5, 0},  {-5, 0},  {-5, 11}, {
                                                  {-5, 11}, {-5, 11}, {11, 16}};
 /// The middle of both boxes is x = 191; a box origin lies two cells left of it.
 constexpr int previewMiddle = 191;
+
+/// Copies a rectangle of the session's backdrop to the same place.
+void copyBackdrop(const GameSession &session, const RECT &rect)
+{
+    const Selection backdrop(session.tileDC,
+                             backdrops[static_cast<std::size_t>(session.backdrop)]->bitmap);
+    BitBlt(session.backDC, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
+           session.tileDC, rect.left, rect.top, SRCCOPY);
+}
 
 /// Copies one tile of the tile sheet, which is selected into `tileDC`, to a place in pixels.
 void drawTile(const GameSession &session, int x, int y, int column, int look)
@@ -223,7 +233,7 @@ void compose(const GameSession &session)
     const bool paused = session.state == GameState::Paused;
     const bool ending = session.state == GameState::Ending;
     if (session.dirty == dirty::everything) {
-        restoreBackdrop(session);
+        copyBackdrop(session, wholeScreen);
     }
     if (paused) {
         drawPausedOverlay(session); // the well is hidden while the game stands still
@@ -246,10 +256,9 @@ void compose(const GameSession &session)
 
 void restoreBackdrop(const GameSession &session, const RECT &rect)
 {
-    const Selection backdrop(session.tileDC,
-                             backdrops[static_cast<std::size_t>(session.backdrop)]->bitmap);
-    BitBlt(session.backDC, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
-           session.tileDC, rect.left, rect.top, SRCCOPY);
+    if (session.dirty != dirty::everything) {
+        copyBackdrop(session, rect);
+    }
 }
 
 int GameSession::paint(HWND window, HDC target)

@@ -7,12 +7,12 @@
 #include "engine/game_session.h"
 #include "render/graphics.h"
 
-constexpr RECT wholeScreen{0, 0, screenWidth, screenHeight};
 /// The well: 10 by 20 cells of 11 by 11 pixels.
 constexpr RECT boardRect{22, 11, 132, 231};
 
-/// Copies a rectangle of the session's backdrop to the same place.
-void restoreBackdrop(const GameSession &session, const RECT &rect = wholeScreen);
+/// Puts the backdrop back where something is about to be redrawn. There is nothing to do while all
+/// of the screen is: that begins with a fresh backdrop.
+void restoreBackdrop(const GameSession &session, const RECT &rect);
 
 // The values along the bottom, each over a freshly restored backdrop.
 

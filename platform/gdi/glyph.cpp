@@ -1,9 +1,8 @@
 // Glyphs of a strike. Every value on the play screen passes here, so a glyph that is not clipped
-// goes four pixels at a time.
+// goes eight pixels at a time.
 #include "gdi/glyph.h"
 
 #include <array>
-#include <bit>
 #include <cstring>
 
 #include "gdi/rect.h"
@@ -14,48 +13,47 @@ namespace {
 
 constexpr int pixelsPerByte = 8;
 
-/// Four pixels as one number, and for each four bits of a glyph row the mask of its pixels.
-using Quad = std::uint64_t;
-using QuadPixels = std::array<Pixel, 4>;
+/// As many pixels as a byte of a glyph has bits, as two numbers: the leftmost pixel is the lowest
+/// bits of the first. And for each byte of a glyph row the mask of its pixels.
+using Group = std::array<std::uint64_t, 2>;
 
-constexpr std::array<Quad, 16> makeMasks()
+constexpr std::array<Group, 256> makeMasks()
 {
-    std::array<Quad, 16> masks{};
-    for (unsigned bits = 0; bits < masks.size(); bits++) {
-        QuadPixels pixels{};
-        for (unsigned i = 0; i < pixels.size(); i++) {
-            pixels[i] = (bits << i & 8U) != 0 ? 0xFFFF : 0;
+    std::array<Group, 256> masks{};
+    for (unsigned byte = 0; byte < masks.size(); byte++) {
+        for (unsigned i = 0; i < pixelsPerByte; i++) {
+            const std::uint64_t mask = (byte << i & 0x80U) != 0 ? 0xFFFF : 0;
+            masks[byte][i / 4] |= mask << i % 4 * 16;
         }
-        masks[bits] = std::bit_cast<Quad>(pixels);
     }
     return masks;
 }
 
-constexpr std::array<Quad, 16> masks = makeMasks();
+constexpr std::array<Group, 256> masks = makeMasks();
 
 LONG rowBytes(const Glyph &glyph) { return (glyph.width + pixelsPerByte - 1) / pixelsPerByte; }
 
-/// Inks four pixels where the bits say so; the others are written as they were.
-void inkQuad(Pixel *target, unsigned bits, Quad ink)
+/// Inks the pixels of a mask; the others are written as they were: no branches.
+void inkGroup(Pixel *target, const Group &mask, std::uint64_t ink)
 {
-    Quad pixels;
-    std::memcpy(&pixels, target, sizeof pixels);
-    pixels ^= (pixels ^ ink) & masks[bits];
-    std::memcpy(target, &pixels, sizeof pixels);
+    Group pixels;
+    std::memcpy(pixels.data(), target, sizeof pixels);
+    pixels[0] ^= (pixels[0] ^ ink) & mask[0];
+    pixels[1] ^= (pixels[1] ^ ink) & mask[1];
+    std::memcpy(target, pixels.data(), sizeof pixels);
 }
 
+/// Goes down the columns of eight pixels: most glyphs have one.
 void drawWhole(const Raster &raster, const Glyph &glyph, const std::uint8_t *bits, POINT corner,
                Pixel ink)
 {
-    const Quad quad = std::bit_cast<Quad>(QuadPixels{ink, ink, ink, ink});
+    const std::uint64_t inks = ink * std::uint64_t{0x0001'0001'0001'0001};
     const LONG bytes = rowBytes(glyph);
     const int pitch = raster.width;
-    Pixel *row = raster.at(corner.x, corner.y);
-    for (int rows = glyph.height; rows > 0; rows--, row += pitch) {
-        for (LONG i = 0; i < bytes; i++) {
-            const unsigned byte = *bits++;
-            inkQuad(row + i * pixelsPerByte, byte >> 4U, quad);
-            inkQuad(row + i * pixelsPerByte + 4, byte & 0xFU, quad);
+    for (LONG i = 0; i < bytes; i++) {
+        Pixel *target = raster.at(corner.x + i * pixelsPerByte, corner.y);
+        for (int row = 0; row < glyph.height; row++) {
+            inkGroup(target + row * pitch, masks[bits[row * bytes + i]], inks);
         }
     }
 }

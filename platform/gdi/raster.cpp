@@ -15,6 +15,29 @@ std::size_t bytes(LONG pixels) { return static_cast<std::size_t>(pixels) * sizeo
 constexpr LONG groupSize = 8;
 using Group = std::array<Pixel, groupSize>;
 
+/// From one row to the next, in pixels.
+struct Pitches
+{
+    std::ptrdiff_t target;
+    std::ptrdiff_t picture;
+};
+
+/// Copies rows of one to two groups, a tile's say: two groups that may overlap make a row, without
+/// a call or a loop.
+void copyNarrow(Pixel *target, const Pixel *picture, LONG width, LONG height, Pitches pitches)
+{
+    for (LONG y = 0; y < height; y++) {
+        Pixel *to = target + y * pitches.target;
+        const Pixel *from = picture + y * pitches.picture;
+        Group left;
+        Group right;
+        std::memcpy(left.data(), from, sizeof left);
+        std::memcpy(right.data(), from + width - groupSize, sizeof right);
+        std::memcpy(to, left.data(), sizeof left);
+        std::memcpy(to + width - groupSize, right.data(), sizeof right);
+    }
+}
+
 /// Copies a group but for its transparent pixels, which are written as they were: no branches.
 void copyGroup(Pixel *target, const Pixel *picture, Pixel transparent)
 {
@@ -49,10 +72,17 @@ void copy(const Raster &to, const RECT &part, const Raster &from, POINT source)
     }
     // A picture that moves down inside one raster is copied from its last row up.
     const bool upwards = to.pixels == from.pixels && source.y < part.top;
-    for (LONG i = 0; i < height; i++) {
-        const LONG row = upwards ? height - 1 - i : i;
-        std::memmove(to.at(part.left, part.top + row), from.at(source.x, source.y + row),
-                     bytes(width));
+    const LONG first = upwards ? height - 1 : 0;
+    const int direction = upwards ? -1 : 1;
+    Pixel *target = to.at(part.left, part.top + first);
+    const Pixel *picture = from.at(source.x, source.y + first);
+    const Pitches pitches{direction * to.width, direction * from.width};
+    if (width >= groupSize && width <= 2 * groupSize) {
+        copyNarrow(target, picture, width, height, pitches);
+        return;
+    }
+    for (LONG y = 0; y < height; y++) {
+        std::memmove(target + y * pitches.target, picture + y * pitches.picture, bytes(width));
     }
 }
 

@@ -64,8 +64,10 @@ class WindowTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         reader, writer = os.pipe()
-        cls.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-noreset",
-                                       "-nolisten", "tcp"], pass_fds=[writer], stderr=subprocess.DEVNULL)
+        # Without -noreset the server starts anew when its last client leaves, and refuses who comes just then.
+        options = ["-noreset", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"]
+        cls.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), *options], pass_fds=[writer],
+                                      stderr=subprocess.DEVNULL)
         os.close(writer)
         os.environ["DISPLAY"] = ":" + os.read(reader, 20).decode().strip()
         os.environ["ASAN_OPTIONS"] = "detect_leaks=0"  # the display's libraries leak at their end
@@ -77,9 +79,9 @@ class WindowTest(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def start(self, store="store", *options, scale=("--scale", str(SCALE))):
+    def start(self, store="store", options=("--scale", str(SCALE))):
         home = {"HOME": str(self.folder), "PATH": f"{self.folder}:{os.environ['PATH']}"}
-        game = subprocess.Popen([GLIMRA, "--store", store, *scale, *options], cwd=self.folder,
+        game = subprocess.Popen([GLIMRA, "--store", store, *options], cwd=self.folder,
                                 stderr=subprocess.PIPE, text=True, env={**os.environ, **home})
         self.addCleanup(game.stderr.close)
         self.addCleanup(game.wait)
@@ -188,7 +190,7 @@ class WindowTest(unittest.TestCase):
     def test_a_recorded_game_can_be_played_again(self):
         for record in ("one", "two"):  # the second begins with the store that the first left
             dice = random.Random(record)
-            game = self.start("store", "--record", record)
+            game = self.start("store", ("--scale", str(SCALE), "--record", record))
             if record == "one":
                 self.begin_game(game)
             else:
@@ -239,9 +241,9 @@ class WindowTest(unittest.TestCase):
         self.assertIn('id="Main_Contents"', pathlib.Path(page.removeprefix("file://")).read_text())
 
     def test_the_window_comes_back_where_it_was(self):
-        for scale in (("--scale", "1"), ()):
-            game = self.start(scale=scale)
-            if scale:
+        for options in (("--scale", "1"), ()):
+            game = self.start(options=options)
+            if options:
                 xdotool("windowsize", "--sync", game.window, 500, 700, "windowmove", "--sync", game.window, 30, 40)
             place = eventually(lambda: "30,40" in (now := xdotool("getwindowgeometry", game.window)) and now, "moved")
             self.assertIn("500x700", place)

@@ -13,7 +13,7 @@ constexpr int sourcesPerController = 64;
 constexpr int stickSource = 32;
 
 constexpr int updateMilliseconds = 8;    ///< three looks at least in a tick of the game
-constexpr int searchMilliseconds = 3000; ///< for one that was plugged in
+constexpr int searchMilliseconds = 3000; ///< for one that comes back
 constexpr int stickPressed = 16000;      ///< of 32,767
 constexpr int stickReleased = 11000;
 
@@ -71,7 +71,10 @@ std::optional<int> Controllers::updateInterval() const
     if (!started_ || away_) {
         return std::nullopt;
     }
-    return open_.empty() ? searchMilliseconds : updateMilliseconds;
+    if (open_.empty()) {
+        return everOpened_ ? std::optional(searchMilliseconds) : std::nullopt;
+    }
+    return updateMilliseconds;
 }
 
 void Controllers::update()
@@ -89,6 +92,7 @@ bool Controllers::handle(const SDL_Event &event)
             const SDL_JoystickID id =
                 SDL_JoystickInstanceID(SDL_GameControllerGetJoystick(controller));
             open_[id].reset(controller);
+            everOpened_ = true;
         }
         return true;
     case SDL_CONTROLLERDEVICEREMOVED:

@@ -1,5 +1,6 @@
 // Game controllers, plugged in and out at any time. SDL would look at them every millisecond as
 // long as one is there; this looks as often as a game needs it, and never while the game is away.
+// For the first one it looks whenever the process is awake anyway: nobody who has none pays for it.
 #pragma once
 
 #include <cstdint>
@@ -42,6 +43,7 @@ private:
     Button button_;
     bool started_ = false;
     bool away_ = false;
+    bool everOpened_ = false;
     std::map<SDL_JoystickID, std::unique_ptr<SDL_GameController, Close>> open_;
 };
 

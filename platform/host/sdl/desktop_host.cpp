@@ -353,8 +353,6 @@ void DesktopHost::describeProgram(std::u16string_view title, const host::Icon &i
     window_->describe(title_, icon);
 }
 
-bool DesktopHost::openLoudspeaker() { return loudspeaker_.open(machineTicks()); }
-
 void DesktopHost::playSamples(std::span<const std::uint8_t> samples)
 {
     loudspeaker_.play(samples, machineTicks());

@@ -29,7 +29,7 @@ public:
     void raise() override { window_->raise(); }
     void wantText(bool wanted) override;
     bool hasLoudspeaker() override { return loudspeaker_.exists(); }
-    bool openLoudspeaker() override;
+    bool openLoudspeaker() override { return loudspeaker_.open(); }
     void closeLoudspeaker() override { loudspeaker_.close(); }
     void playSamples(std::span<const std::uint8_t> samples) override;
     void dropSamples() override { loudspeaker_.drop(); }

@@ -42,11 +42,9 @@ bool Loudspeaker::exists()
     return true;
 }
 
-bool Loudspeaker::open(std::uint32_t now)
+bool Loudspeaker::open()
 {
-    wake();
-    restAt_ = now + restAfter;
-    wanted_ = device_ != 0;
+    wanted_ = exists();
     return wanted_;
 }
 

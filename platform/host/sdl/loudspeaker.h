@@ -21,9 +21,10 @@ public:
 
     /// Whether the machine has an audio device.
     bool exists();
-    /// Gets the device ready; false when it cannot be had. `now` as of the desktop's clock.
-    bool open(std::uint32_t now);
+    /// Whether sounds can be played from now on. The device itself starts with the first of them.
+    bool open();
     void close();
+    /// `now` as of the desktop's clock.
     void play(std::span<const std::uint8_t> samples, std::uint32_t now);
     void drop();
     bool queued() const;

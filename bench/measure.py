@@ -1,0 +1,167 @@
+"""Measures the game and prints each figure beside its goal. Begun by run.
+
+measure.py BUILD [speed|start|memory|size|idle|play]...
+"""
+import json
+import os
+import pathlib
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+BUILD = pathlib.Path(sys.argv[1]).resolve()
+SCALE = 3
+missed = []
+
+
+def tell(what, figure, unit="", goal=None):
+    """A line of the table; a figure without a goal is there for comparison."""
+    met = goal is None or figure <= goal
+    missed.extend([] if met else [what])
+    goals = "" if goal is None else f"at most {goal:g}: {'met' if met else 'MISSED'}"
+    print(f"{what:56}{figure:9.2f} {unit:5}{goals}".rstrip(), flush=True)
+
+
+def speed():
+    """Ratios of medians. The repetitions of all benchmarks are shuffled: a busy machine hits them alike."""
+    result = subprocess.run([BUILD / "bench/speed", "--benchmark_format=json", "--benchmark_repetitions=25",
+                             "--benchmark_min_time=0.03", "--benchmark_enable_random_interleaving=true"],
+                            check=True, capture_output=True)
+    runs = json.loads(result.stdout)["benchmarks"]
+    assert not any(run.get("error_occurred") for run in runs), result.stdout
+    ns = {run["run_name"]: run["cpu_time"] for run in runs if run.get("aggregate_name") == "median"}
+    copy = ns["copyMemory"]
+    tell("memcpy of 240 x 268 pixels", copy, "ns")
+    tell("a tick, only the piece moved / memcpy", ns["tickPieceMoved"] / copy, goal=1.5)
+    for blocks in range(0, 250, 50):
+        tell(f"full repaint, {blocks} blocks / memcpy", ns[f"repaint/{blocks}"] / copy, goal=5 if blocks == 100 else None)
+    tell("GameSession::update", ns["update"], "ns", 150)
+    tell("BitBlt 240 x 268 / SDL_BlitSurface", ns["blit"] / ns["blitSdl"], goal=1.05)
+    tell("BitBlt 240 x 268 / memcpy", ns["blit"] / copy)
+    tell("TransparentImage 11 x 11 / SDL_BlitSurface with a key", ns["tile"] / ns["tileSdl"], goal=0.8)
+    tell("DrawTextW of a value / BitBlt of its picture", ns["drawValue"] / ns["blitValue"], goal=3)
+
+
+class Running:
+    """A program that has shown its first frame, in a folder of its own."""
+
+    def __init__(self, *command):
+        self.folder = tempfile.TemporaryDirectory()
+        environment = {**os.environ, "HOME": self.folder.name, "LD_PRELOAD": str(BUILD / "bench/libfirst_frame.so")}
+        begin = time.monotonic_ns()
+        self.process = subprocess.Popen([str(word) for word in command], env=environment, cwd=self.folder.name,
+                                        stdout=subprocess.PIPE)
+        self.milliseconds = (int(self.process.stdout.readline()) - begin) / 1e6
+        self.facts = pathlib.Path(f"/proc/{self.process.pid}")
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.wait()
+        self.process.stdout.close()
+        self.folder.cleanup()
+
+    def resident_mib(self):
+        return int((self.facts / "status").read_text().split("VmRSS:")[1].split()[0]) / 1024
+
+    def taken(self):
+        """Wake-ups and nanoseconds of a core of all threads so far."""
+        tasks = list((self.facts / "task").iterdir())
+        return (sum(int((task / "status").read_text().split("\nvoluntary_ctxt_switches:")[1].split()[0]) for task in tasks),
+                sum(int((task / "schedstat").read_text().split()[0]) for task in tasks))
+
+    def over(self, seconds, action=lambda: None):
+        """Wake-ups a second and percent of a core."""
+        begin, before = time.monotonic(), self.taken()
+        action()
+        time.sleep(max(0, begin + seconds - time.monotonic()))
+        passed, after = time.monotonic() - begin, self.taken()
+        return (after[0] - before[0]) / passed, (after[1] - before[1]) / passed / 1e7
+
+
+class Game(Running):
+    def __init__(self):
+        super().__init__(BUILD / "glimra", "--store", "store", "--scale", SCALE)
+
+    def xdotool(self, *words):
+        search = ["search", "--onlyvisible", "--pid", self.process.pid, "--name", "^Glimra$", "windowfocus", "--sync"]
+        subprocess.run(["xdotool", *map(str, search), *map(str, words)], check=True)
+
+    def tap(self, x, y):
+        time.sleep(0.5)
+        self.xdotool("mousemove", "--window", "%1", SCALE * x + 1, SCALE * y + 1, "click", 1)
+        time.sleep(0.5)
+
+
+class Minimal(Running):
+    def __init__(self):
+        super().__init__(BUILD / "bench/minimal_window", SCALE)
+
+
+def start():
+    times = {Minimal: [], Game: []}
+    for _ in range(25):
+        for program, measured in times.items():
+            with program() as started:
+                measured.append(started.milliseconds)
+    minimal, game = (statistics.median(measured) for measured in times.values())
+    tell("minimal program, start to first frame", minimal, "ms")
+    tell("game, start to first frame / minimal program", game / minimal, goal=1.5)
+
+
+def memory():
+    with Minimal() as minimal, Game() as game:
+        time.sleep(2)
+        tell("minimal program, resident memory", minimal.resident_mib(), "MiB")
+        tell("game, title page: more than that", game.resident_mib() - minimal.resident_mib(), "MiB", 4)
+        game.tap(120, 241)
+        time.sleep(2)
+        tell("game, in play: more than that", game.resident_mib() - minimal.resident_mib(), "MiB", 4)
+
+
+def size():
+    tell("executable", (BUILD / "glimra").stat().st_size / 2**20, "MiB", 2)
+
+
+def idle():
+    with Game() as game:
+        time.sleep(2)
+        tell("title page, wake-ups", game.over(10)[0], "/s", 2.1)
+        game.tap(20, 307)
+        game.tap(120, 100)
+        tell("a menu was opened and dismissed, wake-ups", game.over(10)[0], "/s", 0)
+        with Minimal():
+            time.sleep(1)
+            tell("another window is in front, wake-ups", game.over(10)[0], "/s", 0)
+
+
+def play():
+    with Game() as game:
+        game.tap(120, 241)
+        moves = [word for key in ("Left", "Right", "x", "z") * 10
+                 for word in ("keydown", key, "sleep", 0.1, "keyup", key, "sleep", 0.4)]
+        wakes, core = game.over(20, lambda: game.xdotool(*moves))
+        assert wakes > 1000 / 25, "a game is played"
+        tell("in play, two buttons a second, of a core", core, "%", 1)
+        tell("in play, wake-ups: ticks, buttons, loudspeaker", wakes, "/s")
+
+
+reader, writer = os.pipe()
+server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-nolisten", "tcp"],
+                          pass_fds=[writer], stderr=subprocess.DEVNULL)
+os.close(writer)
+os.environ["DISPLAY"] = ":" + os.read(reader, 20).decode().strip()
+try:
+    for measure in (speed, start, memory, size, idle, play):
+        if measure is idle:
+            os.environ["SDL_AUDIODRIVER"] = "dummy"  # a loudspeaker, whatever this machine has
+        if measure.__name__ in (sys.argv[2:] or measure.__name__):
+            measure()
+finally:
+    server.terminate()
+    server.wait()
+sys.exit(bool(missed))

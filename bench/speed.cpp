@@ -1,0 +1,229 @@
+// The time of the game's own work, and beside each piece of it the work it is compared with.
+#include <cstring>
+#include <memory>
+#include <vector>
+
+#include <SDL.h>
+#include <benchmark/benchmark.h>
+
+#include "app/window.h"
+#include "engine/game_session.h"
+#include "render/graphics.h"
+#include "resources/program_resources.h"
+#include "support/fake_host.h"
+
+namespace {
+
+using benchmark::ClobberMemory;
+using benchmark::State;
+
+constexpr int tileSide = 11;
+constexpr int sheetWidth = 7 * tileSide;
+constexpr int sheetHeight = 6 * tileSide;
+constexpr WCHAR value[] = u"123456";
+constexpr RECT valueRect{0, 249, 80, 267};
+
+/// A game in a window where the real one has its own, on a handheld that is switched on for it.
+struct Game
+{
+    SwitchedOn on{programResources()};
+    HWND window{};
+    GameSession session;
+    InputState input;
+
+    Game()
+    {
+        WNDCLASSW windowClass{};
+        windowClass.lpfnWndProc = DefWindowProcW;
+        windowClass.lpszClassName = u"Bench";
+        RegisterClassW(&windowClass);
+        window = CreateWindowExW(0, u"Bench", u"", WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT,
+                                 CW_USEDEFAULT, CW_USEDEFAULT, {}, {}, {}, nullptr);
+        ShowWindow(window, SW_SHOW);
+        windowDC = GetDC(window);
+        screenSurface = new Surface(windowDC, screenWidth, screenHeight);
+        session.create(window);
+        session.newGame(window);
+        session.tick(window, input);
+    }
+    ~Game()
+    {
+        session.destroy(window);
+        deleteSurface(screenSurface);
+    }
+    Game(const Game &) = delete;
+    Game &operator=(const Game &) = delete;
+
+    /// On to the next tick. The piece falls through the upper half of the well, again and again.
+    void advanceClock()
+    {
+        on.host.clock += timing::tick;
+        if (session.playfield.piece.y > wellRows / 2) {
+            session.playfield.piece.y = 0;
+        }
+    }
+};
+
+/// A black picture in a device context; both last until the handheld is switched off.
+HDC makePicture(int width, int height)
+{
+    const HDC dc = CreateCompatibleDC({});
+    SelectObject(dc, CreateCompatibleBitmap(dc, width, height));
+    return dc;
+}
+
+using SdlSurface = std::unique_ptr<SDL_Surface, decltype(&SDL_FreeSurface)>;
+
+SdlSurface makeSdlPicture(int width, int height)
+{
+    return {SDL_CreateRGBSurfaceWithFormat(0, width, height, 16, SDL_PIXELFORMAT_RGB565),
+            SDL_FreeSurface};
+}
+
+void copyMemory(State &state)
+{
+    const std::vector<std::uint16_t> from(screenWidth * screenHeight, 1);
+    std::vector<std::uint16_t> to(from.size());
+    for (auto _ : state) {
+        std::memcpy(to.data(), from.data(), from.size() * sizeof from[0]);
+        ClobberMemory();
+    }
+}
+
+void tickPieceMoved(State &state)
+{
+    Game game;
+    game.session.gravityMs = timing::tick; // it falls in every tick
+    game.session.deadline = game.session.now;
+    for (auto _ : state) {
+        game.advanceClock();
+        const std::int32_t before = game.session.playfield.piece.y;
+        game.session.tick(game.window, game.input);
+        if (game.session.playfield.piece.y == before) {
+            state.SkipWithError("the piece does not move");
+        }
+    }
+}
+
+void repaint(State &state)
+{
+    Game game;
+    const auto blocks = static_cast<int>(state.range(0));
+    for (int i = 0; i < blocks; ++i) {
+        game.session.playfield.setCell(i % wellColumns, wellRows - 1 - i / wellColumns,
+                                       static_cast<TetrominoType>(i % tetrominoCount));
+    }
+    for (auto _ : state) {
+        game.session.dirty = dirty::everything;
+        game.session.paint(game.window, HDC{});
+    }
+}
+
+void update(State &state)
+{
+    Game game;
+    for (auto _ : state) {
+        game.advanceClock();
+        game.session.now += timing::tick;
+        game.session.update(game.input);
+    }
+}
+
+void blit(State &state)
+{
+    const SwitchedOn on;
+    const HDC from = makePicture(screenWidth, screenHeight);
+    const HDC to = makePicture(screenWidth, screenHeight);
+    for (auto _ : state) {
+        BitBlt(to, 0, 0, screenWidth, screenHeight, from, 0, 0, SRCCOPY);
+        ClobberMemory();
+    }
+}
+
+void blitSdl(State &state)
+{
+    const SdlSurface from = makeSdlPicture(screenWidth, screenHeight);
+    const SdlSurface to = makeSdlPicture(screenWidth, screenHeight);
+    for (auto _ : state) {
+        SDL_BlitSurface(from.get(), nullptr, to.get(), nullptr);
+        ClobberMemory();
+    }
+}
+
+/// Both draw the outline of a ghost's cell from a sheet of tiles, across the well.
+int tileX(int &count) { return tileSide * (2 + ++count % wellColumns); }
+
+void tile(State &state)
+{
+    const SwitchedOn on;
+    const HDC from = makePicture(sheetWidth, sheetHeight);
+    Rectangle(from, 33, 55, 33 + tileSide, 55 + tileSide);
+    const HDC to = makePicture(screenWidth, screenHeight);
+    int count = 0;
+    for (auto _ : state) {
+        TransparentImage(to, tileX(count), 100, tileSide, tileSide, from, 33, 55, tileSide,
+                         tileSide, RGB(255, 255, 255));
+        ClobberMemory();
+    }
+}
+
+void tileSdl(State &state)
+{
+    const SdlSurface from = makeSdlPicture(sheetWidth, sheetHeight);
+    const SDL_Rect source{33, 55, tileSide, tileSide};
+    const SDL_Rect inside{34, 56, tileSide - 2, tileSide - 2};
+    SDL_FillRect(from.get(), &inside, 0xFFFF);
+    SDL_SetColorKey(from.get(), SDL_TRUE, 0xFFFF);
+    const SdlSurface to = makeSdlPicture(screenWidth, screenHeight);
+    int count = 0;
+    for (auto _ : state) {
+        SDL_Rect place{tileX(count), 100, 0, 0};
+        SDL_BlitSurface(from.get(), &source, to.get(), &place);
+        ClobberMemory();
+    }
+}
+
+/// A value as the play screen draws it; one of six digits is as long as any.
+void drawValue(State &state)
+{
+    const Game game;
+    const HDC to = makePicture(screenWidth, screenHeight);
+    SelectObject(to, statsFont);
+    SetBkMode(to, TRANSPARENT);
+    for (auto _ : state) {
+        RECT place = valueRect;
+        DrawTextW(to, value, -1, &place,
+                  DT_RIGHT | DT_VCENTER | DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX);
+        ClobberMemory();
+    }
+}
+
+void blitValue(State &state)
+{
+    const Game game;
+    const HDC to = makePicture(screenWidth, screenHeight);
+    SelectObject(to, statsFont);
+    SIZE size{};
+    GetTextExtentPoint32W(to, value, -1, &size);
+    const HDC from = makePicture(size.cx, size.cy);
+    for (auto _ : state) {
+        BitBlt(to, valueRect.right - size.cx, valueRect.top + 1, size.cx, size.cy, from, 0, 0,
+               SRCCOPY);
+        ClobberMemory();
+    }
+}
+
+BENCHMARK(copyMemory);
+BENCHMARK(tickPieceMoved);
+BENCHMARK(repaint)->DenseRange(0, 200, 50);
+BENCHMARK(update);
+BENCHMARK(blit);
+BENCHMARK(blitSdl);
+BENCHMARK(tile);
+BENCHMARK(tileSdl);
+BENCHMARK(drawValue);
+BENCHMARK(blitValue);
+
+} // namespace
+
+BENCHMARK_MAIN();
