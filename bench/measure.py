@@ -130,7 +130,7 @@ def size():
 def idle():
     with Game() as game:
         time.sleep(2)
-        tell("title page, wake-ups", game.over(10)[0], "/s", 2.1)
+        tell("title page, wake-ups", game.over(20)[0], "/s", 2.1)
         game.tap(20, 307)
         game.tap(120, 100)
         tell("a menu was opened and dismissed, wake-ups", game.over(10)[0], "/s", 0)

@@ -24,7 +24,6 @@ if(GLIMRA_DESKTOP)
                   $<TARGET_FILE:glimra-pilot>)
 endif()
 
-# Random scripts, on damaged stores too; under the sanitizers it finds what they see.
-if(GLIMRA_SANITIZE)
-  add_script_test(monkey monkey/monkey.py $<TARGET_FILE:glimra-pilot> --seed 7)
-endif()
+# Random scripts, on damaged stores too; the sanitizers see most.
+add_script_test(monkey monkey/monkey.py $<TARGET_FILE:glimra-pilot> --seed 7
+                --commands $<IF:$<BOOL:${GLIMRA_SANITIZE}>,10000,2500>)

@@ -79,9 +79,9 @@ class WindowTest(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def start(self, store="store", options=("--scale", str(SCALE))):
+    def start(self, store="store", *options, scale=("--scale", str(SCALE))):
         home = {"HOME": str(self.folder), "PATH": f"{self.folder}:{os.environ['PATH']}"}
-        game = subprocess.Popen([GLIMRA, "--store", store, *options], cwd=self.folder,
+        game = subprocess.Popen([GLIMRA, "--store", store, *scale, *options], cwd=self.folder,
                                 stderr=subprocess.PIPE, text=True, env={**os.environ, **home})
         self.addCleanup(game.stderr.close)
         self.addCleanup(game.wait)
@@ -190,7 +190,7 @@ class WindowTest(unittest.TestCase):
     def test_a_recorded_game_can_be_played_again(self):
         for record in ("one", "two"):  # the second begins with the store that the first left
             dice = random.Random(record)
-            game = self.start("store", ("--scale", str(SCALE), "--record", record))
+            game = self.start("store", "--record", record)
             if record == "one":
                 self.begin_game(game)
             else:
@@ -241,9 +241,9 @@ class WindowTest(unittest.TestCase):
         self.assertIn('id="Main_Contents"', pathlib.Path(page.removeprefix("file://")).read_text())
 
     def test_the_window_comes_back_where_it_was(self):
-        for options in (("--scale", "1"), ()):
-            game = self.start(options=options)
-            if options:
+        for scale in (("--scale", "1"), ()):
+            game = self.start(scale=scale)
+            if scale:
                 xdotool("windowsize", "--sync", game.window, 500, 700, "windowmove", "--sync", game.window, 30, 40)
             place = eventually(lambda: "30,40" in (now := xdotool("getwindowgeometry", game.window)) and now, "moved")
             self.assertIn("500x700", place)
@@ -263,7 +263,8 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(game.wait(20), 0, "a request to end is the window's close button")
 
     def test_it_says_what_it_cannot_do(self):
-        for options, status in ((["--bogus"], 2), (["--scale", "0"], 2), (["--store"], 2), (["--store", GLIMRA], 1)):
+        for options, status in ((["--bogus"], 2), (["--scale", "0"], 2), (["--store"], 2), (["--store", GLIMRA], 1),
+                                (["--store", self.folder, "--record", GLIMRA], 1)):
             result = subprocess.run([GLIMRA, *options], capture_output=True, text=True)
             self.assertEqual(result.returncode, status)
             self.assertRegex(result.stderr, r"\Aglimra: .+\n\Z")
