@@ -78,7 +78,8 @@ void putNumber(Writer &out, long long value, int width, bool zeros)
 
 bool text::sameName(std::u16string_view a, std::u16string_view b)
 {
-    return std::ranges::equal(a, b, {}, upper, upper);
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char16_t x, char16_t y) { return upper(x) == upper(y); });
 }
 
 int lstrlenW(LPCWSTR text) { return text ? static_cast<int>(std::u16string_view(text).size()) : 0; }

@@ -1,5 +1,11 @@
 # Compiles glimra.rc and everything it names into a .res image, and that into a source file that
 # defines programResources(). Sets resources_source.
+if(EMSCRIPTEN)
+  set(resources_source ${generated_folder}/glimra_resources.cpp)
+  set_source_files_properties(${resources_source} PROPERTIES COMPILE_OPTIONS "-Wno-overlength-strings")
+  return()
+endif()
+
 find_program(LLVM_RC NAMES llvm-rc llvm-rc-14 REQUIRED)
 
 add_executable(embed platform/resources/embed/embed.cpp)

@@ -27,3 +27,10 @@ endif()
 # Random scripts, on damaged stores too; the sanitizers see most.
 add_script_test(monkey monkey/monkey.py $<TARGET_FILE:glimra-pilot> --seed 7
                 --commands $<IF:$<BOOL:${GLIMRA_SANITIZE}>,10000,2500>)
+
+if(GLIMRA_WEB_TESTS)
+  find_program(NODE NAMES node nodejs REQUIRED)
+  add_test(NAME web COMMAND ${NODE} ${CMAKE_CURRENT_SOURCE_DIR}/web/web_test.js ${PROJECT_SOURCE_DIR}/build/web
+                            ${PROJECT_SOURCE_DIR}/web/serve.py $<TARGET_FILE:glimra-pilot>)
+  set_tests_properties(web PROPERTIES RUN_SERIAL TRUE TIMEOUT 300) # it measures time
+endif()

@@ -29,8 +29,8 @@ struct Table
     std::uint32_t lastFree = noSlot;
 };
 
-// Built by the compiler, so that a look-up need not ask whether it is there.
-constinit Table table;
+// A plain variable, so that a look-up need not ask whether it is there.
+Table table;
 
 void freeSlot(std::uint32_t index)
 {

@@ -2,6 +2,8 @@
 // every rectangle must lie inside the raster.
 #pragma once
 
+#include <cstddef>
+
 #include "gdi/pixel.h"
 #include "windef.h"
 

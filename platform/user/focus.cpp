@@ -41,10 +41,11 @@ HWND successorOf(const Window &leaving)
             return owner->handle;
         }
     }
-    const auto found = std::ranges::find_if(topLevelWindows(), [&](const Window *each) {
+    const auto &all = topLevelWindows();
+    const auto found = std::find_if(all.begin(), all.end(), [&](const Window *each) {
         return each != &leaving && canBeActivated(*each);
     });
-    return found == topLevelWindows().end() ? HWND{} : (*found)->handle;
+    return found == all.end() ? HWND{} : (*found)->handle;
 }
 
 /// The focus goes from a control that can no longer have it to its parent.
@@ -152,9 +153,10 @@ void comeToForeground()
         activate(window->handle, WA_ACTIVE);
         return;
     }
-    const auto topmost = std::ranges::find_if(
-        topLevelWindows(), [](const Window *each) { return canBeActivated(*each); });
-    if (topmost != topLevelWindows().end()) {
+    const auto &all = topLevelWindows();
+    const auto topmost = std::find_if(all.begin(), all.end(),
+                                      [](const Window *each) { return canBeActivated(*each); });
+    if (topmost != all.end()) {
         activate((*topmost)->handle, WA_ACTIVE);
     }
 }

@@ -71,9 +71,10 @@ void placeBehind(Window &window, Window &sibling)
     }
     const auto moves = [&](Window *each) { return belongsTo(*each, window); };
     std::vector<Window *> group;
-    std::ranges::copy_if(siblings, std::back_inserter(group), moves);
+    std::copy_if(siblings.begin(), siblings.end(), std::back_inserter(group), moves);
     std::erase_if(siblings, moves);
-    siblings.insert(std::next(std::ranges::find(siblings, &sibling)), group.begin(), group.end());
+    const auto place = std::find(siblings.begin(), siblings.end(), &sibling);
+    siblings.insert(std::next(place), group.begin(), group.end());
     putTopmostFirst();
 }
 

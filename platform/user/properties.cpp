@@ -16,7 +16,8 @@ HWND handleOf(const Window *window) { return window ? window->handle : HWND{}; }
 HWND siblingOf(const Window &window, std::ptrdiff_t places)
 {
     const auto &siblings = window.parent ? window.parent->children : topLevelWindows();
-    const auto index = std::ranges::find(siblings, &window) - siblings.begin() + places;
+    const auto index =
+        std::find(siblings.begin(), siblings.end(), &window) - siblings.begin() + places;
     const bool inside = index >= 0 && index < std::ssize(siblings);
     return inside ? siblings[static_cast<std::size_t>(index)]->handle : HWND{};
 }

@@ -16,7 +16,7 @@ POINT position{};
 /// that is there.
 Window *windowAt(const std::vector<Window *> &siblings, POINT point)
 {
-    const auto found = std::ranges::find_if(siblings, [&](const Window *each) {
+    const auto found = std::find_if(siblings.begin(), siblings.end(), [&](const Window *each) {
         return each->shown() && PtInRect(&each->rect, point);
     });
     if (found == siblings.end()) {

@@ -24,8 +24,9 @@ std::int32_t distance(DWORD from, DWORD to) { return static_cast<std::int32_t>(t
 
 std::vector<Timer>::iterator first()
 {
-    return std::ranges::min_element(
-        timers, [](const Timer &a, const Timer &b) { return distance(b.due, a.due) < 0; });
+    return std::min_element(timers.begin(), timers.end(), [](const Timer &a, const Timer &b) {
+        return distance(b.due, a.due) < 0;
+    });
 }
 
 bool eraseTimer(HWND window, UINT id)

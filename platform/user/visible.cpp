@@ -76,8 +76,9 @@ VisibilityChange::~VisibilityChange()
         if (uncovered.empty()) {
             continue;
         }
-        const auto before =
-            std::ranges::find(before_, window->handle, &std::pair<HWND, gdi::Region>::first);
+        const auto before = std::find_if(before_.begin(), before_.end(), [&](const auto &each) {
+            return each.first == window->handle;
+        });
         if (before != before_.end()) {
             uncovered.subtract(before->second);
         }

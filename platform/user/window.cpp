@@ -101,8 +101,9 @@ const WindowClass *findClass(LPCWSTR name)
     if (reinterpret_cast<std::uintptr_t>(name) < firstAddress) {
         return nullptr;
     }
-    const auto found = std::ranges::find_if(
-        classes, [&](const auto &each) { return text::sameName(each->name, name); });
+    const auto found = std::find_if(classes.begin(), classes.end(), [&](const auto &each) {
+        return text::sameName(each->name, name);
+    });
     return found == classes.end() ? nullptr : found->get();
 }
 

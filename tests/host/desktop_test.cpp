@@ -6,9 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include "host/program_clock.h"
 #include "host/sdl/held_keys.h"
 #include "host/sdl/picture.h"
-#include "host/sdl/program_clock.h"
 #include "host/sdl/window_place.h"
 
 namespace {
@@ -17,8 +17,8 @@ using desktop::Canvas;
 using desktop::HeldKeys;
 using desktop::Placement;
 using desktop::Point;
-using desktop::ProgramClock;
 using desktop::Size;
+using host::ProgramClock;
 
 TEST(ProgramClock, StepsThroughDueMomentsAndGivesUpLongStalls)
 {

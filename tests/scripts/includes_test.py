@@ -25,7 +25,7 @@ def program_may(path, bracket, name):
 
 
 def platform_may(path, bracket, name):
-    """Its own headers and the standard library; SDL in one folder, the system and libpng in hosts, fonts
+    """Its own headers and the standard library; SDL and the browser in a folder each, the system and libpng in hosts, fonts
     where they are baked."""
     if bracket == '"':
         return (ROOT / "platform" / name).exists()
@@ -33,6 +33,8 @@ def platform_may(path, bracket, name):
     in_host = folder[0] == "host"
     if name.startswith("SDL"):
         return folder[:2] == ("host", "sdl")
+    if name.startswith("emscripten"):
+        return folder[:2] == ("host", "web")
     return is_standard(bracket, name) or in_host or path.name == "bake.cpp"
 
 

@@ -1,4 +1,9 @@
 # Bakes the fonts of the handheld into bitmap strikes. Sets strikes_source.
+if(EMSCRIPTEN)
+  set(strikes_source ${generated_folder}/strikes.cpp)
+  return()
+endif()
+
 find_package(Freetype REQUIRED)
 
 set(font_folders /usr/share/fonts/truetype/liberation /usr/share/fonts/truetype/liberation2)

@@ -63,8 +63,8 @@ std::optional<Event> DesktopHost::wait(std::optional<std::uint32_t> deadline)
     const bool sleeps = !deadline || clock_.isAhead(*deadline);
     for (;;) {
         takeEvents();
-        if (!events_.empty() && (!sleeps || !deadline || isBefore(events_.front().time, *deadline)))
-        {
+        if (!events_.empty() &&
+            (!sleeps || !deadline || host::isBefore(events_.front().time, *deadline))) {
             const Dated first = events_.front();
             events_.pop_front();
             if (sleeps) {
@@ -76,7 +76,7 @@ std::optional<Event> DesktopHost::wait(std::optional<std::uint32_t> deadline)
             return std::nullopt;
         }
         const std::uint32_t now = machineTicks();
-        if (deadline && !isBefore(now, *deadline)) {
+        if (deadline && !host::isBefore(now, *deadline)) {
             clock_.reachDeadline(*deadline, now);
             return std::nullopt;
         }

@@ -4,11 +4,11 @@
 #include <deque>
 
 #include "host/file_host.h"
+#include "host/program_clock.h"
 #include "host/sdl/controllers.h"
 #include "host/sdl/desktop.h"
 #include "host/sdl/held_keys.h"
 #include "host/sdl/loudspeaker.h"
-#include "host/sdl/program_clock.h"
 #include "host/sdl/screen_window.h"
 
 namespace desktop {
@@ -66,7 +66,7 @@ private:
     std::unique_ptr<ScreenWindow> window_;
     Loudspeaker loudspeaker_;
     Controllers controllers_;
-    ProgramClock clock_;
+    host::ProgramClock clock_;
     std::deque<Dated> events_; ///< not yet taken by the program
     HeldKeys held_;
     std::optional<Point> stylus_; ///< where it is down

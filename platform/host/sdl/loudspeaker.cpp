@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "host/sdl/program_clock.h"
+#include "host/program_clock.h"
 
 namespace desktop {
 namespace {
@@ -94,12 +94,12 @@ std::optional<int> Loudspeaker::tendInterval(std::uint32_t now) const
     if (device_ == 0) {
         return std::nullopt;
     }
-    return isBefore(now, restAt_) ? static_cast<int>(restAt_ - now) : 0;
+    return host::isBefore(now, restAt_) ? static_cast<int>(restAt_ - now) : 0;
 }
 
 void Loudspeaker::tend(std::uint32_t now)
 {
-    if (device_ != 0 && !isBefore(now, restAt_)) {
+    if (device_ != 0 && !host::isBefore(now, restAt_)) {
         rest();
     }
 }

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace desktop {
+namespace host {
 
 /// Whether tick count `a` is before `b`; they wrap, so they are less than 2^31 apart.
 constexpr bool isBefore(std::uint32_t a, std::uint32_t b)
@@ -43,4 +43,4 @@ private:
     std::uint32_t ticks_;
 };
 
-} // namespace desktop
+} // namespace host

@@ -1,0 +1,29 @@
+// The game in a browser page.
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <variant>
+
+#include <windows.h>
+
+#include "handheld.h"
+#include "host/web/web.h"
+#include "registry/text.h"
+#include "resources/program_resources.h"
+
+/// Whether `text`, which the user has opened, can be the store: why not, for the caller to free,
+/// or null. The caller's text is freed, too.
+extern "C" char *faultInStore(char *text)
+{
+    const auto content = registry::readText(std::as_bytes(std::span(std::string_view(text))));
+    std::free(text);
+    const auto *damage = std::get_if<registry::Damage>(&content);
+    return damage ? strdup(("line " + std::to_string(damage->line) + ": " + damage->reason).c_str())
+                  : nullptr;
+}
+
+int main()
+{
+    const auto host = web::open();
+    return handheld::run(*host, {WinMain, programResources()}, 0);
+}

@@ -1,0 +1,36 @@
+// The page as this host calls it: functions of page.js, which hand on to the object
+// `Module.page` of the page's own scripts. Texts are UTF-8, ended by a zero.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+extern "C" {
+
+/// Milliseconds by the wall clock, which goes on between two visits and never back within one.
+double pageNow();
+/// The one place where the program is suspended: until the page posts an event, or `milliseconds`
+/// have passed; less than 0: for as long as it takes.
+void pageSleep(double milliseconds);
+
+/// Draws pixels of red, green, blue and opacity, 8 bits each; only the given area has changed.
+void pageDraw(const std::uint8_t *pixels, int width, int height, int left, int top, int areaWidth,
+              int areaHeight);
+void pageTitle(const char *title);
+void pageRaise();
+void pageWantText(bool wanted);
+
+bool pageHasLoudspeaker();
+void pagePlay(const std::uint8_t *samples, std::size_t count);
+void pageSilence();
+bool pagePlaying();
+
+/// The stored text, for the caller to free; null when there is none.
+char *pageLoad();
+bool pageSave(const char *text, std::size_t length);
+void pageSetAside();
+
+bool pageHelp(const char *address);
+void pageReport(const char *line, std::size_t length);
+void pageEnded();
+}

@@ -1,0 +1,42 @@
+// What page.h declares. `Module.page` is the page; `Module.wake` ends the sleep from outside, at
+// once and within the caller's own turn, and `Module.halt` makes it last for ever.
+mergeInto(LibraryManager.library, {
+  pageNow: function() { return Module.page.now(); },
+  pageSleep: function(milliseconds) {
+    return Asyncify.handleSleep((resume) => {
+      Module.halt = () => {
+        clearTimeout(timer);
+        Module.wake = () => {};
+      };
+      Module.wake = () => {
+        Module.halt();
+        resume();
+      };
+      const timer = milliseconds < 0 ? 0 : setTimeout(() => Module.wake(), milliseconds);
+    });
+  },
+
+  pageDraw: function(pixels, width, height, left, top, areaWidth, areaHeight) {
+    const frame = new Uint8ClampedArray(HEAPU8.buffer, pixels, width * height * 4);
+    Module.page.draw(frame, width, left, top, areaWidth, areaHeight);
+  },
+  pageTitle: function(title) { Module.page.title(UTF8ToString(title)); },
+  pageRaise: function() { window.focus(); },
+  pageWantText: function(wanted) { Module.page.wantText(Boolean(wanted)); },
+
+  pageHasLoudspeaker: function() { return Module.page.sound.exists(); },
+  pagePlay: function(samples, count) { Module.page.sound.play(HEAPU8.subarray(samples, samples + count)); },
+  pageSilence: function() { Module.page.sound.silence(); },
+  pagePlaying: function() { return Module.page.sound.playing(); },
+
+  pageLoad: function() {
+    const text = Module.page.store.load();
+    return text === null ? 0 : allocateUTF8(text);
+  },
+  pageSave: function(text, length) { return Module.page.store.save(UTF8ToString(text, length)); },
+  pageSetAside: function() { Module.page.store.setAside(); },
+
+  pageHelp: function(address) { return Module.page.help(UTF8ToString(address)); },
+  pageReport: function(line, length) { Module.page.report(UTF8ToString(line, length)); },
+  pageEnded: function() { Module.page.ended(); },
+});

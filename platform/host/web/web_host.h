@@ -1,0 +1,58 @@
+// The web host as a class: what the page posts becomes the handheld's events.
+#pragma once
+
+#include <deque>
+#include <vector>
+
+#include "host/host.h"
+#include "host/program_clock.h"
+
+namespace web {
+
+class WebHost final : public host::Host
+{
+public:
+    WebHost();
+    WebHost(const WebHost &) = delete;
+    WebHost &operator=(const WebHost &) = delete;
+    ~WebHost() override;
+
+    /// Something happened on the page, now. Does not wake the program.
+    void post(const host::Event &event);
+
+    std::uint32_t ticks() const override { return clock_.ticks(); }
+    std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
+    void present(const host::Frame &frame, const host::Area &changed) override;
+    void describeProgram(std::u16string_view title, const host::Icon &icon) override;
+    void raise() override;
+    void wantText(bool wanted) override;
+    bool hasLoudspeaker() override;
+    bool openLoudspeaker() override { return true; }
+    void closeLoudspeaker() override { dropSamples(); }
+    void playSamples(std::span<const std::uint8_t> samples) override;
+    void dropSamples() override;
+    bool samplesQueued() override;
+    std::optional<std::vector<std::byte>> loadStore() override;
+    bool saveStore(std::span<const std::byte> bytes) override;
+    void setStoreAside() override;
+    /// Pages settle among themselves which of them runs the program, before it starts.
+    bool runsElsewhere() override { return false; }
+    void raiseOther() override {}
+    bool showHelp(std::u16string_view program, std::u16string_view arguments,
+                  std::span<const std::byte> document, std::u16string_view anchor) override;
+    void report(std::string_view line) override;
+
+private:
+    /// An event and when it happened.
+    struct Dated
+    {
+        host::Event event;
+        std::uint32_t time;
+    };
+
+    host::ProgramClock clock_;
+    std::deque<Dated> events_; ///< not yet taken by the program
+    std::vector<std::uint8_t> picture_;
+};
+
+} // namespace web

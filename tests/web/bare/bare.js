@@ -1,0 +1,3 @@
+// Draws one frame.
+const context = document.querySelector('canvas').getContext('2d');
+context.putImageData(new ImageData(240, 320), 0, 0);

@@ -1,0 +1,29 @@
+# The game in a browser page: build/web, a folder for any web server.
+file(GLOB web_sources CONFIGURE_DEPENDS platform/host/web/*.cpp)
+set(page_library ${PROJECT_SOURCE_DIR}/platform/host/web/page.js)
+
+add_executable(glimra-web launch/glimra_web.cpp ${web_sources} platform/host/text.cpp)
+add_dependencies(glimra-web generators)
+add_dependencies(handheld generators)
+add_dependencies(program generators)
+target_link_libraries(glimra-web PRIVATE program)
+set_target_properties(glimra-web PROPERTIES OUTPUT_NAME glimra LINK_DEPENDS ${page_library})
+# The stack that Asyncify keeps while the program is suspended must hold every call between main
+# and the host's wait; memory does not grow, so the page may hold on to where it is. Data begins at
+# 64 KiB, for what is passed as a name and lies below that is a number.
+target_link_options(
+  glimra-web PRIVATE --js-library ${page_library} -sASYNCIFY -sASYNCIFY_IMPORTS=['pageSleep']
+  -sASYNCIFY_STACK_SIZE=65536 -sINITIAL_MEMORY=16777216 -sGLOBAL_BASE=65536 -sMODULARIZE -sEXPORT_ES6
+  -sUSE_ES6_IMPORT_META -sENVIRONMENT=web -sFILESYSTEM=0 -sDYNAMIC_EXECUTION=0
+  -sSUPPORT_LONGJMP=0 -sEXPORTED_FUNCTIONS=_main,_free,_post,_faultInStore -sEXPORTED_RUNTIME_METHODS=allocateUTF8,UTF8ToString)
+
+file(GLOB page_files CONFIGURE_DEPENDS
+     web/*.html web/*.css web/*.js web/*.json web/*.svg web/*.png)
+add_custom_command(
+  OUTPUT ${PROJECT_BINARY_DIR}/packed
+  COMMAND ${CMAKE_COMMAND} -D SOURCE=${PROJECT_SOURCE_DIR} -D BUILT=$<TARGET_FILE_DIR:glimra-web>
+          -D TARGET=${PROJECT_SOURCE_DIR}/build/web -P ${PROJECT_SOURCE_DIR}/web/pack.cmake
+  COMMAND ${CMAKE_COMMAND} -E touch ${PROJECT_BINARY_DIR}/packed
+  DEPENDS glimra-web ${page_files} web/pack.cmake resources/glimra.htm
+  VERBATIM)
+add_custom_target(page ALL DEPENDS ${PROJECT_BINARY_DIR}/packed)
