@@ -3,7 +3,7 @@
 # shellcheck shell=sh disable=SC2034 # the lists are used there
 
 play_packages='g++ cmake ninja-build llvm libsdl2-dev libpng-dev libfreetype-dev fonts-liberation'
-web_packages="$play_packages emscripten python3"
+web_packages="$play_packages emscripten esbuild python3"
 test_packages="$play_packages libgtest-dev python3 python3-numpy xvfb xdotool imagemagick"
 gate_packages="$test_packages $web_packages chromium nodejs git clang clang-format libclang-rt-14-dev \
     lintian appstream"
