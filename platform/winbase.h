@@ -2,6 +2,8 @@
 // and the few text functions that programs of this platform use with UTF-16.
 #pragma once
 
+#include <initializer_list>
+
 #include "windef.h"
 
 /// The program's entry point, written by the program. Returns the process's exit code.
@@ -72,7 +74,26 @@ LPWSTR _itow(int value, LPWSTR buffer, int radix);
 /// Reads a decimal number as the platform's library does: leading white space, a sign, digits;
 /// stops at the first other character; 0 when there is no digit, saturated when too large.
 int _wtoi(LPCWSTR text);
+
+/// What a format takes for one of its % signs: a number or a text.
+struct FormatValue
+{
+    long long number = 0;
+    LPCWSTR text = nullptr;
+
+    constexpr FormatValue(int value) : number(value) {}
+    constexpr FormatValue(unsigned value) : number(value) {}
+    constexpr FormatValue(LPCWSTR value) : text(value) {}
+};
+/// wsprintfW with its values in a list.
+int formatText(LPWSTR buffer, LPCWSTR format, std::initializer_list<FormatValue> values);
+
 /// Formats into `buffer`, which must hold 1,024 code units at most and enough for the result.
-/// Knows %d, %u, %c, %s (UTF-16), %%, with a width and leading zeros ("%02d"). Returns the
-/// number of code units written, without the terminator.
-int wsprintfW(LPWSTR buffer, LPCWSTR format, ...);
+/// Knows %d, %u, %c, %s (UTF-16), %%, with a width and leading zeros ("%02d"); ends at a % sign
+/// that it does not know or has no value for. Returns the number of code units written, without
+/// the terminator.
+template <class... Values>
+int wsprintfW(LPWSTR buffer, LPCWSTR format, Values... values)
+{
+    return formatText(buffer, format, {FormatValue(values)...});
+}
