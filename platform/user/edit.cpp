@@ -30,7 +30,7 @@ struct EditData final : user::WindowData
     std::size_t last() const { return std::max(caret, anchor); }
 };
 
-/// A edit box with all that its procedure's steps work on.
+/// An edit box with all that its procedure's steps work on.
 struct Edit
 {
     HWND handle;
@@ -235,6 +235,26 @@ void focusChanged(Edit &edit, bool gained)
     InvalidateRect(edit.handle, nullptr, FALSE);
 }
 
+/// The messages of edit boxes alone.
+LRESULT handleOwn(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case EM_GETSEL:
+        return static_cast<LRESULT>(MAKELONG(static_cast<unsigned>(edit.data.first()),
+                                             static_cast<unsigned>(edit.data.last())));
+    case EM_SETSEL:
+        return select(edit, wParam, lParam);
+    case EM_LIMITTEXT:
+        edit.data.limit = wParam;
+        return 0;
+    case CEM_UPCASEALLWORDS:
+        edit.data.everyWord = wParam != 0;
+        return 0;
+    default:
+        return DefWindowProcW(edit.handle, message, wParam, lParam);
+    }
+}
+
 LRESULT handle(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
@@ -264,19 +284,8 @@ LRESULT handle(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
         return setEditText(edit, wParam, lParam);
     case WM_GETDLGCODE:
         return DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_HASSETSEL;
-    case EM_GETSEL:
-        return static_cast<LRESULT>(MAKELONG(static_cast<unsigned>(edit.data.first()),
-                                             static_cast<unsigned>(edit.data.last())));
-    case EM_SETSEL:
-        return select(edit, wParam, lParam);
-    case EM_LIMITTEXT:
-        edit.data.limit = wParam;
-        return 0;
-    case CEM_UPCASEALLWORDS:
-        edit.data.everyWord = wParam != 0;
-        return 0;
     default:
-        return DefWindowProcW(edit.handle, message, wParam, lParam);
+        return handleOwn(edit, message, wParam, lParam);
     }
 }
 
