@@ -272,6 +272,9 @@ LRESULT handle(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_KEYDOWN:
         key(edit, wParam);
         return 0;
+    case WM_CAPTURECHANGED:
+        edit.data.dragging = false;
+        return 0;
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
         focusChanged(edit, message == WM_SETFOCUS);

@@ -218,6 +218,9 @@ BOOL EnableWindow(HWND window, BOOL enable)
     if (!enable) {
         const HWND self = record->handle;
         SendMessageW(self, WM_CANCELMODE, 0, 0);
+        if (user::isWithin(GetCapture(), self)) {
+            ReleaseCapture(); // else the stylus would go nowhere
+        }
         if (user::isWithin(GetFocus(), self)) {
             SetFocus({});
         }
