@@ -129,7 +129,7 @@ int IntersectClipRect(HDC dc, int left, int top, int right, int bottom)
     constexpr int empty = 1;
     constexpr int rectangle = 2;
     auto *context = gdi::find<gdi::DeviceContext>(dc.value);
-    if (!context) {
+    if (!context || !gdi::inReach(left, top, right, bottom)) {
         return failed;
     }
     RECT &clip = context->settings.clip;
