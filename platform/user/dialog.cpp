@@ -41,12 +41,12 @@ void createControls(HWND dialog, const DialogTemplate &description, HINSTANCE in
 {
     for (const ControlTemplate &control : description.controls) {
         const RECT &rect = control.rect;
-        CreateWindowExW(control.exStyle, control.className.c_str(), control.text.c_str(),
-                        control.style | WS_CHILD, rect.left, rect.top, rect.right - rect.left,
-                        rect.bottom - rect.top, dialog,
-                        HMENU{static_cast<std::uint32_t>(control.id)}, instance, nullptr);
+        const HWND made =
+            CreateWindowExW(control.exStyle, control.className.c_str(), control.text.c_str(),
+                            control.style | WS_CHILD, rect.left, rect.top, rect.right - rect.left,
+                            rect.bottom - rect.top, dialog,
+                            HMENU{static_cast<std::uint32_t>(control.id)}, instance, nullptr);
         DialogData *data = dataOf(dialog);
-        const HWND made = GetDlgItem(dialog, control.id);
         if (data && made && (SendMessageW(made, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) != 0) {
             data->defaultId = control.id;
         }
