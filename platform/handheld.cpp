@@ -29,7 +29,6 @@ void switchOn(host::Host &host, std::span<const std::byte> resources, int orient
 
 void switchOff()
 {
-    shell::switchOff();
     user::reset();
     wave::reset();
     registry::reset();

@@ -82,7 +82,4 @@ void registerSystemClass(std::u16string_view name, WNDPROC procedure);
 /// The first window that the program made, or none.
 HWND programWindow();
 
-/// How many menus the program has loaded and not destroyed.
-std::size_t liveMenus();
-
 } // namespace user
