@@ -263,17 +263,6 @@ LRESULT addString(ComboData &data, LPARAM lParam)
     return data.count() - 1;
 }
 
-LRESULT itemText(const ComboData &data, WPARAM index, LPARAM buffer)
-{
-    if (index >= data.items.size()) {
-        return CB_ERR;
-    }
-    const std::u16string &text = data.items[index];
-    text.copy(reinterpret_cast<LPWSTR>(buffer), text.size());
-    reinterpret_cast<LPWSTR>(buffer)[text.size()] = 0;
-    return static_cast<LRESULT>(text.size());
-}
-
 /// The stylus on the field, or dragged from it over the list.
 LRESULT stylusOnField(HWND combo, ComboData &data, UINT message, LPARAM lParam)
 {
@@ -319,18 +308,11 @@ LRESULT handleOther(HWND combo, ComboData &data, UINT message, WPARAM wParam, LP
     switch (message) {
     case CB_ADDSTRING:
         return addString(data, lParam);
-    case CB_GETCOUNT:
-        return data.count();
     case CB_GETCURSEL:
         return data.selected;
     case CB_SETCURSEL:
         select(combo, data, static_cast<int>(wParam));
         return data.selected;
-    case CB_GETLBTEXT:
-        return itemText(data, wParam, lParam);
-    case CB_SHOWDROPDOWN:
-        show(combo, data, wParam != FALSE);
-        return TRUE;
     case CB_GETDROPPEDSTATE:
         return static_cast<bool>(data.list) ? TRUE : FALSE;
     default:

@@ -182,13 +182,8 @@ BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, 
         user::restoreInvalid(*record, first, {rect.left - before.left, rect.top - before.top});
     }
     user::announceRect(self, before);
-    if ((flags & SWP_HIDEWINDOW) != 0) {
-        ShowWindow(self, SW_HIDE);
-    } else if ((flags & SWP_SHOWWINDOW) != 0) {
-        ShowWindow(self, SW_SHOWNA);
-    }
     record = user::find(self);
-    const bool activates = (flags & (SWP_NOACTIVATE | SWP_NOZORDER | SWP_HIDEWINDOW)) == 0;
+    const bool activates = (flags & (SWP_NOACTIVATE | SWP_NOZORDER)) == 0;
     if (record && record->shown() && !record->parent && activates) {
         SetActiveWindow(self);
     }
