@@ -2,10 +2,13 @@
 // procedure does not care.
 #include "user/dialog.h"
 
+#include <functional>
+
 #include "gdi/screen.h"
 #include "handheld.h"
 #include "shell/shell.h"
 #include "user/combobox.h"
+#include "user/focus.h"
 #include "user/theme.h"
 
 namespace dialogs {
@@ -17,7 +20,8 @@ std::span<const std::byte> templateBytes(LPCDLGTEMPLATEW address)
 {
     const std::span<const std::byte> image = handheld::resources();
     const auto *first = static_cast<const std::byte *>(address);
-    if (first < image.data() || first >= image.data() + image.size()) {
+    constexpr std::less<> before; // defined for any two addresses, as < is not
+    if (before(first, image.data()) || !before(first, image.data() + image.size())) {
         return {};
     }
     return image.subspan(static_cast<std::size_t>(first - image.data()));
@@ -165,6 +169,21 @@ LRESULT handleByDefault(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
+/// Gives the activation back to the window that had it before the dialog; one that was never shown
+/// has only taken the focus.
+void giveBack(HWND dialog, HWND back)
+{
+    const HWND active = GetActiveWindow();
+    if (IsWindow(back) == FALSE) {
+        return;
+    }
+    if (active == dialog || (!active && user::inForeground())) {
+        SetActiveWindow(back);
+    } else if (active == back && !GetFocus()) {
+        SetFocus(back);
+    }
+}
+
 } // namespace
 
 DialogData *dataOf(HWND window)
@@ -196,8 +215,8 @@ INT_PTR runModal(const DialogTemplate &description, HINSTANCE instance, HWND own
     if (disabled) {
         EnableWindow(owner, TRUE);
     }
-    if (dialog && GetActiveWindow() == dialog && IsWindow(back) != FALSE) {
-        SetActiveWindow(back);
+    if (dialog) {
+        giveBack(dialog, back);
     }
     DestroyWindow(dialog);
     return result;
