@@ -23,7 +23,7 @@ void switchOn(host::Host &host, std::span<const std::byte> resources, int orient
     currentHost = &host;
     currentResources = resources;
     gdi::reset();
-    user::switchDisplayOn(orientation);
+    user::setOrientation(orientation);
     shell::switchOn();
 }
 

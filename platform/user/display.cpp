@@ -60,7 +60,7 @@ void placeWindows(const RECT &oldDefault)
 
 } // namespace
 
-void switchDisplayOn(int orientation)
+void setOrientation(int orientation)
 {
     const auto wanted = static_cast<DWORD>(orientation);
     current = isOrientation(wanted) ? wanted : DMDO_0;
@@ -75,7 +75,7 @@ void turnDisplay(int orientation)
         return;
     }
     const RECT oldDefault = defaultRect();
-    switchDisplayOn(orientation);
+    setOrientation(orientation);
     visibilityChanged();
     shell::displayTurned();
     placeWindows(oldDefault);
