@@ -125,7 +125,8 @@ constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
 COLORREF GetPixel(HDC dc, int x, int y);
 
 /// Clips later drawing to what lies inside the rectangle (logical coordinates of the dc),
-/// within the clipping in force. Lasts until RestoreDC or the dc's end.
+/// within the clipping in force. Lasts until RestoreDC or the dc's end. Returns 1 when nothing is
+/// left, 2 for a rectangle, 0 on failure.
 int IntersectClipRect(HDC dc, int left, int top, int right, int bottom);
 /// Saves the selections, colours and clipping, one level per call; returns the level, from 1.
 int SaveDC(HDC dc);

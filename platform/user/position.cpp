@@ -199,31 +199,6 @@ BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint)
                         SWP_NOZORDER | SWP_NOACTIVATE | (repaint ? 0 : SWP_NOREDRAW));
 }
 
-BOOL EnableWindow(HWND window, BOOL enable)
-{
-    user::Window *record = user::find(window);
-    if (!record) {
-        return FALSE;
-    }
-    const bool wasDisabled = !record->enabled();
-    if (wasDisabled == (enable == FALSE)) {
-        return wasDisabled ? TRUE : FALSE;
-    }
-    record->style ^= WS_DISABLED;
-    if (!enable) {
-        const HWND self = record->handle;
-        SendMessageW(self, WM_CANCELMODE, 0, 0);
-        if (user::isWithin(GetCapture(), self)) {
-            ReleaseCapture(); // else the stylus would go nowhere
-        }
-        if (user::isWithin(GetFocus(), self)) {
-            SetFocus({});
-        }
-    }
-    SendMessageW(window, WM_ENABLE, enable ? TRUE : FALSE, 0);
-    return wasDisabled ? TRUE : FALSE;
-}
-
 BOOL GetWindowRect(HWND window, RECT *rect)
 {
     const user::Window *record = user::find(window);
