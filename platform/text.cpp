@@ -76,7 +76,7 @@ int takeWidth(LPCWSTR &format)
 }
 
 /// Writes a value as `kind` says; false when that is none of the kinds.
-bool putValue(Writer &out, const FormatValue &value, WCHAR kind, int width, bool zeros)
+bool putValue(Writer &out, const handheld::FormatValue &value, WCHAR kind, int width, bool zeros)
 {
     switch (kind) {
     case u'd':
@@ -151,7 +151,7 @@ int _wtoi(LPCWSTR text)
     return static_cast<int>(negative ? -value : value);
 }
 
-int formatText(LPWSTR buffer, LPCWSTR format, std::initializer_list<FormatValue> values)
+int handheld::formatText(LPWSTR buffer, LPCWSTR format, std::initializer_list<FormatValue> values)
 {
     Writer out(buffer);
     const FormatValue *value = values.begin();

@@ -74,6 +74,8 @@ LPWSTR _itow(int value, LPWSTR buffer, int radix);
 /// stops at the first other character; 0 when there is no digit, saturated when too large.
 int _wtoi(LPCWSTR text);
 
+namespace handheld {
+
 /// What a format takes for one of its % signs: a number or a text.
 struct FormatValue
 {
@@ -87,6 +89,8 @@ struct FormatValue
 /// wsprintfW with its values in a list.
 int formatText(LPWSTR buffer, LPCWSTR format, std::initializer_list<FormatValue> values);
 
+} // namespace handheld
+
 /// Formats into `buffer`, which must hold 1,024 code units at most and enough for the result.
 /// Knows %d, %u, %c, %s (UTF-16), %%, with a width and leading zeros ("%02d"); ends at a % sign
 /// that it does not know or has no value for. Returns the number of code units written, without
@@ -94,5 +98,5 @@ int formatText(LPWSTR buffer, LPCWSTR format, std::initializer_list<FormatValue>
 template <class... Values>
 int wsprintfW(LPWSTR buffer, LPCWSTR format, Values... values)
 {
-    return formatText(buffer, format, {FormatValue(values)...});
+    return handheld::formatText(buffer, format, {handheld::FormatValue(values)...});
 }

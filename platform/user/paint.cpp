@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "gdi/rect.h"
 #include "handheld.h"
 #include "user/manager.h"
 
@@ -28,16 +29,12 @@ RECT toScreen(const Window &window, const RECT *rect)
     if (!rect) {
         return window.rect;
     }
-    const POINT origin = window.origin();
-    return {rect->left + origin.x, rect->top + origin.y, rect->right + origin.x,
-            rect->bottom + origin.y};
+    return gdi::moved(*rect, window.rect.left, window.rect.top);
 }
 
-RECT toClient(const Window &window, RECT rect)
+RECT toClient(const Window &window, const RECT &rect)
 {
-    const POINT origin = window.origin();
-    return {rect.left - origin.x, rect.top - origin.y, rect.right - origin.x,
-            rect.bottom - origin.y};
+    return gdi::moved(rect, -window.rect.left, -window.rect.top);
 }
 
 /// Whether anything that can be seen of the window is invalid.
@@ -109,7 +106,7 @@ void presentFrame()
 {
     gdi::Screen &screen = gdi::screen();
     const RECT changed = screen.changed;
-    if (changed.left >= changed.right || changed.top >= changed.bottom) {
+    if (gdi::isEmpty(changed)) {
         return;
     }
     screen.changed = {};

@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "gdi/rect.h"
 #include "shell/shell.h"
 #include "user/focus.h"
 #include "user/manager.h"
@@ -12,11 +13,6 @@
 namespace user {
 
 namespace {
-
-bool sameRect(const RECT &a, const RECT &b)
-{
-    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
-}
 
 void moveChildren(Window &window, int dx, int dy)
 {
@@ -67,7 +63,7 @@ void takeRect(Window &window, const RECT &rect)
 /// Changes place and order at once.
 void rearrange(Window &window, HWND after, const RECT &rect, UINT flags)
 {
-    if (!sameRect(rect, window.rect)) {
+    if (!gdi::same(rect, window.rect)) {
         takeRect(window, rect);
     }
     if ((flags & SWP_NOZORDER) != 0) {
@@ -173,7 +169,7 @@ BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, 
     const RECT rect = user::requestedRect(*record, x, y, width, height, flags);
     std::vector<gdi::Region> invalid;
     user::noteInvalid(*record, invalid);
-    if (!user::sameRect(rect, before) || (flags & SWP_NOZORDER) == 0) {
+    if (!gdi::same(rect, before) || (flags & SWP_NOZORDER) == 0) {
         const user::VisibilityChange change;
         user::rearrange(*record, after, rect, flags);
     }
@@ -187,7 +183,7 @@ BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, 
     if (record && record->shown() && !record->parent && activates) {
         SetActiveWindow(self);
     }
-    if (GetActiveWindow() == self && !user::sameRect(rect, before)) {
+    if (GetActiveWindow() == self && !gdi::same(rect, before)) {
         shell::activeWindowChanged();
     }
     return TRUE;
