@@ -38,25 +38,30 @@ struct Edit
     EditData &data;
 };
 
-int widthUpTo(const Edit &edit, std::size_t count)
+int widthBetween(const Edit &edit, std::size_t from, std::size_t to)
 {
     const HDC dc = GetDC(edit.handle);
     SIZE size{};
-    GetTextExtentPoint32W(dc, edit.text.c_str(), static_cast<int>(count), &size);
+    GetTextExtentPoint32W(dc, edit.text.c_str() + from, static_cast<int>(to - from), &size);
     ReleaseDC(edit.handle, dc);
     return size.cx;
 }
 
+int widthUpTo(const Edit &edit, std::size_t position) { return widthBetween(edit, 0, position); }
+
+/// The position between two characters that is nearest to a column of the client area.
 std::size_t positionAt(const Edit &edit, LONG x)
 {
     const LONG target = x - margin + edit.data.scroll;
-    std::size_t position = 0;
-    while (position < edit.text.size() &&
-           widthUpTo(edit, position) + widthUpTo(edit, position + 1) <= 2 * target)
-    {
-        ++position;
+    LONG left = 0;
+    for (std::size_t position = 0; position < edit.text.size(); ++position) {
+        const LONG width = widthBetween(edit, position, position + 1);
+        if (2 * left + width > 2 * target) {
+            return position;
+        }
+        left += width;
     }
-    return position;
+    return edit.text.size();
 }
 
 /// Scrolls until the caret is in sight, and shows it.
