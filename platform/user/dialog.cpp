@@ -8,6 +8,7 @@
 #include "handheld.h"
 #include "shell/shell.h"
 #include "user/combobox.h"
+#include "user/controls.h"
 #include "user/focus.h"
 #include "user/theme.h"
 
@@ -186,11 +187,7 @@ void giveBack(HWND dialog, HWND back)
 
 } // namespace
 
-DialogData *dataOf(HWND window)
-{
-    const user::Window *found = user::find(window);
-    return found ? dynamic_cast<DialogData *>(found->data.get()) : nullptr;
-}
+DialogData *dataOf(HWND window) { return controls::dataOf<DialogData>(window); }
 
 HWND dialogOf(HWND control)
 {
