@@ -73,12 +73,14 @@ HDC openScreenDC(const ScreenArea &area, const std::optional<Region> &within)
     return open(std::make_unique<DeviceContext>(&area, within), nullptr);
 }
 
-void closeScreenDC(HDC dc)
+bool closeScreenDC(HDC dc)
 {
     const auto *context = find<DeviceContext>(dc.value);
-    if (context && context->area) {
-        close(*context);
+    if (!context || !context->area) {
+        return false;
     }
+    close(*context);
+    return true;
 }
 
 } // namespace gdi

@@ -69,11 +69,7 @@ HDC openDC(Window &window, const std::optional<gdi::Region> &within)
 
 bool closeDC(Window &window, HDC dc)
 {
-    if (std::erase(window.openDCs, dc) == 0) {
-        return false;
-    }
-    gdi::closeScreenDC(dc);
-    return true;
+    return std::erase(window.openDCs, dc) != 0 && gdi::closeScreenDC(dc);
 }
 
 } // namespace
@@ -153,8 +149,7 @@ HDC GetDC(HWND window)
 int ReleaseDC(HWND window, HDC dc)
 {
     if (!window) {
-        gdi::closeScreenDC(dc);
-        return 1;
+        return gdi::closeScreenDC(dc) ? 1 : 0;
     }
     user::Window *record = user::find(window);
     return record && user::closeDC(*record, dc) ? 1 : 0;
