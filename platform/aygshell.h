@@ -31,11 +31,6 @@ constexpr UINT SHCMBM_GETMENU = WM_USER + 401;
 /// Sent to the menu bar: returns the drop-down of button lParam (a command identifier).
 constexpr UINT SHCMBM_GETSUBMENU = WM_USER + 400;
 
-constexpr WORD I_IMAGENONE = 0xFFFE;
-constexpr BYTE TBSTATE_ENABLED = 0x04;
-constexpr BYTE TBSTYLE_DROPDOWN = 0x08;
-constexpr BYTE TBSTYLE_AUTOSIZE = 0x10;
-
 // Activation and settings --------------------------------------------------------------------
 
 struct SHACTIVATEINFO
