@@ -4,8 +4,8 @@
 #include "aygshell.h"
 #include "user/dialog_words.h"
 #include "user/inspect.h"
+#include "user/menu.h"
 #include "user/program_test.h"
-#include "user/window.h"
 
 namespace {
 

@@ -113,6 +113,9 @@ TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)
     EXPECT_EQ(runDialog(2, owner, endByCommand), IDOK);
     EXPECT_EQ(text, u"QqQ1 X");
     EXPECT_FALSE(panelIsUp());
+    recorder.noted = {WM_LBUTTONUP};
+    host.run();
+    EXPECT_TRUE(recorder.takeLog().empty()) << "what is below gets nothing of the last tap";
 
     SHSipPreference(owner, SIP_UP);
     EXPECT_TRUE(panelIsUp());

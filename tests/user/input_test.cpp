@@ -117,6 +117,12 @@ TEST(Stylus, IsCapturedUntilItIsLifted)
     EXPECT_EQ(recorder.takeLog(), (Log{"B:uncapt"}));
     EnableWindow(a, FALSE);
     EXPECT_FALSE(GetCapture());
+
+    captureAnew = false;
+    const HWND control = recorder.window('C', {10, 10, 20, 20}, b, child);
+    SetCapture(control);
+    EnableWindow(b, FALSE); // a question comes up while the stylus is on a control
+    EXPECT_FALSE(GetCapture());
 }
 
 TEST(Accelerators, SendTheirCommands)
