@@ -53,7 +53,8 @@ std::uint16_t keyOf(int button)
 
 } // namespace
 
-Controllers::Controllers(Button button) : button_(std::move(button))
+Controllers::Controllers(Button button, Stick stick)
+    : button_(std::move(button)), stick_(std::move(stick))
 {
     SDL_SetHint(SDL_HINT_AUTO_UPDATE_JOYSTICKS, "0");
 }
@@ -99,18 +100,45 @@ bool Controllers::handle(const SDL_Event &event)
         for (int i = 0; i < sourcesPerController; ++i) {
             button_(sourceOf(event.cdevice.which, i), 0, false);
         }
+        stick_.lean(0, 0);
+        stick_.press(false);
         open_.erase(event.cdevice.which);
         return true;
     case SDL_CONTROLLERBUTTONDOWN:
     case SDL_CONTROLLERBUTTONUP:
-        button_(sourceOf(event.cbutton.which, event.cbutton.button), keyOf(event.cbutton.button),
-                event.type == SDL_CONTROLLERBUTTONDOWN);
+        moveButton(event.cbutton.which, event.cbutton.button,
+                   event.type == SDL_CONTROLLERBUTTONDOWN);
         return true;
     case SDL_CONTROLLERAXISMOTION:
-        moveStick(event.caxis.which, event.caxis.axis, event.caxis.value);
+        if (event.caxis.axis == SDL_CONTROLLER_AXIS_RIGHTX ||
+            event.caxis.axis == SDL_CONTROLLER_AXIS_RIGHTY)
+        {
+            moveRightStick(event.caxis.which);
+        } else {
+            moveStick(event.caxis.which, event.caxis.axis, event.caxis.value);
+        }
         return true;
     default:
         return false;
+    }
+}
+
+void Controllers::moveButton(SDL_JoystickID id, int button, bool down)
+{
+    if (button == SDL_CONTROLLER_BUTTON_RIGHTSTICK) {
+        stick_.press(down);
+    } else {
+        button_(sourceOf(id, button), keyOf(button), down);
+    }
+}
+
+/// SDL tells of one axis at a time; the stick's way is both.
+void Controllers::moveRightStick(SDL_JoystickID id)
+{
+    if (const auto found = open_.find(id); found != open_.end()) {
+        SDL_GameController *controller = found->second.get();
+        stick_.lean(SDL_GameControllerGetAxis(controller, SDL_CONTROLLER_AXIS_RIGHTX),
+                    SDL_GameControllerGetAxis(controller, SDL_CONTROLLER_AXIS_RIGHTY));
     }
 }
 
