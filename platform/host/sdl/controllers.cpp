@@ -53,8 +53,8 @@ std::uint16_t keyOf(int button)
 
 } // namespace
 
-Controllers::Controllers(Button button, Stick stick)
-    : button_(std::move(button)), stick_(std::move(stick))
+Controllers::Controllers(Button button, Others others)
+    : button_(std::move(button)), others_(std::move(others))
 {
     SDL_SetHint(SDL_HINT_AUTO_UPDATE_JOYSTICKS, "0");
 }
@@ -100,8 +100,8 @@ bool Controllers::handle(const SDL_Event &event)
         for (int i = 0; i < sourcesPerController; ++i) {
             button_(sourceOf(event.cdevice.which, i), 0, false);
         }
-        stick_.lean(0, 0);
-        stick_.press(false);
+        others_.lean(0, 0);
+        others_.press(false);
         open_.erase(event.cdevice.which);
         return true;
     case SDL_CONTROLLERBUTTONDOWN:
@@ -126,20 +126,27 @@ bool Controllers::handle(const SDL_Event &event)
 void Controllers::moveButton(SDL_JoystickID id, int button, bool down)
 {
     if (button == SDL_CONTROLLER_BUTTON_RIGHTSTICK) {
-        stick_.press(down);
-    } else {
-        button_(sourceOf(id, button), keyOf(button), down);
+        others_.press(down);
+        return;
+    }
+    button_(sourceOf(id, button), keyOf(button), down);
+    SDL_GameController *controller = SDL_GameControllerFromInstanceID(id);
+    const auto completes = [&](SDL_GameControllerButton one, SDL_GameControllerButton other) {
+        return down && button == one && SDL_GameControllerGetButton(controller, other) != 0;
+    };
+    if (completes(SDL_CONTROLLER_BUTTON_BACK, SDL_CONTROLLER_BUTTON_START) ||
+        completes(SDL_CONTROLLER_BUTTON_START, SDL_CONTROLLER_BUTTON_BACK))
+    {
+        others_.quit();
     }
 }
 
 /// SDL tells of one axis at a time; the stick's way is both.
 void Controllers::moveRightStick(SDL_JoystickID id)
 {
-    if (const auto found = open_.find(id); found != open_.end()) {
-        SDL_GameController *controller = found->second.get();
-        stick_.lean(SDL_GameControllerGetAxis(controller, SDL_CONTROLLER_AXIS_RIGHTX),
-                    SDL_GameControllerGetAxis(controller, SDL_CONTROLLER_AXIS_RIGHTY));
-    }
+    SDL_GameController *controller = SDL_GameControllerFromInstanceID(id);
+    others_.lean(SDL_GameControllerGetAxis(controller, SDL_CONTROLLER_AXIS_RIGHTX),
+                 SDL_GameControllerGetAxis(controller, SDL_CONTROLLER_AXIS_RIGHTY));
 }
 
 /// Between the two limits a direction stays as it is, so a trembling thumb is no drum roll.

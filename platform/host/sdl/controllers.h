@@ -19,15 +19,18 @@ public:
     /// A button of a controller moves. `source` tells it from every other key; `key` is the
     /// button of the handheld that it stands for.
     using Button = std::function<void(int source, std::uint16_t key, bool down)>;
-    /// What the right stick does: it leans, -32,768 to 32,767 to the right and down, and is
-    /// pressed or let go.
-    struct Stick
+    /// What a controller does besides.
+    struct Others
     {
+        /// The right stick leans, -32,768 to 32,767 to the right and down.
         std::function<void(int x, int y)> lean;
+        /// The right stick is pressed or let go.
         std::function<void(bool down)> press;
+        /// Back and Start are down together: the player wants to quit.
+        std::function<void()> quit;
     };
 
-    Controllers(Button button, Stick stick);
+    Controllers(Button button, Others others);
 
     /// Begins to look for controllers; takes a few milliseconds the first time.
     void start();
@@ -50,7 +53,7 @@ private:
     void moveRightStick(SDL_JoystickID id);
 
     Button button_;
-    Stick stick_;
+    Others others_;
     bool started_ = false;
     bool away_ = false;
     bool everOpened_ = false;

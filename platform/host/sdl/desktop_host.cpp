@@ -48,7 +48,7 @@ DesktopHost::DesktopHost(const std::filesystem::path &storeFolder,
       }),
       controllers_([this](int source, std::uint16_t key,
                           bool down) { moveKey(source, key, down, KMOD_NONE); },
-                   pointerStick()),
+                   controllerActions()),
       clock_(machineTicks())
 {
     listenForNudges();
@@ -378,7 +378,7 @@ void DesktopHost::moveStylus(Event::Kind kind, Point pixel)
 }
 
 /// What a controller tells late, when another window is looked at, is not heard.
-Controllers::Stick DesktopHost::pointerStick()
+Controllers::Others DesktopHost::controllerActions()
 {
     return {[this](int x, int y) {
                 if (!away_) {
@@ -389,7 +389,8 @@ Controllers::Stick DesktopHost::pointerStick()
                 if (!away_) {
                     pointer_.press(down, machineTicks());
                 }
-            }};
+            },
+            [this] { push(Event::Kind::Close); }};
 }
 
 void DesktopHost::showPointer()

@@ -57,7 +57,7 @@ private:
     void handleMouse(host::Event::Kind kind, Point point);
     void moveKey(int source, std::uint16_t key, bool down, SDL_Keymod modifiers);
     void moveStylus(host::Event::Kind kind, Point pixel);
-    Controllers::Stick pointerStick();
+    Controllers::Others controllerActions();
     void showPointer();
     void setAway(bool away);
     void minimize();
