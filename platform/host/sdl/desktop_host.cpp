@@ -49,7 +49,7 @@ DesktopHost::DesktopHost(const std::filesystem::path &storeFolder,
       controllers_([this](int source, std::uint16_t key,
                           bool down) { moveKey(source, key, down, KMOD_NONE); },
                    controllerActions()),
-      clock_(machineTicks())
+      timeline_(machineTicks())
 {
     listenForNudges();
 }
@@ -63,31 +63,13 @@ DesktopHost::~DesktopHost()
 
 // Time and events --------------------------------------------------------------------------------
 
-/// Events and deadlines come in the order of their moments, even when both have passed.
 std::optional<Event> DesktopHost::wait(std::optional<std::uint32_t> deadline)
 {
-    const bool sleeps = !deadline || clock_.isAhead(*deadline);
-    for (;;) {
-        takeEvents();
-        if (!events_.empty() &&
-            (!sleeps || !deadline || host::isBefore(events_.front().time, *deadline))) {
-            const Dated first = events_.front();
-            events_.pop_front();
-            if (sleeps) {
-                clock_.reachEvent(first.time);
-            }
-            return first.event;
-        }
-        if (!sleeps) {
-            return std::nullopt;
-        }
-        const std::uint32_t now = machineTicks();
-        if (deadline && !host::isBefore(now, *deadline)) {
-            clock_.reachDeadline(*deadline, now);
-            return std::nullopt;
-        }
+    takeEvents();
+    return timeline_.wait(deadline, machineTicks, [&] {
         sleep(deadline);
-    }
+        takeEvents();
+    });
 }
 
 void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
@@ -122,7 +104,7 @@ void DesktopHost::takeEvents()
     pointer_.advance(machineTicks());
 }
 
-void DesktopHost::push(const Event &event) { events_.push_back({event, machineTicks()}); }
+void DesktopHost::push(const Event &event) { timeline_.add(event, machineTicks()); }
 
 void DesktopHost::push(Event::Kind kind)
 {
@@ -347,8 +329,7 @@ void DesktopHost::handleText(const char *text)
     }
 }
 
-// The stylus: the mouse, or a finger, which SDL makes a mouse of; or the pointer
-// -------------------
+// The stylus: the mouse, a finger, which SDL makes a mouse of, or the pointer ---------------------
 
 void DesktopHost::handleMouse(Event::Kind kind, Point point)
 {

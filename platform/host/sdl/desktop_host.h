@@ -1,16 +1,14 @@
 // The desktop host as a class: SDL's events become the handheld's.
 #pragma once
 
-#include <deque>
-
 #include "host/file_host.h"
-#include "host/program_clock.h"
 #include "host/sdl/controllers.h"
 #include "host/sdl/desktop.h"
 #include "host/sdl/held_keys.h"
 #include "host/sdl/loudspeaker.h"
 #include "host/sdl/screen_window.h"
 #include "host/sdl/stylus_pointer.h"
+#include "host/timeline.h"
 
 namespace desktop {
 
@@ -23,7 +21,7 @@ public:
     /// Keeps the place of the window for the next run.
     ~DesktopHost() override;
 
-    std::uint32_t ticks() const override { return clock_.ticks(); }
+    std::uint32_t ticks() const override { return timeline_.ticks(); }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
     void present(const host::Frame &frame, const host::Area &changed) override;
     void describeProgram(std::u16string_view title, const host::Icon &icon) override;
@@ -39,13 +37,6 @@ public:
                   std::span<const std::byte> document, std::u16string_view anchor) override;
 
 private:
-    /// An event and when it happened.
-    struct Dated
-    {
-        host::Event event;
-        std::uint32_t time;
-    };
-
     void sleep(std::optional<std::uint32_t> deadline);
     void takeEvents();
     void handle(const SDL_Event &event);
@@ -71,8 +62,7 @@ private:
     Loudspeaker loudspeaker_;
     StylusPointer pointer_;
     Controllers controllers_;
-    host::ProgramClock clock_;
-    std::deque<Dated> events_; ///< not yet taken by the program
+    host::Timeline timeline_;
     HeldKeys held_;
     std::optional<Point> stylus_; ///< where it is down
     std::string title_;

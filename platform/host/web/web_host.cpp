@@ -1,6 +1,7 @@
 // The web host. The program is suspended in pageSleep, called from `wait`, and nowhere else.
 #include "host/web/web_host.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 
@@ -12,7 +13,6 @@ namespace web {
 namespace {
 
 using host::Event;
-using host::isBefore;
 
 WebHost *theHost = nullptr;
 
@@ -41,7 +41,7 @@ void convert(const std::uint16_t *source, std::uint8_t *target, int count)
 
 std::unique_ptr<host::Host> open() { return std::make_unique<WebHost>(); }
 
-WebHost::WebHost() : clock_(pageTicks()) { theHost = this; }
+WebHost::WebHost() : timeline_(pageTicks()) { theHost = this; }
 
 WebHost::~WebHost()
 {
@@ -51,32 +51,13 @@ WebHost::~WebHost()
 
 // Time and events --------------------------------------------------------------------------------
 
-void WebHost::post(const Event &event) { events_.push_back({event, pageTicks()}); }
+void WebHost::post(const Event &event) { timeline_.add(event, pageTicks()); }
 
-/// Events and deadlines come in the order of their moments, even when both have passed.
 std::optional<Event> WebHost::wait(std::optional<std::uint32_t> deadline)
 {
-    const bool sleeps = !deadline || clock_.isAhead(*deadline);
-    for (;;) {
-        if (!events_.empty() && (!sleeps || !deadline || isBefore(events_.front().time, *deadline)))
-        {
-            const Dated first = events_.front();
-            events_.pop_front();
-            if (sleeps) {
-                clock_.reachEvent(first.time);
-            }
-            return first.event;
-        }
-        if (!sleeps) {
-            return std::nullopt;
-        }
-        const std::uint32_t now = pageTicks();
-        if (deadline && !isBefore(now, *deadline)) {
-            clock_.reachDeadline(*deadline, now);
-            return std::nullopt;
-        }
-        pageSleep(deadline ? static_cast<double>(*deadline - now) : -1.0);
-    }
+    return timeline_.wait(deadline, pageTicks, [&] {
+        pageSleep(deadline ? std::max(0, static_cast<int>(*deadline - pageTicks())) : -1);
+    });
 }
 
 // Screen -----------------------------------------------------------------------------------------

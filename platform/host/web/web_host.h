@@ -1,11 +1,10 @@
 // The web host as a class: what the page posts becomes the handheld's events.
 #pragma once
 
-#include <deque>
 #include <vector>
 
 #include "host/host.h"
-#include "host/program_clock.h"
+#include "host/timeline.h"
 
 namespace web {
 
@@ -20,7 +19,7 @@ public:
     /// Something happened on the page, now. Does not wake the program.
     void post(const host::Event &event);
 
-    std::uint32_t ticks() const override { return clock_.ticks(); }
+    std::uint32_t ticks() const override { return timeline_.ticks(); }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
     void present(const host::Frame &frame, const host::Area &changed) override;
     void describeProgram(std::u16string_view title, const host::Icon &icon) override;
@@ -43,15 +42,7 @@ public:
     void report(std::string_view line) override;
 
 private:
-    /// An event and when it happened.
-    struct Dated
-    {
-        host::Event event;
-        std::uint32_t time;
-    };
-
-    host::ProgramClock clock_;
-    std::deque<Dated> events_; ///< not yet taken by the program
+    host::Timeline timeline_;
     std::vector<std::uint8_t> picture_;
 };
 
