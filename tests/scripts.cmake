@@ -22,6 +22,7 @@ if(GLIMRA_DESKTOP)
   add_script_test(window scripts/window_test.py $<TARGET_FILE:glimra> $<TARGET_FILE:glimra-pilot>)
   add_script_test(manual scripts/manual_test.py ${PROJECT_SOURCE_DIR} $<TARGET_FILE:glimra>
                   $<TARGET_FILE:glimra-pilot>)
+  set_tests_properties(window PROPERTIES LABELS real-time)
 endif()
 
 # Random scripts, on damaged stores too; the sanitizers see most.
@@ -32,5 +33,5 @@ if(GLIMRA_WEB_TESTS)
   find_program(NODE NAMES node nodejs REQUIRED)
   add_test(NAME web COMMAND ${NODE} ${CMAKE_CURRENT_SOURCE_DIR}/web/web_test.js ${PROJECT_SOURCE_DIR}/build/web
                             ${PROJECT_SOURCE_DIR}/web/serve.py $<TARGET_FILE:glimra-pilot>)
-  set_tests_properties(web PROPERTIES RUN_SERIAL TRUE TIMEOUT 300) # it measures time
+  set_tests_properties(web PROPERTIES RUN_SERIAL TRUE TIMEOUT 300 LABELS real-time) # it measures time
 endif()
