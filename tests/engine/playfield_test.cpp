@@ -1,7 +1,6 @@
 #include "engine/playfield.h"
 
 #include <cstdlib>
-#include <set>
 
 #include <gtest/gtest.h>
 
@@ -39,18 +38,6 @@ TEST(Playfield, CollidesWithWallsFloorAndBlocksButNotAbove)
     }
 }
 
-TEST(Playfield, LosesCellsThatLockAboveTheTop)
-{
-    Playfield field;
-    field.placePiece(rotationState(J, 0), 3, -1);
-    int filled = 0;
-    for (const Cell &cell : field.cells) {
-        filled += cell.occupied;
-    }
-    EXPECT_EQ(filled, 3);
-    EXPECT_EQ(field.cellAt(3, 0)->occupied, 1);
-}
-
 TEST(Playfield, RemovesFlaggedRowsFromTheTopDownAndNeverRowZero)
 {
     Playfield field;
@@ -71,20 +58,6 @@ TEST(Playfield, RemovesFlaggedRowsFromTheTopDownAndNeverRowZero)
     EXPECT_EQ(field.cellAt(0, 2)->occupied, 1); // what was row 0
     EXPECT_EQ(field.cellAt(0, 0)->occupied + field.cellAt(0, 1)->occupied, 0);
     EXPECT_EQ(field.removeFullRows(), 0);
-}
-
-TEST(PieceQueue, DealsEveryKindOnceInSevenAndKeepsNineAhead)
-{
-    PieceQueue queue{};
-    for (int bag = 0; bag < 30; ++bag) {
-        std::set<TetrominoType> kinds;
-        for (int i = 0; i < tetrominoCount; ++i) {
-            kinds.insert(queue.take());
-            EXPECT_TRUE(bag == 0 && i == 0 ? queue.count == 6
-                                           : queue.count >= 9 && queue.count <= 15);
-        }
-        EXPECT_EQ(kinds.size(), 7U);
-    }
 }
 
 /// The generator deals what the GNU C library's would.

@@ -35,23 +35,6 @@ TEST(TitleScreen, KnowsWhatATapHits)
     EXPECT_EQ(screen.hitTest(118, 120), TitleHit::LeaveHighScores);
 }
 
-TEST(TitleScreen, ReachesItsTableAfterTheWholeWasCopied)
-{
-    struct Pair
-    {
-        TitleScreen screen;
-        HighScoreTable table;
-    };
-    Pair first{};
-    EXPECT_FALSE(first.screen.table);
-    first.screen.table = &first.table;
-    EXPECT_EQ(first.screen.table.get(), &first.table);
-    const Pair copy = first;
-    EXPECT_EQ(copy.screen.table.get(), &copy.table);
-    first.screen.table = nullptr;
-    EXPECT_FALSE(first.screen.table);
-}
-
 /// The pages on a display without a window, and the turns they take.
 TEST(TitleScreen, TakesTurnsAndDrawsTheSelection)
 {

@@ -82,7 +82,7 @@ TEST(Screen, DrawingStaysInsideTheVisibleRegionAndTellsWhatChanged)
             ASSERT_EQ(at(x, y) != 0, area.seen.contains(x, y)) << x << ' ' << y;
         }
     }
-    EXPECT_TRUE(gdi::screen().changed == area.corner);
+    EXPECT_EQ(gdi::screen().changed, area.corner);
 
     // The context follows the window; (0, 0) is its corner.
     area.corner = {1, 2, 6, 6};
@@ -91,7 +91,7 @@ TEST(Screen, DrawingStaysInsideTheVisibleRegionAndTellsWhatChanged)
     SetPixel(dc, 0, 0, red);
     EXPECT_EQ(at(1, 2), 0xF800);
     EXPECT_EQ(GetPixel(dc, 0, 0), red);
-    EXPECT_TRUE(gdi::screen().changed == (RECT{1, 2, 2, 3}));
+    EXPECT_EQ(gdi::screen().changed, (RECT{1, 2, 2, 3}));
     gdi::closeScreenDC(dc);
 }
 

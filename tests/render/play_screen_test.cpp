@@ -160,16 +160,12 @@ TEST_F(PlayScreen, ShowsRowsBeingClearedInTheLookOfTheMoment)
     }
     session.playfield.fullRows[19] = 1;
     paint(dirty::everything);
-    struct Case
-    {
-        int frame;
-        int look;
-    };
-    for (const Case &c : {Case{1, 1}, Case{2, 2}, Case{4, 4}, Case{-17, 0}, Case{9, 4}}) {
-        session.clearFrame = c.frame;
+    const std::pair<int, int> looks[] = {{1, 1}, {2, 2}, {4, 4}, {-17, 0}, {9, 4}};
+    for (const auto &[frame, look] : looks) {
+        session.clearFrame = frame;
         paint(dirty::clearAnimation);
-        EXPECT_TRUE(tileInCell(7, 19, Z, c.look)) << c.frame;
-        EXPECT_TRUE(tileInCell(7, 18, L, 0)) << c.frame;
+        EXPECT_TRUE(tileInCell(7, 19, Z, look)) << frame;
+        EXPECT_TRUE(tileInCell(7, 18, L, 0)) << frame;
     }
 }
 

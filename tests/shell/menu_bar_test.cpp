@@ -1,7 +1,4 @@
 // The menu bar, its drop-downs and the menus behind them.
-#include <gtest/gtest.h>
-
-#include "aygshell.h"
 #include "user/dialog_words.h"
 #include "user/inspect.h"
 #include "user/program_test.h"
@@ -10,7 +7,6 @@
 namespace {
 
 using Kind = host::Event::Kind;
-using Log = std::vector<std::string>;
 
 void append(std::vector<std::uint16_t> &words, unsigned flags, std::u16string_view text,
             int id = -1)
@@ -147,12 +143,7 @@ TEST_F(MenuBar, GrayedItemsDoNothingAndATapElsewhereIsSwallowed)
 
 TEST_F(MenuBar, KeysMoveChooseAndDismiss)
 {
-    struct Case
-    {
-        std::vector<int> keys;
-        Log log;
-    };
-    const Case cases[] = {
+    const std::pair<std::vector<int>, Log> cases[] = {
         {{VK_DOWN, VK_RETURN}, {"A:command 101"}},
         {{VK_DOWN, VK_DOWN, VK_RETURN}, {"A:command 103"}}, // past the grayed one and the line
         {{VK_UP, VK_RETURN}, {"A:command 103"}},
@@ -161,14 +152,14 @@ TEST_F(MenuBar, KeysMoveChooseAndDismiss)
         {{VK_LEFT, VK_LEFT, VK_RETURN}, {"A:command 101"}},
         {{'A', VK_ESCAPE}, {}},
     };
-    for (const Case &each : cases) {
+    for (const auto &[keys, log] : cases) {
         user.tapMenuButton(0);
         expectOpen(true);
-        for (const int key : each.keys) {
+        for (const int key : keys) {
             user.press(key);
         }
         expectOpen(false);
-        EXPECT_EQ(run(), each.log) << each.keys.size();
+        EXPECT_EQ(run(), log) << keys.size();
     }
 }
 
@@ -212,7 +203,7 @@ TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
         user.then([&] {
             EXPECT_FALSE(bar()); // nor beside a box upon the page
             user.press(VK_RETURN);
-            user.then([] { EndDialog(GetActiveWindow(), 0); });
+            end();
         });
         MessageBoxW(GetActiveWindow(), u"", u"", MB_OK);
     });

@@ -1,7 +1,4 @@
 // The OK button of the title bar, full-screen pages, and the input panel.
-#include <gtest/gtest.h>
-
-#include "aygshell.h"
 #include "user/dialog_words.h"
 #include "user/inspect.h"
 #include "user/program_test.h"
@@ -47,7 +44,7 @@ TEST_F(Shell, OkButtonIsThereForTheDialogsThatAskForIt)
     EXPECT_FALSE(inspect::okButton());
 
     user.then([] { EXPECT_FALSE(inspect::okButton()); }); // a plain dialog has none
-    user.then([] { EndDialog(GetActiveWindow(), 0); });
+    end();
     runDialog(2, owner);
 
     user.tapOk();
@@ -65,9 +62,6 @@ TEST_F(Shell, OkButtonIsThereForTheDialogsThatAskForIt)
 
 TEST_F(Shell, FullScreenPageFollowsTheDisplay)
 {
-    host::Event turn;
-    turn.kind = host::Event::Kind::Turn;
-    turn.orientation = 1;
     const auto expectRect = [](int right, int bottom) {
         RECT rect;
         GetWindowRect(GetActiveWindow(), &rect);
@@ -76,7 +70,7 @@ TEST_F(Shell, FullScreenPageFollowsTheDisplay)
         EXPECT_EQ(rect.bottom, bottom);
     };
     user.then([=] { expectRect(240, 320); });
-    user.then([=, this] { host.give(turn); });
+    user.give({.kind = host::Event::Kind::Turn, .orientation = 1});
     user.then([=] { expectRect(320, 240); });
     user.tapOk();
     runDialog(1, owner, [](HWND page, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
@@ -101,9 +95,8 @@ TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)
     user.tap(10, row(0));
     user.tap(230, row(0)); // Backspace
     user.type(u"x");       // the real keyboard goes on working; a new word
-    std::u16string text(20, u'\0');
     user.then([&] {
-        text.resize(GetDlgItemTextW(GetActiveWindow(), 10, text.data(), 20));
+        EXPECT_EQ(textOf(10), u"QqQ1 X");
         SetFocus(GetDlgItem(GetActiveWindow(), IDOK));
         EXPECT_FALSE(panelIsUp());
         SetFocus(GetDlgItem(GetActiveWindow(), 10));
@@ -111,7 +104,6 @@ TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)
     });
     user.tap(230, row(2)); // Enter
     EXPECT_EQ(runDialog(2, owner, endByCommand), IDOK);
-    EXPECT_EQ(text, u"QqQ1 X");
     EXPECT_FALSE(panelIsUp());
 
     SHSipPreference(owner, SIP_UP);

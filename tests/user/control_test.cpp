@@ -1,7 +1,4 @@
 // The controls as a user meets them: with stylus and keys, in a dialog.
-#include <gtest/gtest.h>
-
-#include "aygshell.h"
 #include "user/dialog_words.h"
 #include "user/icon.h"
 #include "user/inspect.h"
@@ -41,10 +38,6 @@ protected:
     {
         user.then([=] { action(GetActiveWindow()); });
     }
-    void end()
-    {
-        look([](HWND dialog) { EndDialog(dialog, 0); });
-    }
 };
 
 TEST_F(Control, EditBoxTakesTextAndKeys)
@@ -73,8 +66,7 @@ TEST_F(Control, EditBoxTakesTextAndKeys)
                 user.type(std::u16string(1, static_cast<char16_t>(unit)));
             }
         }
-        std::u16string text(20, u'\0');
-        look([&](HWND dialog) { text.resize(GetDlgItemTextW(dialog, 10, text.data(), 20)); });
+        user.then([&] { EXPECT_EQ(textOf(10), expected) << typed; });
         end();
         runDialog(1, owner, [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
             if (message == WM_INITDIALOG) {
@@ -82,7 +74,6 @@ TEST_F(Control, EditBoxTakesTextAndKeys)
             }
             return FALSE;
         });
-        EXPECT_EQ(text, expected) << typed;
     }
 }
 
@@ -94,10 +85,10 @@ TEST_F(Control, EditBoxIsUsedWithTheStylusAndScrolls)
     user.stylus(host::Event::Kind::StylusDown, 2, 36);
     user.stylus(host::Event::Kind::StylusMove, 89, 36);
     look([](HWND dialog) {
-        std::u16string text(40, u'\0');
-        text.resize(GetDlgItemTextW(dialog, 10, text.data(), 12)); // eleven and the terminator
-        EXPECT_EQ(text, u"\u00C9\u03B1\u0436 Abcdefg");
-        EXPECT_EQ(GetWindowTextLengthW(GetDlgItem(dialog, 10)), 30);
+        WCHAR text[12];
+        EXPECT_EQ(GetDlgItemTextW(dialog, 10, text, 12), 11U);
+        EXPECT_EQ(text, std::u16string(u"\u00C9\u03B1\u0436 Abcdefg"));
+        EXPECT_EQ(textOf(10).size(), 30U);
         const auto selection = static_cast<DWORD>(SendDlgItemMessageW(dialog, 10, EM_GETSEL, 0, 0));
         EXPECT_GT(LOWORD(selection), 5);  // the beginning has been scrolled out
         EXPECT_GE(HIWORD(selection), 29); // the end has not
@@ -136,9 +127,7 @@ TEST_F(Control, ComboBoxIsChosenFromByStylus)
         EXPECT_EQ(selection(dialog, 20), 1);
         EXPECT_EQ(selection(dialog, 21), 0);
         EXPECT_FALSE(SendDlgItemMessageW(dialog, 20, CB_GETDROPPEDSTATE, 0, 0));
-        std::u16string text(10, u'\0');
-        text.resize(GetDlgItemTextW(dialog, 20, text.data(), 10));
-        EXPECT_EQ(text, u"one");
+        EXPECT_EQ(textOf(20), u"one");
     });
     user.click(20);
     user.click(21); // elsewhere: the first list closes, the other opens

@@ -1,9 +1,6 @@
 // Dialogs: their templates, their modal loops, the keys that they handle.
-#include <gtest/gtest.h>
-
 #include <utility>
 
-#include "aygshell.h"
 #include "gx.h"
 #include "user/dialog_template.h"
 #include "user/dialog_words.h"
@@ -11,7 +8,7 @@
 
 namespace {
 
-using Log = std::vector<std::string>;
+using Kind = host::Event::Kind;
 
 constexpr DWORD style = WS_POPUP | WS_CAPTION | DS_SETFONT;
 constexpr DWORD button = WS_TABSTOP;
@@ -113,21 +110,21 @@ TEST_F(Dialog, KeysMoveTheFocusAndPressButtons)
     struct Case
     {
         std::vector<int> keys; // negative: with Shift
-        int focus;             // or, once the dialog has ended, the command
-        bool ends;
+        int focus;             // or 0, and
+        int result;            // the button that ended the dialog
     };
     const Case cases[] = {
-        {{VK_TAB}, 12, false},
-        {{VK_TAB, VK_TAB, VK_TAB, VK_TAB}, 10, false},
-        {{-VK_TAB}, IDOK, false},
-        {{VK_RIGHT}, 12, false},
-        {{VK_RIGHT, VK_RIGHT}, 12, false}, // an edit box keeps the arrows
-        {{VK_LEFT}, IDOK, false},
-        {{'A'}, 10, false},
-        {{VK_RETURN}, 10, true},           // the button with the focus
-        {{VK_TAB, VK_RETURN}, IDOK, true}, // the default button
-        {{VK_TAB, VK_ESCAPE}, IDCANCEL, true},
-        {{VK_SPACE}, 10, true},
+        {{VK_TAB}, 12, 100},
+        {{VK_TAB, VK_TAB, VK_TAB, VK_TAB}, 10, 100},
+        {{-VK_TAB}, IDOK, 100},
+        {{VK_RIGHT}, 12, 100},
+        {{VK_RIGHT, VK_RIGHT}, 12, 100}, // an edit box keeps the arrows
+        {{VK_LEFT}, IDOK, 100},
+        {{'A'}, 10, 100},
+        {{VK_RETURN}, 0, 10},           // the button with the focus
+        {{VK_TAB, VK_RETURN}, 0, IDOK}, // the default button
+        {{VK_TAB, VK_ESCAPE}, 0, IDCANCEL},
+        {{VK_SPACE}, 0, 10},
     };
     for (const Case &each : cases) {
         for (const int key : each.keys) {
@@ -135,10 +132,9 @@ TEST_F(Dialog, KeysMoveTheFocusAndPressButtons)
         }
         int focus = 0;
         user.then([&] { focus = GetDlgCtrlID(GetFocus()); });
-        user.then([] { EndDialog(GetActiveWindow(), 100); });
-        const INT_PTR result = runDialog(1, owner, endByCommand);
-        EXPECT_EQ(result, each.ends ? each.focus : 100) << each.keys[0];
-        EXPECT_TRUE(each.ends || focus == each.focus) << each.keys[0] << ": " << focus;
+        end(100);
+        EXPECT_EQ(runDialog(1, owner, endByCommand), each.result) << each.keys[0];
+        EXPECT_EQ(focus, each.focus) << each.keys[0];
         host.run();
     }
 }
@@ -150,14 +146,12 @@ TEST_F(Dialog, TabSelectsTheTextThatItComesTo)
     user.press(VK_TAB);
     user.press(VK_TAB, true);
     user.type(u"c");
-    std::u16string text(20, u'\0');
     user.then([&] {
-        text.resize(GetDlgItemTextW(GetActiveWindow(), 12, text.data(), 20));
+        EXPECT_EQ(textOf(12), u"C");
         EXPECT_TRUE(host.textWanted);
-        EndDialog(GetActiveWindow(), 0);
     });
+    end();
     runDialog(1, owner);
-    EXPECT_EQ(text, u"C");
     EXPECT_FALSE(host.textWanted);
 }
 
@@ -171,7 +165,7 @@ TEST_F(Dialog, APageWithoutControlsGetsEveryKeyOnce)
         std::vector<WPARAM> taken;
         int messages = 0;
         user.press(key);
-        user.then([] { EndDialog(GetActiveWindow(), 0); });
+        end();
         runDialog(2, owner, [&](HWND, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
             const auto *asked = reinterpret_cast<const MSG *>(lParam);
             if (message == WM_GETDLGCODE && asked && asked->message == WM_KEYDOWN) {
@@ -193,14 +187,8 @@ TEST_F(Dialog, EscCancelsAndIsNotPolledAsItsButton)
     GXOpenInput();
     for (const bool wantsAllKeys : {false, true}) {
         std::vector<WPARAM> taken;
-        user.then([&] {
-            host::Event event;
-            event.kind = host::Event::Kind::KeyDown;
-            event.key = VK_APP1;
-            event.escape = true;
-            host.give(event);
-        });
-        user.then([] { EndDialog(GetActiveWindow(), 0); });
+        user.give({.kind = Kind::KeyDown, .key = VK_APP1, .escape = true});
+        end();
         runDialog(2, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             if (message == WM_KEYDOWN || message == WM_COMMAND) {
                 taken.push_back(LOWORD(wParam));
@@ -243,14 +231,14 @@ TEST_F(Dialog, EndsAfterTheQuestionThatItAskedHasBeenAnswered)
 
 TEST_F(Dialog, EndsWhileAnotherProgramIsAtTheFront)
 {
-    user.give(host::Event::Kind::Background);
+    user.give({.kind = Kind::Background});
     const INT_PTR result =
         runDialog(2, owner, [](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             return message == WM_ACTIVATE && wParam == WA_INACTIVE ? EndDialog(page, 3) : FALSE;
         });
     EXPECT_EQ(result, 3);
     EXPECT_FALSE(GetActiveWindow());
-    user.give(host::Event::Kind::Foreground);
+    user.give({.kind = Kind::Foreground});
     host.run();
     EXPECT_EQ(GetActiveWindow(), owner);
 }

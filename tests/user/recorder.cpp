@@ -56,7 +56,7 @@ HWND Recorder::window(char name, const RECT &rect, HWND parent, DWORD style, DWO
                            rect.right - rect.left, rect.bottom - rect.top, parent, {}, {}, nullptr);
 }
 
-std::vector<std::string> Recorder::takeLog() { return std::exchange(log_, {}); }
+Log Recorder::takeLog() { return std::exchange(log_, {}); }
 
 LRESULT Recorder::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {

@@ -11,6 +11,8 @@
 #include "support/fake_host.h"
 #include "winuser.h"
 
+using Log = std::vector<std::string>;
+
 /// The handheld switched on, with the class "TEST" of windows that do what DefWindowProcW does.
 class Recorder
 {
@@ -22,7 +24,7 @@ public:
     HWND window(char name, const RECT &rect, HWND parent = {}, DWORD style = WS_VISIBLE,
                 DWORD exStyle = 0);
     /// What was noted since the last call: "A:activate 1 B", one entry a message.
-    std::vector<std::string> takeLog();
+    Log takeLog();
 
     SwitchedOn handheld;
     FakeHost &host = handheld.host;
@@ -38,5 +40,5 @@ private:
 
     std::map<std::uintptr_t, char> names_;
     char nameOfNext_ = '?';
-    std::vector<std::string> log_;
+    Log log_;
 };

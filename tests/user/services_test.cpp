@@ -9,22 +9,17 @@ namespace {
 
 TEST(Text, NumbersAreReadAsFarAsTheyGo)
 {
-    struct Case
-    {
-        LPCWSTR text;
-        int value;
-    };
-    for (const Case &each : {Case{u"42", 42}, //
-                             {u" \t-17x9", -17},
-                             {u"+3 4", 3},
-                             {u"- 5", 0},
-                             {u"", 0},
-                             {u"x", 0},
-                             {u"2147483647", 2147483647},
-                             {u"99999999999999999999", 2147483647},
-                             {u"-99999999999", -2147483647 - 1}})
-    {
-        EXPECT_EQ(_wtoi(each.text), each.value) << std::u16string(each.text).size();
+    const std::pair<LPCWSTR, int> cases[] = {{u"42", 42},
+                                             {u" \t-17x9", -17},
+                                             {u"+3 4", 3},
+                                             {u"- 5", 0},
+                                             {u"", 0},
+                                             {u"x", 0},
+                                             {u"2147483647", 2147483647},
+                                             {u"99999999999999999999", 2147483647},
+                                             {u"-99999999999", -2147483647 - 1}};
+    for (const auto &[text, value] : cases) {
+        EXPECT_EQ(_wtoi(text), value) << lstrlenW(text);
     }
 }
 
