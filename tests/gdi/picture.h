@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "gdi/screen.h"
+#include "support/rect.h"
 #include "wingdi.h"
 
 constexpr COLORREF black = RGB(0, 0, 0);
@@ -88,8 +89,3 @@ private:
     int height_;
     HGDIOBJ previous_;
 };
-
-inline bool operator==(const RECT &a, const RECT &b)
-{
-    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
-}

@@ -65,9 +65,7 @@ TEST_F(Shell, FullScreenPageFollowsTheDisplay)
     const auto expectRect = [](int right, int bottom) {
         RECT rect;
         GetWindowRect(GetActiveWindow(), &rect);
-        EXPECT_EQ(rect.top, 26);
-        EXPECT_EQ(rect.right, right);
-        EXPECT_EQ(rect.bottom, bottom);
+        EXPECT_EQ(rect, (RECT{0, 26, right, bottom}));
     };
     user.then([=] { expectRect(240, 320); });
     user.give({.kind = host::Event::Kind::Turn, .orientation = 1});

@@ -17,17 +17,15 @@ public:
         addEntry({0xFFFF, type, 0xFFFF, name}, words);
     }
     /// A resource of a named type, u"WAVE" say, or with a name of its own.
-    void add(std::u16string_view type, std::uint16_t name, std::span<const std::uint16_t> words)
+    void add(std::u16string type, std::uint16_t name, std::span<const std::uint16_t> words)
     {
-        std::vector<std::uint16_t> key(type.begin(), type.end());
-        key.insert(key.end(), {0, 0xFFFF, name});
-        addEntry(key, words);
+        type.append({u'\0', u'\uFFFF', name});
+        addEntry({type.begin(), type.end()}, words);
     }
-    void add(std::uint16_t type, std::u16string_view name, std::span<const std::uint16_t> words)
+    void add(std::uint16_t type, const std::u16string &name, std::span<const std::uint16_t> words)
     {
         std::vector<std::uint16_t> key{0xFFFF, type};
-        key.insert(key.end(), name.begin(), name.end());
-        key.push_back(0);
+        key.insert(key.end(), name.c_str(), name.c_str() + name.size() + 1);
         addEntry(key, words);
     }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "aygshell.h"
+#include "support/rect.h"
 #include "user/recorder.h"
 #include "user/user_script.h"
 

@@ -3,36 +3,23 @@
 
 #include <utility>
 
+#include "user/inspect.h"
+
 namespace {
 
 Recorder *current = nullptr;
 
-const std::map<UINT, std::string> messageNames = {
-    {WM_CREATE, "create"},
-    {WM_DESTROY, "destroy"},
-    {WM_NCDESTROY, "gone"},
-    {WM_MOVE, "move"},
-    {WM_SIZE, "size"},
-    {WM_SHOWWINDOW, "show"},
-    {WM_ACTIVATE, "activate"},
-    {WM_SETFOCUS, "setfocus"},
-    {WM_KILLFOCUS, "killfocus"},
-    {WM_PAINT, "paint"},
-    {WM_TIMER, "timer"},
-    {WM_KEYDOWN, "keydown"},
-    {WM_KEYUP, "keyup"},
-    {WM_CHAR, "char"},
-    {WM_COMMAND, "command"},
-    {WM_LBUTTONDOWN, "down"},
-    {WM_MOUSEMOVE, "drag"},
-    {WM_LBUTTONUP, "up"},
-    {WM_CAPTURECHANGED, "uncapt"},
-    {WM_SETTINGCHANGE, "setting"},
-    {WM_HELP, "help"},
-    {WM_CLOSE, "close"},
-    {WM_HIBERNATE, "hibernate"},
-    {WM_USER, "user"},
-};
+/// What is noted of a message. In it # stands for wParam, @ for the point in lParam, < and > for
+/// the windows in either, and ! for the time.
+const std::map<UINT, std::string> patterns = {
+    {WM_CREATE, "create"},         {WM_DESTROY, "destroy"},       {WM_NCDESTROY, "gone"},
+    {WM_MOVE, "move @"},           {WM_SIZE, "size @"},           {WM_SHOWWINDOW, "show #"},
+    {WM_ACTIVATE, "activate # >"}, {WM_SETFOCUS, "setfocus <"},   {WM_KILLFOCUS, "killfocus <"},
+    {WM_PAINT, "paint"},           {WM_TIMER, "timer # at !"},    {WM_KEYDOWN, "keydown #"},
+    {WM_KEYUP, "keyup #"},         {WM_CHAR, "char #"},           {WM_COMMAND, "command #"},
+    {WM_LBUTTONDOWN, "down @"},    {WM_MOUSEMOVE, "drag @"},      {WM_LBUTTONUP, "up @"},
+    {WM_CAPTURECHANGED, "uncapt"}, {WM_SETTINGCHANGE, "setting"}, {WM_HELP, "help"},
+    {WM_CLOSE, "close"},           {WM_HIBERNATE, "hibernate"},   {WM_USER, "user #"}};
 
 } // namespace
 
@@ -77,43 +64,28 @@ std::string Recorder::nameOf(std::uintptr_t handle) const
     return found == names_.end() ? "-" : std::string(1, found->second);
 }
 
+std::string Recorder::order() const
+{
+    std::string order;
+    for (const inspect::WindowView &view : inspect::windows()) {
+        order += nameOf(view.window.value);
+    }
+    return order;
+}
+
 void Recorder::note(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    const auto other = static_cast<std::uintptr_t>(lParam);
-    const auto low = static_cast<SHORT>(LOWORD(other));
-    const auto high = static_cast<SHORT>(HIWORD(other));
-    const std::string point = " " + std::to_string(low) + "," + std::to_string(high);
-    std::string line = nameOf(window.value) + ":" + messageNames.at(message);
-    switch (message) {
-    case WM_ACTIVATE:
-        line += " " + std::to_string(wParam) + " " + nameOf(other);
-        break;
-    case WM_SETFOCUS:
-    case WM_KILLFOCUS:
-        line += " " + nameOf(wParam);
-        break;
-    case WM_SIZE:
-        line += wParam == SIZE_MINIMIZED ? " minimized" : point;
-        break;
-    case WM_MOVE:
-    case WM_LBUTTONDOWN:
-    case WM_MOUSEMOVE:
-    case WM_LBUTTONUP:
-        line += point;
-        break;
-    case WM_TIMER:
-        line += " " + std::to_string(wParam) + " at " + std::to_string(GetTickCount());
-        break;
-    case WM_SHOWWINDOW:
-    case WM_KEYDOWN:
-    case WM_KEYUP:
-    case WM_CHAR:
-    case WM_COMMAND:
-    case WM_USER:
-        line += " " + std::to_string(wParam);
-        break;
-    default:
-        break;
+    const bool minimized = message == WM_SIZE && wParam == SIZE_MINIMIZED;
+    const auto low = static_cast<SHORT>(LOWORD(lParam));
+    const auto high = static_cast<SHORT>(HIWORD(lParam));
+    std::string line = nameOf(window.value) + ":";
+    for (const char unit : minimized ? "size minimized" : patterns.at(message)) {
+        line += unit == '#'   ? std::to_string(wParam)
+                : unit == '@' ? std::to_string(low) + "," + std::to_string(high)
+                : unit == '<' ? nameOf(wParam)
+                : unit == '>' ? nameOf(static_cast<std::uintptr_t>(lParam))
+                : unit == '!' ? std::to_string(GetTickCount())
+                              : std::string(1, unit);
     }
     log_.push_back(line);
 }

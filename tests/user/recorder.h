@@ -26,6 +26,9 @@ public:
     /// What was noted since the last call: "A:activate 1 B", one entry a message.
     Log takeLog();
 
+    /// The names of the windows, front to back.
+    std::string order() const;
+
     SwitchedOn handheld;
     FakeHost &host = handheld.host;
     /// The messages to be noted.
