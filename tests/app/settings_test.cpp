@@ -63,33 +63,6 @@ GameApp playedApp()
     return app;
 }
 
-TEST(Settings, StoreTheWholeRecordAtItsOffsets)
-{
-    const SwitchedOn handheld(programResources());
-    GameApp app;
-    EXPECT_FALSE(loadSettings(app)); // the first start
-    EXPECT_TRUE(saveSettings(playedApp()));
-    const Bytes block = stored(u"app");
-    ASSERT_EQ(block.size(), 2496U);
-    EXPECT_EQ(stored(u"version"), (Bytes{3, 0, 0, 0}));
-    const auto number = [&](std::size_t offset) {
-        std::int32_t value = 0;
-        std::memcpy(&value, block.data() + offset, sizeof value);
-        return value;
-    };
-    EXPECT_EQ(number(4), 3);
-    EXPECT_EQ(number(624), 4321);
-    EXPECT_EQ(number(640), 2);
-    EXPECT_EQ(block[36 + 2 * 193], 1);
-    EXPECT_EQ(block[36 + 2 * 193 + 1], 6);
-    EXPECT_EQ(number(660 + 8 * 7), 196);
-    EXPECT_EQ(number(744 + 292 * 2 + 4), 99);
-    EXPECT_EQ(block[744 + 292 * 2 + 16], 'A');
-
-    EXPECT_TRUE(loadSettings(app));
-    EXPECT_EQ(imageOf(app), block);
-}
-
 struct Change
 {
     std::size_t offset;

@@ -29,10 +29,10 @@ TEST(Blit, ClipsToBothSides)
 
 TEST(Blit, OverlappingPartsMoveWhole)
 {
-    // A diagonal of white pixels moves along itself, whichever way, and keeps its shape. The
+    // A diagonal of white pixels moves, whichever way, and keeps its shape. The
     // whole width goes as one block, less than that row by row.
     for (const auto &[dx, dy] :
-         {POINT{1, 1}, POINT{-1, -1}, POINT{0, 2}, POINT{0, -2}, POINT{2, 0}}) {
+         {POINT{1, 2}, POINT{-1, -2}, POINT{0, 2}, POINT{0, -2}, POINT{2, 0}}) {
         const Picture picture(8, 8);
         for (int i = 0; i < 8; i++) {
             SetPixel(picture.dc, i, i, white);

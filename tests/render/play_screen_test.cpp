@@ -118,7 +118,7 @@ TEST_F(PlayScreen, MovesThePieceWithoutTouchingTheRest)
 {
     paint(dirty::everything);
     InputState input;
-    session.tick(HWND{}, input); // after which it knows what was drawn
+    session.tick(HWND{}, input);         // after which it knows what was drawn
     session.playfield.setCell(0, 19, I); // not marked: must not show
     put(T, 4, 6, 1);
     paint(dirty::movedPiece);

@@ -57,15 +57,11 @@ protected:
     {
         ASSERT_TRUE(SHCreateMenuBar(&info));
         recorder.noted = {WM_COMMAND, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_ACTIVATE, WM_KEYDOWN};
-        recorder.handler = [&](HWND, UINT message, WPARAM wParam,
-                               LPARAM position) -> std::optional<LRESULT> {
-            if (message == WM_INITMENUPOPUP) {
-                EXPECT_EQ(GetSubMenu(menu(), static_cast<int>(position)).value, wParam);
-                EXPECT_FALSE(inspect::menuOpen());
-                popups.push_back(std::to_string(position));
-            }
-            return std::nullopt;
-        };
+        recorder.when(WM_INITMENUPOPUP, [&](HWND, WPARAM dropDown, LPARAM position) {
+            EXPECT_EQ(GetSubMenu(menu(), static_cast<int>(position)).value, dropDown);
+            EXPECT_FALSE(inspect::menuOpen());
+            popups.push_back(std::to_string(position));
+        });
     }
     HMENU menu() const
     {
@@ -74,11 +70,6 @@ protected:
     void expectOpen(bool open)
     {
         user.then([=] { EXPECT_EQ(inspect::menuOpen(), open); });
-    }
-    Log run(unsigned milliseconds = 0)
-    {
-        host.run(milliseconds);
-        return recorder.takeLog();
     }
 };
 
@@ -166,17 +157,14 @@ TEST_F(MenuBar, KeysMoveChooseAndDismiss)
 TEST_F(MenuBar, TimersRunBehindAnOpenDropDownWhichADialogCloses)
 {
     int ticks = 0;
-    recorder.handler = [&](HWND, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
-        if (message == WM_TIMER && ++ticks == 3) {
+    recorder.when(WM_TIMER, [&](HWND, WPARAM, LPARAM) {
+        if (++ticks == 3) {
             EXPECT_TRUE(inspect::menuOpen());
-            user.then([&] {
-                EXPECT_FALSE(inspect::menuOpen());
-                EndDialog(GetActiveWindow(), 1);
-            });
+            expectOpen(false);
+            end(1);
             EXPECT_EQ(runDialog(6, owner), 1);
         }
-        return std::nullopt;
-    };
+    });
     SetTimer(owner, 1, 25, nullptr);
     user.tapMenuButton(0);
     run(100);
@@ -207,10 +195,7 @@ TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
         });
         MessageBoxW(GetActiveWindow(), u"", u"", MB_OK);
     });
-    runDialog(5, owner, [](HWND page, UINT message, WPARAM, LPARAM) -> INT_PTR {
-        SHINITDLGINFO full{SHIDIM_FLAGS, page, SHIDIF_SIZEDLGFULLSCREEN};
-        return message == WM_INITDIALOG ? SHInitDialog(&full) : FALSE;
-    });
+    runDialog(5, owner, beFullScreen);
     EXPECT_TRUE(bar());
     recorder.window('B', {0, 26, 100, 100});
     EXPECT_FALSE(bar());

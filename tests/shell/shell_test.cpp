@@ -49,15 +49,7 @@ TEST_F(Shell, OkButtonIsThereForTheDialogsThatAskForIt)
 
     user.tapOk();
     user.then([] {});
-    EXPECT_EQ(runDialog(2, owner,
-                        [](HWND page, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
-                            SHINITDLGINFO done{SHIDIM_FLAGS, page,
-                                               SHIDIF_DONEBUTTON | SHIDIF_SIZEDLGFULLSCREEN};
-                            return message == WM_INITDIALOG
-                                       ? SHInitDialog(&done)
-                                       : endByCommand(page, message, wParam, lParam);
-                        }),
-              IDOK);
+    EXPECT_EQ(runDialog(2, owner, beFullScreen), IDOK);
 }
 
 TEST_F(Shell, FullScreenPageFollowsTheDisplay)
@@ -71,11 +63,7 @@ TEST_F(Shell, FullScreenPageFollowsTheDisplay)
     user.give({.kind = host::Event::Kind::Turn, .orientation = 1});
     user.then([=] { expectRect(320, 240); });
     user.tapOk();
-    runDialog(1, owner, [](HWND page, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
-        SHINITDLGINFO full{SHIDIM_FLAGS, page, SHIDIF_DONEBUTTON | SHIDIF_SIZEDLGFULLSCREEN};
-        return message == WM_INITDIALOG ? SHInitDialog(&full)
-                                        : endByCommand(page, message, wParam, lParam);
-    });
+    runDialog(1, owner, beFullScreen);
 }
 
 TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)

@@ -27,9 +27,8 @@ TEST_F(Activation, MovesFromWindowToWindow)
     EXPECT_EQ(recorder.takeLog(), Log{});
 
     host.tap(150, 60);
-    host.run();
-    EXPECT_EQ(recorder.takeLog(), (Log{"A:activate 0 B", "B:activate 2 A", "A:killfocus B",
-                                       "B:setfocus A", "B:down 50,10"}));
+    EXPECT_EQ(run(), (Log{"A:activate 0 B", "B:activate 2 A", "A:killfocus B", "B:setfocus A",
+                          "B:down 50,10"}));
     EXPECT_EQ(GetForegroundWindow(), b);
 }
 
@@ -45,12 +44,11 @@ TEST_F(Activation, GivesTheFocusEvenWhenTheProcedureDoesNot)
 TEST_F(Activation, InsideADeactivationWins)
 {
     const HWND c = recorder.window('C', {0, 150, 100, 200});
-    recorder.handler = [&](HWND window, UINT message, WPARAM wParam, LPARAM) {
-        if (window == c && message == WM_ACTIVATE && wParam == WA_INACTIVE) {
+    recorder.when(WM_ACTIVATE, [&](HWND window, WPARAM how, LPARAM) {
+        if (window == c && how == WA_INACTIVE) {
             SetActiveWindow(b);
         }
-        return std::optional<LRESULT>();
-    };
+    });
     SetActiveWindow(a);
     EXPECT_EQ(GetActiveWindow(), b);
     EXPECT_EQ(GetFocus(), b);
@@ -136,10 +134,8 @@ TEST_F(OneWindow, LosesActivationAndKeysInTheBackgroundAndGetsThemBack)
     });
     host.give({.kind = Kind::Restore});
     host.key(VK_UP, false); // was released when the program left the front
-    host.run();
-    EXPECT_EQ(recorder.takeLog(),
-              (Log{"A:keydown 38", "A:activate 0 -", "A:killfocus -", "A:size minimized",
-                   "A:size 100,100", "A:activate 1 -", "A:setfocus -"}));
+    EXPECT_EQ(run(), (Log{"A:keydown 38", "A:activate 0 -", "A:killfocus -", "A:size minimized",
+                          "A:size 100,100", "A:activate 1 -", "A:setfocus -"}));
     EXPECT_EQ(GetActiveWindow(), a);
 }
 

@@ -210,8 +210,7 @@ TEST(Icon, GivesTheHostItsLargestPicture)
                                           0,  0, 0,      0,    0,      0, 2,      0, 0, 0,
                                           0,  0, 0x3322, 0x11, 0x0010, 0, 0x0040, 0};
     image.add(3, 2, picture);
-    picture.pop_back();
-    picture.pop_back();
+    picture.resize(picture.size() - 2);
     image.add(3, 3, picture);
     image.add(14, 3, std::vector<std::uint16_t>{0, 1, 1, 0x0102, 0, 1, 4, 60, 0, 3});
     SwitchedOn on(image.bytes);

@@ -76,28 +76,25 @@ TEST(DialogTemplate, ReadsTheExtendedFormAndNoneThatIsCutShort)
 TEST_F(Dialog, DisablesItsOwnerAndGivesTheActivationBack)
 {
     recorder.noted = {WM_ACTIVATE};
-    HWND firstFocus;
-    const INT_PTR result =
-        runDialog(1, owner, [&](HWND dialog, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
-            if (message == WM_INITDIALOG) {
-                firstFocus = HWND{static_cast<std::uint32_t>(wParam)};
-                EXPECT_FALSE(IsWindowEnabled(owner));
-                EXPECT_FALSE(IsWindowVisible(dialog));
-                EXPECT_TRUE(recorder.takeLog().empty());
-                user.then([=, this] {
-                    EXPECT_EQ(GetActiveWindow(), dialog);
-                    EXPECT_EQ(GetFocus(), GetDlgItem(dialog, 10));
-                    EXPECT_EQ(firstFocus, GetDlgItem(dialog, 10));
-                    EXPECT_EQ(recorder.takeLog(), Log{"A:activate 0 -"});
-                    EXPECT_FALSE(IsWindowEnabled(owner));
-                    EXPECT_TRUE(EndDialog(dialog, 5));
-                    EXPECT_TRUE(EndDialog(dialog, 6)); // the first result counts
-                    EXPECT_TRUE(IsWindow(dialog));
-                });
-            }
-            return FALSE;
-        });
-    EXPECT_EQ(result, 5);
+    user.then([&] {
+        const HWND dialog = GetActiveWindow();
+        EXPECT_EQ(GetFocus(), GetDlgItem(dialog, 10));
+        EXPECT_EQ(recorder.takeLog(), Log{"A:activate 0 -"});
+        EXPECT_FALSE(IsWindowEnabled(owner));
+        EXPECT_TRUE(EndDialog(dialog, 5));
+        EXPECT_TRUE(EndDialog(dialog, 6)); // the first result counts
+        EXPECT_TRUE(IsWindow(dialog));
+    });
+    const auto procedure = [&](HWND dialog, UINT message, WPARAM focus, LPARAM) -> INT_PTR {
+        if (message == WM_INITDIALOG) {
+            EXPECT_EQ(focus, GetDlgItem(dialog, 10).value);
+            EXPECT_FALSE(IsWindowEnabled(owner));
+            EXPECT_FALSE(IsWindowVisible(dialog));
+            EXPECT_TRUE(recorder.takeLog().empty());
+        }
+        return FALSE;
+    };
+    EXPECT_EQ(runDialog(1, owner, procedure), 5);
     EXPECT_EQ(recorder.takeLog(), Log{"A:activate 1 -"});
     EXPECT_TRUE(IsWindowEnabled(owner));
     EXPECT_EQ(GetActiveWindow(), owner);

@@ -59,8 +59,7 @@ TEST_F(Input, KeysGoToTheFocusAndApplicationButtonsOnlyWhenHeld)
     host.key(VK_DOWN, true);
     host.act([&] { EnableWindow(a, FALSE); });
     host.key(VK_DOWN, false);
-    host.run();
-    EXPECT_EQ(recorder.takeLog(), (Log{"C:keydown 193", "A:keydown 40"}));
+    EXPECT_EQ(run(), (Log{"C:keydown 193", "A:keydown 40"}));
 }
 
 TEST_F(Input, TheStylusReachesWhatIsUnderItUnlessThatIsDisabled)
@@ -71,43 +70,32 @@ TEST_F(Input, TheStylusReachesWhatIsUnderItUnlessThatIsDisabled)
     host.stylus(Kind::StylusDown, 12, 63);
     host.stylus(Kind::StylusMove, 50, 100);
     host.stylus(Kind::StylusUp, 150, 100); // lifted over another window
-    host.run();
-    EXPECT_EQ(recorder.takeLog(), (Log{"B:activate 0 A", "A:activate 2 B", "C:down 2,3",
-                                       "A:drag 50,50", "B:up 50,50"}));
+    EXPECT_EQ(run(), (Log{"B:activate 0 A", "A:activate 2 B", "C:down 2,3", "A:drag 50,50",
+                          "B:up 50,50"}));
     EnableWindow(control, FALSE);
     host.tap(12, 63);
     EnableWindow(a, FALSE);
     host.tap(50, 100);
     host.tap(230, 200); // no window there
-    host.run();
-    EXPECT_EQ(recorder.takeLog(), Log{});
+    EXPECT_EQ(run(), Log{});
 }
 
 TEST_F(Input, TheStylusIsCapturedUntilItIsLifted)
 {
     const HWND b = recorder.window('B', {100, 50, 200, 150});
     recorder.noted = {WM_LBUTTONDOWN, WM_MOUSEMOVE, WM_LBUTTONUP, WM_CAPTURECHANGED};
-    bool captureAnew = false;
-    recorder.handler = [&](HWND window, UINT message, WPARAM, LPARAM) {
-        if (message == WM_LBUTTONDOWN || (message == WM_LBUTTONUP && captureAnew)) {
-            SetCapture(window);
-        }
-        return std::optional<LRESULT>();
-    };
+    const auto capture = [](HWND window, WPARAM, LPARAM) { SetCapture(window); };
+    recorder.when(WM_LBUTTONDOWN, capture);
     host.stylus(Kind::StylusDown, 150, 100);
     host.stylus(Kind::StylusMove, 90, 40);
     host.stylus(Kind::StylusUp, 90, 40);
-    host.run();
-    EXPECT_EQ(recorder.takeLog(),
-              (Log{"B:down 50,50", "B:drag -10,-10", "B:up -10,-10", "B:uncapt"}));
+    EXPECT_EQ(run(), (Log{"B:down 50,50", "B:drag -10,-10", "B:up -10,-10", "B:uncapt"}));
     EXPECT_FALSE(GetCapture());
 
-    captureAnew = true;
+    recorder.when(WM_LBUTTONUP, capture);
     host.tap(150, 100);
     host.tap(10, 100); // still captured
-    host.run();
-    EXPECT_EQ(recorder.takeLog(),
-              (Log{"B:down 50,50", "B:up 50,50", "B:down -90,50", "B:up -90,50"}));
+    EXPECT_EQ(run(), (Log{"B:down 50,50", "B:up 50,50", "B:down -90,50", "B:up -90,50"}));
     EXPECT_EQ(SetCapture(a), b);
     EXPECT_EQ(recorder.takeLog(), (Log{"B:uncapt"}));
     EnableWindow(a, FALSE);
@@ -131,22 +119,18 @@ TEST(Accelerators, SendTheirCommands)
 
     struct Case
     {
-        int key;
-        bool control, shift;
+        host::Event event;
         UINT message;
         WPARAM command; ///< 0: none
     };
-    for (const Case &each : {Case{'Q', true, false, WM_KEYDOWN, 1}, //
-                             {'Q', false, false, WM_KEYDOWN, 0},
-                             {'Q', true, true, WM_KEYDOWN, 0},
-                             {'Q', true, false, WM_KEYUP, 0},
-                             {VK_F4, false, false, WM_KEYDOWN, 77},
-                             {VK_F4, true, false, WM_KEYDOWN, 0}})
+    for (const Case &each : {Case{{.key = 'Q', .control = true}, WM_KEYDOWN, 1},
+                             {{.key = 'Q'}, WM_KEYDOWN, 0},
+                             {{.key = 'Q', .control = true, .shift = true}, WM_KEYDOWN, 0},
+                             {{.key = 'Q', .control = true}, WM_KEYUP, 0},
+                             {{.key = VK_F4}, WM_KEYDOWN, 77},
+                             {{.key = VK_F4, .control = true}, WM_KEYDOWN, 0}})
     {
-        recorder.host.give({.kind = Kind::KeyDown,
-                            .key = static_cast<std::uint16_t>(each.key),
-                            .control = each.control,
-                            .shift = each.shift});
+        recorder.host.give(each.event);
         MSG message{};
         while (message.message != WM_KEYDOWN) {
             GetMessageW(&message, {}, 0, 0);
@@ -172,9 +156,7 @@ TEST_F(Input, OfTheSystemIsForTheMainWindowAlsoBehindADialog)
     for (const Kind kind : {Kind::Help, Kind::Hibernate, Kind::Close}) {
         host.give({.kind = kind});
     }
-    host.run();
-    EXPECT_EQ(recorder.takeLog(),
-              (Log{"D:help", "A:help", "A:hibernate", "A:close", "D:destroy", "A:destroy"}));
+    EXPECT_EQ(run(), (Log{"D:help", "A:help", "A:hibernate", "A:close", "D:destroy", "A:destroy"}));
     host.give({.kind = Kind::Close});
     MSG message{};
     EXPECT_EQ(GetMessageW(&message, {}, 0, 0), 0); // without a window: the end

@@ -23,15 +23,9 @@ TEST_F(Messages, ComeByPriority)
     host.stylus(host::Event::Kind::StylusUp, 5, 60);
     PostMessageW(window, WM_USER, 1, 0);
     PostMessageW(window, WM_USER, 2, 0);
-    recorder.handler = [&](HWND, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
-        if (message == WM_KEYDOWN) {
-            PostMessageW(window, WM_USER, 3, 0);
-        }
-        return std::nullopt;
-    };
-    host.run();
-    EXPECT_EQ(recorder.takeLog(), (Log{"A:user 1", "A:user 2", "A:keydown 37", "A:user 3",
-                                       "A:up 5,10", "A:paint", "A:timer 7 at 1010"}));
+    recorder.when(WM_KEYDOWN, [&](HWND, WPARAM, LPARAM) { PostMessageW(window, WM_USER, 3, 0); });
+    EXPECT_EQ(run(), (Log{"A:user 1", "A:user 2", "A:keydown 37", "A:user 3", "A:up 5,10",
+                          "A:paint", "A:timer 7 at 1010"}));
 }
 
 TEST_F(Messages, QuitComesAfterInputAndBeforePaint)
@@ -45,8 +39,7 @@ TEST_F(Messages, QuitComesAfterInputAndBeforePaint)
     }
     EXPECT_EQ(recorder.takeLog(), (Log{"A:user 1", "A:keydown 37"}));
     EXPECT_EQ(message.wParam, 5U);
-    host.run(); // the quit was taken: the next loop goes on
-    EXPECT_EQ(recorder.takeLog(), (Log{"A:paint"}));
+    EXPECT_EQ(run(), (Log{"A:paint"})); // the quit was taken: the next loop goes on
 }
 
 TEST_F(Messages, OfDeadWindowsAndNoWindowsHaveNoEffect)
@@ -77,31 +70,13 @@ TEST_F(Messages, OnlyControlCharactersAreTranslated)
         host.key(key, true);
     }
     host.type(u"z");
-    host.run();
-    EXPECT_EQ(recorder.takeLog(), (Log{"A:char 8", "A:char 9", "A:char 13", "A:char 122"}));
+    EXPECT_EQ(run(), (Log{"A:char 8", "A:char 9", "A:char 13", "A:char 122"}));
 }
 
 class Timers : public Messages
 {
 protected:
     Timers() { recorder.noted = {WM_TIMER}; }
-
-    /// What is noted while the time passes.
-    Log pass(unsigned milliseconds)
-    {
-        host.run(milliseconds);
-        return recorder.takeLog();
-    }
-    /// Does this while a timer's message is handled.
-    void whenTold(const std::function<void()> &action)
-    {
-        recorder.handler = [=](HWND, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
-            if (message == WM_TIMER) {
-                action();
-            }
-            return std::nullopt;
-        };
-    }
 };
 
 TEST_F(Timers, FireWhenDueInOrder)
@@ -109,30 +84,32 @@ TEST_F(Timers, FireWhenDueInOrder)
     SetTimer(window, 1, 20, nullptr);
     SetTimer(window, 2, 30, nullptr);
     SetTimer(window, 3, 30, nullptr); // after the other at equal moments
-    EXPECT_EQ(pass(60), (Log{"A:timer 1 at 1020", "A:timer 2 at 1030", "A:timer 3 at 1030",
-                             "A:timer 1 at 1040", "A:timer 1 at 1060", "A:timer 2 at 1060",
-                             "A:timer 3 at 1060"}));
+    EXPECT_EQ(run(60), (Log{"A:timer 1 at 1020", "A:timer 2 at 1030", "A:timer 3 at 1030",
+                            "A:timer 1 at 1040", "A:timer 1 at 1060", "A:timer 2 at 1060",
+                            "A:timer 3 at 1060"}));
     EXPECT_EQ(host.timersHandled, 7);
 
     KillTimer(window, 1);
     KillTimer(window, 3);
     SetTimer(window, 2, 500, nullptr); // restarts it, from now
-    EXPECT_EQ(pass(500), (Log{"A:timer 2 at 1560"}));
+    EXPECT_EQ(run(500), (Log{"A:timer 2 at 1560"}));
 }
 
 TEST_F(Timers, TellMissedMomentsOnceAndKeepTheirBeat)
 {
     SetTimer(window, 1, 25, nullptr);
-    whenTold([&] { host.clock += host.clock == 1025 ? 60 : 0; }); // busy at 1050 and 1075
-    EXPECT_EQ(pass(125), (Log{"A:timer 1 at 1025", "A:timer 1 at 1085", "A:timer 1 at 1100",
-                              "A:timer 1 at 1125"}));
+    recorder.when(WM_TIMER, [&](HWND, WPARAM, LPARAM) {
+        host.clock += host.clock == 1025 ? 60 : 0; // busy over the moments 1050 and 1075
+    });
+    EXPECT_EQ(run(125), (Log{"A:timer 1 at 1025", "A:timer 1 at 1085", "A:timer 1 at 1100",
+                             "A:timer 1 at 1125"}));
 }
 
 TEST_F(Timers, SetAnewInTheirOwnHandlerStartFromThere)
 {
     SetTimer(window, 1, 500, nullptr);
-    whenTold([&] { SetTimer(window, 1, 25, nullptr); });
-    EXPECT_EQ(pass(550), (Log{"A:timer 1 at 1500", "A:timer 1 at 1525", "A:timer 1 at 1550"}));
+    recorder.when(WM_TIMER, [&](HWND, WPARAM, LPARAM) { SetTimer(window, 1, 25, nullptr); });
+    EXPECT_EQ(run(550), (Log{"A:timer 1 at 1500", "A:timer 1 at 1525", "A:timer 1 at 1550"}));
 }
 
 TEST_F(Timers, SurviveTheWrapOfTheClock)
@@ -140,8 +117,8 @@ TEST_F(Timers, SurviveTheWrapOfTheClock)
     host.clock = 0xFFFFFFF0U;
     SetTimer(window, 1, 10, nullptr);
     SetTimer(window, 2, 25, nullptr);
-    EXPECT_EQ(pass(30), (Log{"A:timer 1 at 4294967290", "A:timer 1 at 4", "A:timer 2 at 9",
-                             "A:timer 1 at 14"}));
+    EXPECT_EQ(run(30), (Log{"A:timer 1 at 4294967290", "A:timer 1 at 4", "A:timer 2 at 9",
+                            "A:timer 1 at 14"}));
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 namespace {
 
 /// Of windows by their handles, bounds of a part in client coordinates.
-using Parts = std::map<std::uint32_t, std::vector<LONG>>;
+using Parts = std::map<std::uint32_t, RECT>;
 
 /// Notes the invalid part of every WM_PAINT and fills it with the colour of the window.
 class Painting : public HandheldTest
@@ -19,8 +19,7 @@ protected:
             }
             PAINTSTRUCT paint;
             BeginPaint(window, &paint);
-            const RECT &part = paint.rcPaint;
-            parts[window.value] = {part.left, part.top, part.right, part.bottom};
+            parts[window.value] = paint.rcPaint;
             EndPaint(window, &paint);
             return std::optional<LRESULT>(0);
         };

@@ -18,6 +18,13 @@ class HandheldTest : public testing::Test
 protected:
     explicit HandheldTest(std::vector<std::byte> resources = {}) : image(std::move(resources)) {}
 
+    /// What is noted while all that the test has given is handled and the time passes.
+    Log run(unsigned milliseconds = 0)
+    {
+        host.run(milliseconds);
+        return recorder.takeLog();
+    }
+
     std::vector<std::byte> image;
     Recorder recorder{image};
     FakeHost &host = recorder.host;
@@ -28,7 +35,7 @@ protected:
 class ProgramTest : public HandheldTest
 {
 protected:
-    explicit ProgramTest(std::vector<std::byte> resources) : HandheldTest(std::move(resources))
+    explicit ProgramTest(std::vector<std::byte> resources = {}) : HandheldTest(std::move(resources))
     {
         SHInitExtraControls();
     }

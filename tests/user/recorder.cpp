@@ -45,6 +45,11 @@ HWND Recorder::window(char name, const RECT &rect, HWND parent, DWORD style, DWO
 
 Log Recorder::takeLog() { return std::exchange(log_, {}); }
 
+void Recorder::when(UINT message, std::function<void(HWND, WPARAM, LPARAM)> action)
+{
+    actions_[message] = std::move(action);
+}
+
 LRESULT Recorder::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_CREATE) {
@@ -52,6 +57,9 @@ LRESULT Recorder::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPa
     }
     if (current->noted.contains(message)) {
         current->note(window, message, wParam, lParam);
+    }
+    if (current->actions_.contains(message)) {
+        current->actions_.at(message)(window, wParam, lParam);
     }
     const auto result =
         current->handler ? current->handler(window, message, wParam, lParam) : std::nullopt;
@@ -76,14 +84,15 @@ std::string Recorder::order() const
 void Recorder::note(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     const bool minimized = message == WM_SIZE && wParam == SIZE_MINIMIZED;
-    const auto low = static_cast<SHORT>(LOWORD(lParam));
-    const auto high = static_cast<SHORT>(HIWORD(lParam));
+    const auto other = static_cast<std::uintptr_t>(lParam);
+    const auto low = static_cast<SHORT>(LOWORD(other));
+    const auto high = static_cast<SHORT>(HIWORD(other));
     std::string line = nameOf(window.value) + ":";
     for (const char unit : minimized ? "size minimized" : patterns.at(message)) {
         line += unit == '#'   ? std::to_string(wParam)
                 : unit == '@' ? std::to_string(low) + "," + std::to_string(high)
                 : unit == '<' ? nameOf(wParam)
-                : unit == '>' ? nameOf(static_cast<std::uintptr_t>(lParam))
+                : unit == '>' ? nameOf(other)
                 : unit == '!' ? std::to_string(GetTickCount())
                               : std::string(1, unit);
     }

@@ -26,14 +26,16 @@ public:
     /// What was noted since the last call: "A:activate 1 B", one entry a message.
     Log takeLog();
 
-    /// The names of the windows, front to back.
+    /// Does this, too, whenever a window gets the message.
+    void when(UINT message, std::function<void(HWND, WPARAM, LPARAM)> action);
+    /// The names of the windows, front to back; the title bar is a "-".
     std::string order() const;
 
     SwitchedOn handheld;
     FakeHost &host = handheld.host;
     /// The messages to be noted.
     std::set<UINT> noted;
-    /// Asked first; what it answers is the result of the message.
+    /// Asked before DefWindowProcW; what it answers is the result of the message.
     std::function<std::optional<LRESULT>(HWND, UINT, WPARAM, LPARAM)> handler;
 
 private:
@@ -42,6 +44,7 @@ private:
     void note(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     std::map<std::uintptr_t, char> names_;
+    std::map<UINT, std::function<void(HWND, WPARAM, LPARAM)>> actions_;
     char nameOfNext_ = '?';
     Log log_;
 };

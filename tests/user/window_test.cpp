@@ -31,13 +31,12 @@ TEST(WindowLife, MayEndByAnyProcedureAtAnyMessage)
     {
         Recorder recorder;
         const HWND main = recorder.window('M', rect);
-        recorder.handler = [&](HWND window, UINT message, WPARAM, LPARAM) {
-            if (message == killer && window != main) {
+        recorder.when(killer, [&](HWND window, WPARAM, LPARAM) {
+            if (window != main) {
                 DestroyWindow(window);
                 DestroyWindow(main);
             }
-            return std::optional<LRESULT>();
-        };
+        });
         const HWND dialog = recorder.window('D', {0, 60, 50, 80}, main, WS_POPUP | WS_VISIBLE);
         SetTimer(dialog, 1, 5, nullptr);
         const HWND control = recorder.window('C', {0, 0, 50, 20}, dialog, child);
@@ -85,15 +84,15 @@ TEST_F(Windows, KeepTheirOrder)
     const HWND b = recorder.window('B', rect);
     recorder.window('O', rect, a, WS_POPUP | WS_VISIBLE);
     recorder.window('T', rect, {}, WS_VISIBLE, WS_EX_TOPMOST | WS_EX_NOACTIVATE);
-    EXPECT_EQ(recorder.order(), "TOBA");
+    EXPECT_EQ(recorder.order(), "T-OBA");
     SetActiveWindow(b);
-    EXPECT_EQ(recorder.order(), "TBOA");
+    EXPECT_EQ(recorder.order(), "T-BOA");
     SetActiveWindow(a); // what it owns goes with it
-    EXPECT_EQ(recorder.order(), "TOAB");
+    EXPECT_EQ(recorder.order(), "T-OAB");
     SetWindowPos(a, b, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    EXPECT_EQ(recorder.order(), "TBOA");
+    EXPECT_EQ(recorder.order(), "T-BOA");
     SetWindowPos(b, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    EXPECT_EQ(recorder.order(), "BTOA");
+    EXPECT_EQ(recorder.order(), "BT-OA");
 }
 
 TEST_F(Windows, ChildrenStayInTheOrderOfTheirMaking)
