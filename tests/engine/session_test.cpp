@@ -36,15 +36,12 @@ TEST(Session, LocksASecondAfterLandingAndClearsRowsIn200Milliseconds)
 
 TEST(Session, FallsByGravityOfTheLevel)
 {
-    struct Case
-    {
-        int level, gravity, backdrop;
-    };
+    const int levels[][3] = {{0, 900, 0}, {2, 740, 1}, {5, 500, 2}, {9, 180, 1}, {10, 180, 2}};
     PlayedGame game;
-    for (const Case &c : {Case{0, 900, 0}, {2, 740, 1}, {5, 500, 2}, {9, 180, 1}, {10, 180, 2}}) {
-        game.session.setLevel(c.level);
-        EXPECT_EQ(game.session.gravityMs, c.gravity);
-        EXPECT_EQ(game.session.backdrop, c.backdrop);
+    for (const auto &[level, gravity, backdrop] : levels) {
+        game.session.setLevel(level);
+        EXPECT_EQ(game.session.gravityMs, gravity);
+        EXPECT_EQ(game.session.backdrop, backdrop);
     }
 }
 

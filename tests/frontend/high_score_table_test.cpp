@@ -10,30 +10,20 @@
 
 namespace {
 
-HighScoreTable defaults()
+TEST(HighScoreTable, RanksBelowEqualScoresAndDropsTheLast)
 {
     const SwitchedOn handheld(programResources());
     HighScoreTable table{};
+    EXPECT_EQ(table.rankOf(0), -1);
+    EXPECT_EQ(table.rankOf(1), 0);
     table.loadDefaults(IDS_DEFAULT_SCORES);
-    return table;
-}
-
-TEST(HighScoreTable, RanksBelowEqualScores)
-{
-    const HighScoreTable table = defaults();
     EXPECT_EQ(table.entries[7].level, 1); // a line feed follows it
     const std::pair<int, int> ranks[] = {{0, -1},   {500, -1},  {501, 7},
                                          {4000, 4}, {10000, 1}, {10001, 0}};
     for (const auto &[score, rank] : ranks) {
         EXPECT_EQ(table.rankOf(score), rank) << score;
     }
-    EXPECT_EQ(HighScoreTable{}.rankOf(0), -1);
-    EXPECT_EQ(HighScoreTable{}.rankOf(1), 0);
-}
 
-TEST(HighScoreTable, InsertsAndDropsTheLast)
-{
-    HighScoreTable table = defaults();
     EXPECT_EQ(table.insert(u"Twelve chars", 4500, 33, 3), 3);
     EXPECT_EQ(table.insert(u"Late", 1000, 1, 1), -1);
     EXPECT_EQ(table.entries[3].lines, 33);

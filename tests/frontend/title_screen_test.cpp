@@ -12,12 +12,9 @@ namespace {
 
 TEST(TitleScreen, KnowsWhatATapHits)
 {
-    const struct
-    {
-        int x, y, hit;
-    } cases[] = {
-        {118, 120, 10}, {119, 120, TitleHit::None},
-        {120, 120, 11}, {224, 120, TitleHit::None},
+    const int cases[][3] = {
+        {118, 120, 10}, {119, 120, 0},
+        {120, 120, 11}, {224, 120, 0},
         {15, 135, 12},  {223, 153, 13},
         {50, 134, 0},   {34, 165, 20},
         {35, 170, 0},   {36, 183, 21},
@@ -27,8 +24,8 @@ TEST(TitleScreen, KnowsWhatATapHits)
         {100, 230, 0},  {100, 20, 0},
     };
     TitleScreen screen{};
-    for (const auto &c : cases) {
-        EXPECT_EQ(screen.hitTest(c.x, c.y), c.hit) << c.x << ", " << c.y;
+    for (const auto &[x, y, hit] : cases) {
+        EXPECT_EQ(screen.hitTest(x, y), hit) << x << ", " << y;
     }
     screen.page = TitlePage::HighScores;
     EXPECT_EQ(screen.hitTest(118, 120), TitleHit::LeaveHighScores);

@@ -29,9 +29,8 @@ std::uint16_t at(int x, int y)
                              static_cast<std::size_t>(x));
 }
 
-class Screen : public testing::Test
+struct Screen : testing::Test
 {
-protected:
     Screen()
     {
         gdi::resizeScreen(20, 20);

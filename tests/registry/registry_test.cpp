@@ -11,9 +11,8 @@ namespace {
 const std::string header = "Windows Registry Editor Version 5.00\n";
 constexpr LPCWSTR gamePath = u"Software\\Apps\\Game";
 
-class RegistryTest : public testing::Test
+struct RegistryTest : testing::Test
 {
-protected:
     /// Starts anew with this file.
     void restart(std::string_view file)
     {
@@ -176,13 +175,7 @@ TEST_F(RegistryTest, ReadsAsAnImporterDoes)
 
 TEST_F(RegistryTest, SetsADamagedFileAsideAndTellsTheLine)
 {
-    struct Damage
-    {
-        int line;
-        std::string before;
-        std::vector<std::string> texts;
-    };
-    const Damage damages[] = {
+    const std::tuple<int, std::string, std::vector<std::string>> damages[] = {
         {1, "", {"", "Windows Registry Editor Version 6.00\n", "\xFF\xFEW"}},
         {2,
          header,
@@ -195,13 +188,13 @@ TEST_F(RegistryTest, SetsADamagedFileAsideAndTellsTheLine)
           "\"a\"=hex:00,\\ 01\n", "\"a\"=\"x\" \"y\"\n"}},
         {4, header + "[k]\n", {"\"a\"=hex:00,\\\n  01,zz\n", "\"a\"=hex:00,\\\n\n"}},
     };
-    for (const Damage &damage : damages) {
-        for (const std::string &text : damage.texts) {
-            restart(damage.before + text);
+    for (const auto &[line, before, texts] : damages) {
+        for (const std::string &text : texts) {
+            restart(before + text);
             EXPECT_EQ(value(u"k", u"a"), "no key") << text;
             EXPECT_TRUE(host().setAside && !host().store) << text;
             ASSERT_EQ(host().reports.size(), 1U) << text;
-            const std::string start = "registry.reg line " + std::to_string(damage.line) + ": ";
+            const std::string start = "registry.reg line " + std::to_string(line) + ": ";
             EXPECT_TRUE(host().reports[0].starts_with(start)) << text;
         }
     }

@@ -15,9 +15,8 @@ namespace {
 using enum TetrominoType;
 
 /// A session whose window is the whole display.
-class PlayScreen : public testing::Test
+struct PlayScreen : testing::Test
 {
-protected:
     PlayScreen()
     {
         windowDC = GetDC(HWND{});
@@ -135,7 +134,7 @@ TEST_F(PlayScreen, DrawsNothingAboveTheWell)
     put(T, 3, -2, 2);
     for (int row = 0; row < 20; ++row) {
         session.playfield.setCell(0, row, J);
-        session.playfield.setCell(4, row + 2, J);
+        session.playfield.setCell(4, row + 1, J);
     }
     session.updateGhost(); // rests where it is: above the well, so there is no outline
     paint(dirty::everything);
@@ -175,16 +174,17 @@ TEST_F(PlayScreen, CentresWhatIsNextAndHeldInTheirBoxes)
     for (std::size_t i = 0; i < 6; ++i) {
         EXPECT_TRUE(tileAt(places[i].x, places[i].y, queue.entries[i], 0)) << i;
     }
-    EXPECT_EQ(differences(holdRect, backdrops[0]), 0);
 
     session.queueLength = 1;
     session.holdType = static_cast<int>(T);
     paint(dirty::everything);
     EXPECT_EQ(differences({154, 36, 228, 161}, backdrops[0]), 0);
-    EXPECT_TRUE(tileAt(185, 196, T, 0));
+    EXPECT_TRUE(tileAt(174, 185, T, 0));
     session.queueLength = 0;
-    paint(dirty::queue);
+    session.holdType = -1;
+    paint(dirty::queue | dirty::hold);
     EXPECT_EQ(differences(queueRect, backdrops[0]), 0);
+    EXPECT_EQ(differences(holdRect, backdrops[0]), 0);
 }
 
 TEST_F(PlayScreen, HidesTheGameWhilePaused)

@@ -45,9 +45,8 @@ std::vector<std::byte> makeImage()
     return image.bytes;
 }
 
-class MenuBar : public ProgramTest
+struct MenuBar : ProgramTest
 {
-protected:
     MenuBar() : ProgramTest(makeImage()) {}
 
     SHMENUBARINFO info{32, owner, 0, 102, {}, 0, 0, {}};

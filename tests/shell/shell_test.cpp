@@ -5,34 +5,29 @@
 
 namespace {
 
-constexpr DWORD tabStop = WS_TABSTOP;
-
 std::vector<std::byte> makeImage()
 {
     ResourceImage image;
     image.add(5, 1, DialogWords(WS_POPUP, WS_EX_CAPTIONOKBTN, 60, 60, u"Small").words);
     image.add(5, 2,
               DialogWords(WS_POPUP, 0, 125, 69, u"Name")
-                  .add(u"CAPEDIT", tabStop, {7, 7, 100, 13}, 10)
-                  .add(u"BUTTON", tabStop | BS_DEFPUSHBUTTON, {7, 27, 50, 12}, IDOK, u"OK")
+                  .add(u"CAPEDIT", WS_TABSTOP, {7, 7, 100, 13}, 10)
+                  .add(u"BUTTON", WS_TABSTOP | BS_DEFPUSHBUTTON, {7, 27, 50, 12}, IDOK, u"OK")
                   .add(u"SIPPREF", 0, {-10, -10, 5, 5}, -1)
                   .words);
     return image.bytes;
 }
 
-class Shell : public ProgramTest
+struct Shell : ProgramTest
 {
-protected:
     Shell() : ProgramTest(makeImage()) {}
 
     static bool panelIsUp()
     {
-        for (const inspect::WindowView &view : inspect::windows()) {
-            if (view.className == u"SoftKeyboard") {
-                return !view.hidden;
-            }
-        }
-        return false;
+        const auto views = inspect::windows();
+        return std::any_of(views.begin(), views.end(), [](const inspect::WindowView &view) {
+            return view.className == u"SoftKeyboard" && !view.hidden;
+        });
     }
 };
 

@@ -151,11 +151,8 @@ bool FakeHost::showHelp(std::u16string_view program, std::u16string_view argumen
                         std::span<const std::byte> document, std::u16string_view anchor)
 {
     std::u16string line{program};
-    line.append(u" ").append(arguments).append(u"|").append(anchor).append(u"|");
-    for (const char digit : std::to_string(document.size())) {
-        line += static_cast<char16_t>(digit);
-    }
-    help.push_back(line);
+    help.push_back(line.append(u" ").append(arguments).append(u"|").append(anchor));
+    helpSize = document.size();
     return helpWorks;
 }
 

@@ -51,7 +51,8 @@ public:
     bool otherRuns = false;
     int otherRaised = 0;
     bool helpWorks = true;
-    std::vector<std::u16string> help; ///< "PROGRAM ARGUMENTS|ANCHOR|" and the page's size in bytes
+    std::vector<std::u16string> help; ///< "PROGRAM ARGUMENTS|ANCHOR"
+    std::size_t helpSize = 0;         ///< of the page shown last, in bytes
     std::vector<std::string> reports;
     std::vector<std::u16string> boxes; ///< "CAPTION|TEXT"
     int timersHandled = 0;

@@ -9,9 +9,8 @@ constexpr RECT left{0, 50, 100, 150};
 constexpr RECT right{100, 50, 200, 150};
 
 /// Beside each other A and B, which has been activated.
-class Activation : public HandheldTest
+struct Activation : HandheldTest
 {
-protected:
     Activation() { recorder.noted = {WM_ACTIVATE, WM_SETFOCUS, WM_KILLFOCUS, WM_LBUTTONDOWN}; }
 
     HWND a = recorder.window('A', left);
@@ -94,9 +93,8 @@ TEST_F(Activation, GoesToTheOwnerOfAWindowThatCloses)
 }
 
 /// A program of one window, A.
-class OneWindow : public HandheldTest
+struct OneWindow : HandheldTest
 {
-protected:
     OneWindow()
     {
         recorder.noted = {WM_CREATE,   WM_SIZE,  WM_MOVE,    WM_SHOWWINDOW, WM_ACTIVATE,

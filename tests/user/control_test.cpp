@@ -29,9 +29,8 @@ std::vector<std::byte> makeImage()
     return image.bytes;
 }
 
-class Control : public ProgramTest
+struct Control : ProgramTest
 {
-protected:
     Control() : ProgramTest(makeImage()) {}
 
     void look(std::function<void(HWND dialog)> action)
@@ -58,6 +57,7 @@ TEST_F(Control, EditBoxTakesTextAndKeys)
         {"abc[}}>x", u"Abxc"},
     };
     for (const auto &[typed, expected] : cases) {
+        look([](HWND dialog) { SendDlgItemMessageW(dialog, 10, WM_USER + 1, FALSE, 0); });
         for (const char unit : typed) {
             const auto key = keys.find(unit);
             if (key != keys.end()) {
@@ -68,12 +68,7 @@ TEST_F(Control, EditBoxTakesTextAndKeys)
         }
         user.then([&] { EXPECT_EQ(textOf(10), expected) << typed; });
         end();
-        runDialog(1, owner, [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
-            if (message == WM_INITDIALOG) {
-                SendDlgItemMessageW(dialog, 10, WM_USER + 1, FALSE, 0);
-            }
-            return FALSE;
-        });
+        runDialog(1, owner);
     }
 }
 

@@ -11,7 +11,6 @@ namespace {
 using Kind = host::Event::Kind;
 
 constexpr DWORD style = WS_POPUP | WS_CAPTION | DS_SETFONT;
-constexpr DWORD button = WS_TABSTOP;
 
 /// 1: two text boxes' worth of buttons, one disabled, and OK as the default; 2: nothing that can
 /// have the focus.
@@ -20,21 +19,20 @@ std::vector<std::byte> makeImage()
     ResourceImage image;
     image.add(5, 1,
               DialogWords(style, 0, 125, 69, u"First")
-                  .add(u"BUTTON", button, {7, 7, 50, 12}, 10, u"Ten")
-                  .add(u"BUTTON", button | WS_DISABLED, {7, 20, 50, 12}, 11, u"Eleven")
+                  .add(u"BUTTON", WS_TABSTOP, {7, 7, 50, 12}, 10, u"Ten")
+                  .add(u"BUTTON", WS_TABSTOP | WS_DISABLED, {7, 20, 50, 12}, 11, u"Eleven")
                   .add(u"STATIC", 0, {7, 30, 50, 12}, -1, u"Text")
-                  .add(u"CAPEDIT", button, {60, 7, 50, 12}, 12)
-                  .add(u"EDIT", button, {60, 20, 50, 12}, 13)
-                  .add(u"BUTTON", button | BS_DEFPUSHBUTTON, {7, 48, 50, 14}, IDOK, u"OK")
+                  .add(u"CAPEDIT", WS_TABSTOP, {60, 7, 50, 12}, 12)
+                  .add(u"EDIT", WS_TABSTOP, {60, 20, 50, 12}, 13)
+                  .add(u"BUTTON", WS_TABSTOP | BS_DEFPUSHBUTTON, {7, 48, 50, 14}, IDOK, u"OK")
                   .words);
     image.add(5, 2,
               DialogWords(style, 0, 138, 154, u"").add(u"STATIC", 0, {15, 50, 110, 15}, 21).words);
     return image.bytes;
 }
 
-class Dialog : public ProgramTest
+struct Dialog : ProgramTest
 {
-protected:
     Dialog() : ProgramTest(makeImage()) {}
 };
 

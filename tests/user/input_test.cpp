@@ -8,9 +8,8 @@ namespace {
 using Kind = host::Event::Kind;
 constexpr DWORD child = WS_CHILD | WS_VISIBLE;
 
-class Input : public HandheldTest
+struct Input : HandheldTest
 {
-protected:
     HWND a = recorder.window('A', {0, 50, 100, 150});
 };
 

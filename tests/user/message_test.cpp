@@ -3,9 +3,8 @@
 
 namespace {
 
-class Messages : public HandheldTest
+struct Messages : HandheldTest
 {
-protected:
     Messages() { recorder.noted = {WM_USER, WM_KEYDOWN, WM_LBUTTONUP, WM_PAINT, WM_TIMER}; }
 
     HWND window = recorder.window('A', {0, 50, 100, 100});
@@ -73,9 +72,8 @@ TEST_F(Messages, OnlyControlCharactersAreTranslated)
     EXPECT_EQ(run(), (Log{"A:char 8", "A:char 9", "A:char 13", "A:char 122"}));
 }
 
-class Timers : public Messages
+struct Timers : Messages
 {
-protected:
     Timers() { recorder.noted = {WM_TIMER}; }
 };
 

@@ -8,9 +8,8 @@ namespace {
 using Parts = std::map<std::uint32_t, RECT>;
 
 /// Notes the invalid part of every WM_PAINT and fills it with the colour of the window.
-class Painting : public HandheldTest
+struct Painting : HandheldTest
 {
-protected:
     Painting()
     {
         recorder.handler = [this](HWND window, UINT message, WPARAM, LPARAM) {

@@ -13,9 +13,8 @@
 #include "user/recorder.h"
 #include "user/user_script.h"
 
-class HandheldTest : public testing::Test
+struct HandheldTest : testing::Test
 {
-protected:
     explicit HandheldTest(std::vector<std::byte> resources = {}) : image(std::move(resources)) {}
 
     /// What is noted while all that the test has given is handled and the time passes.
@@ -32,9 +31,8 @@ protected:
 };
 
 /// A program of one window, which owns the dialogs.
-class ProgramTest : public HandheldTest
+struct ProgramTest : HandheldTest
 {
-protected:
     explicit ProgramTest(std::vector<std::byte> resources = {}) : HandheldTest(std::move(resources))
     {
         SHInitExtraControls();
