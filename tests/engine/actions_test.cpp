@@ -23,23 +23,6 @@ TEST(Actions, AHeldShiftRepeatsAfter250ThenEvery100Milliseconds)
     EXPECT_EQ(moves, (std::vector<int>{0, 250, 350, 450, 550}));
 }
 
-TEST(Actions, ARowScoresOneBySoftDropAndTwoByHardDrop)
-{
-    PlayedGame game;
-    game.put(O, 3, -1, 0);
-    game.ticks(10, {Action::SoftDrop}); // a step every 50 ms
-    EXPECT_EQ(game.piece().y, 4);
-    EXPECT_EQ(game.session.score, 5);
-    game.tick({Action::HardDrop});
-    EXPECT_EQ(game.piece().y, 18);
-    EXPECT_EQ(game.session.score, 33);
-    EXPECT_FALSE(game.filled(4, 19)); // it locks in the next tick
-    game.tick({Action::HardDrop});    // held: no second one
-    EXPECT_TRUE(game.filled(4, 19));
-    EXPECT_EQ(game.session.soundEvent, SoundEvent::Lock);
-    EXPECT_EQ(game.session.score, 33);
-}
-
 TEST(Actions, HoldShowsAtOnceAndCanBeDisabled)
 {
     PlayedGame game;
@@ -81,8 +64,12 @@ TEST(Actions, TurnsTryFivePlaces)
                 game.fillRow(row);
             }
             game.empty(rotationState(turn.type, turn.rotation), 4, 10);
-            game.empty(rotationState(turn.type, turned), place.x, place.y);
             game.put(turn.type, 4, 10, turn.rotation);
+            game.tick({Action::RotateRight});
+            EXPECT_TRUE(game.isAt(4, 10, turn.rotation)); // there is no place yet
+            EXPECT_EQ(game.session.soundEvent, SoundEvent::None);
+            game.tick();
+            game.empty(rotationState(turn.type, turned), place.x, place.y);
             game.tick({Action::RotateRight});
             EXPECT_TRUE(game.isAt(place.x, place.y, turned)) << turn.rotation;
             EXPECT_EQ(game.session.soundEvent, SoundEvent::Rotate);

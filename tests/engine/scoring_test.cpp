@@ -47,4 +47,21 @@ TEST(Scoring, AMarathonRisesAtTheRateOfTheLevelBefore)
     EXPECT_EQ(game.session.dirty, dirty::everything);
 }
 
+TEST(Scoring, FortyLinesEndAtTheTarget)
+{
+    PlayedGame game(GameMode::FortyLines, 3);
+    game.session.lines = 4;
+    for (const int row : {16, 17, 18, 19}) {
+        game.fillRow(row, {4});
+    }
+    game.put(TetrominoType::I, 2, 5, 1);
+    game.ticks(10, {Action::SoftDrop}); // five rows in 250 ms, for a point each
+    game.tick({Action::HardDrop});      // and five for two
+    game.ticks(9);
+    EXPECT_EQ(game.session.state, GameState::Ending);
+    EXPECT_EQ(game.session.lines, 0);
+    EXPECT_EQ(game.session.score, 5 + 10 + 4800);
+    EXPECT_EQ(game.untilDeadline(), 3000);
+}
+
 } // namespace

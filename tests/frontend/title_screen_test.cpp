@@ -42,6 +42,7 @@ TEST(TitleScreen, TakesTurnsAndDrawsTheSelection)
     screen.create(HWND{});
     screen.selectedLevel = 9;
     screen.start(HWND{}, &table);
+    EXPECT_EQ(screen.table.get(), &table);
     EXPECT_EQ(GetPixel(windowDC, 205, 166), RGB(255, 255, 255)); // level 9: white
     EXPECT_EQ(GetPixel(windowDC, 183, 165), RGB(255, 255, 255)); // level 8: white border,
     EXPECT_EQ(GetPixel(windowDC, 185, 167), RGB(0, 0, 0));       // black inside

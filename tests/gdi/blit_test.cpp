@@ -29,8 +29,7 @@ TEST(Blit, ClipsToBothSides)
 
 TEST(Blit, OverlappingPartsMoveWhole)
 {
-    // A diagonal of white pixels moves, whichever way, and keeps its shape. The
-    // whole width goes as one block, less than that row by row.
+    // A diagonal keeps its shape. The whole width goes as one block, less than that row by row.
     for (const auto &[dx, dy] :
          {POINT{1, 2}, POINT{-1, -2}, POINT{0, 2}, POINT{0, -2}, POINT{2, 0}}) {
         const Picture picture(8, 8);

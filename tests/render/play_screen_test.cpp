@@ -1,6 +1,4 @@
 // The play screen by its pixels: what is drawn where, and what is left alone.
-#include <cstdlib>
-
 #include <gtest/gtest.h>
 
 #include "app/window.h"

@@ -41,8 +41,7 @@ struct Control : ProgramTest
 
 TEST_F(Control, EditBoxTakesTextAndKeys)
 {
-    // letters and signs are typed; < > are arrows, [ ] Home and End, { } < > with Shift, # Delete,
-    // ^ Backspace
+    // < > are arrows, { } with Shift, [ ] Home and End, # Delete, ^ Backspace; the rest is typed
     const std::map<char, std::pair<int, bool>> keys = {
         {'<', {VK_LEFT, false}},   {'>', {VK_RIGHT, false}}, {'[', {VK_HOME, false}},
         {']', {VK_END, false}},    {'{', {VK_LEFT, true}},   {'}', {VK_RIGHT, true}},
@@ -138,10 +137,10 @@ TEST_F(Control, ComboBoxIsChosenFromByStylus)
 TEST_F(Control, ComboBoxIsChosenFromByDraggingScrollingAndKeys)
 {
     user.click(20);
-    look([&](HWND) { // the lower arrow of the scroll bar, twice
+    look([&](HWND) { // the lower arrow of the scroll bar, beyond the end
         const auto item = inspect::openListItem(20, 1);
         ASSERT_TRUE(item);
-        for (int i = 0; i < 2; ++i) {
+        for (int i = 0; i < 4; ++i) {
             host.tap(97, item->centre.y);
         }
     });
@@ -196,8 +195,7 @@ TEST_F(Control, ButtonIsClickedWhereTheStylusIsLifted)
 TEST(Icon, GivesTheHostItsLargestPicture)
 {
     ResourceImage image;
-    // a group of a 1 by 1 and a 2 by 1 picture, the latter of 4 bits with its right pixel masked
-    // out
+    // 1 by 1, and 2 by 1 of 4 bits with its right pixel masked out
     image.add(
         14, 1,
         std::vector<std::uint16_t>{0, 1, 2, 0x0101, 0, 1, 4, 60, 0, 1, 0x0102, 0, 1, 4, 60, 0, 2});

@@ -12,8 +12,7 @@ using Kind = host::Event::Kind;
 
 constexpr DWORD style = WS_POPUP | WS_CAPTION | DS_SETFONT;
 
-/// 1: two text boxes' worth of buttons, one disabled, and OK as the default; 2: nothing that can
-/// have the focus.
+/// 1: buttons, one disabled and OK the default, and texts; 2: nothing that can have the focus.
 std::vector<std::byte> makeImage()
 {
     ResourceImage image;
