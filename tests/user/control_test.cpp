@@ -65,7 +65,7 @@ TEST_F(Control, EditBoxTakesTextAndKeys)
                 user.type(std::u16string(1, static_cast<char16_t>(unit)));
             }
         }
-        user.then([&] { EXPECT_EQ(textOf(10), expected) << typed; });
+        user.then([&wanted = expected, &how = typed] { EXPECT_EQ(textOf(10), wanted) << how; });
         end();
         runDialog(1, owner);
     }
