@@ -1,12 +1,13 @@
 # Which Debian packages the game, its tests and the gate need, and how they get here.
-# Read by play, test and .ci/run.
+# Read by play, test, .ci/run and .ci/lint.
 # shellcheck shell=sh disable=SC2034 # the lists are used there
 
 play_packages='g++ cmake ninja-build llvm libsdl2-dev libpng-dev libfreetype-dev fonts-liberation'
-web_packages="$play_packages emscripten python3"
+web_packages="$play_packages emscripten esbuild python3"
 test_packages="$play_packages libgtest-dev python3 python3-numpy xvfb xdotool imagemagick"
-gate_packages="$test_packages $web_packages chromium nodejs git clang clang-format libclang-rt-14-dev \
-    lintian appstream"
+lint_packages='git clang clang-tidy cppcheck'
+gate_packages="$test_packages $web_packages $lint_packages chromium nodejs clang-format \
+    libclang-rt-14-dev lintian appstream"
 
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then

@@ -108,6 +108,45 @@ LRESULT command(HWND window, WPARAM wParam, LPARAM lParam)
     return DefWindowProcW(window, WM_COMMAND, wParam, lParam);
 }
 
+void size(HWND window, WPARAM wParam, LPARAM lParam)
+{
+    if (wParam == SIZE_MINIMIZED) {
+        offerOrientationRestore(savedOrientation);
+    }
+    DefWindowProcW(window, WM_SIZE, wParam, lParam);
+}
+
+void checkOrientation()
+{
+    if (checkPortrait() == portraitDeclined) {
+        PostQuitMessage(0);
+    }
+}
+
+/// What the user does with keys, stylus and menus.
+LRESULT handleInput(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_KEYDOWN:
+    case WM_KEYUP:
+        return 0; // the game polls its buttons
+    case WM_COMMAND:
+        return command(window, wParam, lParam);
+    case WM_INITMENUPOPUP:
+        menuOpens(window);
+        return 0;
+    case WM_LBUTTONUP:
+        gameApp.tap(window, LOWORD(static_cast<WPARAM>(lParam)),
+                    HIWORD(static_cast<WPARAM>(lParam)));
+        return 0;
+    case WM_HELP:
+        showHelp();
+        return 0;
+    default:
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
+}
+
 LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
@@ -118,10 +157,7 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
         destroy(window);
         return 0;
     case WM_SIZE:
-        if (wParam == SIZE_MINIMIZED) {
-            offerOrientationRestore(savedOrientation);
-        }
-        DefWindowProcW(window, message, wParam, lParam);
+        size(window, wParam, lParam);
         return 0;
     case WM_ACTIVATE:
         activate(window, wParam, lParam);
@@ -130,40 +166,23 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
         PostMessageW(window, WM_CHECK_ORIENTATION, 0, 0);
         DefWindowProcW(window, message, wParam, lParam);
         return 0;
+    case WM_CHECK_ORIENTATION:
+        checkOrientation();
+        return 0;
     case WM_PAINT:
         paint(window);
         return 0;
     case WM_SETTINGCHANGE:
         SHHandleWMSettingChange(window, wParam, lParam, &activateInfo);
         return 0;
-    case WM_HELP:
-        showHelp();
-        return 0;
-    case WM_KEYDOWN:
-    case WM_KEYUP:
-        return 0; // the game polls its buttons
-    case WM_COMMAND:
-        return command(window, wParam, lParam);
     case WM_TIMER:
         timer(window);
-        return 0;
-    case WM_INITMENUPOPUP:
-        menuOpens(window);
-        return 0;
-    case WM_LBUTTONUP:
-        gameApp.tap(window, LOWORD(static_cast<WPARAM>(lParam)),
-                    HIWORD(static_cast<WPARAM>(lParam)));
         return 0;
     case WM_HIBERNATE: // the system is short of memory: shut down, the game is kept
         SendMessageW(window, WM_DESTROY, 0, 0);
         return 0;
-    case WM_CHECK_ORIENTATION:
-        if (checkPortrait() == portraitDeclined) {
-            PostQuitMessage(0);
-        }
-        return 0;
     default:
-        return DefWindowProcW(window, message, wParam, lParam);
+        return handleInput(window, message, wParam, lParam);
     }
 }
 

@@ -31,11 +31,6 @@ constexpr UINT SHCMBM_GETMENU = WM_USER + 401;
 /// Sent to the menu bar: returns the drop-down of button lParam (a command identifier).
 constexpr UINT SHCMBM_GETSUBMENU = WM_USER + 400;
 
-constexpr WORD I_IMAGENONE = 0xFFFE;
-constexpr BYTE TBSTATE_ENABLED = 0x04;
-constexpr BYTE TBSTYLE_DROPDOWN = 0x08;
-constexpr BYTE TBSTYLE_AUTOSIZE = 0x10;
-
 // Activation and settings --------------------------------------------------------------------
 
 struct SHACTIVATEINFO
@@ -56,7 +51,6 @@ BOOL SHHandleWMSettingChange(HWND window, WPARAM wParam, LPARAM lParam, SHACTIVA
 
 constexpr DWORD SHIDIM_FLAGS = 0x0001;
 constexpr DWORD SHIDIF_DONEBUTTON = 0x0001;
-constexpr DWORD SHIDIF_SIZEDLG = 0x0002;
 constexpr DWORD SHIDIF_SIZEDLGFULLSCREEN = 0x0004;
 constexpr DWORD SHIDIF_SIPDOWN = 0x0008;
 

@@ -23,13 +23,12 @@ void switchOn(host::Host &host, std::span<const std::byte> resources, int orient
     currentHost = &host;
     currentResources = resources;
     gdi::reset();
-    user::switchDisplayOn(orientation);
+    user::setOrientation(orientation);
     shell::switchOn();
 }
 
 void switchOff()
 {
-    shell::switchOff();
     user::reset();
     wave::reset();
     registry::reset();

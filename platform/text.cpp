@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstdarg>
 #include <limits>
 #include <string>
 
@@ -52,15 +51,6 @@ private:
     int length_ = 0;
 };
 
-/// The next argument of a format: an int for %d, an unsigned int for %u.
-long long takeNumber(WCHAR kind, va_list *arguments)
-{
-    if (kind == u'd') {
-        return va_arg(*arguments, int);
-    }
-    return va_arg(*arguments, unsigned);
-}
-
 void putNumber(Writer &out, long long value, int width, bool zeros)
 {
     if (zeros && value < 0) {
@@ -72,6 +62,38 @@ void putNumber(Writer &out, long long value, int width, bool zeros)
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     const std::u16string number(digits.data(), end);
     out.put(number, width, zeros ? u'0' : u' ');
+}
+
+/// A width: digits, which are taken off the format.
+int takeWidth(LPCWSTR &format)
+{
+    constexpr int widest = 1024;
+    int width = 0;
+    for (; isDigit(*format); ++format) {
+        width = std::min(width * 10 + (*format - u'0'), widest);
+    }
+    return width;
+}
+
+/// Writes a value as `kind` says; false when that is none of the kinds.
+bool putValue(Writer &out, const handheld::FormatValue &value, WCHAR kind, int width, bool zeros)
+{
+    switch (kind) {
+    case u'd':
+    case u'u':
+        putNumber(out, value.number, width, zeros);
+        return true;
+    case u'c': {
+        const auto unit = static_cast<WCHAR>(value.number);
+        out.put({&unit, 1}, width, u' ');
+        return true;
+    }
+    case u's':
+        out.put(value.text ? value.text : u"(null)", width, u' ');
+        return true;
+    default:
+        return false;
+    }
 }
 
 } // namespace
@@ -129,33 +151,20 @@ int _wtoi(LPCWSTR text)
     return static_cast<int>(negative ? -value : value);
 }
 
-int wsprintfW(LPWSTR buffer, LPCWSTR format, ...)
+int handheld::formatText(LPWSTR buffer, LPCWSTR format, std::initializer_list<FormatValue> values)
 {
     Writer out(buffer);
-    va_list arguments;
-    va_start(arguments, format);
+    const FormatValue *value = values.begin();
     for (; *format; ++format) {
         if (*format != u'%' || *++format == u'%') {
             out.put(*format);
             continue;
         }
         const bool zeros = *format == u'0';
-        int width = 0;
-        for (; isDigit(*format); ++format) {
-            width = std::min(width * 10 + (*format - u'0'), 1024);
-        }
-        if (*format == u'd' || *format == u'u') {
-            putNumber(out, takeNumber(*format, &arguments), width, zeros);
-        } else if (*format == u'c') {
-            const auto unit = static_cast<WCHAR>(va_arg(arguments, int));
-            out.put({&unit, 1}, width, u' ');
-        } else if (*format == u's') {
-            const auto *text = va_arg(arguments, LPCWSTR);
-            out.put(text ? text : u"(null)", width, u' ');
-        } else {
-            break; // nothing that this function knows
+        const int width = takeWidth(format);
+        if (value == values.end() || !putValue(out, *value++, *format, width, zeros)) {
+            break;
         }
     }
-    va_end(arguments);
     return out.finish();
 }

@@ -2,6 +2,8 @@
 // and the few text functions that programs of this platform use with UTF-16.
 #pragma once
 
+#include <initializer_list>
+
 #include "windef.h"
 
 /// The program's entry point, written by the program. Returns the process's exit code.
@@ -30,7 +32,6 @@ using HGLOBAL = const void *;
 #define RT_ICON MAKEINTRESOURCEW(3)
 #define RT_MENU MAKEINTRESOURCEW(4)
 #define RT_DIALOG MAKEINTRESOURCEW(5)
-#define RT_STRING MAKEINTRESOURCEW(6)
 #define RT_ACCELERATOR MAKEINTRESOURCEW(9)
 #define RT_RCDATA MAKEINTRESOURCEW(10)
 #define RT_GROUP_ICON MAKEINTRESOURCEW(14)
@@ -72,7 +73,30 @@ LPWSTR _itow(int value, LPWSTR buffer, int radix);
 /// Reads a decimal number as the platform's library does: leading white space, a sign, digits;
 /// stops at the first other character; 0 when there is no digit, saturated when too large.
 int _wtoi(LPCWSTR text);
+
+namespace handheld {
+
+/// What a format takes for one of its % signs: a number or a text.
+struct FormatValue
+{
+    long long number = 0;
+    LPCWSTR text = nullptr;
+
+    constexpr FormatValue(int value) : number(value) {}
+    constexpr FormatValue(unsigned value) : number(value) {}
+    constexpr FormatValue(LPCWSTR value) : text(value) {}
+};
+/// wsprintfW with its values in a list.
+int formatText(LPWSTR buffer, LPCWSTR format, std::initializer_list<FormatValue> values);
+
+} // namespace handheld
+
 /// Formats into `buffer`, which must hold 1,024 code units at most and enough for the result.
-/// Knows %d, %u, %c, %s (UTF-16), %%, with a width and leading zeros ("%02d"). Returns the
-/// number of code units written, without the terminator.
-int wsprintfW(LPWSTR buffer, LPCWSTR format, ...);
+/// Knows %d, %u, %c, %s (UTF-16), %%, with a width and leading zeros ("%02d"); ends at a % sign
+/// that it does not know or has no value for. Returns the number of code units written, without
+/// the terminator.
+template <class... Values>
+int wsprintfW(LPWSTR buffer, LPCWSTR format, Values... values)
+{
+    return handheld::formatText(buffer, format, {handheld::FormatValue(values)...});
+}

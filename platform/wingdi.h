@@ -118,13 +118,6 @@ int FillRect(HDC dc, const RECT *rect, HBRUSH brush);
 /// Fills with the selected brush and draws a one-pixel border inside the rectangle with the
 /// selected pen. Right and bottom are exclusive.
 BOOL Rectangle(HDC dc, int left, int top, int right, int bottom);
-/// A line with the selected pen through the given points, the last pixel included only when it
-/// closes the figure.
-BOOL Polyline(HDC dc, const POINT *points, int count);
-/// Fills a convex or concave polygon with the selected brush, its outline with the pen.
-BOOL Polygon(HDC dc, const POINT *points, int count);
-/// Inverts nothing but draws the dotted frame of the keyboard focus in black.
-BOOL DrawFocusRect(HDC dc, const RECT *rect);
 /// One pixel. Returns the colour as the display shows it.
 COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour);
 constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
@@ -132,7 +125,8 @@ constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
 COLORREF GetPixel(HDC dc, int x, int y);
 
 /// Clips later drawing to what lies inside the rectangle (logical coordinates of the dc),
-/// within the clipping in force. Lasts until RestoreDC or the dc's end.
+/// within the clipping in force. Lasts until RestoreDC or the dc's end. Returns 1 when nothing is
+/// left, 2 for a rectangle, 0 on failure.
 int IntersectClipRect(HDC dc, int left, int top, int right, int bottom);
 /// Saves the selections, colours and clipping, one level per call; returns the level, from 1.
 int SaveDC(HDC dc);
@@ -179,12 +173,10 @@ BOOL GetTextMetricsW(HDC dc, TEXTMETRICW *metrics);
 
 // Rectangles ---------------------------------------------------------------------------------
 
-BOOL SetRect(RECT *rect, int left, int top, int right, int bottom);
 BOOL OffsetRect(RECT *rect, int dx, int dy);
 BOOL InflateRect(RECT *rect, int dx, int dy);
 /// FALSE, and an empty rectangle, when the two do not meet.
 BOOL IntersectRect(RECT *result, const RECT *a, const RECT *b);
-BOOL IsRectEmpty(const RECT *rect);
 /// Right and bottom are outside.
 BOOL PtInRect(const RECT *rect, POINT point);
 

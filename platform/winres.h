@@ -1,4 +1,4 @@
-/* The styles that resource scripts name. The sources have the same from winuser.h. */
+/* What resource scripts name. The sources have the styles from winuser.h, under the same names. */
 #pragma once
 
 #define WS_POPUP 0x80000000

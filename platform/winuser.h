@@ -30,8 +30,6 @@ constexpr UINT WM_ERASEBKGND = 0x0014;
 constexpr UINT WM_SHOWWINDOW = 0x0018;
 constexpr UINT WM_SETTINGCHANGE = 0x001A;
 constexpr UINT WM_CANCELMODE = 0x001F;
-constexpr UINT WM_SETFONT = 0x0030;
-constexpr UINT WM_GETFONT = 0x0031;
 constexpr UINT WM_HELP = 0x0053;
 constexpr UINT WM_NCDESTROY = 0x0082;
 constexpr UINT WM_GETDLGCODE = 0x0087;
@@ -42,7 +40,6 @@ constexpr UINT WM_INITDIALOG = 0x0110;
 constexpr UINT WM_COMMAND = 0x0111;
 constexpr UINT WM_TIMER = 0x0113;
 constexpr UINT WM_INITMENUPOPUP = 0x0117;
-constexpr UINT WM_CTLCOLORSTATIC = 0x0138;
 constexpr UINT WM_MOUSEMOVE = 0x0200;
 constexpr UINT WM_LBUTTONDOWN = 0x0201;
 constexpr UINT WM_LBUTTONUP = 0x0202;
@@ -106,7 +103,6 @@ using ATOM = WORD;
 /// 0 when a class of that name exists. The name is copied.
 ATOM RegisterClassW(const WNDCLASSW *description);
 
-constexpr DWORD WS_OVERLAPPED = 0x00000000;
 constexpr DWORD WS_POPUP = 0x80000000;
 constexpr DWORD WS_CHILD = 0x40000000;
 constexpr DWORD WS_VISIBLE = 0x10000000;
@@ -115,7 +111,6 @@ constexpr DWORD WS_CAPTION = 0x00C00000;
 constexpr DWORD WS_BORDER = 0x00800000;
 constexpr DWORD WS_VSCROLL = 0x00200000;
 constexpr DWORD WS_SYSMENU = 0x00080000;
-constexpr DWORD WS_GROUP = 0x00020000;
 constexpr DWORD WS_TABSTOP = 0x00010000;
 constexpr DWORD WS_EX_TOPMOST = 0x00000008;
 /// A top-level window that never becomes active, nor takes the focus: a bar or a drop-down.
@@ -151,7 +146,6 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD styl
 BOOL DestroyWindow(HWND window);
 /// What every window does with a message that it does not care about.
 LRESULT DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-LRESULT CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 BOOL IsWindow(HWND window);
 /// The first top-level window, of this or of another process on the same handheld, whose class
@@ -180,8 +174,6 @@ constexpr UINT SWP_NOMOVE = 0x0002;
 constexpr UINT SWP_NOZORDER = 0x0004;
 constexpr UINT SWP_NOREDRAW = 0x0008; ///< nothing becomes invalid
 constexpr UINT SWP_NOACTIVATE = 0x0010;
-constexpr UINT SWP_SHOWWINDOW = 0x0040;
-constexpr UINT SWP_HIDEWINDOW = 0x0080;
 constexpr HWND HWND_TOP{0};
 constexpr HWND HWND_TOPMOST{0xFFFFFFFFU};
 /// Moves, sizes and orders a window; without SWP_NOZORDER it goes directly behind `after`, or
@@ -195,10 +187,9 @@ BOOL ScreenToClient(HWND window, POINT *point);
 /// A child's parent, a top-level window's owner, or none.
 HWND GetParent(HWND window);
 constexpr UINT GW_HWNDNEXT = 2;
-constexpr UINT GW_HWNDPREV = 3;
 constexpr UINT GW_OWNER = 4;
 constexpr UINT GW_CHILD = 5;
-/// The next (behind) or previous sibling, the owner, or the topmost child. Dialog controls are
+/// The next sibling (behind), the owner, or the topmost child. Dialog controls are
 /// created one behind the other, so GW_CHILD and GW_HWNDNEXT give them in template order.
 HWND GetWindow(HWND window, UINT which);
 
@@ -218,7 +209,6 @@ BOOL SetWindowTextW(HWND window, LPCWSTR text);
 /// Copies at most `capacity` - 1 code units and a terminator; returns the number copied.
 int GetWindowTextW(HWND window, LPWSTR buffer, int capacity);
 int GetWindowTextLengthW(HWND window);
-int GetClassNameW(HWND window, LPWSTR buffer, int capacity);
 
 // Activation, focus, capture -----------------------------------------------------------------
 
@@ -327,9 +317,6 @@ using DLGPROC = INT_PTR(CALLBACK *)(HWND, UINT, WPARAM, LPARAM);
 
 constexpr int IDOK = 1;
 constexpr int IDCANCEL = 2;
-constexpr int IDABORT = 3;
-constexpr int IDRETRY = 4;
-constexpr int IDIGNORE = 5;
 constexpr int IDYES = 6;
 constexpr int IDNO = 7;
 
@@ -382,7 +369,6 @@ constexpr UINT BN_CLICKED = 0;
 constexpr DWORD SS_LEFT = 0x0000;
 constexpr DWORD SS_CENTER = 0x0001;
 constexpr DWORD SS_RIGHT = 0x0002;
-constexpr DWORD SS_ICON = 0x0003;
 constexpr DWORD SS_NOPREFIX = 0x0080;
 constexpr DWORD SS_BITMAP = 0x000E;
 
@@ -396,11 +382,8 @@ constexpr UINT EN_CHANGE = 0x0300;
 // Controls: COMBOBOX
 constexpr DWORD CBS_DROPDOWNLIST = 0x0003;
 constexpr UINT CB_ADDSTRING = 0x0143;
-constexpr UINT CB_GETCOUNT = 0x0146;
 constexpr UINT CB_GETCURSEL = 0x0147;
-constexpr UINT CB_GETLBTEXT = 0x0148;
 constexpr UINT CB_SETCURSEL = 0x014E;
-constexpr UINT CB_SHOWDROPDOWN = 0x014F;
 constexpr UINT CB_GETDROPPEDSTATE = 0x0157;
 constexpr LRESULT CB_ERR = -1;
 constexpr UINT CBN_SELCHANGE = 1;

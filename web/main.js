@@ -1,10 +1,11 @@
 // The page: starts the program, is its host's other half, and comes and goes with it.
+import {code} from './program.js';
+import {letGameGo, takeGameOver, turn, whenGameGoes} from './turns.js';
 import createGlimra from './glimra.js';
 import {Controls} from './controls.js';
 import {Screen} from './screen.js';
 import {Sound} from './sound.js';
 import {Store} from './store.js';
-import {letGameGo, takeGameOver, turn, whenGameGoes} from './turns.js';
 
 /** What host::Event::Kind counts. */
 const BACKGROUND = 6, FOREGROUND = 7, HELP = 11;
@@ -161,16 +162,8 @@ function offerTurn(text) {
   });
 }
 
-/** The program in its memory; the long way where a server gives the file a wrong type. */
-async function instantiate(imports) {
-  const load = () => fetch('glimra.wasm');
-  const {instance} = await WebAssembly.instantiateStreaming(load(), imports)
-    .catch(async () => WebAssembly.instantiate(await (await load()).arrayBuffer(), imports));
-  return instance;
-}
-
 async function start() {
-  if (typeof WebAssembly !== 'object') {
+  if (!code) {
     ask('Glimra needs a browser with WebAssembly, which this one lacks.', 'Try again', () => location.reload());
     return;
   }
@@ -186,7 +179,8 @@ async function start() {
   });
   // The program is made ready while the pages settle whose turn it is; receiving it starts it.
   const ready = createGlimra({page, printErr: notice, wake() {}, onAbort: fail, instantiateWasm(imports, receive) {
-    Promise.all([instantiate(imports), turn]).then(([instance, mine]) => mine && receive(instance)).catch(fail);
+    const instance = code.then((module) => WebAssembly.instantiate(module, imports));
+    Promise.all([instance, turn]).then(([instance, mine]) => mine && receive(instance)).catch(fail);
     return {};
   }});
   if (!await turn) {

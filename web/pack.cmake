@@ -1,23 +1,28 @@
-# Puts the page together: what stands in web/, the built program, the help page, and a service
-# worker that knows all these files and a version made from their bytes.
-#   cmake -D SOURCE=... -D BUILT=... -D TARGET=... -P pack.cmake
-file(GLOB files ${SOURCE}/web/*.html ${SOURCE}/web/*.css ${SOURCE}/web/*.js ${SOURCE}/web/*.json
-     ${SOURCE}/web/*.svg ${SOURCE}/web/*.png)
-list(REMOVE_ITEM files ${SOURCE}/web/worker.js)
-list(APPEND files ${BUILT}/glimra.js ${BUILT}/glimra.wasm ${SOURCE}/resources/glimra.htm)
-list(SORT files)
+# Puts the page together: what stands in web/, its scripts bundled into one with the built
+# program's, the help page, and a service worker that knows all these files and a version made
+# from their bytes.
+#   cmake -D SOURCE=... -D BUILT=... -D TARGET=... -D ESBUILD=... -P pack.cmake
+file(REMOVE_RECURSE ${TARGET} ${BUILT}/scripts)
 
-file(REMOVE_RECURSE ${TARGET})
-file(COPY ${files} DESTINATION ${TARGET})
-foreach(file ${files} ${SOURCE}/web/worker.js)
-  get_filename_component(name ${file} NAME)
-  file(SHA256 ${file} sum)
+# One script is fetched, compiled and run sooner than eight.
+file(GLOB scripts ${SOURCE}/web/*.js)
+list(REMOVE_ITEM scripts ${SOURCE}/web/worker.js)
+file(COPY ${scripts} ${BUILT}/glimra.js DESTINATION ${BUILT}/scripts)
+execute_process(COMMAND ${ESBUILD} ${BUILT}/scripts/main.js --bundle --minify --format=esm --log-level=warning
+                        --outfile=${TARGET}/main.js COMMAND_ERROR_IS_FATAL ANY)
+
+file(GLOB files ${SOURCE}/web/*.html ${SOURCE}/web/*.css ${SOURCE}/web/*.json ${SOURCE}/web/*.svg
+     ${SOURCE}/web/*.png)
+file(COPY ${files} ${BUILT}/glimra.wasm ${SOURCE}/resources/glimra.htm DESTINATION ${TARGET})
+
+file(GLOB files LIST_DIRECTORIES false RELATIVE ${TARGET} ${TARGET}/*)
+foreach(name ${files})
+  file(SHA256 ${TARGET}/${name} sum)
   string(APPEND sums "${name} ${sum}\n")
-  if(NOT file STREQUAL ${SOURCE}/web/worker.js)
-    list(APPEND names '${name}')
-  endif()
+  list(APPEND names '${name}')
 endforeach()
-string(SHA256 VERSION "${sums}")
+file(SHA256 ${SOURCE}/web/worker.js sum)
+string(SHA256 VERSION "${sums}${sum}")
 string(SUBSTRING ${VERSION} 0 16 VERSION)
 list(JOIN names ", " FILES)
 configure_file(${SOURCE}/web/worker.js ${TARGET}/worker.js @ONLY)

@@ -18,12 +18,13 @@ target_link_options(
   -sUSE_ES6_IMPORT_META -sENVIRONMENT=web -sFILESYSTEM=0 -sDYNAMIC_EXECUTION=0
   -sSUPPORT_LONGJMP=0 -sEXPORTED_FUNCTIONS=_main,_free,_post,_faultInStore -sEXPORTED_RUNTIME_METHODS=allocateUTF8,UTF8ToString)
 
+find_program(ESBUILD esbuild REQUIRED)
 file(GLOB page_files CONFIGURE_DEPENDS
      web/*.html web/*.css web/*.js web/*.json web/*.svg web/*.png)
 add_custom_command(
   OUTPUT ${PROJECT_BINARY_DIR}/packed
   COMMAND ${CMAKE_COMMAND} -D SOURCE=${PROJECT_SOURCE_DIR} -D BUILT=$<TARGET_FILE_DIR:glimra-web>
-          -D TARGET=${PROJECT_SOURCE_DIR}/build/web -P ${PROJECT_SOURCE_DIR}/web/pack.cmake
+          -D TARGET=${PROJECT_SOURCE_DIR}/build/web -D ESBUILD=${ESBUILD} -P ${PROJECT_SOURCE_DIR}/web/pack.cmake
   COMMAND ${CMAKE_COMMAND} -E touch ${PROJECT_BINARY_DIR}/packed
   DEPENDS glimra-web ${page_files} web/pack.cmake resources/glimra.htm
   VERBATIM)

@@ -1,5 +1,7 @@
 // Making, loading and describing bitmaps, brushes and pens.
 #include <cstring>
+#include <new>
+#include <utility>
 
 #include "gdi/dib.h"
 #include "resources/image.h"
@@ -37,6 +39,20 @@ HBITMAP insertBitmap(std::unique_ptr<Bitmap> bitmap)
 }
 
 } // namespace
+
+std::unique_ptr<Bitmap> Bitmap::make(int width, int height)
+{
+    constexpr int longestSide = 4096;
+    if (width <= 0 || height <= 0 || width > longestSide || height > longestSide) {
+        return nullptr;
+    }
+    const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    std::unique_ptr<Pixel[]> pixels(new (std::nothrow) Pixel[count]());
+    if (!pixels) {
+        return nullptr;
+    }
+    return std::unique_ptr<Bitmap>(new Bitmap(std::move(pixels), width, height));
+}
 
 } // namespace gdi
 

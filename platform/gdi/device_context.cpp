@@ -73,12 +73,14 @@ HDC openScreenDC(const ScreenArea &area, const std::optional<Region> &within)
     return open(std::make_unique<DeviceContext>(&area, within), nullptr);
 }
 
-void closeScreenDC(HDC dc)
+bool closeScreenDC(HDC dc)
 {
     const auto *context = find<DeviceContext>(dc.value);
-    if (context && context->area) {
-        close(*context);
+    if (!context || !context->area) {
+        return false;
     }
+    close(*context);
+    return true;
 }
 
 } // namespace gdi
@@ -129,7 +131,7 @@ int IntersectClipRect(HDC dc, int left, int top, int right, int bottom)
     constexpr int empty = 1;
     constexpr int rectangle = 2;
     auto *context = gdi::find<gdi::DeviceContext>(dc.value);
-    if (!context) {
+    if (!context || !gdi::inReach(left, top, right, bottom)) {
         return failed;
     }
     RECT &clip = context->settings.clip;

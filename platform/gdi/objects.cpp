@@ -1,7 +1,6 @@
 // The table of handles.
 #include "gdi/objects.h"
 
-#include <new>
 #include <utility>
 
 namespace gdi {
@@ -50,20 +49,6 @@ std::uint32_t takeSlot()
 }
 
 } // namespace
-
-std::unique_ptr<Bitmap> Bitmap::make(int width, int height)
-{
-    constexpr int longestSide = 4096;
-    if (width <= 0 || height <= 0 || width > longestSide || height > longestSide) {
-        return nullptr;
-    }
-    const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-    std::unique_ptr<Pixel[]> pixels(new (std::nothrow) Pixel[count]());
-    if (!pixels) {
-        return nullptr;
-    }
-    return std::unique_ptr<Bitmap>(new Bitmap(std::move(pixels), width, height));
-}
 
 std::uint32_t insert(std::unique_ptr<Object> object)
 {

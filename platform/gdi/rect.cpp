@@ -3,12 +3,6 @@
 
 #include "wingdi.h"
 
-BOOL SetRect(RECT *rect, int left, int top, int right, int bottom)
-{
-    *rect = {left, top, right, bottom};
-    return TRUE;
-}
-
 BOOL OffsetRect(RECT *rect, int dx, int dy)
 {
     *rect = gdi::moved(*rect, dx, dy);
@@ -28,8 +22,6 @@ BOOL IntersectRect(RECT *result, const RECT *a, const RECT *b)
     *result = meet ? common : RECT{};
     return meet ? TRUE : FALSE;
 }
-
-BOOL IsRectEmpty(const RECT *rect) { return gdi::isEmpty(*rect) ? TRUE : FALSE; }
 
 BOOL PtInRect(const RECT *rect, POINT point)
 {

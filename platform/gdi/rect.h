@@ -43,6 +43,11 @@ constexpr RECT grown(const RECT &r, LONG by)
     return {r.left - by, r.top - by, r.right + by, r.bottom + by};
 }
 
+constexpr bool same(const RECT &a, const RECT &b)
+{
+    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
+}
+
 /// Whether all of `inner`, which is not empty, lies in `outer`.
 constexpr bool holds(const RECT &outer, const RECT &inner)
 {

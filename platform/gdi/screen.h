@@ -42,7 +42,8 @@ public:
 /// inside `within` (screen pixels). The area must outlive it. With the settings of a new memory
 /// device context.
 HDC openScreenDC(const ScreenArea &area, const std::optional<Region> &within);
-void closeScreenDC(HDC dc);
+/// False when it is none.
+bool closeScreenDC(HDC dc);
 
 /// Back to the state at switch-on: no objects but the stock ones, a black screen.
 void reset();

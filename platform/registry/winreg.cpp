@@ -42,9 +42,9 @@ void load(Registry &target)
     }
     std::variant<Hive, registry::Damage> content = registry::readText(*bytes);
     if (const auto *damage = std::get_if<registry::Damage>(&content)) {
-        host.setStoreAside();
         host.report("registry.reg line " + std::to_string(damage->line) + ": " + damage->reason +
-                    "; it is kept as registry.reg.bad");
+                    "; it is put aside as registry.reg.bad");
+        host.setStoreAside(); // or the host says why not
         return;
     }
     target.hive = std::move(std::get<Hive>(content));

@@ -110,11 +110,16 @@ std::optional<Entry> named(const Name &type, const Name &name)
 
 } // namespace
 
+bool isNumber(LPCWSTR name)
+{
+    constexpr std::uintptr_t firstAddress = 0x10000;
+    return reinterpret_cast<std::uintptr_t>(name) < firstAddress;
+}
+
 Name Name::from(LPCWSTR name)
 {
-    const auto value = reinterpret_cast<std::uintptr_t>(name);
-    constexpr std::uintptr_t firstAddress = 0x10000;
-    return value < firstAddress ? Name{static_cast<std::uint16_t>(value), {}} : Name{0, name};
+    const auto number = static_cast<std::uint16_t>(reinterpret_cast<std::uintptr_t>(name));
+    return isNumber(name) ? Name{number, {}} : Name{0, name};
 }
 
 bool operator==(const Name &a, const Name &b)

@@ -12,6 +12,9 @@
 
 namespace resources {
 
+/// Whether a pointer in the place of a name is MAKEINTRESOURCEW of a number, or null.
+bool isNumber(LPCWSTR name);
+
 /// A name or type of a resource as the image and the callers write it: a number below 65,536, or
 /// a text, compared without regard to case.
 struct Name

@@ -40,12 +40,14 @@ BOOL SHCreateMenuBar(SHMENUBARINFO *info)
     user::ByteReader reader(bytes);
     const HMENU menu = LoadMenuW(info->hInstRes, MAKEINTRESOURCEW(reader.word()));
     std::vector<shell::MenuBarButton> buttons = readButtons(reader, menu);
-    if (buttons.empty() || IsWindow(info->hwndParent) == FALSE) {
+    if (!buttons.empty() && IsWindow(info->hwndParent) != FALSE) {
+        info->hwndMB = shell::createMenuBar(info->hwndParent, menu, std::move(buttons));
+    }
+    if (!info->hwndMB) {
         DestroyMenu(menu);
         return FALSE;
     }
-    info->hwndMB = shell::createMenuBar(info->hwndParent, menu, std::move(buttons));
-    return info->hwndMB ? TRUE : FALSE;
+    return TRUE;
 }
 
 BOOL SHHandleWMActivate(HWND window, WPARAM wParam, LPARAM, SHACTIVATEINFO *info, DWORD)

@@ -1,3 +1,5 @@
+// Watches the focus for the input panel, and what programs want of it; the panel itself is the soft
+// keyboard.
 #include "shell/input_panel.h"
 
 #include "shell/soft_keyboard.h"
@@ -41,7 +43,11 @@ void switchOnInputPanel()
 void setInputPanel(bool up)
 {
     raisedByPreference = false;
-    up ? raiseSoftKeyboard() : lowerSoftKeyboard();
+    if (up) {
+        raiseSoftKeyboard();
+    } else {
+        lowerSoftKeyboard();
+    }
 }
 
 void inputPanelFocusMoved(HWND window)

@@ -18,7 +18,8 @@ struct MenuBarButton
 };
 
 void registerMenuBar();
-/// A hidden menu bar for `parent`, which owns it; it owns `menu` in turn.
+/// A hidden menu bar for `parent`, which owns it; it owns `menu` in turn. None, and the menu stays
+/// the caller's, when its window cannot be made.
 HWND createMenuBar(HWND parent, HMENU menu, std::vector<MenuBarButton> buttons);
 /// Shows the bar of the active window, or of the window that owns it, and hides the others.
 void updateMenuBars();

@@ -10,8 +10,6 @@
 #include "user/combobox.h"
 #include "user/controls.h"
 #include "user/dialog.h"
-#include "user/icon.h"
-#include "user/menu.h"
 
 namespace shell {
 
@@ -26,12 +24,6 @@ void switchOn()
     registerDropDown();
     switchOnInputPanel();
     createTitleBar();
-}
-
-void switchOff()
-{
-    menus::reset();
-    user::forgetIcons();
 }
 
 void activeWindowChanged()

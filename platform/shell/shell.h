@@ -12,8 +12,6 @@ constexpr int menuBarHeight = 26;
 
 /// Registers the shell's and the dialogs' window classes and makes the title bar.
 void switchOn();
-/// Forgets all of the shell's state; its windows are gone with the window manager's.
-void switchOff();
 
 /// The active window is another one, or its caption, OK button, position or visibility changed.
 void activeWindowChanged();

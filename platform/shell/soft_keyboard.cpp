@@ -3,6 +3,7 @@
 #include "shell/soft_keyboard.h"
 
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "gdi/screen.h"
@@ -154,16 +155,16 @@ const Key *keyAt(POINT point)
     return found;
 }
 
+/// A key is typed when the stylus is lifted from it: the panel may be gone after that, and what
+/// lies below it must get nothing of the tap.
 void stylus(HWND window, SoftKeyboard &keyboard, UINT message, LPARAM lParam)
 {
+    const Key *key = keyAt(controls::pointOf(lParam));
     if (message == WM_LBUTTONDOWN) {
         SetCapture(window);
-        keyboard.pressed = keyAt(controls::pointOf(lParam));
-        if (keyboard.pressed) {
-            type(keyboard, *keyboard.pressed);
-        }
-    } else {
-        keyboard.pressed = nullptr;
+        keyboard.pressed = key;
+    } else if (std::exchange(keyboard.pressed, nullptr) == key && key) {
+        type(keyboard, *key);
     }
     InvalidateRect(window, nullptr, FALSE);
 }

@@ -30,7 +30,7 @@ constexpr unsigned withShift = 0x04;
 constexpr unsigned withControl = 0x08;
 constexpr unsigned withAlt = 0x10;
 
-/// The tables that were loaded, by handle; a handle is the place behind its own.
+/// The tables that were loaded; handle 1 is the first of them.
 std::vector<std::span<const std::byte>> tables;
 
 bool matches(const Accelerator &accelerator, const MSG &message)

@@ -214,63 +214,53 @@ void show(HWND combo, ComboData &data, bool open)
     }
 }
 
-/// Left and Up go to the item before, Right and Down to the one after. In an open list the mark
-/// moves, Enter takes it and Escape leaves things as they are.
-LRESULT key(HWND combo, ComboData &data, WPARAM code)
+/// The item that a key leads to: Left and Up to the one before, Right and Down to the one after.
+/// None when the key leads nowhere.
+std::optional<int> itemFor(WPARAM code, int from, int count)
 {
-    const int from = data.list ? data.marked : data.selected;
-    int to = from;
+    const int last = count - 1;
+    if (last < 0) {
+        return std::nullopt;
+    }
     switch (code) {
-    case VK_F4:
-        show(combo, data, !data.list);
-        return 0;
-    case VK_RETURN: // comes here only while the list is open
-        choose(combo, data, data.marked);
-        return 0;
-    case VK_ESCAPE:
-        show(combo, data, false);
-        return 0;
     case VK_LEFT:
     case VK_UP:
-        to = from - 1;
-        break;
+        return std::clamp(from - 1, 0, last);
     case VK_RIGHT:
     case VK_DOWN:
-        to = from + 1;
-        break;
+        return std::clamp(from + 1, 0, last);
     case VK_HOME:
-        to = 0;
-        break;
-    case VK_END:
-        to = data.count() - 1;
-        break;
-    default:
         return 0;
+    case VK_END:
+        return last;
+    default:
+        return std::nullopt;
     }
-    to = std::clamp(to, 0, std::max(0, data.count() - 1));
-    if (data.list) {
-        mark(data, to);
-    } else if (to < data.count()) {
-        choose(combo, data, to);
+}
+
+/// In an open list the mark moves, Enter takes it and Escape leaves things as they are.
+void key(HWND combo, ComboData &data, WPARAM code)
+{
+    const int from = data.list ? data.marked : data.selected;
+    if (code == VK_F4) {
+        show(combo, data, !data.list);
+    } else if (code == VK_RETURN) { // comes here only while the list is open
+        choose(combo, data, data.marked);
+    } else if (code == VK_ESCAPE) {
+        show(combo, data, false);
+    } else if (const std::optional<int> item = itemFor(code, from, data.count()); !item) {
+        return;
+    } else if (data.list) {
+        mark(data, *item);
+    } else {
+        choose(combo, data, *item);
     }
-    return 0;
 }
 
 LRESULT addString(ComboData &data, LPARAM lParam)
 {
     data.items.emplace_back(reinterpret_cast<LPCWSTR>(lParam));
     return data.count() - 1;
-}
-
-LRESULT itemText(const ComboData &data, WPARAM index, LPARAM buffer)
-{
-    if (index >= data.items.size()) {
-        return CB_ERR;
-    }
-    const std::u16string &text = data.items[index];
-    text.copy(reinterpret_cast<LPWSTR>(buffer), text.size());
-    reinterpret_cast<LPWSTR>(buffer)[text.size()] = 0;
-    return static_cast<LRESULT>(text.size());
 }
 
 /// The stylus on the field, or dragged from it over the list.
@@ -318,18 +308,11 @@ LRESULT handleOther(HWND combo, ComboData &data, UINT message, WPARAM wParam, LP
     switch (message) {
     case CB_ADDSTRING:
         return addString(data, lParam);
-    case CB_GETCOUNT:
-        return data.count();
     case CB_GETCURSEL:
         return data.selected;
     case CB_SETCURSEL:
         select(combo, data, static_cast<int>(wParam));
         return data.selected;
-    case CB_GETLBTEXT:
-        return itemText(data, wParam, lParam);
-    case CB_SHOWDROPDOWN:
-        show(combo, data, wParam != FALSE);
-        return TRUE;
     case CB_GETDROPPEDSTATE:
         return static_cast<bool>(data.list) ? TRUE : FALSE;
     default:
@@ -355,7 +338,8 @@ LRESULT CALLBACK comboProcedure(HWND combo, UINT message, WPARAM wParam, LPARAM 
     case WM_LBUTTONUP:
         return stylusOnField(combo, *data, message, lParam);
     case WM_KEYDOWN:
-        return key(combo, *data, wParam);
+        key(combo, *data, wParam);
+        return 0;
     case WM_GETDLGCODE:
         return DLGC_WANTARROWS | DLGC_WANTCHARS | (data->list ? DLGC_WANTALLKEYS : 0);
     case WM_KILLFOCUS:

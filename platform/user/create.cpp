@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "handheld.h"
+#include "resources/image.h"
 #include "user/focus.h"
 #include "user/icon.h"
 #include "user/manager.h"
@@ -13,13 +14,6 @@ namespace user {
 namespace {
 
 HWND firstProgramWindow;
-
-/// Whether a text parameter is a text, and not a number in the place of one.
-bool isText(LPCWSTR text)
-{
-    constexpr std::uintptr_t firstAddress = 0x10000;
-    return reinterpret_cast<std::uintptr_t>(text) >= firstAddress;
-}
 
 RECT initialRect(const Window *parent, int x, int y, int width, int height)
 {
@@ -133,7 +127,7 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD styl
     record.parent = child ? relative : nullptr;
     record.owner = child || !relative ? nullptr : &relative->topLevel();
     record.rect = user::initialRect(record.parent, x, y, width, height);
-    record.text = user::isText(title) ? title : u"";
+    record.text = resources::isNumber(title) ? u"" : title;
     user::insertWindow(record);
     user::announceProgram(record);
     const SIZE size = record.size();

@@ -44,15 +44,6 @@ LRESULT paintNothing(HWND window)
     return 0;
 }
 
-/// The colours of a control's text, for its parent to answer with.
-LRESULT controlColours(WPARAM dc)
-{
-    const HDC target{static_cast<std::uint32_t>(dc)};
-    SetTextColor(target, RGB(0, 0, 0));
-    SetBkColor(target, RGB(255, 255, 255));
-    return static_cast<LRESULT>(GetStockObject(WHITE_BRUSH).value);
-}
-
 } // namespace
 
 } // namespace user
@@ -82,8 +73,6 @@ LRESULT DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
         return user::paintNothing(window);
     case WM_ERASEBKGND:
         return user::eraseBackground(*record, wParam);
-    case WM_CTLCOLORSTATIC:
-        return user::controlColours(wParam);
     case WM_CANCELMODE:
         if (GetCapture() == window) {
             ReleaseCapture();

@@ -2,10 +2,14 @@
 // procedure does not care.
 #include "user/dialog.h"
 
+#include <functional>
+
 #include "gdi/screen.h"
 #include "handheld.h"
 #include "shell/shell.h"
 #include "user/combobox.h"
+#include "user/controls.h"
+#include "user/focus.h"
 #include "user/theme.h"
 
 namespace dialogs {
@@ -17,7 +21,8 @@ std::span<const std::byte> templateBytes(LPCDLGTEMPLATEW address)
 {
     const std::span<const std::byte> image = handheld::resources();
     const auto *first = static_cast<const std::byte *>(address);
-    if (first < image.data() || first >= image.data() + image.size()) {
+    constexpr std::less<> before; // defined for any two addresses, as < is not
+    if (before(first, image.data()) || !before(first, image.data() + image.size())) {
         return {};
     }
     return image.subspan(static_cast<std::size_t>(first - image.data()));
@@ -41,12 +46,12 @@ void createControls(HWND dialog, const DialogTemplate &description, HINSTANCE in
 {
     for (const ControlTemplate &control : description.controls) {
         const RECT &rect = control.rect;
-        CreateWindowExW(control.exStyle, control.className.c_str(), control.text.c_str(),
-                        control.style | WS_CHILD, rect.left, rect.top, rect.right - rect.left,
-                        rect.bottom - rect.top, dialog,
-                        HMENU{static_cast<std::uint32_t>(control.id)}, instance, nullptr);
+        const HWND made =
+            CreateWindowExW(control.exStyle, control.className.c_str(), control.text.c_str(),
+                            control.style | WS_CHILD, rect.left, rect.top, rect.right - rect.left,
+                            rect.bottom - rect.top, dialog,
+                            HMENU{static_cast<std::uint32_t>(control.id)}, instance, nullptr);
         DialogData *data = dataOf(dialog);
-        const HWND made = GetDlgItem(dialog, control.id);
         if (data && made && (SendMessageW(made, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) != 0) {
             data->defaultId = control.id;
         }
@@ -165,13 +170,24 @@ LRESULT handleByDefault(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
+/// Gives the activation back to the window that had it before the dialog; one that was never shown
+/// has only taken the focus.
+void giveBack(HWND dialog, HWND back)
+{
+    const HWND active = GetActiveWindow();
+    if (IsWindow(back) == FALSE) {
+        return;
+    }
+    if (active == dialog || (!active && user::inForeground())) {
+        SetActiveWindow(back);
+    } else if (active == back && !GetFocus()) {
+        SetFocus(back);
+    }
+}
+
 } // namespace
 
-DialogData *dataOf(HWND window)
-{
-    const user::Window *found = user::find(window);
-    return found ? dynamic_cast<DialogData *>(found->data.get()) : nullptr;
-}
+DialogData *dataOf(HWND window) { return controls::dataOf<DialogData>(window); }
 
 HWND dialogOf(HWND control)
 {
@@ -196,8 +212,8 @@ INT_PTR runModal(const DialogTemplate &description, HINSTANCE instance, HWND own
     if (disabled) {
         EnableWindow(owner, TRUE);
     }
-    if (dialog && GetActiveWindow() == dialog && IsWindow(back) != FALSE) {
-        SetActiveWindow(back);
+    if (dialog) {
+        giveBack(dialog, back);
     }
     DestroyWindow(dialog);
     return result;

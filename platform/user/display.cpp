@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "gdi/rect.h"
 #include "gdi/screen.h"
 #include "shell/shell.h"
 #include "user/manager.h"
@@ -34,9 +35,7 @@ SIZE sizeIn(DWORD orientation)
 RECT placeOnScreen(const RECT &rect, const RECT &oldDefault)
 {
     const RECT place = defaultRect();
-    if (rect.left == oldDefault.left && rect.top == oldDefault.top &&
-        rect.right == oldDefault.right && rect.bottom == oldDefault.bottom)
-    {
+    if (gdi::same(rect, oldDefault)) {
         return place;
     }
     RECT moved = rect;
@@ -60,7 +59,7 @@ void placeWindows(const RECT &oldDefault)
 
 } // namespace
 
-void switchDisplayOn(int orientation)
+void setOrientation(int orientation)
 {
     const auto wanted = static_cast<DWORD>(orientation);
     current = isOrientation(wanted) ? wanted : DMDO_0;
@@ -75,7 +74,7 @@ void turnDisplay(int orientation)
         return;
     }
     const RECT oldDefault = defaultRect();
-    switchDisplayOn(orientation);
+    setOrientation(orientation);
     visibilityChanged();
     shell::displayTurned();
     placeWindows(oldDefault);

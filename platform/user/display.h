@@ -5,8 +5,8 @@
 
 namespace user {
 
-/// Gives the screen the size that it has in an orientation.
-void switchDisplayOn(int orientation);
+/// Gives the screen an orientation, its size in that, and nothing on it.
+void setOrientation(int orientation);
 /// Turns the display and everything on it. Nothing happens when it is in that orientation already.
 void turnDisplay(int orientation);
 

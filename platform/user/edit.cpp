@@ -30,7 +30,7 @@ struct EditData final : user::WindowData
     std::size_t last() const { return std::max(caret, anchor); }
 };
 
-/// A edit box with all that its procedure's steps work on.
+/// An edit box with all that its procedure's steps work on.
 struct Edit
 {
     HWND handle;
@@ -38,25 +38,30 @@ struct Edit
     EditData &data;
 };
 
-int widthUpTo(const Edit &edit, std::size_t count)
+int widthBetween(const Edit &edit, std::size_t from, std::size_t to)
 {
     const HDC dc = GetDC(edit.handle);
     SIZE size{};
-    GetTextExtentPoint32W(dc, edit.text.c_str(), static_cast<int>(count), &size);
+    GetTextExtentPoint32W(dc, edit.text.c_str() + from, static_cast<int>(to - from), &size);
     ReleaseDC(edit.handle, dc);
     return size.cx;
 }
 
+int widthUpTo(const Edit &edit, std::size_t position) { return widthBetween(edit, 0, position); }
+
+/// The position between two characters that is nearest to a column of the client area.
 std::size_t positionAt(const Edit &edit, LONG x)
 {
     const LONG target = x - margin + edit.data.scroll;
-    std::size_t position = 0;
-    while (position < edit.text.size() &&
-           widthUpTo(edit, position) + widthUpTo(edit, position + 1) <= 2 * target)
-    {
-        ++position;
+    LONG left = 0;
+    for (std::size_t position = 0; position < edit.text.size(); ++position) {
+        const LONG width = widthBetween(edit, position, position + 1);
+        if (2 * left + width > 2 * target) {
+            return position;
+        }
+        left += width;
     }
-    return position;
+    return edit.text.size();
 }
 
 /// Scrolls until the caret is in sight, and shows it.
@@ -235,6 +240,26 @@ void focusChanged(Edit &edit, bool gained)
     InvalidateRect(edit.handle, nullptr, FALSE);
 }
 
+/// The messages of edit boxes alone.
+LRESULT handleOwn(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case EM_GETSEL:
+        return static_cast<LRESULT>(MAKELONG(static_cast<unsigned>(edit.data.first()),
+                                             static_cast<unsigned>(edit.data.last())));
+    case EM_SETSEL:
+        return select(edit, wParam, lParam);
+    case EM_LIMITTEXT:
+        edit.data.limit = wParam;
+        return 0;
+    case CEM_UPCASEALLWORDS:
+        edit.data.everyWord = wParam != 0;
+        return 0;
+    default:
+        return DefWindowProcW(edit.handle, message, wParam, lParam);
+    }
+}
+
 LRESULT handle(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
@@ -252,6 +277,9 @@ LRESULT handle(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_KEYDOWN:
         key(edit, wParam);
         return 0;
+    case WM_CAPTURECHANGED:
+        edit.data.dragging = false;
+        return 0;
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
         focusChanged(edit, message == WM_SETFOCUS);
@@ -264,19 +292,8 @@ LRESULT handle(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
         return setEditText(edit, wParam, lParam);
     case WM_GETDLGCODE:
         return DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_HASSETSEL;
-    case EM_GETSEL:
-        return static_cast<LRESULT>(MAKELONG(static_cast<unsigned>(edit.data.first()),
-                                             static_cast<unsigned>(edit.data.last())));
-    case EM_SETSEL:
-        return select(edit, wParam, lParam);
-    case EM_LIMITTEXT:
-        edit.data.limit = wParam;
-        return 0;
-    case CEM_UPCASEALLWORDS:
-        edit.data.everyWord = wParam != 0;
-        return 0;
     default:
-        return DefWindowProcW(edit.handle, message, wParam, lParam);
+        return handleOwn(edit, message, wParam, lParam);
     }
 }
 

@@ -1,5 +1,6 @@
-// Activation, focus and capture. Every message that is sent on the way may change all three or
-// destroy any window, so handles are looked up anew after each.
+// Activation, focus and capture, and who may have them: a disabled window may not. Every message
+// that is sent on the way may change all three or destroy any window, so handles are looked up anew
+// after each.
 #include "user/focus.h"
 
 #include <algorithm>
@@ -241,3 +242,28 @@ BOOL ReleaseCapture()
 }
 
 HWND GetCapture() { return attention.capture; }
+
+BOOL EnableWindow(HWND window, BOOL enable)
+{
+    user::Window *record = user::find(window);
+    if (!record) {
+        return FALSE;
+    }
+    const bool wasDisabled = !record->enabled();
+    if (wasDisabled == (enable == FALSE)) {
+        return wasDisabled ? TRUE : FALSE;
+    }
+    record->style ^= WS_DISABLED;
+    if (!enable) {
+        const HWND self = record->handle;
+        SendMessageW(self, WM_CANCELMODE, 0, 0);
+        if (user::isWithin(GetCapture(), self)) {
+            ReleaseCapture(); // else the stylus would go nowhere
+        }
+        if (user::isWithin(GetFocus(), self)) {
+            SetFocus({});
+        }
+    }
+    SendMessageW(window, WM_ENABLE, enable ? TRUE : FALSE, 0);
+    return wasDisabled ? TRUE : FALSE;
+}

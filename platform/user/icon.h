@@ -8,7 +8,6 @@ namespace user {
 
 /// The largest picture of an icon, for the host; without pixels when there is no such icon.
 host::Icon iconPicture(HICON icon);
-/// Forgets all icons.
 void forgetIcons();
 
 } // namespace user

@@ -3,6 +3,7 @@
 
 #include "text.h"
 #include "user/manager.h"
+#include "user/menu.h"
 #include "user/timer.h"
 
 namespace inspect {

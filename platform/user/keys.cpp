@@ -26,11 +26,10 @@ struct Keys
 
 Keys keys;
 
-bool isApplicationButton(std::size_t key)
-{
-    constexpr std::size_t lastButton = VK_APP1 + 5;
-    return key >= VK_APP1 && key <= lastButton;
-}
+constexpr std::size_t firstButton = VK_APP1;
+constexpr std::size_t lastButton = VK_APP1 + 5;
+
+bool isApplicationButton(std::size_t key) { return key >= firstButton && key <= lastButton; }
 
 bool isKey(int key) { return key > 0 && static_cast<std::size_t>(key) < keyCount; }
 
@@ -97,11 +96,9 @@ bool shiftDown() { return keys.shift || keys.down[VK_SHIFT]; }
 void holdButtons(bool held)
 {
     keys.buttonsHeld = held;
-    for (std::size_t key = 0; key < keyCount && !held; ++key) {
-        if (isApplicationButton(key)) {
-            keys.down[key] = false;
-            keys.pressed[key] = false;
-        }
+    for (std::size_t key = firstButton; key <= lastButton && !held; ++key) {
+        keys.down[key] = false;
+        keys.pressed[key] = false;
     }
 }
 

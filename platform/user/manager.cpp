@@ -3,7 +3,9 @@
 
 #include "user/accelerator.h"
 #include "user/focus.h"
+#include "user/icon.h"
 #include "user/keys.h"
+#include "user/menu.h"
 #include "user/message.h"
 #include "user/stylus.h"
 #include "user/timer.h"
@@ -21,6 +23,8 @@ void reset()
     forgetKeys();
     forgetStylus();
     forgetAccelerators();
+    forgetMenus();
+    forgetIcons();
 }
 
 } // namespace user

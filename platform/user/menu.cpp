@@ -104,8 +104,6 @@ Item *findItem(HMENU menu, UINT item, UINT flags)
 
 const Menu *find(HMENU menu) { return lookUp(menu); }
 
-void reset() { table.clear(); }
-
 } // namespace menus
 
 std::size_t user::liveMenus()
@@ -114,6 +112,8 @@ std::size_t user::liveMenus()
         std::count_if(menus::table.begin(), menus::table.end(),
                       [](const auto &entry) { return !entry.second.isDropDown; }));
 }
+
+void user::forgetMenus() { menus::table.clear(); }
 
 HMENU LoadMenuW(HINSTANCE, LPCWSTR name)
 {

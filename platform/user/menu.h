@@ -1,6 +1,7 @@
 // Menus as they are kept behind their handles.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,13 @@ struct Menu
 
 /// Null when there is no such menu.
 const Menu *find(HMENU menu);
-/// Forgets all menus.
-void reset();
 
 } // namespace menus
+
+namespace user {
+
+/// How many menus the program has loaded and not destroyed.
+std::size_t liveMenus();
+void forgetMenus();
+
+} // namespace user

@@ -180,11 +180,6 @@ LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     return record ? record->procedure(record->handle, message, wParam, lParam) : 0;
 }
 
-LRESULT CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    return procedure ? procedure(window, message, wParam, lParam) : 0;
-}
-
 BOOL PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     const user::Window *record = user::find(window);

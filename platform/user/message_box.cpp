@@ -102,10 +102,8 @@ dialogs::DialogTemplate layOut(const std::u16string &text, const std::u16string 
 
 void drawSign(HDC dc, const RECT &rect, const char16_t *sign, COLORREF colour)
 {
-    const HFONT font = [] {
-        LOGFONTW description{16, 0, 0, 0, FW_BOLD, 0, 0, 0, 0, 0, 0, 0, 0, u"Arial"};
-        return CreateFontIndirectW(&description);
-    }();
+    constexpr LOGFONTW description{16, 0, 0, 0, FW_BOLD, 0, 0, 0, 0, 0, 0, 0, 0, u"Arial"};
+    const HFONT font = CreateFontIndirectW(&description);
     const HGDIOBJ previous = SelectObject(dc, font);
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, colour);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "gdi/rect.h"
 #include "handheld.h"
 #include "user/manager.h"
 
@@ -28,16 +29,12 @@ RECT toScreen(const Window &window, const RECT *rect)
     if (!rect) {
         return window.rect;
     }
-    const POINT origin = window.origin();
-    return {rect->left + origin.x, rect->top + origin.y, rect->right + origin.x,
-            rect->bottom + origin.y};
+    return gdi::moved(*rect, window.rect.left, window.rect.top);
 }
 
-RECT toClient(const Window &window, RECT rect)
+RECT toClient(const Window &window, const RECT &rect)
 {
-    const POINT origin = window.origin();
-    return {rect.left - origin.x, rect.top - origin.y, rect.right - origin.x,
-            rect.bottom - origin.y};
+    return gdi::moved(rect, -window.rect.left, -window.rect.top);
 }
 
 /// Whether anything that can be seen of the window is invalid.
@@ -72,11 +69,7 @@ HDC openDC(Window &window, const std::optional<gdi::Region> &within)
 
 bool closeDC(Window &window, HDC dc)
 {
-    if (std::erase(window.openDCs, dc) == 0) {
-        return false;
-    }
-    gdi::closeScreenDC(dc);
-    return true;
+    return std::erase(window.openDCs, dc) != 0 && gdi::closeScreenDC(dc);
 }
 
 } // namespace
@@ -109,7 +102,7 @@ void presentFrame()
 {
     gdi::Screen &screen = gdi::screen();
     const RECT changed = screen.changed;
-    if (changed.left >= changed.right || changed.top >= changed.bottom) {
+    if (gdi::isEmpty(changed)) {
         return;
     }
     screen.changed = {};
@@ -156,8 +149,7 @@ HDC GetDC(HWND window)
 int ReleaseDC(HWND window, HDC dc)
 {
     if (!window) {
-        gdi::closeScreenDC(dc);
-        return 1;
+        return gdi::closeScreenDC(dc) ? 1 : 0;
     }
     user::Window *record = user::find(window);
     return record && user::closeDC(*record, dc) ? 1 : 0;

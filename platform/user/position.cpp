@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "gdi/rect.h"
 #include "shell/shell.h"
 #include "user/focus.h"
 #include "user/manager.h"
@@ -12,11 +13,6 @@
 namespace user {
 
 namespace {
-
-bool sameRect(const RECT &a, const RECT &b)
-{
-    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
-}
 
 void moveChildren(Window &window, int dx, int dy)
 {
@@ -67,7 +63,7 @@ void takeRect(Window &window, const RECT &rect)
 /// Changes place and order at once.
 void rearrange(Window &window, HWND after, const RECT &rect, UINT flags)
 {
-    if (!sameRect(rect, window.rect)) {
+    if (!gdi::same(rect, window.rect)) {
         takeRect(window, rect);
     }
     if ((flags & SWP_NOZORDER) != 0) {
@@ -173,7 +169,7 @@ BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, 
     const RECT rect = user::requestedRect(*record, x, y, width, height, flags);
     std::vector<gdi::Region> invalid;
     user::noteInvalid(*record, invalid);
-    if (!user::sameRect(rect, before) || (flags & SWP_NOZORDER) == 0) {
+    if (!gdi::same(rect, before) || (flags & SWP_NOZORDER) == 0) {
         const user::VisibilityChange change;
         user::rearrange(*record, after, rect, flags);
     }
@@ -182,17 +178,12 @@ BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, 
         user::restoreInvalid(*record, first, {rect.left - before.left, rect.top - before.top});
     }
     user::announceRect(self, before);
-    if ((flags & SWP_HIDEWINDOW) != 0) {
-        ShowWindow(self, SW_HIDE);
-    } else if ((flags & SWP_SHOWWINDOW) != 0) {
-        ShowWindow(self, SW_SHOWNA);
-    }
     record = user::find(self);
-    const bool activates = (flags & (SWP_NOACTIVATE | SWP_NOZORDER | SWP_HIDEWINDOW)) == 0;
+    const bool activates = (flags & (SWP_NOACTIVATE | SWP_NOZORDER)) == 0;
     if (record && record->shown() && !record->parent && activates) {
         SetActiveWindow(self);
     }
-    if (GetActiveWindow() == self && !user::sameRect(rect, before)) {
+    if (GetActiveWindow() == self && !gdi::same(rect, before)) {
         shell::activeWindowChanged();
     }
     return TRUE;
@@ -202,28 +193,6 @@ BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint)
 {
     return SetWindowPos(window, {}, x, y, width, height,
                         SWP_NOZORDER | SWP_NOACTIVATE | (repaint ? 0 : SWP_NOREDRAW));
-}
-
-BOOL EnableWindow(HWND window, BOOL enable)
-{
-    user::Window *record = user::find(window);
-    if (!record) {
-        return FALSE;
-    }
-    const bool wasDisabled = !record->enabled();
-    if (wasDisabled == (enable == FALSE)) {
-        return wasDisabled ? TRUE : FALSE;
-    }
-    record->style ^= WS_DISABLED;
-    if (!enable) {
-        const HWND self = record->handle;
-        SendMessageW(self, WM_CANCELMODE, 0, 0);
-        if (user::isWithin(GetFocus(), self)) {
-            SetFocus({});
-        }
-    }
-    SendMessageW(window, WM_ENABLE, enable ? TRUE : FALSE, 0);
-    return wasDisabled ? TRUE : FALSE;
 }
 
 BOOL GetWindowRect(HWND window, RECT *rect)

@@ -1,6 +1,6 @@
 // What can be asked and set of a window: its relations, its values, its text.
 #include <algorithm>
-#include <cstring>
+#include <iterator>
 
 #include "shell/shell.h"
 #include "user/manager.h"
@@ -12,14 +12,12 @@ namespace {
 
 HWND handleOf(const Window *window) { return window ? window->handle : HWND{}; }
 
-/// The sibling so many places behind.
-HWND siblingOf(const Window &window, std::ptrdiff_t places)
+/// The sibling directly behind.
+HWND nextSiblingOf(const Window &window)
 {
     const auto &siblings = window.parent ? window.parent->children : topLevelWindows();
-    const auto index =
-        std::find(siblings.begin(), siblings.end(), &window) - siblings.begin() + places;
-    const bool inside = index >= 0 && index < std::ssize(siblings);
-    return inside ? siblings[static_cast<std::size_t>(index)]->handle : HWND{};
+    const auto next = std::next(std::find(siblings.begin(), siblings.end(), &window));
+    return next == siblings.end() ? HWND{} : (*next)->handle;
 }
 
 /// The place of a value that is kept as an address or a number of that width; null for others.
@@ -74,9 +72,7 @@ HWND GetWindow(HWND window, UINT which)
     }
     switch (which) {
     case GW_HWNDNEXT:
-        return user::siblingOf(*record, 1);
-    case GW_HWNDPREV:
-        return user::siblingOf(*record, -1);
+        return user::nextSiblingOf(*record);
     case GW_OWNER:
         return user::handleOf(record->owner);
     case GW_CHILD:
@@ -155,14 +151,4 @@ int GetWindowTextW(HWND window, LPWSTR buffer, int capacity)
 int GetWindowTextLengthW(HWND window)
 {
     return static_cast<int>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0));
-}
-
-int GetClassNameW(HWND window, LPWSTR buffer, int capacity)
-{
-    const user::Window *record = user::find(window);
-    if (!record || !buffer || capacity <= 0) {
-        return 0;
-    }
-    lstrcpynW(buffer, record->windowClass->name.c_str(), capacity);
-    return lstrlenW(buffer);
 }

@@ -3,48 +3,33 @@
 
 namespace user {
 
+/// Small letters that are as far behind their capitals; `step` 2: every other one of them.
+struct SmallLetters
+{
+    char16_t first;
+    char16_t last;
+    int distance;
+    int step = 1;
+};
+
+/// In an order in which the first match counts.
+inline constexpr SmallLetters smallLetters[] = {
+    {u'a', u'z', 32},     {0xE0, 0xF6, 32},     {0xF8, 0xFE, 32},     {0xFF, 0xFF, -121},
+    {0x131, 0x131, 232},  {0x101, 0x137, 1, 2}, {0x13A, 0x148, 1, 2}, {0x14B, 0x177, 1, 2},
+    {0x17A, 0x17E, 1, 2}, {0x3AC, 0x3AC, 38},   {0x3AD, 0x3AF, 37},   {0x3C2, 0x3C2, 31},
+    {0x3B1, 0x3CB, 32},   {0x3CC, 0x3CC, 64},   {0x3CD, 0x3CE, 63},   {0x430, 0x44F, 32},
+    {0x450, 0x45F, 80},   {0x461, 0x481, 1, 2},
+};
+
 /// The capital of a small letter; anything else as it is.
 constexpr char16_t upperCase(char16_t unit)
 {
-    const auto within = [unit](char16_t first, char16_t last) {
-        return unit >= first && unit <= last;
-    };
-    const auto shifted = [unit](int distance) { return static_cast<char16_t>(unit - distance); };
-    if (within(u'a', u'z') || (within(0xE0, 0xFE) && unit != 0xF7) ||
-        (within(0x3B1, 0x3CB) && unit != 0x3C2) || within(0x430, 0x44F))
-    {
-        return shifted(32);
+    for (const SmallLetters &run : smallLetters) {
+        if (unit >= run.first && unit <= run.last && (unit - run.first) % run.step == 0) {
+            return static_cast<char16_t>(unit - run.distance);
+        }
     }
-    if (within(0x450, 0x45F)) {
-        return shifted(80);
-    }
-    const bool oddIsSmall =
-        (within(0x100, 0x137) && unit != 0x131) || within(0x14A, 0x177) || within(0x460, 0x481);
-    const bool evenIsSmall = within(0x139, 0x148) || within(0x179, 0x17E);
-    if ((oddIsSmall && unit % 2 != 0) || (evenIsSmall && unit % 2 == 0)) {
-        return shifted(1);
-    }
-    switch (unit) {
-    case 0xFF:
-        return 0x178;
-    case 0x131:
-        return u'I';
-    case 0x3AC:
-        return 0x386;
-    case 0x3AD:
-    case 0x3AE:
-    case 0x3AF:
-        return shifted(37);
-    case 0x3C2:
-        return 0x3A3;
-    case 0x3CC:
-        return 0x38C;
-    case 0x3CD:
-    case 0x3CE:
-        return shifted(63);
-    default:
-        return unit;
-    }
+    return unit;
 }
 
 } // namespace user

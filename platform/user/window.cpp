@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <map>
 
+#include "resources/image.h"
 #include "text.h"
 #include "user/manager.h"
 #include "user/visible.h"
@@ -97,8 +98,7 @@ std::vector<HWND> handlesOf(const std::vector<Window *> &list)
 
 const WindowClass *findClass(LPCWSTR name)
 {
-    constexpr std::uintptr_t firstAddress = 0x10000;
-    if (reinterpret_cast<std::uintptr_t>(name) < firstAddress) {
+    if (resources::isNumber(name)) {
         return nullptr;
     }
     const auto found = std::find_if(classes.begin(), classes.end(), [&](const auto &each) {

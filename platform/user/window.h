@@ -48,7 +48,6 @@ struct Window final : gdi::ScreenArea
     LONG_PTR userData = 0;                ///< GWL_USERDATA
     std::array<LONG_PTR, 3> dialogData{}; ///< DWL_MSGRESULT, DWL_DLGPROC, DWL_USER
     bool isDialog = false;                ///< dialogData is in use
-    HFONT font{};                         ///< WM_SETFONT of a control; none: the system font
     std::unique_ptr<WindowData> data;
     gdi::Region invalid;       ///< screen pixels; what WM_PAINT is still to draw
     bool erasePending = false; ///< the invalid part is to be erased first
@@ -81,8 +80,5 @@ void registerSystemClass(std::u16string_view name, WNDPROC procedure);
 
 /// The first window that the program made, or none.
 HWND programWindow();
-
-/// How many menus the program has loaded and not destroyed.
-std::size_t liveMenus();
 
 } // namespace user

@@ -56,6 +56,10 @@ bool isTheFormat(const WAVEFORMATEX &format)
 
 void wave::reset()
 {
+    if (isOpen) {
+        handheld::host().dropSamples();
+        handheld::host().closeLoudspeaker();
+    }
     queued.clear();
     isOpen = false;
 }

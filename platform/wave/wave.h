@@ -3,7 +3,7 @@
 
 namespace wave {
 
-/// Back to the state at switch-on: the device closed, nothing queued.
+/// Back to the state at switch-on: silence, the device closed, nothing queued.
 void reset();
 
 } // namespace wave

@@ -1,4 +1,4 @@
-// Rectangles, lines, polygons, pixels and the clip rectangle.
+// Rectangles, pixels and the clip rectangle.
 #include <gtest/gtest.h>
 
 #include "picture.h"
@@ -15,39 +15,6 @@ TEST(Shapes, RectangleHasItsBorderInside)
     Rectangle(picture.dc, 3, -1, 9, 3);
     EXPECT_EQ(picture.rows(),
               (Rows{"...#...", ".#####.", ".#g####", ".#ggg#.", ".#####.", "......."}));
-}
-
-TEST(Shapes, LinesLeaveTheirLastPixelOutUnlessTheyClose)
-{
-    const Picture picture(6, 4);
-    SelectObject(picture.dc, GetStockObject(WHITE_PEN));
-    const POINT open[] = {{0, 0}, {4, 0}, {4, 2}};
-    EXPECT_TRUE(Polyline(picture.dc, open, 3));
-    EXPECT_EQ(picture.rows(), (Rows{"#####.", "....#.", "......", "......"}));
-    const POINT closed[] = {{3, 3}, {0, 3}, {3, 3}};
-    EXPECT_TRUE(Polyline(picture.dc, closed, 3));
-    EXPECT_EQ(picture.rows()[3], "####..");
-    EXPECT_FALSE(Polyline(picture.dc, closed, 1));
-}
-
-TEST(Shapes, PolygonsFillConcaveFiguresToo)
-{
-    const Picture picture(9, 5);
-    SelectObject(picture.dc, GetStockObject(WHITE_PEN));
-    SelectObject(picture.dc, GetStockObject(GRAY_BRUSH));
-    const POINT notched[] = {{0, 0}, {4, 4}, {8, 0}, {8, 4}, {0, 4}};
-    EXPECT_TRUE(Polygon(picture.dc, notched, 5));
-    EXPECT_EQ(picture.rows(),
-              (Rows{"#.......#", "##.....##", "#g#...#g#", "#gg#.#gg#", "#########"}));
-}
-
-TEST(Shapes, FocusIsDotted)
-{
-    const Picture picture(5, 4);
-    picture.fill({0, 0, 5, 4}, white);
-    const RECT rect{0, 0, 5, 4};
-    DrawFocusRect(picture.dc, &rect);
-    EXPECT_EQ(picture.rows(), (Rows{".#.#.", "#####", ".###.", "#.#.#"}));
 }
 
 TEST(Shapes, PixelsShowTheDisplaysColours)

@@ -187,6 +187,19 @@ class WindowTest(unittest.TestCase):
         self.assertEqual(store.keys(after)[7], ord("A"))
         self.assertNotEqual(store.field(after, "rotation"), store.field(before, "rotation"))
 
+    def test_a_keyboard_is_a_stylus(self):
+        game = self.start("store", "--record", "record")
+        self.expect(game, "")
+        xdotool("keydown", "Menu", "key", *["Left"] * 4, "key", *["Down"] * 8)
+        dark_before_light = lambda p: (p[167][115], p[168][116]) == ((0, 0, 0), (255, 255, 255))
+        eventually(lambda: dark_before_light(Picture(game.window, SCALE).pixels), "a pen's tip is at the pixel")
+        xdotool("key", "space", "keyup", "Menu")
+        self.expect(game, "tap 116 168\n")
+        xdotool("key", "ctrl+q")
+        self.assertEqual(game.wait(20), 0)
+        told = [line for line in (self.folder / "record").read_text().splitlines() if line[0] in "ks"]
+        self.assertEqual(told[:3], ["stylus down 116 168", "stylus up 116 168", "key 195 down ctrl"], "no arrow")
+
     def test_a_recorded_game_can_be_played_again(self):
         for record in ("one", "two"):  # the second begins with the store that the first left
             dice = random.Random(record)

@@ -1,8 +1,8 @@
 // The menu bar, its drop-downs and the menus behind them.
 #include "user/dialog_words.h"
 #include "user/inspect.h"
+#include "user/menu.h"
 #include "user/program_test.h"
-#include "user/window.h"
 
 namespace {
 

@@ -99,6 +99,20 @@ TEST_F(Dialog, DisablesItsOwnerAndGivesTheActivationBack)
     EXPECT_TRUE(IsWindowEnabled(owner));
 }
 
+TEST_F(Dialog, GivesTheFocusBackHoweverItGoes)
+{
+    const auto goes = [&](auto end, UINT when) {
+        runDialog(2, owner, [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
+            return message == when ? end(dialog) : FALSE;
+        });
+        EXPECT_EQ(GetActiveWindow(), owner);
+        EXPECT_EQ(GetFocus(), owner);
+    };
+    goes([](HWND dialog) { return EndDialog(dialog, 1); }, WM_INITDIALOG);
+    goes([](HWND dialog) { return DestroyWindow(dialog); }, WM_INITDIALOG);
+    goes([](HWND dialog) { return DestroyWindow(dialog); }, WM_SETFOCUS);
+}
+
 TEST_F(Dialog, KeysMoveTheFocusAndPressButtons)
 {
     struct Case

@@ -99,6 +99,11 @@ TEST_F(Input, TheStylusIsCapturedUntilItIsLifted)
     EXPECT_EQ(recorder.takeLog(), (Log{"B:uncapt"}));
     EnableWindow(a, FALSE);
     EXPECT_FALSE(GetCapture());
+
+    const HWND control = recorder.window('C', {10, 10, 20, 20}, b, child);
+    SetCapture(control);
+    EnableWindow(b, FALSE); // a question comes up while the stylus is on a control
+    EXPECT_FALSE(GetCapture());
 }
 
 TEST(Accelerators, SendTheirCommands)

@@ -1,9 +1,11 @@
 // The commands of a script, by hand of a player who taps what can be seen.
 #include "host/pilot/player.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 #include <utility>
 
 #include "gdi/screen.h"
@@ -18,56 +20,57 @@ using host::Event;
 /// One line of the language.
 struct Player::Command
 {
+    using enum Argument;
+
     std::string_view name;
-    ArgumentList arguments;
     void (Player::*carryOut)(const Arguments &);
+    ArgumentList arguments;
     bool needsProgram = true;
+
+    static const Command all[];
+};
+
+constexpr Player::Command Player::Command::all[] = {
+    {"wait", &Player::wait, {Milliseconds}},
+    {"jump", &Player::jump, {Milliseconds}},
+    {"key", &Player::key, {KeyCode, UpOrDown, OptionalModifiers}},
+    {"press", &Player::press, {KeyCode, OptionalMilliseconds}},
+    {"tap", &Player::tap, {Pixel, Pixel}},
+    {"stylus", &Player::stylus, {StylusAction, Pixel, Pixel}},
+    {"type", &Player::type, {Text}},
+    {"text", &Player::text, {CodeUnit}},
+    {"menu", &Player::menu, {Id}},
+    {"open", &Player::open, {Index}},
+    {"dismiss", &Player::dismiss, {}},
+    {"click", &Player::click, {Id}},
+    {"select", &Player::select, {Id, Index}},
+    {"done", &Player::done, {}},
+    {"chord", &Player::chord, {KeyCode}},
+    {"away", &Player::systemEvent<Event::Kind::Background>, {}},
+    {"back", &Player::systemEvent<Event::Kind::Foreground>, {}},
+    {"minimize", &Player::systemEvent<Event::Kind::Minimize>, {}},
+    {"restore", &Player::systemEvent<Event::Kind::Restore>, {}},
+    {"turn", &Player::turn, {Orientation}},
+    {"help", &Player::systemEvent<Event::Kind::Help>, {}},
+    {"hibernate", &Player::systemEvent<Event::Kind::Hibernate>, {}},
+    {"close", &Player::systemEvent<Event::Kind::Close>, {}},
+    {"kill", &Player::kill, {}},
+    {"restart", &Player::restart, {}, false},
+    {"shot", &Player::shot, {File}},
+    {"state", &Player::state, {File}},
+    {"trace", &Player::trace, {File}},
+    {"check", &Player::check, {}},
+    {"tree", &Player::tree, {}},
+    {"objects", &Player::objects, {}},
+    {"sounds", &Player::sounds, {}, false},
+    {"echo", &Player::echo, {Text}, false},
 };
 
 const Player::Command *Player::findCommand(std::string_view name)
 {
-    using enum Argument;
-    static constexpr Command commands[] = {
-        {"wait", {Milliseconds}, &Player::wait},
-        {"jump", {Milliseconds}, &Player::jump},
-        {"key", {KeyCode, UpOrDown, OptionalModifiers}, &Player::key},
-        {"press", {KeyCode, OptionalMilliseconds}, &Player::press},
-        {"tap", {Pixel, Pixel}, &Player::tap},
-        {"stylus", {StylusAction, Pixel, Pixel}, &Player::stylus},
-        {"type", {Text}, &Player::type},
-        {"text", {CodeUnit}, &Player::text},
-        {"menu", {Id}, &Player::menu},
-        {"open", {Index}, &Player::open},
-        {"dismiss", {}, &Player::dismiss},
-        {"click", {Id}, &Player::click},
-        {"select", {Id, Index}, &Player::select},
-        {"done", {}, &Player::done},
-        {"chord", {KeyCode}, &Player::chord},
-        {"away", {}, &Player::systemEvent<Event::Kind::Background>},
-        {"back", {}, &Player::systemEvent<Event::Kind::Foreground>},
-        {"minimize", {}, &Player::systemEvent<Event::Kind::Minimize>},
-        {"restore", {}, &Player::systemEvent<Event::Kind::Restore>},
-        {"turn", {Orientation}, &Player::turn},
-        {"help", {}, &Player::systemEvent<Event::Kind::Help>},
-        {"hibernate", {}, &Player::systemEvent<Event::Kind::Hibernate>},
-        {"close", {}, &Player::systemEvent<Event::Kind::Close>},
-        {"kill", {}, &Player::kill},
-        {"restart", {}, &Player::restart, false},
-        {"shot", {File}, &Player::shot},
-        {"state", {File}, &Player::state},
-        {"trace", {File}, &Player::trace},
-        {"check", {}, &Player::check},
-        {"tree", {}, &Player::tree},
-        {"objects", {}, &Player::objects},
-        {"sounds", {}, &Player::sounds, false},
-        {"echo", {Text}, &Player::echo, false},
-    };
-    for (const Command &command : commands) {
-        if (command.name == name) {
-            return &command;
-        }
-    }
-    return nullptr;
+    const auto *found = std::find_if(std::begin(Command::all), std::end(Command::all),
+                                     [name](const Command &each) { return each.name == name; });
+    return found == std::end(Command::all) ? nullptr : found;
 }
 
 Player::Player(int script, World &world, const Will &will, const std::filesystem::path &storeFolder,

@@ -57,10 +57,13 @@ std::string readModifiers(std::string_view word, long &number)
 std::string readWord(std::string_view word, Argument kind, Arguments &result, long &number)
 {
     if (kind == Argument::UpOrDown || kind == Argument::StylusAction) {
+        const bool mayMove = kind == Argument::StylusAction;
         result.text = word;
-        const bool known =
-            word == "up" || word == "down" || (kind == Argument::StylusAction && word == "move");
-        return known ? "" : "\"down\" or \"up\" must follow";
+        if (word == "up" || word == "down" || (mayMove && word == "move")) {
+            return {};
+        }
+        return mayMove ? "\"down\", \"move\" or \"up\" must follow"
+                       : "\"down\" or \"up\" must follow";
     }
     if (kind == Argument::OptionalModifiers) {
         return readModifiers(word, number);

@@ -53,7 +53,8 @@ std::uint16_t keyOf(int button)
 
 } // namespace
 
-Controllers::Controllers(Button button) : button_(std::move(button))
+Controllers::Controllers(Button button, Others others)
+    : button_(std::move(button)), others_(std::move(others))
 {
     SDL_SetHint(SDL_HINT_AUTO_UPDATE_JOYSTICKS, "0");
 }
@@ -99,19 +100,53 @@ bool Controllers::handle(const SDL_Event &event)
         for (int i = 0; i < sourcesPerController; ++i) {
             button_(sourceOf(event.cdevice.which, i), 0, false);
         }
+        others_.lean(0, 0);
+        others_.press(false);
         open_.erase(event.cdevice.which);
         return true;
     case SDL_CONTROLLERBUTTONDOWN:
     case SDL_CONTROLLERBUTTONUP:
-        button_(sourceOf(event.cbutton.which, event.cbutton.button), keyOf(event.cbutton.button),
-                event.type == SDL_CONTROLLERBUTTONDOWN);
+        moveButton(event.cbutton.which, event.cbutton.button,
+                   event.type == SDL_CONTROLLERBUTTONDOWN);
         return true;
     case SDL_CONTROLLERAXISMOTION:
-        moveStick(event.caxis.which, event.caxis.axis, event.caxis.value);
+        if (event.caxis.axis == SDL_CONTROLLER_AXIS_RIGHTX ||
+            event.caxis.axis == SDL_CONTROLLER_AXIS_RIGHTY)
+        {
+            moveRightStick(event.caxis.which);
+        } else {
+            moveStick(event.caxis.which, event.caxis.axis, event.caxis.value);
+        }
         return true;
     default:
         return false;
     }
+}
+
+void Controllers::moveButton(SDL_JoystickID id, int button, bool down)
+{
+    if (button == SDL_CONTROLLER_BUTTON_RIGHTSTICK) {
+        others_.press(down);
+        return;
+    }
+    button_(sourceOf(id, button), keyOf(button), down);
+    SDL_GameController *controller = SDL_GameControllerFromInstanceID(id);
+    const auto completes = [&](SDL_GameControllerButton one, SDL_GameControllerButton other) {
+        return down && button == one && SDL_GameControllerGetButton(controller, other) != 0;
+    };
+    if (completes(SDL_CONTROLLER_BUTTON_BACK, SDL_CONTROLLER_BUTTON_START) ||
+        completes(SDL_CONTROLLER_BUTTON_START, SDL_CONTROLLER_BUTTON_BACK))
+    {
+        others_.quit();
+    }
+}
+
+/// SDL tells of one axis at a time; the stick's way is both.
+void Controllers::moveRightStick(SDL_JoystickID id)
+{
+    SDL_GameController *controller = SDL_GameControllerFromInstanceID(id);
+    others_.lean(SDL_GameControllerGetAxis(controller, SDL_CONTROLLER_AXIS_RIGHTX),
+                 SDL_GameControllerGetAxis(controller, SDL_CONTROLLER_AXIS_RIGHTY));
 }
 
 /// Between the two limits a direction stays as it is, so a trembling thumb is no drum roll.

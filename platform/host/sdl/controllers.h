@@ -19,8 +19,18 @@ public:
     /// A button of a controller moves. `source` tells it from every other key; `key` is the
     /// button of the handheld that it stands for.
     using Button = std::function<void(int source, std::uint16_t key, bool down)>;
+    /// What a controller does besides.
+    struct Others
+    {
+        /// The right stick leans, -32,768 to 32,767 to the right and down.
+        std::function<void(int x, int y)> lean;
+        /// The right stick is pressed or let go.
+        std::function<void(bool down)> press;
+        /// Back and Start are down together: the player wants to quit.
+        std::function<void()> quit;
+    };
 
-    explicit Controllers(Button button);
+    Controllers(Button button, Others others);
 
     /// Begins to look for controllers; takes a few milliseconds the first time.
     void start();
@@ -38,9 +48,12 @@ private:
     {
         void operator()(SDL_GameController *c) const { SDL_GameControllerClose(c); }
     };
+    void moveButton(SDL_JoystickID id, int button, bool down);
     void moveStick(SDL_JoystickID id, int axis, int value);
+    void moveRightStick(SDL_JoystickID id);
 
     Button button_;
+    Others others_;
     bool started_ = false;
     bool away_ = false;
     bool everOpened_ = false;

@@ -40,9 +40,15 @@ std::unique_ptr<host::Host> open(const Options &options)
 DesktopHost::DesktopHost(const std::filesystem::path &storeFolder,
                          std::unique_ptr<ScreenWindow> window)
     : FileHost(storeFolder), window_(std::move(window)),
-      controllers_([this](int source, std::uint16_t key, bool down) {
-          moveKey(source, key, down, KMOD_NONE);
+      pointer_([this](Event::Kind kind, Point pixel) {
+          if (kind == Event::Kind::StylusDown && stylus_) {
+              moveStylus(Event::Kind::StylusUp, *stylus_); // the mouse's
+          }
+          moveStylus(kind, pixel);
       }),
+      controllers_([this](int source, std::uint16_t key,
+                          bool down) { moveKey(source, key, down, KMOD_NONE); },
+                   controllerActions()),
       clock_(machineTicks())
 {
     listenForNudges();
@@ -89,6 +95,7 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
     if (window_->frame().pixels) {
         controllers_.start();
     }
+    showPointer();
     const std::uint32_t now = machineTicks();
     std::optional<int> longest;
     const auto limit = [&longest](std::optional<int> milliseconds) {
@@ -96,8 +103,10 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
     };
     limit(controllers_.updateInterval());
     limit(loudspeaker_.tendInterval(now));
-    if (deadline) {
-        limit(static_cast<int>(*deadline - now));
+    for (const auto moment : {pointer_.due(), deadline}) {
+        if (moment) {
+            limit(std::max(0, static_cast<int>(*moment - now)));
+        }
     }
     SDL_WaitEventTimeout(nullptr, longest.value_or(-1));
     controllers_.update();
@@ -110,6 +119,7 @@ void DesktopHost::takeEvents()
     while (SDL_PollEvent(&event) != 0) {
         handle(event);
     }
+    pointer_.advance(machineTicks());
 }
 
 void DesktopHost::push(const Event &event) { events_.push_back({event, machineTicks()}); }
@@ -137,7 +147,7 @@ void DesktopHost::handle(const SDL_Event &event)
         handleKeyDown(event.key);
         break;
     case SDL_KEYUP:
-        moveKey(event.key.keysym.scancode, 0, false, KMOD_NONE);
+        handleKeyUp(event.key);
         break;
     case SDL_TEXTINPUT:
         handleText(event.text.text);
@@ -242,6 +252,7 @@ void DesktopHost::releaseEverything()
         event.key = key;
         push(event);
     }
+    pointer_.letGo();
     if (stylus_) {
         moveStylus(Event::Kind::StylusUp, *stylus_);
     }
@@ -252,10 +263,19 @@ void DesktopHost::releaseEverything()
 void DesktopHost::handleKeyDown(const SDL_KeyboardEvent &key)
 {
     const auto modifiers = static_cast<SDL_Keymod>(key.keysym.mod);
+    const std::uint16_t code = virtualKey(key.keysym);
+    if (pointer_.handleKey(code, true, machineTicks())) {
+        return;
+    }
     if (key.repeat != 0) {
-        if (const std::uint16_t code = virtualKey(key.keysym); wantsText_ && code != 0) {
+        if (wantsText_ && code != 0) {
             pushKeyDown(code, modifiers, false);
         }
+        return;
+    }
+    if (isPointerKey(key.keysym)) {
+        releaseEverything();
+        pointer_.hold();
         return;
     }
     switch (key.keysym.sym) {
@@ -269,9 +289,18 @@ void DesktopHost::handleKeyDown(const SDL_KeyboardEvent &key)
         report(saveScreenshot(window_->frame(), title_));
         break;
     default:
-        moveKey(key.keysym.scancode, virtualKey(key.keysym), true, modifiers);
+        moveKey(key.keysym.scancode, code, true, modifiers);
         break;
     }
+}
+
+void DesktopHost::handleKeyUp(const SDL_KeyboardEvent &key)
+{
+    if (isPointerKey(key.keysym)) {
+        pointer_.letGo();
+    }
+    pointer_.handleKey(virtualKey(key.keysym), false, machineTicks());
+    moveKey(key.keysym.scancode, 0, false, KMOD_NONE);
 }
 
 void DesktopHost::moveKey(int source, std::uint16_t key, bool down, SDL_Keymod modifiers)
@@ -307,6 +336,9 @@ void DesktopHost::wantText(bool wanted)
 
 void DesktopHost::handleText(const char *text)
 {
+    if (pointer_.isHeld()) {
+        return;
+    }
     Event event;
     event.kind = Event::Kind::Text;
     for (const char16_t unit : host::toUtf16(text)) {
@@ -315,10 +347,15 @@ void DesktopHost::handleText(const char *text)
     }
 }
 
-// The stylus: the mouse, or a finger, which SDL makes a mouse of ----------------------------------
+// The stylus: the mouse, or a finger, which SDL makes a mouse of; or the pointer
+// -------------------
 
 void DesktopHost::handleMouse(Event::Kind kind, Point point)
 {
+    if (pointer_.isDown()) {
+        return;
+    }
+    pointer_.hide();
     const bool isDown = kind == Event::Kind::StylusDown;
     if (isDown == stylus_.has_value()) {
         return;
@@ -340,10 +377,33 @@ void DesktopHost::moveStylus(Event::Kind kind, Point pixel)
     stylus_ = kind == Event::Kind::StylusUp ? std::nullopt : std::optional(pixel);
 }
 
+/// What a controller tells late, when another window is looked at, is not heard.
+Controllers::Others DesktopHost::controllerActions()
+{
+    return {[this](int x, int y) {
+                if (!away_) {
+                    pointer_.lean(x, y, machineTicks());
+                }
+            },
+            [this](bool down) {
+                if (!away_) {
+                    pointer_.press(down, machineTicks());
+                }
+            },
+            [this] { push(Event::Kind::Close); }};
+}
+
+void DesktopHost::showPointer()
+{
+    const auto tip = pointer_.shownAt();
+    window_->showPointer(tip ? std::optional(PointerLook{*tip, pointer_.isDown()}) : std::nullopt);
+}
+
 // Screen, sound, help ----------------------------------------------------------------------------
 
 void DesktopHost::present(const host::Frame &frame, const host::Area &changed)
 {
+    pointer_.setScreen({frame.width, frame.height});
     window_->show(frame, changed);
 }
 

@@ -10,6 +10,7 @@
 #include "host/sdl/held_keys.h"
 #include "host/sdl/loudspeaker.h"
 #include "host/sdl/screen_window.h"
+#include "host/sdl/stylus_pointer.h"
 
 namespace desktop {
 
@@ -51,10 +52,13 @@ private:
     void handleWindow(const SDL_WindowEvent &event);
     void handleQuit();
     void handleKeyDown(const SDL_KeyboardEvent &key);
+    void handleKeyUp(const SDL_KeyboardEvent &key);
     void handleText(const char *text);
     void handleMouse(host::Event::Kind kind, Point point);
     void moveKey(int source, std::uint16_t key, bool down, SDL_Keymod modifiers);
     void moveStylus(host::Event::Kind kind, Point pixel);
+    Controllers::Others controllerActions();
+    void showPointer();
     void setAway(bool away);
     void minimize();
     void restore();
@@ -65,6 +69,7 @@ private:
 
     std::unique_ptr<ScreenWindow> window_;
     Loudspeaker loudspeaker_;
+    StylusPointer pointer_;
     Controllers controllers_;
     host::ProgramClock clock_;
     std::deque<Dated> events_; ///< not yet taken by the program

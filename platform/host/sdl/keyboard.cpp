@@ -52,4 +52,9 @@ std::uint16_t virtualKey(const SDL_Keysym &key)
     return 0;
 }
 
+bool isPointerKey(const SDL_Keysym &key)
+{
+    return key.sym == SDLK_RCTRL || key.sym == SDLK_APPLICATION || key.sym == SDLK_MENU;
+}
+
 } // namespace desktop

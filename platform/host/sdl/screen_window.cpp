@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 namespace desktop {
 namespace {
@@ -121,6 +122,22 @@ void ScreenWindow::showAgain()
     }
 }
 
+void ScreenWindow::showPointer(const std::optional<PointerLook> &pointer)
+{
+    if (pointer == pointer_) {
+        return;
+    }
+    if (pointer.has_value() != pointer_.has_value()) {
+        SDL_ShowCursor(pointer ? SDL_DISABLE : SDL_ENABLE);
+    }
+    const auto before = std::exchange(pointer_, pointer);
+    for (const auto &look : {before, pointer_}) {
+        if (look) {
+            draw(pointerArea(*look, picture_));
+        }
+    }
+}
+
 /// A window that the user did not give a size of its own turns with the picture.
 void ScreenWindow::fitTo(Size picture)
 {
@@ -166,9 +183,12 @@ void ScreenWindow::draw(const host::Area &part, bool everything)
                         surface->format->Rshift,
                         surface->format->Gshift,
                         surface->format->Bshift};
+    const Placement placement = place(picture_, size);
     const host::Area all{0, 0, frame_.width, frame_.height};
-    const host::Area changed =
-        drawEnlarged(frame_, everything ? all : part, place(picture_, size), canvas);
+    const host::Area changed = drawEnlarged(frame_, everything ? all : part, placement, canvas);
+    if (pointer_) {
+        drawPointer(*pointer_, frame_, placement, canvas);
+    }
     SDL_Rect rect{changed.left, changed.top, changed.right - changed.left,
                   changed.bottom - changed.top};
     if (everything) {

@@ -8,6 +8,7 @@
 
 #include "host/host.h"
 #include "host/sdl/picture.h"
+#include "host/sdl/pointer_picture.h"
 #include "host/sdl/sdl.h"
 #include "host/sdl/window_place.h"
 
@@ -27,6 +28,8 @@ public:
     void show(const host::Frame &frame, const host::Area &changed);
     /// Shows all of it again, for the window has another size or was covered.
     void showAgain();
+    /// Shows the stylus pointer over the frame, or no longer; the mouse's own hides meanwhile.
+    void showPointer(const std::optional<PointerLook> &pointer);
     void toggleFullScreen();
     /// To the front, from wherever it is.
     void raise();
@@ -50,12 +53,13 @@ private:
     ScreenWindow(SDL_Window *window, Size picture) : window_(window), picture_(picture) {}
     void fitTo(Size picture);
     SDL_Surface *canvasFor(SDL_Surface *target);
-    void draw(const host::Area &part, bool everything);
+    void draw(const host::Area &part, bool everything = false);
 
     std::unique_ptr<SDL_Window, Destroy> window_;
     std::unique_ptr<SDL_Surface, Destroy> canvas_; ///< for displays without 32-bit pixels
     Size picture_;
     host::Frame frame_;
+    std::optional<PointerLook> pointer_;
     std::optional<WindowPlace> lastPlace_;
     bool shown_ = false;
 };

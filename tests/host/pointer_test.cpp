@@ -1,0 +1,147 @@
+// The stylus of who has no mouse: by a keyboard's arrows, and by a controller that SDL makes up.
+#include <cstdlib>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "host/sdl/buttons.h"
+#include "host/sdl/desktop.h"
+#include "host/sdl/sdl.h"
+#include "host/sdl/stylus_pointer.h"
+
+namespace {
+
+using Kind = host::Event::Kind;
+
+class PointerTest : public testing::Test
+{
+protected:
+    void SetUp() override { pointer.setScreen({240, 320}); }
+    void pass(int milliseconds)
+    {
+        for (int i = 0; i < milliseconds; ++i) {
+            pointer.advance(++now);
+        }
+    }
+    void key(std::uint16_t code, bool down) { EXPECT_TRUE(pointer.handleKey(code, down, now)); }
+    void expectAt(int x, int y, int tolerance = 0)
+    {
+        const auto at = pointer.shownAt();
+        ASSERT_TRUE(at);
+        EXPECT_NEAR(at->x, x, tolerance);
+        EXPECT_NEAR(at->y, y, tolerance);
+    }
+
+    std::uint32_t now = 0xFFFFFF00U; ///< the clock wraps
+    std::string told;                ///< what the stylus did last
+    desktop::StylusPointer pointer{[this](Kind kind, desktop::Point at) {
+        told = kind == Kind::StylusDown ? "down " : kind == Kind::StylusMove ? "move " : "up ";
+        told += std::to_string(at.x) + ' ' + std::to_string(at.y);
+    }};
+};
+
+TEST_F(PointerTest, ArrowsMoveItWhileItsKeyIsHeld)
+{
+    EXPECT_FALSE(pointer.handleKey(desktop::padLeft, true, now)) << "the program's";
+    pointer.hold();
+    expectAt(120, 160);
+    EXPECT_FALSE(pointer.due()) << "at rest nothing wakes the process";
+    EXPECT_FALSE(pointer.handleKey('A', true, now));
+    key(desktop::padLeft, true);
+    key(desktop::padLeft, true);
+    pass(100);
+    key(desktop::padLeft, false);
+    expectAt(119, 160); // a tap is a pixel, and a repeated key no second one
+    EXPECT_EQ(told, "");
+    key(desktop::padCentre, true);
+    EXPECT_EQ(told, "down 119 160");
+    key(desktop::padDown, true);
+    EXPECT_EQ(told, "move 119 161");
+    pass(560);
+    expectAt(119, 161 + 40, 3); // 0.4 s from 40 pixels a second on, and 300 more each second
+    pass(2000);
+    EXPECT_EQ(told, "move 119 319");
+    pointer.setScreen({320, 240});
+    EXPECT_EQ(told, "move 119 239");
+    pointer.letGo();
+    EXPECT_EQ(told, "up 119 239");
+    EXPECT_FALSE(pointer.shownAt() || pointer.due() || pointer.isDown());
+}
+
+TEST_F(PointerTest, StickMovesItTheFartherTheFasterAndItHidesAfterARest)
+{
+    pointer.lean(5000, -5000, now);
+    EXPECT_FALSE(pointer.shownAt()) << "a thumb rests on the stick";
+    pointer.press(true, now);
+    pointer.press(false, now);
+    EXPECT_EQ(told, "") << "nobody taps what they do not see";
+    int x = 120;
+    for (const auto &[lean, way] : {std::pair(32767, 70), {-32768, -70}, {20000, 16}}) {
+        for (int i = 0; i < 25; ++i) { // told of more often than it steps
+            pointer.lean(lean, 0, now);
+            pass(10);
+        }
+        pointer.lean(0, 0, now);
+        expectAt(x + way, 160, 5);
+        x = pointer.shownAt()->x;
+    }
+    pointer.press(true, now);
+    pass(9000);
+    EXPECT_TRUE(pointer.shownAt()) << "not while it is down";
+    pointer.press(false, now);
+    pass(3000);
+    EXPECT_TRUE(pointer.shownAt());
+    pass(2000);
+    EXPECT_FALSE(pointer.shownAt() || pointer.due());
+    pointer.lean(32767, 0, now);
+    pointer.advance(now + 100000);
+    EXPECT_LE(pointer.shownAt()->x, x + 20) << "after a stall it does not leap";
+}
+
+/// The whole way, from a stick to the events that the handheld gets.
+TEST(Pointer, ControllerAloneTapsAndQuits)
+{
+    setenv("SDL_VIDEODRIVER", "dummy", 1);
+    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
+    const auto folder = std::filesystem::path(testing::TempDir()) / "pointer_test";
+    std::filesystem::create_directories(folder);
+    const auto host = desktop::open({folder, 1, false});
+    ASSERT_TRUE(host);
+    const std::vector<std::uint16_t> pixels(240 * 320);
+    host->present({pixels.data(), 240, 320}, {0, 0, 240, 320});
+    host->wait(host->ticks() + 20); // looks for controllers
+    const int index = SDL_JoystickAttachVirtual(
+        SDL_JOYSTICK_TYPE_GAMECONTROLLER, SDL_CONTROLLER_AXIS_MAX, SDL_CONTROLLER_BUTTON_MAX, 0);
+    ASSERT_GE(index, 0) << SDL_GetError();
+    SDL_Joystick *stick = SDL_JoystickOpen(index);
+    const auto events = [&] {
+        std::vector<host::Event> result;
+        const std::uint32_t end = host->ticks() + 120;
+        while (auto event = host->wait(end)) {
+            result.push_back(*event);
+        }
+        return result;
+    };
+    const auto press = [&](int button, bool down) {
+        SDL_JoystickSetVirtualButton(stick, button, down ? 1 : 0);
+        return events();
+    };
+    events();
+    SDL_JoystickSetVirtualAxis(stick, SDL_CONTROLLER_AXIS_RIGHTX, 32767);
+    EXPECT_TRUE(events().empty()) << "a raised stylus is not told of";
+    SDL_JoystickSetVirtualAxis(stick, SDL_CONTROLLER_AXIS_RIGHTX, 0);
+    events();
+    const auto down = press(SDL_CONTROLLER_BUTTON_RIGHTSTICK, true);
+    const auto up = press(SDL_CONTROLLER_BUTTON_RIGHTSTICK, false);
+    ASSERT_EQ(down.size(), 1U);
+    ASSERT_EQ(up.size(), 1U);
+    EXPECT_EQ(down[0].kind, Kind::StylusDown);
+    EXPECT_EQ(up[0].kind, Kind::StylusUp);
+    EXPECT_GT(up[0].x, 125);
+    EXPECT_EQ(up[0].y, 160);
+    press(SDL_CONTROLLER_BUTTON_BACK, true);
+    EXPECT_EQ(press(SDL_CONTROLLER_BUTTON_START, true).back().kind, Kind::Close);
+    SDL_JoystickClose(stick);
+}
+
+} // namespace
