@@ -33,7 +33,7 @@ TEST(Program, LeavesNothingBehind)
         EXPECT_FALSE(gdi::liveObjects().empty());
     });
     choose(0, IDM_ABANDON_GAME);
-    user.give(host::Event::Kind::Close);
+    user.give({.kind = host::Event::Kind::Close});
 
     WCHAR commandLine[] = u"";
     EXPECT_EQ(WinMain(HINSTANCE{1}, {}, commandLine, SW_SHOWNORMAL), 0);

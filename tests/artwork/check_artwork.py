@@ -30,6 +30,7 @@ SOUNDS = {"rotate": (2230, 300, 1500), "rows": (21150, 500, 4000), "lock": (566,
           "shift": (188, 700, 2500)}  # samples; the spectrum's centre of gravity lies between these (Hz)
 PICTURES = [*BACKDROPS, "title.bmp", "about.bmp", "tiles.bmp"]
 FILES = [*PICTURES, "glimra.ico", "glimra_128.png", *(f"{name}.wav" for name in SOUNDS)]
+RING = np.pad(np.zeros((9, 9), dtype=bool), 1, constant_values=True)  # a tile's outermost pixels
 faults = []
 
 
@@ -84,22 +85,19 @@ def check_tiles(sheet):
             expect((found == wanted[3 * row:3 * row + 3]).all(), f"tile {column}, look {row}: {found.tolist()}")
             expect((luminance(tile)[0, :10] >= luminance(tile)[10, 1:]).all(), f"tile {column}, look {row}: shading")
         block, ghost = (sheet[at:at + 11, 11 * column:11 * column + 11] for at in (0, 55))
-        ring = np.ones((11, 11), dtype=bool)
-        ring[1:10, 1:10] = False
-        expect((ghost[ring] == block[ring]).all() and not ghost[~ring].any(), f"tile {column}: ghost")
-        expect(ghost[ring].any(axis=1).all() and shown(ghost[ring]).any(axis=1).all(), f"tile {column}: black in the ring")
+        expect((ghost[RING] == block[RING]).all() and not ghost[~RING].any(), f"tile {column}: ghost")
+        expect(ghost[RING].any(axis=1).all() and shown(ghost[RING]).any(axis=1).all(), f"tile {column}: black in the ring")
     expect(sheet[:55].any(axis=2).all(), "pure black in looks 0 to 4")
 
 
 def check_ghosts(name, picture, sheet):
     """Every ghost must stand out in every cell; returns the worst share of its ring at 2.5 to 1."""
-    worst, ring = 1.0, np.ones((11, 11), dtype=bool)
-    ring[1:10, 1:10] = False
-    rings = [luminance(sheet[55:66, 11 * c:11 * c + 11])[ring] for c in range(7)]
+    worst = 1.0
+    rings = [luminance(sheet[55:66, 11 * c:11 * c + 11])[RING] for c in range(7)]
     ground = luminance(picture)
     for cell in range(200):
         x, y = 22 + 11 * (cell % 10), 11 + 11 * (cell // 10)
-        under = ground[y:y + 11, x:x + 11][ring]
+        under = ground[y:y + 11, x:x + 11][RING]
         worst = min(worst, *((contrast(light, under) >= 2.5).mean() for light in rings))
     expect(worst >= 0.5, f"{name}: only {worst:.0%} of a ghost's ring reaches 2.5 to 1")
     return worst

@@ -1,8 +1,8 @@
 // A game without a window: its rules are run tick by tick, with buttons held as a test says.
 #pragma once
 
+#include <algorithm>
 #include <initializer_list>
-#include <set>
 
 #include "engine/game_session.h"
 #include "engine/random.h"
@@ -13,10 +13,8 @@ class PlayedGame
 public:
     GameSession session;
 
-    explicit PlayedGame(GameMode mode = GameMode::Marathon, int startLevel = 0,
-                        std::uint32_t clock = 1000)
+    explicit PlayedGame(GameMode mode = GameMode::Marathon, int startLevel = 0)
     {
-        handheld_.host.clock = clock;
         seedRandom(7);
         session.mode = mode;
         session.startLevel = startLevel;
@@ -33,6 +31,10 @@ public:
         piece().y = y;
         piece().rotation = rotation;
     }
+    bool isAt(int x, int y, int rotation)
+    {
+        return piece().x == x && piece().y == y && piece().rotation == rotation;
+    }
     /// Fills a row but for some columns.
     void fillRow(int row, std::initializer_list<int> gaps = {})
     {
@@ -40,6 +42,13 @@ public:
             if (std::find(gaps.begin(), gaps.end(), column) == gaps.end()) {
                 session.playfield.setCell(column, row, TetrominoType::J);
             }
+        }
+    }
+    /// Empties the cells of a piece.
+    void empty(const RotationState &state, int x, int y)
+    {
+        for (const CellOffset &cell : state.cells) {
+            *session.playfield.cellAt(x + cell.x, y + cell.y) = {};
         }
     }
     bool filled(int column, int row)

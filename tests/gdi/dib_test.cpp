@@ -1,4 +1,7 @@
 // Bitmaps as resources hold them.
+#include <cstring>
+#include <span>
+
 #include <gtest/gtest.h>
 
 #include "gdi/dib.h"
@@ -7,45 +10,26 @@ namespace {
 
 using Bytes = std::vector<std::byte>;
 
-void append(Bytes &bytes, std::uint32_t value, int size)
+/// An uncompressed bitmap: its header and the words that follow.
+Bytes dib(std::uint32_t width, std::uint32_t height, std::uint32_t bits, std::uint32_t colours,
+          std::initializer_list<std::uint32_t> rest)
 {
-    for (int i = 0; i < size; i++) {
-        bytes.push_back(static_cast<std::byte>(value >> 8 * i));
-    }
-}
-
-Bytes header(int width, int height, unsigned bits, unsigned colours)
-{
-    Bytes bytes;
-    append(bytes, 40, 4);
-    append(bytes, static_cast<std::uint32_t>(width), 4);
-    append(bytes, static_cast<std::uint32_t>(height), 4);
-    append(bytes, 1, 2);
-    append(bytes, bits, 2);
-    append(bytes, 0, 4); // uncompressed
-    bytes.resize(32);
-    append(bytes, colours, 4);
-    bytes.resize(40);
-    return bytes;
+    std::vector<std::uint32_t> words = {40, width, height, bits << 16U | 1U, 0,
+                                        0,  0,     0,      colours,          0};
+    words.insert(words.end(), rest);
+    const auto bytes = std::as_bytes(std::span(words));
+    return {bytes.begin(), bytes.end()};
 }
 
 /// 3 by 2, three colours; the upper row is 0 1 2, the lower 2 2 9.
-Bytes paletted()
-{
-    Bytes bytes = header(3, 2, 8, 3);
-    for (const std::uint32_t colour : {0x00FF0000U, 0x0000FF07U, 0x00070307U}) {
-        append(bytes, colour, 4);
-    }
-    append(bytes, 0x00090202, 4);
-    append(bytes, 0x00020100, 4);
-    return bytes;
-}
+const Bytes paletted =
+    dib(3, 2, 8, 3, {0x00FF0000, 0x0000FF07, 0x00070307, 0x00090202, 0x00020100});
 
 } // namespace
 
 TEST(Dib, ReadsPalettesAndDropsLowBits)
 {
-    const auto bitmap = gdi::readDib(paletted());
+    const auto bitmap = gdi::readDib(paletted);
     ASSERT_TRUE(bitmap);
     EXPECT_EQ(bitmap->storedBits, 8);
     const std::vector<gdi::Pixel> pixels(bitmap->pixels.get(), bitmap->pixels.get() + 6);
@@ -55,10 +39,8 @@ TEST(Dib, ReadsPalettesAndDropsLowBits)
 
 TEST(Dib, Reads24Bits)
 {
-    Bytes bytes = header(1, 2, 24, 0);
-    append(bytes, 0xFF0000FF, 4); // below: blue, and a byte of padding
-    append(bytes, 0x00ADBEFF, 4);
-    const auto bitmap = gdi::readDib(bytes);
+    // Below: blue, and a byte of padding.
+    const auto bitmap = gdi::readDib(dib(1, 2, 24, 0, {0xFF0000FF, 0x00ADBEFF}));
     ASSERT_TRUE(bitmap);
     EXPECT_EQ(bitmap->storedBits, 24);
     EXPECT_EQ(bitmap->pixels[0], gdi::toPixel(RGB(173, 190, 255)));
@@ -67,25 +49,18 @@ TEST(Dib, Reads24Bits)
 
 TEST(Dib, RefusesMalformedOnes)
 {
-    const Bytes whole = paletted();
-    for (std::size_t size = 0; size < whole.size(); size++) {
+    for (std::size_t size = 0; size < paletted.size(); size++) {
         // A copy of its own, so that a sanitizer sees any step beyond the end.
-        EXPECT_FALSE(gdi::readDib(Bytes(whole.begin(), whole.begin() + static_cast<int>(size))));
+        EXPECT_FALSE(
+            gdi::readDib(Bytes(paletted.begin(), paletted.begin() + static_cast<int>(size))));
     }
-    const struct
-    {
-        std::size_t at;
-        std::uint32_t value;
-    } faults[] = {{0, 12},          {4, 0},          {4, 0xFFFFFFFF},  {4, 0x7FFFFFFF},
-                  {8, 0x7FFFFFFF},  {8, 0xFFFFFFFE}, {12, 0x00080002}, {12, 0x00010001},
-                  {12, 0x00100001}, {16, 1},         {32, 257},        {32, 0xFFFFFFFF},
-                  {32, 0}};
+    const std::pair<std::size_t, std::uint32_t> faults[] = {
+        {0, 12},         {4, 0},           {4, 0xFFFFFFFF},  {4, 0x7FFFFFFF},  {8, 0x7FFFFFFF},
+        {8, 0xFFFFFFFE}, {12, 0x00080002}, {12, 0x00010001}, {12, 0x00100001}, {16, 1},
+        {32, 257},       {32, 0xFFFFFFFF}, {32, 0}};
     for (const auto &[at, value] : faults) {
-        Bytes bytes = whole;
-        Bytes replacement;
-        append(replacement, value, 4);
-        std::copy(replacement.begin(), replacement.end(),
-                  bytes.begin() + static_cast<std::ptrdiff_t>(at));
+        Bytes bytes = paletted;
+        std::memcpy(bytes.data() + at, &value, sizeof value);
         EXPECT_FALSE(gdi::readDib(bytes)) << at << ": " << value;
     }
 }

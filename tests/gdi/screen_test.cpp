@@ -11,11 +11,14 @@ namespace {
 class Area : public gdi::ScreenArea
 {
 public:
+    /// A window, and another in front of it.
+    Area(const RECT &place, const RECT &hole) : corner(place), seen(place) { seen.subtract(hole); }
+
     POINT origin() const override { return {corner.left, corner.top}; }
     SIZE size() const override { return {corner.right - corner.left, corner.bottom - corner.top}; }
     const gdi::Region &visible() const override { return seen; }
 
-    RECT corner{};
+    RECT corner;
     gdi::Region seen;
 };
 
@@ -25,6 +28,24 @@ std::uint16_t at(int x, int y)
     return display.pixels.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(display.width) +
                              static_cast<std::size_t>(x));
 }
+
+struct Screen : testing::Test
+{
+    Screen()
+    {
+        gdi::resizeScreen(20, 20);
+        gdi::screen().changed = {};
+    }
+    /// What is not black must be in both.
+    static void expectDrawn(const gdi::Region &a, const gdi::Region &b)
+    {
+        for (int y = 0; y < 20; y++) {
+            for (int x = 0; x < 20; x++) {
+                ASSERT_EQ(at(x, y) != 0, a.contains(x, y) && b.contains(x, y)) << x << ' ' << y;
+            }
+        }
+    }
+};
 
 } // namespace
 
@@ -66,23 +87,14 @@ TEST(Region, AgreesWithASetOfPixels)
     }
 }
 
-TEST(Screen, DrawingStaysInsideTheVisibleRegionAndTellsWhatChanged)
+TEST_F(Screen, DrawingStaysInsideTheVisibleRegionAndTellsWhatChanged)
 {
-    gdi::resizeScreen(20, 20);
-    gdi::screen().changed = {};
-    Area area;
-    area.corner = {5, 5, 15, 15};
-    area.seen = gdi::Region(area.corner);
-    area.seen.subtract({8, 8, 12, 12}); // another window in front
+    Area area({5, 5, 15, 15}, {8, 8, 12, 12});
     const HDC dc = gdi::openScreenDC(area, {});
     const RECT all{-50, -50, 50, 50};
     FillRect(dc, &all, HBRUSH{GetStockObject(WHITE_BRUSH)});
-    for (int y = 0; y < 20; y++) {
-        for (int x = 0; x < 20; x++) {
-            ASSERT_EQ(at(x, y) != 0, area.seen.contains(x, y)) << x << ' ' << y;
-        }
-    }
-    EXPECT_TRUE(gdi::screen().changed == area.corner);
+    expectDrawn(area.seen, area.seen);
+    EXPECT_EQ(gdi::screen().changed, area.corner);
 
     // The context follows the window; (0, 0) is its corner.
     area.corner = {1, 2, 6, 6};
@@ -91,28 +103,20 @@ TEST(Screen, DrawingStaysInsideTheVisibleRegionAndTellsWhatChanged)
     SetPixel(dc, 0, 0, red);
     EXPECT_EQ(at(1, 2), 0xF800);
     EXPECT_EQ(GetPixel(dc, 0, 0), red);
-    EXPECT_TRUE(gdi::screen().changed == (RECT{1, 2, 2, 3}));
+    EXPECT_EQ(gdi::screen().changed, (RECT{1, 2, 2, 3}));
     gdi::closeScreenDC(dc);
 }
 
-TEST(Screen, AContextForAPartDrawsThereOnly)
+TEST_F(Screen, AContextForAPartDrawsThereOnly)
 {
-    gdi::resizeScreen(20, 20);
-    Area area;
-    area.corner = {0, 0, 20, 20};
-    area.seen = gdi::Region(area.corner);
-    area.seen.subtract({4, 0, 6, 20});
+    const Area area({0, 0, 20, 20}, {4, 0, 6, 20});
     gdi::Region invalid(RECT{2, 2, 10, 3});
     invalid.add(RECT{2, 5, 10, 6});
     const HDC dc = gdi::openScreenDC(area, invalid);
     const Picture source(20, 20);
     source.fill({0, 0, 20, 20}, white);
     BitBlt(dc, 0, 0, 20, 20, source.dc, 0, 0, SRCCOPY);
-    for (int y = 0; y < 20; y++) {
-        for (int x = 0; x < 20; x++) {
-            ASSERT_EQ(at(x, y) != 0, area.seen.contains(x, y) && invalid.contains(x, y));
-        }
-    }
+    expectDrawn(area.seen, invalid);
     // The screen's pixels are no bitmap to select, and a window's context is not deleted.
     EXPECT_FALSE(SelectObject(dc, CreateCompatibleBitmap(dc, 1, 1)));
     EXPECT_FALSE(DeleteDC(dc));

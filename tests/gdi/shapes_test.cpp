@@ -7,17 +7,14 @@ TEST(Shapes, RectangleHasItsBorderInside)
 {
     const Picture picture(7, 6);
     SelectObject(picture.dc, GetStockObject(WHITE_PEN));
-    const HBRUSH brush = CreateSolidBrush(red);
-    const HGDIOBJ oldBrush = SelectObject(picture.dc, brush);
+    SelectObject(picture.dc, GetStockObject(GRAY_BRUSH));
     Rectangle(picture.dc, 1, 1, 6, 5);
     EXPECT_EQ(picture.rows(),
-              (Rows{".......", ".#####.", ".#rrr#.", ".#rrr#.", ".#####.", "......."}));
+              (Rows{".......", ".#####.", ".#ggg#.", ".#ggg#.", ".#####.", "......."}));
     SelectObject(picture.dc, GetStockObject(NULL_BRUSH));
     Rectangle(picture.dc, 3, -1, 9, 3);
     EXPECT_EQ(picture.rows(),
-              (Rows{"...#...", ".#####.", ".#r####", ".#rrr#.", ".#####.", "......."}));
-    SelectObject(picture.dc, oldBrush);
-    DeleteObject(brush);
+              (Rows{"...#...", ".#####.", ".#g####", ".#ggg#.", ".#####.", "......."}));
 }
 
 TEST(Shapes, PixelsShowTheDisplaysColours)

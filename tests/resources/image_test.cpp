@@ -11,16 +11,9 @@ namespace {
 ResourceImage sampleImage()
 {
     ResourceImage image;
-    std::vector<std::uint16_t> block;
-    for (int index = 0; index < 16; ++index) {
-        if (index == 7) {
-            block.insert(block.end(), {3, u'a', u'b', u'c'});
-        } else if (index == 8) {
-            block.insert(block.end(), {2, u'd', u'e'});
-        } else {
-            block.push_back(0);
-        }
-    }
+    std::vector<std::uint16_t> block(7);
+    block.insert(block.end(), {3, u'a', u'b', u'c', 2, u'd', u'e'});
+    block.resize(block.size() + 7);
     const std::vector<std::uint16_t> odd = {1, 2, 3};
     image.add(2, 107, odd);
     image.add(u"WAVE", 114, odd);

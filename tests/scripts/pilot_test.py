@@ -8,7 +8,6 @@ import pathlib
 import signal
 import subprocess
 import sys
-import tempfile
 import time
 import unittest
 
@@ -18,18 +17,13 @@ from store import PAUSED, PLAYING, SIZE as RECORD, TITLE
 PILOT = os.path.abspath(sys.argv.pop(1))
 
 
-class PilotTest(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
-
+class PilotTest(store.FolderTest):
     def run_pilot(self, script, *options, status=0):
         output, self.errors = store.play(PILOT, script, *options, status=status, folder=self.folder)
         return output
 
     def field(self, name, field):
-        return store.field((self.folder / name).read_bytes(), field)
+        return store.field(self.read(name), field)
 
     def test_mistakes_name_their_line_and_stop_the_script(self):
         for command, status in [
@@ -52,19 +46,16 @@ class PilotTest(unittest.TestCase):
         script = "menu 40008\ntrace {0}.trace\npress 37\nwait 3000\npress 38\nwait 900\nshot {0}.png\nstate {0}\n"
         for name, clock in (("a", "77"), ("b", "77"), ("c", "78")):
             self.run_pilot(script.format(name), "--clock", clock)
-        read = lambda name: (self.folder / name).read_bytes()
         for suffix in ("", ".trace", ".png"):
-            self.assertEqual(read("a" + suffix), read("b" + suffix))
-            self.assertNotEqual(read("a" + suffix), read("c" + suffix))
-        self.assertEqual(read("a.trace")[-RECORD:], read("a"))
+            self.assertEqual(self.read("a" + suffix), self.read("b" + suffix))
+            self.assertNotEqual(self.read("a" + suffix), self.read("c" + suffix))
+        self.assertEqual(self.read("a.trace")[-RECORD:], self.read("a"))
 
     def test_time_passes_only_where_it_should(self):
         """A game has a timer of 25 ms; one that is due at the end of a wait fires."""
         self.run_pilot("menu 40008\ntrace t\nwait 24\nwait 1\nwait 100\nwait 0\ntap 120 150\ntrace off\nwait 25\n"
                        "trace t\npress 37 50\n")
         self.assertEqual((self.folder / "t").stat().st_size, (1 + 4 + 2) * RECORD)
-
-    def test_clock_wraps_around(self):
         self.run_pilot("menu 40008\ntrace t\nwait 1000\n", "--clock", "4294967000")
         self.assertEqual((self.folder / "t").stat().st_size, 40 * RECORD)
 
@@ -93,27 +84,18 @@ class PilotTest(unittest.TestCase):
         self.assertEqual([later - earlier for earlier, later in zip(times, times[1:])], [75, 225])
 
     def test_a_crash_is_no_success(self):
-        pilot = subprocess.Popen([PILOT], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
-                                 text=True)
-        pilot.stdin.write("echo ready\n")
-        pilot.stdin.flush()
-        self.assertEqual(pilot.stdout.readline(), "ready\n")
-        children = pathlib.Path(f"/proc/{pilot.pid}/task/{pilot.pid}/children").read_text().split()
-        os.kill(int(children[0]), signal.SIGKILL)
-        _, errors = pilot.communicate(timeout=20)
-        self.assertEqual(pilot.returncode, 3)
-        self.assertIn("crashed", errors)
-
-    def test_one_store_one_program(self):
+        """And a store is one program's, until that ends."""
         first = subprocess.Popen([PILOT, "--store", "s"], cwd=self.folder, stdin=subprocess.PIPE,
-                                 stdout=subprocess.PIPE, text=True)
+                                 stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
         first.stdin.write("echo ready\n")
         first.stdin.flush()
-        first.stdout.readline()
+        self.assertEqual(first.stdout.readline(), "ready\n")
         self.assertEqual(self.run_pilot("", "--store", "s"), ["exit 0"])
         self.assertEqual(self.run_pilot("echo runs\n", "--store", "other"), ["runs"])
         os.kill(int(pathlib.Path(f"/proc/{first.pid}/task/{first.pid}/children").read_text()), signal.SIGKILL)
-        first.communicate(timeout=20)
+        _, errors = first.communicate(timeout=20)
+        self.assertEqual(first.returncode, 3)
+        self.assertIn("crashed", errors)
         self.assertEqual(self.run_pilot("echo runs\n", "--store", "s"), ["runs"], "the lock ends with its holder")
 
     def test_three_minutes_take_less_than_two_seconds(self):

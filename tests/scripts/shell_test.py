@@ -4,9 +4,7 @@
 shell_test.py GLIMRA-PILOT
 """
 import os
-import pathlib
 import sys
-import tempfile
 import unittest
 
 import store
@@ -23,12 +21,7 @@ DEFAULT_KEYS = [37, 39, 38, 40, 193, 194, 195, 196]
 LAST_ROW = ("Nimsa", 500, 10, 1)
 
 
-class ShellTest(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
-
+class ShellTest(store.FolderTest):
     def play(self, script, *options):
         output, errors = store.play(PILOT, script, *options, folder=self.folder)
         self.assertEqual(errors, "")
@@ -37,8 +30,7 @@ class ShellTest(unittest.TestCase):
     def ended_game(self, **fields):
         """A store that holds a game at its end."""
         self.play(GAME + "state game\n")
-        block = (self.folder / "game").read_bytes()
-        store.write_block(self.folder / "s", store.changed(block, state=OVER, **fields))
+        store.write_block(self.folder / "s", store.changed(self.read("game"), state=OVER, **fields))
 
     def test_commands(self):
         for script, output, fields in [
@@ -58,7 +50,7 @@ class ShellTest(unittest.TestCase):
                  {"state": PAUSED})]:
             with self.subTest(script):
                 self.assertEqual(self.play(script + "state s\n"), output)
-                block = (self.folder / "s").read_bytes()
+                block = self.read("s")
                 self.assertEqual({name: store.field(block, name) for name in fields}, fields)
 
     def test_buttons(self):
@@ -75,7 +67,7 @@ class ShellTest(unittest.TestCase):
                 self.assertEqual([line for line in lines if line.startswith("box")], output)
                 self.assertFalse(any("Please press" in line for line in lines), "that page is gone")
                 expected = [changes.get(action, key) for action, key in enumerate(DEFAULT_KEYS)]
-                self.assertEqual(store.keys((self.folder / "s").read_bytes()), expected)
+                self.assertEqual(store.keys(self.read("s")), expected)
         names = ["<A>", "<Right>", "< >", "<p>", "<Select>", "<Key 200>", "(not assigned)", "<Button C>"]
         tree = self.play("menu 40009\nclick 1100\npress 65\nclick 1102\npress 32\nclick 1103\npress 112\nclick 1104\n"
                          "press 13\nclick 1105\npress 200\nclick 1107\npress 195\nclick 6\ntree\n")
@@ -100,16 +92,16 @@ class ShellTest(unittest.TestCase):
                 self.play(script + "state s2\nkill\n", "--store", "s")
                 block = store.read_block(self.folder / "s")
                 self.assertEqual(store.scores(block, table)[7], row)
-                self.assertEqual(store.field((self.folder / "s2").read_bytes(), "appState"), TITLE)
+                self.assertEqual(store.field(self.read("s2"), "appState"), TITLE)
 
     def test_what_is_behind_a_dialog_stands_still(self):
         """No tick while a tick's dialog is open; nothing drawn over a menu or a box by the window behind."""
         self.ended_game(score=900)
         self.play("trace t\nwait 5000\nkey 13 down\ntrace off\n", "--store", "s")
-        self.assertEqual((self.folder / "t").stat().st_size, 0)
+        self.assertEqual(self.read("t"), b"")
         for opened in ("open 0\n", "open 1\n", "menu 40014\n", "menu 40017\n"):
             self.play(f"{GAME}{opened}wait 25\nshot a.png\nwait 12000\nshot b.png\n")
-            self.assertEqual((self.folder / "a.png").read_bytes(), (self.folder / "b.png").read_bytes(), opened)
+            self.assertEqual(self.read("a.png"), self.read("b.png"), opened)
 
     def test_orientation(self):
         for options, script, output in [

@@ -3,6 +3,8 @@ import pathlib
 import re
 import struct
 import subprocess
+import tempfile
+import unittest
 
 KEY = r"HKEY_LOCAL_MACHINE\Software\Apps\Orvendel Glimra"
 FIRST_LINE = "Windows Registry Editor Version 5.00"
@@ -13,6 +15,18 @@ RUNNING, PAUSED, ENDING, OVER = range(4)
 OFFSETS = {"appState": 0, "requestedState": 4, "state": 32, "x": 456, "y": 460, "rotation": 480, "deadline": 584,
            "lines": 616, "level": 620, "score": 624, "mode": 640, "queueLength": 648, "page": 724}
 ENTRY = struct.Struct("<3i24s")
+
+
+class FolderTest(unittest.TestCase):
+    """Plays in a folder of its own."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def read(self, name):
+        return (self.folder / name).read_bytes()
 
 
 def play(pilot, script, *options, status=0, folder=None):

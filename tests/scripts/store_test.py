@@ -4,13 +4,11 @@
 store_test.py GLIMRA-PILOT [KILLS]
 """
 import os
-import pathlib
 import random
 import resource
 import signal
 import subprocess
 import sys
-import tempfile
 import time
 import unittest
 
@@ -23,22 +21,17 @@ GAME = "menu 40008\nwait 1500\npress 37\nwait 60\npress 38\nwait 700\npress 194\
 WELL_AND_PIECE, RESULTS = slice(36, 576), slice(604, 656)
 
 
-class StoreTest(unittest.TestCase):
+class StoreTest(store.FolderTest):
     def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
+        super().setUp()
         self.store = self.folder / "s"
 
     def play(self, script, *options):
         return store.play(PILOT, script, "--store", "s", *options, folder=self.folder)
 
-    def state(self, name="state"):
-        return (self.folder / name).read_bytes()
-
     def game(self, **fields):
         self.play(GAME + "state state\nkill\n")
-        return store.changed(self.state(), requestedState=PLAYING, **fields)
+        return store.changed(self.read("state"), requestedState=PLAYING, **fields)
 
     def test_a_game_comes_back(self):
         for end, state in [("chord 81", PAUSED), ("close", PAUSED), ("away\nkill", PAUSED), ("hibernate", RUNNING),
@@ -52,10 +45,10 @@ class StoreTest(unittest.TestCase):
                                       "shot 2.png\ntap 120 150\nwait 50\nstate resumed\n")
                 self.assertEqual(output[:2], ["grayed 40008", "grayed 40010"])
                 for part in (WELL_AND_PIECE, RESULTS):
-                    self.assertEqual(self.state("before")[part], self.state("after")[part])
-                self.assertEqual(store.field(self.state("after"), "state"), PAUSED)
-                self.assertEqual(store.field(self.state("resumed"), "state"), RUNNING)
-                self.assertEqual(self.state("1.png"), self.state("2.png"), "it was drawn at once")
+                    self.assertEqual(self.read("before")[part], self.read("after")[part])
+                self.assertEqual(store.field(self.read("after"), "state"), PAUSED)
+                self.assertEqual(store.field(self.read("resumed"), "state"), RUNNING)
+                self.assertEqual(self.read("1.png"), self.read("2.png"), "it was drawn at once")
 
     def test_an_ending_game_ends(self):
         """Once its moment has come: at once, later, or after 3 seconds when that moment cannot be meant."""
@@ -80,7 +73,7 @@ class StoreTest(unittest.TestCase):
             store.write_block(self.store, block, version)
             _, errors = self.play("state state\nclose\n")
             self.assertRegex(errors, rf"\A.*{reason}.*app.rejected.*\n\Z")
-            self.assertEqual(store.field(self.state(), "appState"), TITLE)
+            self.assertEqual(store.field(self.read("state"), "appState"), TITLE)
             self.assertEqual(store.binary(store.read(file)[store.KEY]["app.rejected"]), block)
         file.write_text("nonsense")
         _, errors = self.play("close\n")
@@ -109,7 +102,7 @@ class StoreTest(unittest.TestCase):
                                 preexec_fn=full)
         self.assertEqual((result.returncode, result.stderr.count("\n")), (0, 1), result.stderr)
         self.assertIn("registry.reg", result.stderr)
-        self.assertEqual(store.field(self.state(), "state"), RUNNING, "the game went on")
+        self.assertEqual(store.field(self.read("state"), "state"), RUNNING, "the game went on")
         self.assertEqual((self.store / "registry.reg").read_bytes(), before)
         self.assertFalse((self.store / "registry.reg.new").exists())
 
@@ -130,7 +123,7 @@ class StoreTest(unittest.TestCase):
                 self.assertEqual(store.field(block, "requestedState"), PLAYING)
                 self.assertIn(store.field(block, "state"), (RUNNING, PAUSED))
         self.play("state state\n")
-        self.assertEqual(store.field(self.state(), "state"), PAUSED)
+        self.assertEqual(store.field(self.read("state"), "state"), PAUSED)
 
 
 unittest.main()

@@ -1,7 +1,4 @@
 // The menu bar, its drop-downs and the menus behind them.
-#include <gtest/gtest.h>
-
-#include "aygshell.h"
 #include "user/dialog_words.h"
 #include "user/inspect.h"
 #include "user/menu.h"
@@ -10,7 +7,6 @@
 namespace {
 
 using Kind = host::Event::Kind;
-using Log = std::vector<std::string>;
 
 void append(std::vector<std::uint16_t> &words, unsigned flags, std::u16string_view text,
             int id = -1)
@@ -49,9 +45,8 @@ std::vector<std::byte> makeImage()
     return image.bytes;
 }
 
-class MenuBar : public ProgramTest
+struct MenuBar : ProgramTest
 {
-protected:
     MenuBar() : ProgramTest(makeImage()) {}
 
     SHMENUBARINFO info{32, owner, 0, 102, {}, 0, 0, {}};
@@ -61,15 +56,11 @@ protected:
     {
         ASSERT_TRUE(SHCreateMenuBar(&info));
         recorder.noted = {WM_COMMAND, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_ACTIVATE, WM_KEYDOWN};
-        recorder.handler = [&](HWND, UINT message, WPARAM wParam,
-                               LPARAM position) -> std::optional<LRESULT> {
-            if (message == WM_INITMENUPOPUP) {
-                EXPECT_EQ(GetSubMenu(menu(), static_cast<int>(position)).value, wParam);
-                EXPECT_FALSE(inspect::menuOpen());
-                popups.push_back(std::to_string(position));
-            }
-            return std::nullopt;
-        };
+        recorder.when(WM_INITMENUPOPUP, [&](HWND, WPARAM dropDown, LPARAM position) {
+            EXPECT_EQ(GetSubMenu(menu(), static_cast<int>(position)).value, dropDown);
+            EXPECT_FALSE(inspect::menuOpen());
+            popups.push_back(std::to_string(position));
+        });
     }
     HMENU menu() const
     {
@@ -78,11 +69,6 @@ protected:
     void expectOpen(bool open)
     {
         user.then([=] { EXPECT_EQ(inspect::menuOpen(), open); });
-    }
-    Log run(unsigned milliseconds = 0)
-    {
-        host.run(milliseconds);
-        return recorder.takeLog();
     }
 };
 
@@ -147,12 +133,7 @@ TEST_F(MenuBar, GrayedItemsDoNothingAndATapElsewhereIsSwallowed)
 
 TEST_F(MenuBar, KeysMoveChooseAndDismiss)
 {
-    struct Case
-    {
-        std::vector<int> keys;
-        Log log;
-    };
-    const Case cases[] = {
+    const std::pair<std::vector<int>, Log> cases[] = {
         {{VK_DOWN, VK_RETURN}, {"A:command 101"}},
         {{VK_DOWN, VK_DOWN, VK_RETURN}, {"A:command 103"}}, // past the grayed one and the line
         {{VK_UP, VK_RETURN}, {"A:command 103"}},
@@ -161,31 +142,28 @@ TEST_F(MenuBar, KeysMoveChooseAndDismiss)
         {{VK_LEFT, VK_LEFT, VK_RETURN}, {"A:command 101"}},
         {{'A', VK_ESCAPE}, {}},
     };
-    for (const Case &each : cases) {
+    for (const auto &[keys, log] : cases) {
         user.tapMenuButton(0);
         expectOpen(true);
-        for (const int key : each.keys) {
+        for (const int key : keys) {
             user.press(key);
         }
         expectOpen(false);
-        EXPECT_EQ(run(), each.log) << each.keys.size();
+        EXPECT_EQ(run(), log) << keys.size();
     }
 }
 
 TEST_F(MenuBar, TimersRunBehindAnOpenDropDownWhichADialogCloses)
 {
     int ticks = 0;
-    recorder.handler = [&](HWND, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
-        if (message == WM_TIMER && ++ticks == 3) {
+    recorder.when(WM_TIMER, [&](HWND, WPARAM, LPARAM) {
+        if (++ticks == 3) {
             EXPECT_TRUE(inspect::menuOpen());
-            user.then([&] {
-                EXPECT_FALSE(inspect::menuOpen());
-                EndDialog(GetActiveWindow(), 1);
-            });
+            expectOpen(false);
+            end(1);
             EXPECT_EQ(runDialog(6, owner), 1);
         }
-        return std::nullopt;
-    };
+    });
     SetTimer(owner, 1, 25, nullptr);
     user.tapMenuButton(0);
     run(100);
@@ -212,14 +190,11 @@ TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
         user.then([&] {
             EXPECT_FALSE(bar()); // nor beside a box upon the page
             user.press(VK_RETURN);
-            user.then([] { EndDialog(GetActiveWindow(), 0); });
+            end();
         });
         MessageBoxW(GetActiveWindow(), u"", u"", MB_OK);
     });
-    runDialog(5, owner, [](HWND page, UINT message, WPARAM, LPARAM) -> INT_PTR {
-        SHINITDLGINFO full{SHIDIM_FLAGS, page, SHIDIF_SIZEDLGFULLSCREEN};
-        return message == WM_INITDIALOG ? SHInitDialog(&full) : FALSE;
-    });
+    runDialog(5, owner, beFullScreen);
     EXPECT_TRUE(bar());
     recorder.window('B', {0, 26, 100, 100});
     EXPECT_FALSE(bar());

@@ -1,14 +1,9 @@
 // The OK button of the title bar, full-screen pages, and the input panel.
-#include <gtest/gtest.h>
-
-#include "aygshell.h"
 #include "user/dialog_words.h"
 #include "user/inspect.h"
 #include "user/program_test.h"
 
 namespace {
-
-constexpr DWORD tabStop = WS_TABSTOP;
 
 std::vector<std::byte> makeImage()
 {
@@ -16,26 +11,23 @@ std::vector<std::byte> makeImage()
     image.add(5, 1, DialogWords(WS_POPUP, WS_EX_CAPTIONOKBTN, 60, 60, u"Small").words);
     image.add(5, 2,
               DialogWords(WS_POPUP, 0, 125, 69, u"Name")
-                  .add(u"CAPEDIT", tabStop, {7, 7, 100, 13}, 10)
-                  .add(u"BUTTON", tabStop | BS_DEFPUSHBUTTON, {7, 27, 50, 12}, IDOK, u"OK")
+                  .add(u"CAPEDIT", WS_TABSTOP, {7, 7, 100, 13}, 10)
+                  .add(u"BUTTON", WS_TABSTOP | BS_DEFPUSHBUTTON, {7, 27, 50, 12}, IDOK, u"OK")
                   .add(u"SIPPREF", 0, {-10, -10, 5, 5}, -1)
                   .words);
     return image.bytes;
 }
 
-class Shell : public ProgramTest
+struct Shell : ProgramTest
 {
-protected:
     Shell() : ProgramTest(makeImage()) {}
 
     static bool panelIsUp()
     {
-        for (const inspect::WindowView &view : inspect::windows()) {
-            if (view.className == u"SoftKeyboard") {
-                return !view.hidden;
-            }
-        }
-        return false;
+        const auto views = inspect::windows();
+        return std::any_of(views.begin(), views.end(), [](const inspect::WindowView &view) {
+            return view.className == u"SoftKeyboard" && !view.hidden;
+        });
     }
 };
 
@@ -47,43 +39,26 @@ TEST_F(Shell, OkButtonIsThereForTheDialogsThatAskForIt)
     EXPECT_FALSE(inspect::okButton());
 
     user.then([] { EXPECT_FALSE(inspect::okButton()); }); // a plain dialog has none
-    user.then([] { EndDialog(GetActiveWindow(), 0); });
+    end();
     runDialog(2, owner);
 
     user.tapOk();
     user.then([] {});
-    EXPECT_EQ(runDialog(2, owner,
-                        [](HWND page, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
-                            SHINITDLGINFO done{SHIDIM_FLAGS, page,
-                                               SHIDIF_DONEBUTTON | SHIDIF_SIZEDLGFULLSCREEN};
-                            return message == WM_INITDIALOG
-                                       ? SHInitDialog(&done)
-                                       : endByCommand(page, message, wParam, lParam);
-                        }),
-              IDOK);
+    EXPECT_EQ(runDialog(2, owner, beFullScreen), IDOK);
 }
 
 TEST_F(Shell, FullScreenPageFollowsTheDisplay)
 {
-    host::Event turn;
-    turn.kind = host::Event::Kind::Turn;
-    turn.orientation = 1;
     const auto expectRect = [](int right, int bottom) {
         RECT rect;
         GetWindowRect(GetActiveWindow(), &rect);
-        EXPECT_EQ(rect.top, 26);
-        EXPECT_EQ(rect.right, right);
-        EXPECT_EQ(rect.bottom, bottom);
+        EXPECT_EQ(rect, (RECT{0, 26, right, bottom}));
     };
     user.then([=] { expectRect(240, 320); });
-    user.then([=, this] { host.give(turn); });
+    user.give({.kind = host::Event::Kind::Turn, .orientation = 1});
     user.then([=] { expectRect(320, 240); });
     user.tapOk();
-    runDialog(1, owner, [](HWND page, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
-        SHINITDLGINFO full{SHIDIM_FLAGS, page, SHIDIF_DONEBUTTON | SHIDIF_SIZEDLGFULLSCREEN};
-        return message == WM_INITDIALOG ? SHInitDialog(&full)
-                                        : endByCommand(page, message, wParam, lParam);
-    });
+    runDialog(1, owner, beFullScreen);
 }
 
 TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)
@@ -101,9 +76,8 @@ TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)
     user.tap(10, row(0));
     user.tap(230, row(0)); // Backspace
     user.type(u"x");       // the real keyboard goes on working; a new word
-    std::u16string text(20, u'\0');
     user.then([&] {
-        text.resize(GetDlgItemTextW(GetActiveWindow(), 10, text.data(), 20));
+        EXPECT_EQ(textOf(10), u"QqQ1 X");
         SetFocus(GetDlgItem(GetActiveWindow(), IDOK));
         EXPECT_FALSE(panelIsUp());
         SetFocus(GetDlgItem(GetActiveWindow(), 10));
@@ -111,11 +85,9 @@ TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)
     });
     user.tap(230, row(2)); // Enter
     EXPECT_EQ(runDialog(2, owner, endByCommand), IDOK);
-    EXPECT_EQ(text, u"QqQ1 X");
     EXPECT_FALSE(panelIsUp());
     recorder.noted = {WM_LBUTTONUP};
-    host.run();
-    EXPECT_TRUE(recorder.takeLog().empty()) << "what is below gets nothing of the last tap";
+    EXPECT_EQ(run(), Log{}) << "what is below gets nothing of the last tap";
 
     SHSipPreference(owner, SIP_UP);
     EXPECT_TRUE(panelIsUp());

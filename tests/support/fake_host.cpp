@@ -26,34 +26,22 @@ void FakeHost::act(std::function<void()> action, std::uint32_t delay)
 
 void FakeHost::key(int code, bool down, std::uint32_t delay)
 {
-    host::Event event;
-    event.kind = down ? host::Event::Kind::KeyDown : host::Event::Kind::KeyUp;
-    event.key = static_cast<std::uint16_t>(code);
-    give(event, delay);
+    give({.kind = down ? Kind::KeyDown : Kind::KeyUp, .key = static_cast<std::uint16_t>(code)},
+         delay);
 }
 
-void FakeHost::stylus(host::Event::Kind kind, int x, int y)
-{
-    host::Event event;
-    event.kind = kind;
-    event.x = x;
-    event.y = y;
-    give(event);
-}
+void FakeHost::stylus(Kind kind, int x, int y) { give({.kind = kind, .x = x, .y = y}); }
 
 void FakeHost::tap(int x, int y)
 {
-    stylus(host::Event::Kind::StylusDown, x, y);
-    stylus(host::Event::Kind::StylusUp, x, y);
+    stylus(Kind::StylusDown, x, y);
+    stylus(Kind::StylusUp, x, y);
 }
 
 void FakeHost::type(std::u16string_view text)
 {
     for (const char16_t unit : text) {
-        host::Event event;
-        event.kind = host::Event::Kind::Text;
-        event.text = unit;
-        give(event);
+        give({.kind = Kind::Text, .text = unit});
     }
 }
 
@@ -163,11 +151,8 @@ bool FakeHost::showHelp(std::u16string_view program, std::u16string_view argumen
                         std::span<const std::byte> document, std::u16string_view anchor)
 {
     std::u16string line{program};
-    line.append(u" ").append(arguments).append(u"|").append(anchor).append(u"|");
-    for (const char digit : std::to_string(document.size())) {
-        line += static_cast<char16_t>(digit);
-    }
-    help.push_back(line);
+    help.push_back(line.append(u" ").append(arguments).append(u"|").append(anchor));
+    helpSize = document.size();
     return helpWorks;
 }
 

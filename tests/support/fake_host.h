@@ -17,6 +17,8 @@
 class FakeHost final : public host::Host
 {
 public:
+    using Kind = host::Event::Kind;
+
     // The script, carried out in order --------------------------------------------------------
 
     /// An event, `delay` milliseconds after the step before it.
@@ -24,7 +26,7 @@ public:
     /// A piece of the test, once the handheld has handled everything before it and sleeps.
     void act(std::function<void()> action, std::uint32_t delay = 0);
     void key(int code, bool down, std::uint32_t delay = 0);
-    void stylus(host::Event::Kind kind, int x, int y);
+    void stylus(Kind kind, int x, int y);
     void tap(int x, int y);
     void type(std::u16string_view text);
 
@@ -49,7 +51,8 @@ public:
     bool otherRuns = false;
     int otherRaised = 0;
     bool helpWorks = true;
-    std::vector<std::u16string> help; ///< "PROGRAM ARGUMENTS|ANCHOR|" and the page's size in bytes
+    std::vector<std::u16string> help; ///< "PROGRAM ARGUMENTS|ANCHOR"
+    std::size_t helpSize = 0;         ///< of the page shown last, in bytes
     std::vector<std::string> reports;
     std::vector<std::u16string> boxes; ///< "CAPTION|TEXT"
     int timersHandled = 0;

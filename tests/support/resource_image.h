@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string_view>
+#include <string>
 #include <vector>
 
 class ResourceImage
@@ -17,47 +17,32 @@ public:
         addEntry({0xFFFF, type, 0xFFFF, name}, words);
     }
     /// A resource of a named type, u"WAVE" say, or with a name of its own.
-    void add(std::u16string_view type, std::uint16_t name, std::span<const std::uint16_t> words)
+    void add(std::u16string type, std::uint16_t name, std::span<const std::uint16_t> words)
     {
-        std::vector<std::uint16_t> key(type.begin(), type.end());
-        key.insert(key.end(), {0, 0xFFFF, name});
-        addEntry(key, words);
+        type.append({u'\0', u'\uFFFF', name});
+        addEntry({type.begin(), type.end()}, words);
     }
-    void add(std::uint16_t type, std::u16string_view name, std::span<const std::uint16_t> words)
+    void add(std::uint16_t type, const std::u16string &name, std::span<const std::uint16_t> words)
     {
         std::vector<std::uint16_t> key{0xFFFF, type};
-        key.insert(key.end(), name.begin(), name.end());
-        key.push_back(0);
+        key.insert(key.end(), name.c_str(), name.c_str() + name.size() + 1);
         addEntry(key, words);
     }
 
     std::vector<std::byte> bytes;
 
 private:
-    void word(std::uint32_t value)
-    {
-        bytes.push_back(static_cast<std::byte>(value));
-        bytes.push_back(static_cast<std::byte>(value >> 8U));
-    }
-    void doubleWord(std::size_t value)
-    {
-        word(static_cast<std::uint32_t>(value));
-        word(static_cast<std::uint32_t>(value >> 16U));
-    }
     void addEntry(std::vector<std::uint16_t> key, std::span<const std::uint16_t> words)
     {
-        if (key.size() % 2 != 0) {
-            key.push_back(0);
-        }
-        doubleWord(words.size() * 2);
-        doubleWord(8 + key.size() * 2 + 16);
-        for (const std::uint16_t unit : key) {
-            word(unit);
-        }
-        bytes.insert(bytes.end(), 16, std::byte{0});
-        for (const std::uint16_t unit : words) {
-            word(unit);
-        }
-        bytes.resize((bytes.size() + 3) / 4 * 4);
+        key.resize((key.size() + 1) / 2 * 2);
+        const auto dataSize = static_cast<std::uint16_t>(words.size() * 2);
+        const auto headerSize = static_cast<std::uint16_t>(8 + key.size() * 2 + 16);
+        std::vector<std::uint16_t> entry = {dataSize, 0, headerSize, 0};
+        entry.insert(entry.end(), key.begin(), key.end());
+        entry.resize(headerSize / 2);
+        entry.insert(entry.end(), words.begin(), words.end());
+        entry.resize((entry.size() + 1) / 2 * 2);
+        const auto raw = std::as_bytes(std::span(entry));
+        bytes.insert(bytes.end(), raw.begin(), raw.end());
     }
 };

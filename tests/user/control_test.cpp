@@ -1,7 +1,4 @@
 // The controls as a user meets them: with stylus and keys, in a dialog.
-#include <gtest/gtest.h>
-
-#include "aygshell.h"
 #include "user/dialog_words.h"
 #include "user/icon.h"
 #include "user/inspect.h"
@@ -32,25 +29,19 @@ std::vector<std::byte> makeImage()
     return image.bytes;
 }
 
-class Control : public ProgramTest
+struct Control : ProgramTest
 {
-protected:
     Control() : ProgramTest(makeImage()) {}
 
     void look(std::function<void(HWND dialog)> action)
     {
         user.then([=] { action(GetActiveWindow()); });
     }
-    void end()
-    {
-        look([](HWND dialog) { EndDialog(dialog, 0); });
-    }
 };
 
 TEST_F(Control, EditBoxTakesTextAndKeys)
 {
-    // letters and signs are typed; < > are arrows, [ ] Home and End, { } < > with Shift, # Delete,
-    // ^ Backspace
+    // < > are arrows, { } with Shift, [ ] Home and End, # Delete, ^ Backspace; the rest is typed
     const std::map<char, std::pair<int, bool>> keys = {
         {'<', {VK_LEFT, false}},   {'>', {VK_RIGHT, false}}, {'[', {VK_HOME, false}},
         {']', {VK_END, false}},    {'{', {VK_LEFT, true}},   {'}', {VK_RIGHT, true}},
@@ -65,6 +56,7 @@ TEST_F(Control, EditBoxTakesTextAndKeys)
         {"abc[}}>x", u"Abxc"},
     };
     for (const auto &[typed, expected] : cases) {
+        look([](HWND dialog) { SendDlgItemMessageW(dialog, 10, WM_USER + 1, FALSE, 0); });
         for (const char unit : typed) {
             const auto key = keys.find(unit);
             if (key != keys.end()) {
@@ -73,16 +65,9 @@ TEST_F(Control, EditBoxTakesTextAndKeys)
                 user.type(std::u16string(1, static_cast<char16_t>(unit)));
             }
         }
-        std::u16string text(20, u'\0');
-        look([&](HWND dialog) { text.resize(GetDlgItemTextW(dialog, 10, text.data(), 20)); });
+        user.then([&wanted = expected, &how = typed] { EXPECT_EQ(textOf(10), wanted) << how; });
         end();
-        runDialog(1, owner, [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
-            if (message == WM_INITDIALOG) {
-                SendDlgItemMessageW(dialog, 10, WM_USER + 1, FALSE, 0);
-            }
-            return FALSE;
-        });
-        EXPECT_EQ(text, expected) << typed;
+        runDialog(1, owner);
     }
 }
 
@@ -94,10 +79,10 @@ TEST_F(Control, EditBoxIsUsedWithTheStylusAndScrolls)
     user.stylus(host::Event::Kind::StylusDown, 2, 36);
     user.stylus(host::Event::Kind::StylusMove, 89, 36);
     look([](HWND dialog) {
-        std::u16string text(40, u'\0');
-        text.resize(GetDlgItemTextW(dialog, 10, text.data(), 12)); // eleven and the terminator
-        EXPECT_EQ(text, u"\u00C9\u03B1\u0436 Abcdefg");
-        EXPECT_EQ(GetWindowTextLengthW(GetDlgItem(dialog, 10)), 30);
+        WCHAR text[12];
+        EXPECT_EQ(GetDlgItemTextW(dialog, 10, text, 12), 11U);
+        EXPECT_EQ(text, std::u16string(u"\u00C9\u03B1\u0436 Abcdefg"));
+        EXPECT_EQ(textOf(10).size(), 30U);
         const auto selection = static_cast<DWORD>(SendDlgItemMessageW(dialog, 10, EM_GETSEL, 0, 0));
         EXPECT_GT(LOWORD(selection), 5);  // the beginning has been scrolled out
         EXPECT_GE(HIWORD(selection), 29); // the end has not
@@ -136,9 +121,7 @@ TEST_F(Control, ComboBoxIsChosenFromByStylus)
         EXPECT_EQ(selection(dialog, 20), 1);
         EXPECT_EQ(selection(dialog, 21), 0);
         EXPECT_FALSE(SendDlgItemMessageW(dialog, 20, CB_GETDROPPEDSTATE, 0, 0));
-        std::u16string text(10, u'\0');
-        text.resize(GetDlgItemTextW(dialog, 20, text.data(), 10));
-        EXPECT_EQ(text, u"one");
+        EXPECT_EQ(textOf(20), u"one");
     });
     user.click(20);
     user.click(21); // elsewhere: the first list closes, the other opens
@@ -154,10 +137,10 @@ TEST_F(Control, ComboBoxIsChosenFromByStylus)
 TEST_F(Control, ComboBoxIsChosenFromByDraggingScrollingAndKeys)
 {
     user.click(20);
-    look([&](HWND) { // the lower arrow of the scroll bar, twice
+    look([&](HWND) { // the lower arrow of the scroll bar, beyond the end
         const auto item = inspect::openListItem(20, 1);
         ASSERT_TRUE(item);
-        for (int i = 0; i < 2; ++i) {
+        for (int i = 0; i < 4; ++i) {
             host.tap(97, item->centre.y);
         }
     });
@@ -212,8 +195,7 @@ TEST_F(Control, ButtonIsClickedWhereTheStylusIsLifted)
 TEST(Icon, GivesTheHostItsLargestPicture)
 {
     ResourceImage image;
-    // a group of a 1 by 1 and a 2 by 1 picture, the latter of 4 bits with its right pixel masked
-    // out
+    // 1 by 1, and 2 by 1 of 4 bits with its right pixel masked out
     image.add(
         14, 1,
         std::vector<std::uint16_t>{0, 1, 2, 0x0101, 0, 1, 4, 60, 0, 1, 0x0102, 0, 1, 4, 60, 0, 2});
@@ -221,8 +203,7 @@ TEST(Icon, GivesTheHostItsLargestPicture)
                                           0,  0, 0,      0,    0,      0, 2,      0, 0, 0,
                                           0,  0, 0x3322, 0x11, 0x0010, 0, 0x0040, 0};
     image.add(3, 2, picture);
-    picture.pop_back();
-    picture.pop_back();
+    picture.resize(picture.size() - 2);
     image.add(3, 3, picture);
     image.add(14, 3, std::vector<std::uint16_t>{0, 1, 1, 0x0102, 0, 1, 4, 60, 0, 3});
     SwitchedOn on(image.bytes);

@@ -1,8 +1,5 @@
 // Message boxes: which buttons they have, and which keys and taps answer them.
-#include <gtest/gtest.h>
-
-#include "user/recorder.h"
-#include "user/user_script.h"
+#include "user/program_test.h"
 
 namespace {
 
@@ -41,23 +38,20 @@ TEST(MessageBox, KeysAnswerByTheButtonsThatThereAre)
     EXPECT_EQ(on.host.boxes.size(), std::size(cases));
 }
 
-TEST(MessageBox, IsModalOverItsOwnerAndFitsTheScreen)
+TEST_F(ProgramTest, MessageBoxIsModalAndFitsTheScreen)
 {
-    Recorder recorder;
-    const HWND owner = recorder.window('A', {0, 26, 240, 320});
     recorder.noted = {WM_ACTIVATE, WM_LBUTTONDOWN};
-    UserScript user{recorder.host};
     user.tap(10, 40);
     user.then([&] {
         RECT rect;
         GetWindowRect(GetActiveWindow(), &rect);
         EXPECT_TRUE(rect.left >= 0 && rect.right <= 240 && rect.top >= 26 && rect.bottom <= 320);
-        EXPECT_EQ(recorder.takeLog(), std::vector<std::string>{"A:activate 0 -"});
+        EXPECT_EQ(recorder.takeLog(), Log{"A:activate 0 -"});
     });
     user.click(IDNO);
     const std::u16string text(100, u'w');
     EXPECT_EQ(MessageBoxW(owner, (text + u" and more words").c_str(), u"Caption", MB_YESNO), IDNO);
-    EXPECT_EQ(recorder.takeLog(), std::vector<std::string>{"A:activate 1 -"});
+    EXPECT_EQ(recorder.takeLog(), Log{"A:activate 1 -"});
 }
 
 } // namespace

@@ -1,9 +1,6 @@
 // Dialogs: their templates, their modal loops, the keys that they handle.
-#include <gtest/gtest.h>
-
 #include <utility>
 
-#include "aygshell.h"
 #include "gx.h"
 #include "user/dialog_template.h"
 #include "user/dialog_words.h"
@@ -11,33 +8,30 @@
 
 namespace {
 
-using Log = std::vector<std::string>;
+using Kind = host::Event::Kind;
 
 constexpr DWORD style = WS_POPUP | WS_CAPTION | DS_SETFONT;
-constexpr DWORD button = WS_TABSTOP;
 
-/// 1: two text boxes' worth of buttons, one disabled, and OK as the default; 2: nothing that can
-/// have the focus.
+/// 1: buttons, one disabled and OK the default, and texts; 2: nothing that can have the focus.
 std::vector<std::byte> makeImage()
 {
     ResourceImage image;
     image.add(5, 1,
               DialogWords(style, 0, 125, 69, u"First")
-                  .add(u"BUTTON", button, {7, 7, 50, 12}, 10, u"Ten")
-                  .add(u"BUTTON", button | WS_DISABLED, {7, 20, 50, 12}, 11, u"Eleven")
+                  .add(u"BUTTON", WS_TABSTOP, {7, 7, 50, 12}, 10, u"Ten")
+                  .add(u"BUTTON", WS_TABSTOP | WS_DISABLED, {7, 20, 50, 12}, 11, u"Eleven")
                   .add(u"STATIC", 0, {7, 30, 50, 12}, -1, u"Text")
-                  .add(u"CAPEDIT", button, {60, 7, 50, 12}, 12)
-                  .add(u"EDIT", button, {60, 20, 50, 12}, 13)
-                  .add(u"BUTTON", button | BS_DEFPUSHBUTTON, {7, 48, 50, 14}, IDOK, u"OK")
+                  .add(u"CAPEDIT", WS_TABSTOP, {60, 7, 50, 12}, 12)
+                  .add(u"EDIT", WS_TABSTOP, {60, 20, 50, 12}, 13)
+                  .add(u"BUTTON", WS_TABSTOP | BS_DEFPUSHBUTTON, {7, 48, 50, 14}, IDOK, u"OK")
                   .words);
     image.add(5, 2,
               DialogWords(style, 0, 138, 154, u"").add(u"STATIC", 0, {15, 50, 110, 15}, 21).words);
     return image.bytes;
 }
 
-class Dialog : public ProgramTest
+struct Dialog : ProgramTest
 {
-protected:
     Dialog() : ProgramTest(makeImage()) {}
 };
 
@@ -79,28 +73,25 @@ TEST(DialogTemplate, ReadsTheExtendedFormAndNoneThatIsCutShort)
 TEST_F(Dialog, DisablesItsOwnerAndGivesTheActivationBack)
 {
     recorder.noted = {WM_ACTIVATE};
-    HWND firstFocus;
-    const INT_PTR result =
-        runDialog(1, owner, [&](HWND dialog, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
-            if (message == WM_INITDIALOG) {
-                firstFocus = HWND{static_cast<std::uint32_t>(wParam)};
-                EXPECT_FALSE(IsWindowEnabled(owner));
-                EXPECT_FALSE(IsWindowVisible(dialog));
-                EXPECT_TRUE(recorder.takeLog().empty());
-                user.then([=, this] {
-                    EXPECT_EQ(GetActiveWindow(), dialog);
-                    EXPECT_EQ(GetFocus(), GetDlgItem(dialog, 10));
-                    EXPECT_EQ(firstFocus, GetDlgItem(dialog, 10));
-                    EXPECT_EQ(recorder.takeLog(), Log{"A:activate 0 -"});
-                    EXPECT_FALSE(IsWindowEnabled(owner));
-                    EXPECT_TRUE(EndDialog(dialog, 5));
-                    EXPECT_TRUE(EndDialog(dialog, 6)); // the first result counts
-                    EXPECT_TRUE(IsWindow(dialog));
-                });
-            }
-            return FALSE;
-        });
-    EXPECT_EQ(result, 5);
+    user.then([&] {
+        const HWND dialog = GetActiveWindow();
+        EXPECT_EQ(GetFocus(), GetDlgItem(dialog, 10));
+        EXPECT_EQ(recorder.takeLog(), Log{"A:activate 0 -"});
+        EXPECT_FALSE(IsWindowEnabled(owner));
+        EXPECT_TRUE(EndDialog(dialog, 5));
+        EXPECT_TRUE(EndDialog(dialog, 6)); // the first result counts
+        EXPECT_TRUE(IsWindow(dialog));
+    });
+    const auto procedure = [&](HWND dialog, UINT message, WPARAM focus, LPARAM) -> INT_PTR {
+        if (message == WM_INITDIALOG) {
+            EXPECT_EQ(focus, GetDlgItem(dialog, 10).value);
+            EXPECT_FALSE(IsWindowEnabled(owner));
+            EXPECT_FALSE(IsWindowVisible(dialog));
+            EXPECT_TRUE(recorder.takeLog().empty());
+        }
+        return FALSE;
+    };
+    EXPECT_EQ(runDialog(1, owner, procedure), 5);
     EXPECT_EQ(recorder.takeLog(), Log{"A:activate 1 -"});
     EXPECT_TRUE(IsWindowEnabled(owner));
     EXPECT_EQ(GetActiveWindow(), owner);
@@ -110,16 +101,16 @@ TEST_F(Dialog, DisablesItsOwnerAndGivesTheActivationBack)
 
 TEST_F(Dialog, GivesTheFocusBackHoweverItGoes)
 {
-    const auto run = [&](auto end, UINT when) {
+    const auto goes = [&](auto end, UINT when) {
         runDialog(2, owner, [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
             return message == when ? end(dialog) : FALSE;
         });
         EXPECT_EQ(GetActiveWindow(), owner);
         EXPECT_EQ(GetFocus(), owner);
     };
-    run([](HWND dialog) { return EndDialog(dialog, 1); }, WM_INITDIALOG);
-    run([](HWND dialog) { return DestroyWindow(dialog); }, WM_INITDIALOG);
-    run([](HWND dialog) { return DestroyWindow(dialog); }, WM_SETFOCUS);
+    goes([](HWND dialog) { return EndDialog(dialog, 1); }, WM_INITDIALOG);
+    goes([](HWND dialog) { return DestroyWindow(dialog); }, WM_INITDIALOG);
+    goes([](HWND dialog) { return DestroyWindow(dialog); }, WM_SETFOCUS);
 }
 
 TEST_F(Dialog, KeysMoveTheFocusAndPressButtons)
@@ -127,21 +118,21 @@ TEST_F(Dialog, KeysMoveTheFocusAndPressButtons)
     struct Case
     {
         std::vector<int> keys; // negative: with Shift
-        int focus;             // or, once the dialog has ended, the command
-        bool ends;
+        int focus;             // or 0, and
+        int result;            // the button that ended the dialog
     };
     const Case cases[] = {
-        {{VK_TAB}, 12, false},
-        {{VK_TAB, VK_TAB, VK_TAB, VK_TAB}, 10, false},
-        {{-VK_TAB}, IDOK, false},
-        {{VK_RIGHT}, 12, false},
-        {{VK_RIGHT, VK_RIGHT}, 12, false}, // an edit box keeps the arrows
-        {{VK_LEFT}, IDOK, false},
-        {{'A'}, 10, false},
-        {{VK_RETURN}, 10, true},           // the button with the focus
-        {{VK_TAB, VK_RETURN}, IDOK, true}, // the default button
-        {{VK_TAB, VK_ESCAPE}, IDCANCEL, true},
-        {{VK_SPACE}, 10, true},
+        {{VK_TAB}, 12, 100},
+        {{VK_TAB, VK_TAB, VK_TAB, VK_TAB}, 10, 100},
+        {{-VK_TAB}, IDOK, 100},
+        {{VK_RIGHT}, 12, 100},
+        {{VK_RIGHT, VK_RIGHT}, 12, 100}, // an edit box keeps the arrows
+        {{VK_LEFT}, IDOK, 100},
+        {{'A'}, 10, 100},
+        {{VK_RETURN}, 0, 10},           // the button with the focus
+        {{VK_TAB, VK_RETURN}, 0, IDOK}, // the default button
+        {{VK_TAB, VK_ESCAPE}, 0, IDCANCEL},
+        {{VK_SPACE}, 0, 10},
     };
     for (const Case &each : cases) {
         for (const int key : each.keys) {
@@ -149,10 +140,9 @@ TEST_F(Dialog, KeysMoveTheFocusAndPressButtons)
         }
         int focus = 0;
         user.then([&] { focus = GetDlgCtrlID(GetFocus()); });
-        user.then([] { EndDialog(GetActiveWindow(), 100); });
-        const INT_PTR result = runDialog(1, owner, endByCommand);
-        EXPECT_EQ(result, each.ends ? each.focus : 100) << each.keys[0];
-        EXPECT_TRUE(each.ends || focus == each.focus) << each.keys[0] << ": " << focus;
+        end(100);
+        EXPECT_EQ(runDialog(1, owner, endByCommand), each.result) << each.keys[0];
+        EXPECT_EQ(focus, each.focus) << each.keys[0];
         host.run();
     }
 }
@@ -164,14 +154,12 @@ TEST_F(Dialog, TabSelectsTheTextThatItComesTo)
     user.press(VK_TAB);
     user.press(VK_TAB, true);
     user.type(u"c");
-    std::u16string text(20, u'\0');
     user.then([&] {
-        text.resize(GetDlgItemTextW(GetActiveWindow(), 12, text.data(), 20));
+        EXPECT_EQ(textOf(12), u"C");
         EXPECT_TRUE(host.textWanted);
-        EndDialog(GetActiveWindow(), 0);
     });
+    end();
     runDialog(1, owner);
-    EXPECT_EQ(text, u"C");
     EXPECT_FALSE(host.textWanted);
 }
 
@@ -185,7 +173,7 @@ TEST_F(Dialog, APageWithoutControlsGetsEveryKeyOnce)
         std::vector<WPARAM> taken;
         int messages = 0;
         user.press(key);
-        user.then([] { EndDialog(GetActiveWindow(), 0); });
+        end();
         runDialog(2, owner, [&](HWND, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
             const auto *asked = reinterpret_cast<const MSG *>(lParam);
             if (message == WM_GETDLGCODE && asked && asked->message == WM_KEYDOWN) {
@@ -207,14 +195,8 @@ TEST_F(Dialog, EscCancelsAndIsNotPolledAsItsButton)
     GXOpenInput();
     for (const bool wantsAllKeys : {false, true}) {
         std::vector<WPARAM> taken;
-        user.then([&] {
-            host::Event event;
-            event.kind = host::Event::Kind::KeyDown;
-            event.key = VK_APP1;
-            event.escape = true;
-            host.give(event);
-        });
-        user.then([] { EndDialog(GetActiveWindow(), 0); });
+        user.give({.kind = Kind::KeyDown, .key = VK_APP1, .escape = true});
+        end();
         runDialog(2, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             if (message == WM_KEYDOWN || message == WM_COMMAND) {
                 taken.push_back(LOWORD(wParam));
@@ -257,14 +239,14 @@ TEST_F(Dialog, EndsAfterTheQuestionThatItAskedHasBeenAnswered)
 
 TEST_F(Dialog, EndsWhileAnotherProgramIsAtTheFront)
 {
-    user.give(host::Event::Kind::Background);
+    user.give({.kind = Kind::Background});
     const INT_PTR result =
         runDialog(2, owner, [](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             return message == WM_ACTIVATE && wParam == WA_INACTIVE ? EndDialog(page, 3) : FALSE;
         });
     EXPECT_EQ(result, 3);
     EXPECT_FALSE(GetActiveWindow());
-    user.give(host::Event::Kind::Foreground);
+    user.give({.kind = Kind::Foreground});
     host.run();
     EXPECT_EQ(GetActiveWindow(), owner);
 }

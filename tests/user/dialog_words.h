@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "aygshell.h"
 #include "support/resource_image.h"
 #include "user/recorder.h"
 #include "winuser.h"
@@ -81,4 +82,12 @@ inline INT_PTR endByCommand(HWND dialog, UINT message, WPARAM wParam, LPARAM)
 {
     return message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED ? EndDialog(dialog, LOWORD(wParam))
                                                                  : FALSE;
+}
+
+/// Makes the dialog a full-screen page with an OK button.
+inline INT_PTR beFullScreen(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    SHINITDLGINFO full{SHIDIM_FLAGS, page, SHIDIF_DONEBUTTON | SHIDIF_SIZEDLGFULLSCREEN};
+    return message == WM_INITDIALOG ? SHInitDialog(&full)
+                                    : endByCommand(page, message, wParam, lParam);
 }

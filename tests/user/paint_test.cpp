@@ -1,17 +1,16 @@
 // What becomes invalid, what is drawn, and where.
-#include <gtest/gtest.h>
-
 #include "gdi/screen.h"
-#include "user/recorder.h"
+#include "user/program_test.h"
 
 namespace {
 
-using Log = std::vector<std::string>;
+/// Of windows by their handles, bounds of a part in client coordinates.
+using Parts = std::map<std::uint32_t, RECT>;
 
 /// Notes the invalid part of every WM_PAINT and fills it with the colour of the window.
-struct Painter
+struct Painting : HandheldTest
 {
-    Painter()
+    Painting()
     {
         recorder.handler = [this](HWND window, UINT message, WPARAM, LPARAM) {
             if (message != WM_PAINT) {
@@ -19,62 +18,55 @@ struct Painter
             }
             PAINTSTRUCT paint;
             BeginPaint(window, &paint);
-            const RECT &part = paint.rcPaint;
-            parts[window.value] = {part.left, part.top, part.right, part.bottom};
+            parts[window.value] = paint.rcPaint;
             EndPaint(window, &paint);
             return std::optional<LRESULT>(0);
         };
     }
 
     /// The windows painted since the last call, with the bounds of what was invalid of each.
-    std::map<std::uint32_t, std::vector<LONG>> painted()
+    Parts painted()
     {
-        recorder.host.run();
+        host.run();
         return std::exchange(parts, {});
     }
 
-    Recorder recorder;
-    std::map<std::uint32_t, std::vector<LONG>> parts;
+    Parts parts;
 };
 
-using Parts = std::map<std::uint32_t, std::vector<LONG>>;
-
-TEST(Painting, WhatAWindowUncoversIsPaintedAndNoMore)
+TEST_F(Painting, WhatAWindowUncoversIsPaintedAndNoMore)
 {
     constexpr RECT part{10, 10, 20, 20};
-    Painter painter;
-    const HWND back = painter.recorder.window('A', {0, 50, 200, 250});
-    const HWND front = painter.recorder.window('B', {50, 100, 100, 150});
-    EXPECT_EQ(painter.painted(), (Parts{{back.value, {0, 0, 200, 200}}, //
-                                        {front.value, {0, 0, 50, 50}}}));
-    EXPECT_EQ(painter.painted(), Parts{});
+    const HWND back = recorder.window('A', {0, 50, 200, 250});
+    const HWND front = recorder.window('B', {50, 100, 100, 150});
+    EXPECT_EQ(painted(), (Parts{{back.value, {0, 0, 200, 200}}, //
+                                {front.value, {0, 0, 50, 50}}}));
+    EXPECT_EQ(painted(), Parts{});
 
     MoveWindow(front, 60, 100, 50, 50, TRUE);
-    EXPECT_EQ(painter.painted(), (Parts{{back.value, {50, 50, 60, 100}}, //
-                                        {front.value, {0, 0, 50, 50}}}));
+    EXPECT_EQ(painted(), (Parts{{back.value, {50, 50, 60, 100}}, //
+                                {front.value, {0, 0, 50, 50}}}));
     SetActiveWindow(back); // covers the other
-    EXPECT_EQ(painter.painted(), (Parts{{back.value, {60, 50, 110, 100}}}));
+    EXPECT_EQ(painted(), (Parts{{back.value, {60, 50, 110, 100}}}));
     InvalidateRect(front, nullptr, TRUE); // nothing of it can be seen
-    EXPECT_EQ(painter.painted(), Parts{});
+    EXPECT_EQ(painted(), Parts{});
     SetActiveWindow(front);
     DestroyWindow(front);
-    EXPECT_EQ(painter.painted(), (Parts{{back.value, {60, 50, 110, 100}}}));
+    EXPECT_EQ(painted(), (Parts{{back.value, {60, 50, 110, 100}}}));
     InvalidateRect(back, &part, FALSE);
     MoveWindow(back, 0, 40, 200, 220, FALSE); // nothing more than before
-    EXPECT_EQ(painter.painted(), (Parts{{back.value, {10, 10, 20, 20}}}));
+    EXPECT_EQ(painted(), (Parts{{back.value, {10, 10, 20, 20}}}));
 }
 
-TEST(Painting, ChildrenAreNotDrawnOverByTheirParent)
+TEST_F(Painting, ChildrenAreNotDrawnOverByTheirParent)
 {
-    Painter painter;
-    const HWND parent = painter.recorder.window('A', {0, 50, 100, 150});
-    const HWND child =
-        painter.recorder.window('C', {80, 10, 120, 30}, parent, WS_CHILD | WS_VISIBLE);
-    painter.painted();
+    const HWND parent = recorder.window('A', {0, 50, 100, 150});
+    const HWND child = recorder.window('C', {80, 10, 120, 30}, parent, WS_CHILD | WS_VISIBLE);
+    painted();
     InvalidateRect(parent, nullptr, TRUE);
-    EXPECT_EQ(painter.painted(), (Parts{{parent.value, {0, 0, 100, 100}}}));
+    EXPECT_EQ(painted(), (Parts{{parent.value, {0, 0, 100, 100}}}));
     InvalidateRect(child, nullptr, TRUE); // clipped to its parent
-    EXPECT_EQ(painter.painted(), (Parts{{child.value, {0, 0, 20, 20}}}));
+    EXPECT_EQ(painted(), (Parts{{child.value, {0, 0, 20, 20}}}));
 
     const HDC dc = GetDC(parent);
     const HDC childDC = GetDC(child);
@@ -88,63 +80,56 @@ TEST(Painting, ChildrenAreNotDrawnOverByTheirParent)
 
     ShowWindow(child, SW_HIDE);
     EXPECT_FALSE(IsWindowVisible(child));
-    EXPECT_EQ(painter.painted(), (Parts{{parent.value, {0, 0, 100, 100}}}));
+    EXPECT_EQ(painted(), (Parts{{parent.value, {0, 0, 100, 100}}}));
     DestroyWindow(parent); // and ends with it
     EXPECT_EQ(GetPixel(dc, 1, 1), CLR_INVALID);
     EXPECT_EQ(ReleaseDC(parent, dc), 0);
 }
 
-TEST(Painting, ErasesWhatIsInvalidWithTheBrushOfTheClass)
+TEST_F(Painting, ErasesWhatIsInvalidWithTheBrushOfTheClass)
 {
-    Painter painter;
-    const HWND window = painter.recorder.window('A', {0, 50, 100, 150});
-    painter.painted();
+    const HWND window = recorder.window('A', {0, 50, 100, 150});
+    painted();
     const HDC dc = GetDC(window);
     SetPixel(dc, 5, 5, RGB(255, 0, 0));
     SetPixel(dc, 15, 5, RGB(255, 0, 0));
     const RECT part{0, 0, 10, 10};
     InvalidateRect(window, &part, FALSE);
-    painter.painted();
+    painted();
     EXPECT_EQ(GetPixel(dc, 5, 5), RGB(255, 0, 0));
     InvalidateRect(window, &part, TRUE);
     UpdateWindow(window);
     EXPECT_EQ(GetPixel(dc, 5, 5), RGB(255, 255, 255));
     EXPECT_EQ(GetPixel(dc, 15, 5), RGB(255, 0, 0));
-    EXPECT_EQ(painter.painted(), (Parts{{window.value, {0, 0, 10, 10}}}));
+    EXPECT_EQ(painted(), (Parts{{window.value, {0, 0, 10, 10}}}));
     InvalidateRect(window, nullptr, TRUE);
     ValidateRect(window, nullptr);
-    EXPECT_EQ(painter.painted(), Parts{});
+    EXPECT_EQ(painted(), Parts{});
 }
 
-TEST(Painting, AFrameIsShownBeforeTheHandheldSleepsAndOnlyWhenItChanged)
+TEST_F(Painting, AFrameIsShownBeforeTheHandheldSleepsAndOnlyWhenItChanged)
 {
-    Painter painter;
-    const HWND window = painter.recorder.window('A', {0, 50, 100, 150});
-    painter.painted();
-    const int before = painter.recorder.host.presented;
-    painter.painted();
-    EXPECT_EQ(painter.recorder.host.presented, before);
+    const HWND window = recorder.window('A', {0, 50, 100, 150});
+    painted();
+    const int before = host.presented;
+    painted();
+    EXPECT_EQ(host.presented, before);
     SetPixel(GetDC(window), 3, 4, RGB(255, 0, 0));
-    painter.painted();
-    EXPECT_EQ(painter.recorder.host.presented, before + 1);
-    EXPECT_EQ(painter.recorder.host.lastChanged.left, 3);
-    EXPECT_EQ(painter.recorder.host.lastChanged.bottom, 55);
+    painted();
+    EXPECT_EQ(host.presented, before + 1);
+    EXPECT_EQ(host.lastChanged.left, 3);
+    EXPECT_EQ(host.lastChanged.bottom, 55);
 }
 
-TEST(Display, TurnsWithItsWindows)
+TEST_F(Painting, TheDisplayTurnsWithItsWindows)
 {
-    Painter painter;
-    Recorder &recorder = painter.recorder;
     const HWND window = recorder.window('A', {0, 26, 240, 320});
     const HWND box = recorder.window('B', {20, 250, 120, 300}, window, WS_POPUP | WS_VISIBLE);
-    painter.painted();
+    painted();
     recorder.noted = {WM_SIZE, WM_MOVE, WM_SETTINGCHANGE};
-    host::Event turn;
-    turn.kind = host::Event::Kind::Turn;
-    turn.orientation = static_cast<int>(DMDO_90);
-    recorder.host.give(turn);
-    EXPECT_EQ(painter.painted(), (Parts{{window.value, {0, 0, 320, 214}}, //
-                                        {box.value, {0, 0, 100, 50}}}));
+    host.give({.kind = host::Event::Kind::Turn, .orientation = 1});
+    EXPECT_EQ(painted(), (Parts{{window.value, {0, 0, 320, 214}}, //
+                                {box.value, {0, 0, 100, 50}}}));
     EXPECT_EQ(recorder.takeLog(),
               (Log{"B:move 20,190", "A:size 320,214", "B:setting", "A:setting"}));
 
@@ -161,8 +146,7 @@ TEST(Display, TurnsWithItsWindows)
     EXPECT_EQ(change(nullptr, &mode, {}, CDS_RESET, nullptr), DISP_CHANGE_SUCCESSFUL);
     RECT rect{};
     GetWindowRect(window, &rect);
-    EXPECT_EQ(rect.right, 240);
-    EXPECT_EQ(rect.bottom, 320);
+    EXPECT_EQ(rect, (RECT{0, 26, 240, 320}));
     EXPECT_EQ(gdi::screen().height, 320);
 }
 

@@ -1,27 +1,55 @@
-// A test with resources of its own, a program of one window, and a user before it.
+// Tests on a handheld with resources of their own, with a user before it.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <string>
 #include <utility>
 #include <vector>
 
 #include "aygshell.h"
+#include "support/rect.h"
 #include "user/recorder.h"
 #include "user/user_script.h"
 
-class ProgramTest : public testing::Test
+struct HandheldTest : testing::Test
 {
-protected:
-    explicit ProgramTest(std::vector<std::byte> resources) : image(std::move(resources))
+    explicit HandheldTest(std::vector<std::byte> resources = {}) : image(std::move(resources)) {}
+
+    /// What is noted while all that the test has given is handled and the time passes.
+    Log run(unsigned milliseconds = 0)
     {
-        SHInitExtraControls();
+        host.run(milliseconds);
+        return recorder.takeLog();
     }
 
     std::vector<std::byte> image;
     Recorder recorder{image};
     FakeHost &host = recorder.host;
     UserScript user{host};
+};
+
+/// A program of one window, which owns the dialogs.
+struct ProgramTest : HandheldTest
+{
+    explicit ProgramTest(std::vector<std::byte> resources = {}) : HandheldTest(std::move(resources))
+    {
+        SHInitExtraControls();
+    }
+
+    /// Ends the dialog that is open then.
+    void end(INT_PTR result = 0)
+    {
+        user.then([=] { EndDialog(GetActiveWindow(), result); });
+    }
+    /// The text of a control of the open dialog.
+    static std::u16string textOf(int control)
+    {
+        WCHAR text[80];
+        GetDlgItemTextW(GetActiveWindow(), control, text, 80);
+        return text;
+    }
+
     HWND owner = recorder.window('A', {0, 26, 240, 320});
 };

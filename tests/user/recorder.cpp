@@ -3,36 +3,23 @@
 
 #include <utility>
 
+#include "user/inspect.h"
+
 namespace {
 
 Recorder *current = nullptr;
 
-const std::map<UINT, std::string> messageNames = {
-    {WM_CREATE, "create"},
-    {WM_DESTROY, "destroy"},
-    {WM_NCDESTROY, "gone"},
-    {WM_MOVE, "move"},
-    {WM_SIZE, "size"},
-    {WM_SHOWWINDOW, "show"},
-    {WM_ACTIVATE, "activate"},
-    {WM_SETFOCUS, "setfocus"},
-    {WM_KILLFOCUS, "killfocus"},
-    {WM_PAINT, "paint"},
-    {WM_TIMER, "timer"},
-    {WM_KEYDOWN, "keydown"},
-    {WM_KEYUP, "keyup"},
-    {WM_CHAR, "char"},
-    {WM_COMMAND, "command"},
-    {WM_LBUTTONDOWN, "down"},
-    {WM_MOUSEMOVE, "drag"},
-    {WM_LBUTTONUP, "up"},
-    {WM_CAPTURECHANGED, "uncapt"},
-    {WM_SETTINGCHANGE, "setting"},
-    {WM_HELP, "help"},
-    {WM_CLOSE, "close"},
-    {WM_HIBERNATE, "hibernate"},
-    {WM_USER, "user"},
-};
+/// What is noted of a message. In it # stands for wParam, @ for the point in lParam, < and > for
+/// the windows in either, and ! for the time.
+const std::map<UINT, std::string> patterns = {
+    {WM_CREATE, "create"},         {WM_DESTROY, "destroy"},       {WM_NCDESTROY, "gone"},
+    {WM_MOVE, "move @"},           {WM_SIZE, "size @"},           {WM_SHOWWINDOW, "show #"},
+    {WM_ACTIVATE, "activate # >"}, {WM_SETFOCUS, "setfocus <"},   {WM_KILLFOCUS, "killfocus <"},
+    {WM_PAINT, "paint"},           {WM_TIMER, "timer # at !"},    {WM_KEYDOWN, "keydown #"},
+    {WM_KEYUP, "keyup #"},         {WM_CHAR, "char #"},           {WM_COMMAND, "command #"},
+    {WM_LBUTTONDOWN, "down @"},    {WM_MOUSEMOVE, "drag @"},      {WM_LBUTTONUP, "up @"},
+    {WM_CAPTURECHANGED, "uncapt"}, {WM_SETTINGCHANGE, "setting"}, {WM_HELP, "help"},
+    {WM_CLOSE, "close"},           {WM_HIBERNATE, "hibernate"},   {WM_USER, "user #"}};
 
 } // namespace
 
@@ -56,7 +43,12 @@ HWND Recorder::window(char name, const RECT &rect, HWND parent, DWORD style, DWO
                            rect.right - rect.left, rect.bottom - rect.top, parent, {}, {}, nullptr);
 }
 
-std::vector<std::string> Recorder::takeLog() { return std::exchange(log_, {}); }
+Log Recorder::takeLog() { return std::exchange(log_, {}); }
+
+void Recorder::when(UINT message, std::function<void(HWND, WPARAM, LPARAM)> action)
+{
+    actions_[message] = std::move(action);
+}
 
 LRESULT Recorder::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
@@ -65,6 +57,9 @@ LRESULT Recorder::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPa
     }
     if (current->noted.contains(message)) {
         current->note(window, message, wParam, lParam);
+    }
+    if (current->actions_.contains(message)) {
+        current->actions_.at(message)(window, wParam, lParam);
     }
     const auto result =
         current->handler ? current->handler(window, message, wParam, lParam) : std::nullopt;
@@ -77,43 +72,29 @@ std::string Recorder::nameOf(std::uintptr_t handle) const
     return found == names_.end() ? "-" : std::string(1, found->second);
 }
 
+std::string Recorder::order() const
+{
+    std::string order;
+    for (const inspect::WindowView &view : inspect::windows()) {
+        order += nameOf(view.window.value);
+    }
+    return order;
+}
+
 void Recorder::note(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    const bool minimized = message == WM_SIZE && wParam == SIZE_MINIMIZED;
     const auto other = static_cast<std::uintptr_t>(lParam);
     const auto low = static_cast<SHORT>(LOWORD(other));
     const auto high = static_cast<SHORT>(HIWORD(other));
-    const std::string point = " " + std::to_string(low) + "," + std::to_string(high);
-    std::string line = nameOf(window.value) + ":" + messageNames.at(message);
-    switch (message) {
-    case WM_ACTIVATE:
-        line += " " + std::to_string(wParam) + " " + nameOf(other);
-        break;
-    case WM_SETFOCUS:
-    case WM_KILLFOCUS:
-        line += " " + nameOf(wParam);
-        break;
-    case WM_SIZE:
-        line += wParam == SIZE_MINIMIZED ? " minimized" : point;
-        break;
-    case WM_MOVE:
-    case WM_LBUTTONDOWN:
-    case WM_MOUSEMOVE:
-    case WM_LBUTTONUP:
-        line += point;
-        break;
-    case WM_TIMER:
-        line += " " + std::to_string(wParam) + " at " + std::to_string(GetTickCount());
-        break;
-    case WM_SHOWWINDOW:
-    case WM_KEYDOWN:
-    case WM_KEYUP:
-    case WM_CHAR:
-    case WM_COMMAND:
-    case WM_USER:
-        line += " " + std::to_string(wParam);
-        break;
-    default:
-        break;
+    std::string line = nameOf(window.value) + ":";
+    for (const char unit : minimized ? "size minimized" : patterns.at(message)) {
+        line += unit == '#'   ? std::to_string(wParam)
+                : unit == '@' ? std::to_string(low) + "," + std::to_string(high)
+                : unit == '<' ? nameOf(wParam)
+                : unit == '>' ? nameOf(other)
+                : unit == '!' ? std::to_string(GetTickCount())
+                              : std::string(1, unit);
     }
     log_.push_back(line);
 }

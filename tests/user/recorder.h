@@ -11,6 +11,8 @@
 #include "support/fake_host.h"
 #include "winuser.h"
 
+using Log = std::vector<std::string>;
+
 /// The handheld switched on, with the class "TEST" of windows that do what DefWindowProcW does.
 class Recorder
 {
@@ -22,13 +24,18 @@ public:
     HWND window(char name, const RECT &rect, HWND parent = {}, DWORD style = WS_VISIBLE,
                 DWORD exStyle = 0);
     /// What was noted since the last call: "A:activate 1 B", one entry a message.
-    std::vector<std::string> takeLog();
+    Log takeLog();
+
+    /// Does this, too, whenever a window gets the message.
+    void when(UINT message, std::function<void(HWND, WPARAM, LPARAM)> action);
+    /// The names of the windows, front to back; the title bar is a "-".
+    std::string order() const;
 
     SwitchedOn handheld;
     FakeHost &host = handheld.host;
     /// The messages to be noted.
     std::set<UINT> noted;
-    /// Asked first; what it answers is the result of the message.
+    /// Asked before DefWindowProcW; what it answers is the result of the message.
     std::function<std::optional<LRESULT>(HWND, UINT, WPARAM, LPARAM)> handler;
 
 private:
@@ -37,6 +44,7 @@ private:
     void note(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     std::map<std::uintptr_t, char> names_;
+    std::map<UINT, std::function<void(HWND, WPARAM, LPARAM)>> actions_;
     char nameOfNext_ = '?';
-    std::vector<std::string> log_;
+    Log log_;
 };

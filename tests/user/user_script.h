@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <deque>
 #include <functional>
 
@@ -27,11 +26,9 @@ public:
     void press(int key, bool shift = false)
     {
         then([=, this] {
-            host::Event event;
-            event.kind = host::Event::Kind::KeyDown;
-            event.key = static_cast<std::uint16_t>(key);
-            event.shift = shift;
-            host_.give(event);
+            host_.give({.kind = host::Event::Kind::KeyDown,
+                        .key = static_cast<std::uint16_t>(key),
+                        .shift = shift});
             host_.key(key, false);
         });
     }
@@ -39,13 +36,9 @@ public:
     {
         then([=, this] { host_.type(text); });
     }
-    void give(host::Event::Kind kind)
+    void give(const host::Event &event)
     {
-        then([=, this] {
-            host::Event event;
-            event.kind = kind;
-            host_.give(event);
-        });
+        then([=, this] { host_.give(event); });
     }
     void stylus(host::Event::Kind kind, int x, int y)
     {

@@ -1,18 +1,16 @@
 // The life of windows, their order, and their values.
-#include <gtest/gtest.h>
-
-#include "user/inspect.h"
-#include "user/recorder.h"
+#include "user/program_test.h"
 
 namespace {
 
-using Log = std::vector<std::string>;
 constexpr DWORD child = WS_CHILD | WS_VISIBLE;
+constexpr RECT rect{0, 50, 100, 150};
 
-TEST(Windows, AreDestroyedFromTheOutsideInWithWhatTheyOwn)
+using Windows = HandheldTest;
+
+TEST_F(Windows, AreDestroyedFromTheOutsideInWithWhatTheyOwn)
 {
-    Recorder recorder;
-    const HWND main = recorder.window('M', {0, 50, 100, 150});
+    const HWND main = recorder.window('M', rect);
     const HWND inner = recorder.window('C', {0, 0, 50, 50}, main, child);
     recorder.window('G', {0, 0, 10, 10}, inner, child);
     const HWND dialog = recorder.window('D', {0, 60, 50, 80}, main, WS_POPUP | WS_VISIBLE);
@@ -24,7 +22,7 @@ TEST(Windows, AreDestroyedFromTheOutsideInWithWhatTheyOwn)
     EXPECT_EQ(inspect::liveObjects(), std::vector<std::string>{});
 }
 
-TEST(Windows, MayBeDestroyedByAnyProcedureAtAnyMessage)
+TEST(WindowLife, MayEndByAnyProcedureAtAnyMessage)
 {
     // Whatever message destroys whichever window, nothing may break and both must be gone.
     for (const UINT killer : {WM_CREATE, WM_SIZE, WM_SHOWWINDOW, WM_ACTIVATE, WM_SETFOCUS,
@@ -32,14 +30,13 @@ TEST(Windows, MayBeDestroyedByAnyProcedureAtAnyMessage)
                               WM_CAPTURECHANGED, WM_KILLFOCUS, WM_DESTROY, WM_NCDESTROY})
     {
         Recorder recorder;
-        const HWND main = recorder.window('M', {0, 50, 100, 150});
-        recorder.handler = [&](HWND window, UINT message, WPARAM, LPARAM) {
-            if (message == killer && window != main) {
+        const HWND main = recorder.window('M', rect);
+        recorder.when(killer, [&](HWND window, WPARAM, LPARAM) {
+            if (window != main) {
                 DestroyWindow(window);
                 DestroyWindow(main);
             }
-            return std::optional<LRESULT>();
-        };
+        });
         const HWND dialog = recorder.window('D', {0, 60, 50, 80}, main, WS_POPUP | WS_VISIBLE);
         SetTimer(dialog, 1, 5, nullptr);
         const HWND control = recorder.window('C', {0, 0, 50, 20}, dialog, child);
@@ -59,68 +56,47 @@ TEST(Windows, MayBeDestroyedByAnyProcedureAtAnyMessage)
     }
 }
 
-TEST(Windows, ThatRefuseToBeMadeAreGone)
+TEST_F(Windows, ThatRefuseToBeMadeAreGone)
 {
-    Recorder recorder;
     recorder.handler = [](HWND, UINT message, WPARAM, LPARAM) {
         return message == WM_CREATE ? std::optional<LRESULT>(-1) : std::nullopt;
     };
-    EXPECT_FALSE(recorder.window('A', {0, 50, 100, 150}));
+    EXPECT_FALSE(recorder.window('A', rect));
     EXPECT_EQ(inspect::liveObjects(), std::vector<std::string>{});
     EXPECT_FALSE(CreateWindowExW(0, u"NONE", u"", 0, 0, 0, 1, 1, {}, {}, {}, nullptr));
     EXPECT_FALSE(recorder.window('A', {0, 0, 1, 1}, HWND{4711}, child));
 }
 
-TEST(Windows, StandBelowTheTitleBarByDefault)
+TEST_F(Windows, StandBelowTheTitleBarByDefault)
 {
-    Recorder recorder;
     const HWND window =
         CreateWindowExW(0, u"TEST", u"Title", WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT,
                         CW_USEDEFAULT, CW_USEDEFAULT, {}, {}, {}, nullptr);
-    RECT rect{};
-    GetWindowRect(window, &rect);
-    EXPECT_EQ(rect.left, 0);
-    EXPECT_EQ(rect.top, 26);
-    EXPECT_EQ(rect.right, 240);
-    EXPECT_EQ(rect.bottom, 320);
-    EXPECT_EQ(recorder.host.title, u"Title");
+    RECT place{};
+    GetWindowRect(window, &place);
+    EXPECT_EQ(place, (RECT{0, 26, 240, 320}));
+    EXPECT_EQ(host.title, u"Title");
 }
 
-/// The letters of the test's top-level windows, front to back.
-std::string orderOf(const std::map<std::uint32_t, char> &names)
+TEST_F(Windows, KeepTheirOrder)
 {
-    std::string order;
-    for (const inspect::WindowView &view : inspect::windows()) {
-        const auto found = names.find(view.window.value);
-        order += found != names.end() ? std::string(1, found->second) : "";
-    }
-    return order;
-}
-
-TEST(Windows, KeepTheirOrder)
-{
-    Recorder recorder;
-    const RECT rect{0, 50, 100, 150};
     const HWND a = recorder.window('A', rect);
     const HWND b = recorder.window('B', rect);
-    const HWND owned = recorder.window('O', rect, a, WS_POPUP | WS_VISIBLE);
-    const HWND top = recorder.window('T', rect, {}, WS_VISIBLE, WS_EX_TOPMOST | WS_EX_NOACTIVATE);
-    const std::map<std::uint32_t, char> names = {
-        {a.value, 'A'}, {b.value, 'B'}, {owned.value, 'O'}, {top.value, 'T'}};
-    EXPECT_EQ(orderOf(names), "TOBA");
+    recorder.window('O', rect, a, WS_POPUP | WS_VISIBLE);
+    recorder.window('T', rect, {}, WS_VISIBLE, WS_EX_TOPMOST | WS_EX_NOACTIVATE);
+    EXPECT_EQ(recorder.order(), "T-OBA");
     SetActiveWindow(b);
-    EXPECT_EQ(orderOf(names), "TBOA");
+    EXPECT_EQ(recorder.order(), "T-BOA");
     SetActiveWindow(a); // what it owns goes with it
-    EXPECT_EQ(orderOf(names), "TOAB");
+    EXPECT_EQ(recorder.order(), "T-OAB");
     SetWindowPos(a, b, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    EXPECT_EQ(orderOf(names), "TBOA");
+    EXPECT_EQ(recorder.order(), "T-BOA");
     SetWindowPos(b, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    EXPECT_EQ(orderOf(names), "BTOA");
+    EXPECT_EQ(recorder.order(), "BT-OA");
 }
 
-TEST(Windows, ChildrenStayInTheOrderOfTheirMaking)
+TEST_F(Windows, ChildrenStayInTheOrderOfTheirMaking)
 {
-    Recorder recorder;
     const HWND parent = recorder.window('A', {10, 50, 100, 150});
     const HWND first = recorder.window('1', {1, 2, 11, 12}, parent, child);
     const HWND second = recorder.window('2', {1, 2, 11, 12}, parent, child);
@@ -138,10 +114,9 @@ TEST(Windows, ChildrenStayInTheOrderOfTheirMaking)
     EXPECT_EQ(point.y, 66);
 }
 
-TEST(Windows, KeepValuesAndTexts)
+TEST_F(Windows, KeepValuesAndTexts)
 {
-    Recorder recorder;
-    const HWND window = recorder.window('A', {0, 50, 100, 150});
+    const HWND window = recorder.window('A', rect);
     const auto address = reinterpret_cast<LONG_PTR>(&recorder);
     EXPECT_EQ(SetWindowLongW(window, GWL_USERDATA, address), 0);
     EXPECT_EQ(GetWindowLongW(window, GWL_USERDATA), address);

@@ -8,9 +8,8 @@ namespace {
 
 constexpr WAVEFORMATEX format{WAVE_FORMAT_PCM, 1, 22050, 22050, 1, 8, 0};
 
-class WaveTest : public testing::Test
+struct WaveTest : testing::Test
 {
-protected:
     MMRESULT open() { return waveOutOpen(&device, 0, &format, CALLBACK_NULL, 0, 0); }
 
     SwitchedOn handheld_;

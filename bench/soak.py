@@ -14,7 +14,7 @@ import sys
 import tempfile
 import time
 
-sys.path.append(str(pathlib.Path(__file__).parent.parent / "model"))
+sys.path.append(str(pathlib.Path(__file__).parents[1] / "tests/model"))
 import compare  # noqa: E402 pylint: disable=wrong-import-position
 
 HOUR = 3600 * 1000
