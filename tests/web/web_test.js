@@ -159,7 +159,7 @@ test('the keyboard plays; leaving pauses and saves; the menu saves and opens fil
   await page.keyboard.press('Escape'); // plays on
   await page.keyboard.press('ArrowUp');
   await page.setInputFiles('#file', {name: 'no.reg', mimeType: '', buffer: Buffer.from('nonsense')});
-  assert.match(await page.textContent('#notice'), /no\.reg cannot be used: line 1/);
+  await page.locator('#notice', {hasText: 'no.reg cannot be used: line 1'}).waitFor();
   await Promise.all([page.waitForEvent('load'), page.setInputFiles('#file', saved)]);
   await eventually(async () => paused.equals(await pixels(page)), 'the saved game, paused');
 
