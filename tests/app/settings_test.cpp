@@ -1,3 +1,4 @@
+// Which stored blocks are taken, and what becomes of those that are not.
 #include "app/settings.h"
 
 #include <algorithm>

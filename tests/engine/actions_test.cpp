@@ -1,3 +1,4 @@
+// What buttons do to the piece: shifts that repeat, holding, the places that a turn tries.
 #include <gtest/gtest.h>
 
 #include "engine/played_game.h"

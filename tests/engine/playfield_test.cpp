@@ -1,3 +1,4 @@
+// The well: what is free, what is full, what falls when rows go.
 #include "engine/playfield.h"
 
 #include <cstdlib>

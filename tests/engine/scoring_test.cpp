@@ -1,3 +1,4 @@
+// Points, and how levels follow from rows.
 #include <gtest/gtest.h>
 
 #include "engine/played_game.h"

@@ -1,3 +1,4 @@
+// The phases of a game, by the millisecond.
 #include <gtest/gtest.h>
 
 #include "engine/played_game.h"

@@ -1,3 +1,4 @@
+// Ranks, defaults and names of the tables.
 #include "frontend/high_score_table.h"
 
 #include <string>

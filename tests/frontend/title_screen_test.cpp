@@ -1,3 +1,4 @@
+// What a tap on the title page hits, and how its pages take turns.
 #include "frontend/title_screen.h"
 
 #include <gtest/gtest.h>
