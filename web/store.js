@@ -4,6 +4,7 @@ const NAME = 'registry.reg';
 export class Store {
   text = null;
   closed = false;
+  frozen = false; // what the browser holds is not to be touched
   told = false;
 
   constructor(tell) { this.tell = tell; }
@@ -23,10 +24,17 @@ export class Store {
       return false;
     }
     this.text = text;
-    return this.write(NAME, text);
+    return !this.frozen && this.write(NAME, text);
   }
 
-  setAside() { this.write(NAME + '.bad', this.text); }
+  /** Keeps a damaged text under another name; where that is refused it stays in its place. */
+  setAside() {
+    let name = NAME + '.bad';
+    for (let number = 1; localStorage.getItem(name) !== null; ++number) {
+      name = `${NAME}.bad.${number}`;
+    }
+    this.frozen = !this.write(name, this.text);
+  }
 
   /** From now on the program's writes are ignored: another page has the game. */
   close() { this.closed = true; }

@@ -238,6 +238,27 @@ test('without a place to store anything it says so and plays on, with sound', as
   await visit.end();
 });
 
+test('a damaged store is kept, and left in its place where that is refused', async () => {
+  const kept = () => Object.assign(localStorage, {'registry.reg': 'nonsense', 'registry.reg.bad': 'older nonsense'});
+  const refused = () => {
+    localStorage['registry.reg'] = 'nonsense';
+    Storage.prototype.setItem = (name, text) => {
+      if (name.includes('bad')) {
+        throw new DOMException('full', 'QuotaExceededError');
+      }
+      localStorage[name] = text;
+    };
+  };
+  for (const [script, name] of [[kept, 'registry.reg.bad.1'], [refused, 'registry.reg']]) {
+    const visit = await Visit.begin(browser, server.address, undefined, script);
+    const page = await visit.open();
+    await begin(page, click);
+    await page.evaluate(() => dispatchEvent(new Event('blur'))); // the game is saved, or would be
+    assert.equal(await page.evaluate((key) => localStorage[key], name), 'nonsense');
+    await visit.end();
+  }
+});
+
 test('it starts without a connection after the first visit, and a new version at the next start', async () => {
   const copy = join(temporary, 'copy');
   cpSync(folder, copy, {recursive: true, preserveTimestamps: true});
