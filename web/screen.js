@@ -1,7 +1,7 @@
 // The handheld's screen: a canvas of its pixels, enlarged by a whole number of the display's.
 
-/** Above the screen where there is room, and for the controls where they are shown, in CSS pixels. */
-const BEZEL = 10, CONTROLS = 152;
+/** Above the screen where there is room, and for the controls below it or on either side, in CSS pixels. */
+const BEZEL = 10, BELOW = 152, BESIDE = 112;
 
 export class Screen {
   constructor(canvas) {
@@ -29,7 +29,7 @@ export class Screen {
     const {innerWidth: width, innerHeight: height, devicePixelRatio: ratio} = window;
     const portrait = height >= width;
     const shown = this.face.matches;
-    const side = width - (shown && !portrait ? 2 * CONTROLS : 0), length = height - (shown && portrait ? CONTROLS : 0);
+    const side = width - (shown && !portrait ? 2 * BESIDE : 0), length = height - (shown && portrait ? BELOW : 0);
     const factor = Math.max(1, Math.floor(Math.min(side * ratio / this.canvas.width, length * ratio / this.canvas.height)));
     const cssWidth = this.canvas.width * factor / ratio, cssHeight = this.canvas.height * factor / ratio;
     const root = document.documentElement;

@@ -61,7 +61,7 @@ const stands = async (page) => {
 test('every pixel is a whole square, on all displays', async () => {
   for (const [width, height, deviceScaleFactor, hasTouch] of
     [[1280, 1000, 1, false], [1001, 777, 1.5, false], [3840, 2160, 1, false], [390, 844, 3, true], [320, 480, 2, true],
-     [320, 480, 1, true], [844, 390, 2.625, true], [411, 731, 2.625, true]]) {
+     [320, 480, 1, true], [844, 390, 2.625, true], [480, 320, 2, true], [411, 731, 2.625, true]]) {
     const visit = await Visit.begin(browser, server.address,
                                     {viewport: {width, height}, deviceScaleFactor, hasTouch, isMobile: hasTouch});
     const page = await visit.open();
