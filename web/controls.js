@@ -2,7 +2,7 @@
 
 /** What host::Event::Kind counts. */
 const KEY_DOWN = 0, KEY_UP = 1, TEXT = 2, STYLUS_DOWN = 3, STYLUS_MOVE = 4, STYLUS_UP = 5, HELP = 11;
-const CONTROL = 1, SHIFT = 2;
+const CONTROL = 1, SHIFT = 2, ESCAPE = 4;
 
 /** The handheld's buttons. */
 const LEFT = 37, UP = 38, RIGHT = 39, DOWN = 40, CENTRE = 13, A = 193, B = 194, C = 195, D = 196;
@@ -102,7 +102,7 @@ export class Controls {
       return;
     }
     const key = virtualKey(event);
-    const modifiers = (event.ctrlKey ? CONTROL : 0) | (event.shiftKey ? SHIFT : 0);
+    const modifiers = (event.ctrlKey ? CONTROL : 0) | (event.shiftKey ? SHIFT : 0) | (event.key === 'Escape' ? ESCAPE : 0);
     if (key !== 0) {
       event.preventDefault();
     }

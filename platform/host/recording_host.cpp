@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 namespace host {
 namespace {
@@ -11,9 +12,16 @@ namespace {
 std::string keyDown(const Event &event)
 {
     std::string line = "key " + std::to_string(event.key) + " down";
-    if (event.control || event.shift) {
-        line += event.control && event.shift ? " ctrl+shift" : event.control ? " ctrl" : " shift";
-    }
+    char joint = ' ';
+    const auto add = [&](bool is, const char *name) {
+        if (is) {
+            line += std::exchange(joint, '+');
+            line += name;
+        }
+    };
+    add(event.control, "ctrl");
+    add(event.shift, "shift");
+    add(event.escape, "esc");
     return line;
 }
 

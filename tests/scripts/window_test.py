@@ -209,7 +209,10 @@ class WindowTest(unittest.TestCase):
                 self.begin_game(game)
             else:
                 self.click(game, (120, 150))  # the game goes on
-            for _ in range(50):
+            for i in range(50):
+                if i % 20 == 10:  # a menu, closed by Esc, leaves the game paused
+                    self.click(game, GAME_MENU)
+                    xdotool("key", "Escape", "sleep", 0.2, "key", "Escape")
                 key = dice.choice(["Left", "Right", "Up", "Down", "z", "x", "c"])
                 xdotool("keydown", key, "sleep", dice.choice([0.01, 0.03, 0.2]), "keyup", key, "sleep", 0.05)
             xdotool("key", "Escape")

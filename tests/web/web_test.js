@@ -149,6 +149,10 @@ test('the keyboard plays; leaving pauses and saves; the menu saves and opens fil
   await eventually(async () => !await hasPieces(page), 'and paused');
   await page.evaluate(() => dispatchEvent(new Event('focus')));
   const paused = await eventually(() => stands(page), 'still so on the way back');
+  await click(page, [25, 307]);
+  await eventually(async () => !paused.equals(await pixels(page)), 'a menu opens');
+  await page.keyboard.press('Escape');
+  await eventually(async () => paused.equals(await pixels(page)), 'Esc closes it, and nothing else');
 
   await page.click('#menu-button');
   const [download] = await Promise.all([page.waitForEvent('download'), page.click('[data-do=save]')]);

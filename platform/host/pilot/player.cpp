@@ -161,6 +161,7 @@ void Player::send(Event::Kind kind, std::uint16_t key, long modifiers)
     event.key = key;
     event.control = (modifiers & 1) != 0;
     event.shift = (modifiers & 2) != 0;
+    event.escape = (modifiers & 4) != 0;
     host_.send(event);
 }
 

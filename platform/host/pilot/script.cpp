@@ -47,11 +47,20 @@ std::string readNumber(std::string_view word, const NumberKind &kind, long &numb
     return {};
 }
 
+/// Names joined by '+', each the bit of its place.
 std::string readModifiers(std::string_view word, long &number)
 {
-    constexpr std::string_view names[] = {"", "ctrl", "shift", "ctrl+shift"};
-    number = std::find(std::begin(names), std::end(names), word) - std::begin(names);
-    return number < 4 ? "" : "only ctrl, shift or ctrl+shift may follow";
+    constexpr std::string_view names[] = {"ctrl", "shift", "esc"};
+    while (!word.empty()) {
+        const std::string_view name = word.substr(0, word.find('+'));
+        const auto found = std::find(std::begin(names), std::end(names), name);
+        if (found == std::end(names)) {
+            return "only ctrl, shift and esc, joined by +, may follow";
+        }
+        number |= 1L << (found - std::begin(names));
+        word.remove_prefix(std::min(name.size() + 1, word.size()));
+    }
+    return {};
 }
 
 std::string readWord(std::string_view word, Argument kind, Arguments &result, long &number)

@@ -24,7 +24,7 @@ enum class Argument
     KeyCode,              ///< 1 to 254
     UpOrDown,             ///< in `text`
     StylusAction,         ///< in `text`: down, move or up
-    OptionalModifiers,    ///< ctrl, shift or ctrl+shift: 1, 2 or 3; 0 when left out
+    OptionalModifiers,    ///< ctrl 1, shift 2, esc 4, or a sum; 0 when left out
     CodeUnit,             ///< of UTF-16
     Pixel,                ///< 0 to 319
     Id,                   ///< of a command or a control

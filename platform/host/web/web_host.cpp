@@ -132,7 +132,7 @@ void WebHost::report(std::string_view line) { pageReport(line.data(), line.size(
 // What the page calls ----------------------------------------------------------------------------
 
 /// An event: `kind` as host::Event numbers them, `a` and `b` its key and modifiers (1 Ctrl,
-/// 2 Shift), its point, or its character.
+/// 2 Shift, 4 the keyboard's Esc), its point, or its character.
 extern "C" void post(int kind, int a, int b)
 {
     if (web::theHost == nullptr) {
@@ -144,6 +144,7 @@ extern "C" void post(int kind, int a, int b)
     event.text = static_cast<char16_t>(a);
     event.control = (b & 1) != 0;
     event.shift = (b & 2) != 0;
+    event.escape = (b & 4) != 0;
     event.x = a;
     event.y = b;
     web::theHost->post(event);
