@@ -42,6 +42,18 @@ class PilotTest(store.FolderTest):
             self.run_pilot("", *options, status=1)
             self.assertRegex(self.errors, r"\Apilot: .+\n\Z")
 
+    def test_one_that_is_ended_from_outside_leaves_nothing_behind(self):
+        pilot = subprocess.Popen([PILOT], env={**os.environ, "TMPDIR": str(self.folder)}, text=True,
+                                 stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        pilot.stdin.write("restart\nmenu 40008\naway\necho goes on\n")
+        pilot.stdin.flush()
+        self.assertEqual(pilot.stdout.readline(), "goes on\n")
+        self.assertTrue(list(self.folder.glob("*/registry.reg")))
+        pilot.send_signal(signal.SIGTERM)
+        self.assertEqual(pilot.communicate(timeout=20), ("", ""))
+        self.assertEqual(pilot.returncode, 128 + signal.SIGTERM)
+        self.assertEqual(list(self.folder.iterdir()), [])
+
     def test_same_script_and_clock_give_the_same_bytes(self):
         script = "menu 40008\ntrace {0}.trace\npress 37\nwait 3000\npress 38\nwait 900\nshot {0}.png\nstate {0}\n"
         for name, clock in (("a", "77"), ("b", "77"), ("c", "78")):

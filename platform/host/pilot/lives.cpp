@@ -48,6 +48,29 @@ struct Left
     int status = 0; ///< as waitpid tells it
 };
 
+/// The signal that ended the run from outside; 0: none.
+volatile std::sig_atomic_t endedBy = 0;
+/// The process that lives; 0: none.
+volatile std::sig_atomic_t living = 0;
+
+void endRun(int signal)
+{
+    endedBy = signal;
+    if (living != 0) {
+        kill(living, SIGKILL);
+    }
+}
+
+/// What is to be done when the run is ended from outside; not with signals that are ignored.
+void whenEnded(void (*act)(int))
+{
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
+        if (std::signal(signal, act) == SIG_IGN) {
+            std::signal(signal, SIG_IGN);
+        }
+    }
+}
+
 /// Forks a process that lives, and waits for its end.
 Left leftBy(World &world, const std::function<void(World &, const Will &)> &live)
 {
@@ -60,16 +83,22 @@ Left leftBy(World &world, const std::function<void(World &, const Will &)> &live
         throwErrno("fork");
     }
     if (process == 0) {
+        whenEnded(SIG_DFL);
         close(ends[0]);
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         live(world, Will(ends[1]));
         std::abort();
+    }
+    living = process;
+    if (endedBy != 0) {
+        endRun(endedBy);
     }
     close(ends[1]);
     Left left;
     left.will = readAll(ends[0]);
     close(ends[0]);
     left.status = waitFor(process);
+    living = 0;
     return left;
 }
 
@@ -116,8 +145,12 @@ void Will::finishInOrder(int status) const
 
 int runLives(World world, const std::function<void(World &, const Will &)> &live)
 {
+    whenEnded(endRun);
     for (;;) {
         const Left left = leftBy(world, live);
+        if (endedBy != 0) {
+            return endedStatus + endedBy;
+        }
         std::istringstream words(left.will);
         std::string word;
         words >> word;

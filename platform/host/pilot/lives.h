@@ -33,6 +33,8 @@ private:
 
 /// The exit status of a run whose program crashed.
 constexpr int crashStatus = 3;
+/// The exit status of a run that SIGHUP, SIGINT or SIGTERM ended, less that signal.
+constexpr int endedStatus = 128;
 
 /// Begins lives, the first one in `world`, until one finishes. `live` does not return. Returns the
 /// exit status of the run; a crash is told on the standard error stream.
