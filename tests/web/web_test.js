@@ -103,11 +103,10 @@ test('a game is played with two fingers, and is there, paused, after a reload', 
   }, 'Left held moves the piece to the wall');
   await hands.move(37, 196);
   const height = (cells) => Math.max(...cells.map(([, y]) => y)) - Math.min(...cells.map(([, y]) => y));
-  const standing = await eventually(async () => {
+  await eventually(async () => {
     const cells = await falling();
-    return height(cells) > height(lying) + 5 && cells;
-  }, 'D turns it while Left is held');
-  assert.ok(left(standing) < WELL[0] + 11, 'at the wall');
+    return height(cells) > height(lying) + 5 && left(cells) < WELL[0] + 11;
+  }, 'D turns it, and Left, which is still held, takes it back to the wall');
   await hands.move(37);
   await hands.move(39);
   await eventually(async () => left(await falling()) > WELL[0] + 33, 'the finger slides to Right');
