@@ -36,7 +36,7 @@ Keys: the arrows are the pad, Enter its centre; Esc or P is button A, C or left 
 button B, Z or left Ctrl button C, X or Space button D. The game's Tools menu says what
 they do. F1 help, F11 full screen, F12 saves a screenshot, Ctrl+Q quits.
 While the right Ctrl or the menu key is held, the arrows move a stylus and Space taps;
-so does a controller's right stick. Its Back and Start together quit.
+so does a controller's right stick. With its Back held, Start quits, X helps, Y is full screen.
 
 Exit status: 0 when the game was closed, 1 when there is no display or DIR or FILE cannot be had,
 2 for a wrong option.

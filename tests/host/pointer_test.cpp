@@ -139,7 +139,11 @@ TEST(Pointer, ControllerAloneTapsAndQuits)
     EXPECT_EQ(up[0].kind, Kind::StylusUp);
     EXPECT_GT(up[0].x, 125);
     EXPECT_EQ(up[0].y, 160);
+    EXPECT_EQ(press(SDL_CONTROLLER_BUTTON_X, true).size(), 1U);
+    EXPECT_EQ(press(SDL_CONTROLLER_BUTTON_X, false).back().kind, Kind::KeyUp);
     press(SDL_CONTROLLER_BUTTON_BACK, true);
+    EXPECT_EQ(press(SDL_CONTROLLER_BUTTON_X, true).back().kind, Kind::Help);
+    EXPECT_TRUE(press(SDL_CONTROLLER_BUTTON_X, false).empty());
     EXPECT_EQ(press(SDL_CONTROLLER_BUTTON_START, true).back().kind, Kind::Close);
     SDL_JoystickClose(stick);
 }

@@ -129,15 +129,30 @@ void Controllers::moveButton(SDL_JoystickID id, int button, bool down)
         others_.press(down);
         return;
     }
-    button_(sourceOf(id, button), keyOf(button), down);
+    if (!down || !actWithBack(id, button)) {
+        button_(sourceOf(id, button), keyOf(button), down);
+    }
+}
+
+/// False when the button is the program's.
+bool Controllers::actWithBack(SDL_JoystickID id, int button)
+{
     SDL_GameController *controller = SDL_GameControllerFromInstanceID(id);
-    const auto completes = [&](SDL_GameControllerButton one, SDL_GameControllerButton other) {
-        return down && button == one && SDL_GameControllerGetButton(controller, other) != 0;
-    };
-    if (completes(SDL_CONTROLLER_BUTTON_BACK, SDL_CONTROLLER_BUTTON_START) ||
-        completes(SDL_CONTROLLER_BUTTON_START, SDL_CONTROLLER_BUTTON_BACK))
-    {
+    if (SDL_GameControllerGetButton(controller, SDL_CONTROLLER_BUTTON_BACK) == 0) {
+        return false;
+    }
+    switch (button) {
+    case SDL_CONTROLLER_BUTTON_START:
         others_.quit();
+        return true;
+    case SDL_CONTROLLER_BUTTON_X:
+        others_.help();
+        return true;
+    case SDL_CONTROLLER_BUTTON_Y:
+        others_.toggleFullScreen();
+        return true;
+    default:
+        return false;
     }
 }
 

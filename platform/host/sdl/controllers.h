@@ -26,8 +26,10 @@ public:
         std::function<void(int x, int y)> lean;
         /// The right stick is pressed or let go.
         std::function<void(bool down)> press;
-        /// Back and Start are down together: the player wants to quit.
+        /// Back is held, and Start, X or Y is pressed: what keyboards have further keys for.
         std::function<void()> quit;
+        std::function<void()> help;
+        std::function<void()> toggleFullScreen;
     };
 
     Controllers(Button button, Others others);
@@ -49,6 +51,7 @@ private:
         void operator()(SDL_GameController *c) const { SDL_GameControllerClose(c); }
     };
     void moveButton(SDL_JoystickID id, int button, bool down);
+    bool actWithBack(SDL_JoystickID id, int button);
     void moveStick(SDL_JoystickID id, int axis, int value);
     void moveRightStick(SDL_JoystickID id);
 

@@ -371,7 +371,8 @@ Controllers::Others DesktopHost::controllerActions()
                     pointer_.press(down, machineTicks());
                 }
             },
-            [this] { push(Event::Kind::Close); }};
+            [this] { push(Event::Kind::Close); }, [this] { push(Event::Kind::Help); },
+            [this] { window_->toggleFullScreen(); }};
 }
 
 void DesktopHost::showPointer()
