@@ -97,8 +97,8 @@ Left leftBy(World &world, const std::function<void(World &, const Will &)> &live
     Left left;
     left.will = readAll(ends[0]);
     close(ends[0]);
+    living = 0; // it is ending: its number may soon be another's
     left.status = waitFor(process);
-    living = 0;
     return left;
 }
 

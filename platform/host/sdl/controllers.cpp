@@ -106,16 +106,14 @@ bool Controllers::handle(const SDL_Event &event)
         return true;
     case SDL_CONTROLLERBUTTONDOWN:
     case SDL_CONTROLLERBUTTONUP:
-        moveButton(event.cbutton.which, event.cbutton.button,
-                   event.type == SDL_CONTROLLERBUTTONDOWN);
+        if (!away_) {
+            moveButton(event.cbutton.which, event.cbutton.button,
+                       event.type == SDL_CONTROLLERBUTTONDOWN);
+        }
         return true;
     case SDL_CONTROLLERAXISMOTION:
-        if (event.caxis.axis == SDL_CONTROLLER_AXIS_RIGHTX ||
-            event.caxis.axis == SDL_CONTROLLER_AXIS_RIGHTY)
-        {
-            moveRightStick(event.caxis.which);
-        } else {
-            moveStick(event.caxis.which, event.caxis.axis, event.caxis.value);
+        if (!away_) {
+            moveAxis(event.caxis);
         }
         return true;
     default:
@@ -153,6 +151,15 @@ bool Controllers::actWithBack(SDL_JoystickID id, int button)
         return true;
     default:
         return false;
+    }
+}
+
+void Controllers::moveAxis(const SDL_ControllerAxisEvent &event)
+{
+    if (event.axis == SDL_CONTROLLER_AXIS_RIGHTX || event.axis == SDL_CONTROLLER_AXIS_RIGHTY) {
+        moveRightStick(event.which);
+    } else {
+        moveStick(event.which, event.axis, event.value);
     }
 }
 

@@ -40,7 +40,7 @@ public:
     std::optional<int> updateInterval() const;
     /// Has SDL look at the controllers; events follow.
     void update();
-    /// Nothing is looked at while the game is away.
+    /// While the game is away nothing is looked at, and what SDL tells late is not heard.
     void setAway(bool away) { away_ = away; }
     /// Takes an event; false when it is none of a controller.
     bool handle(const SDL_Event &event);
@@ -52,6 +52,7 @@ private:
     };
     void moveButton(SDL_JoystickID id, int button, bool down);
     bool actWithBack(SDL_JoystickID id, int button);
+    void moveAxis(const SDL_ControllerAxisEvent &event);
     void moveStick(SDL_JoystickID id, int axis, int value);
     void moveRightStick(SDL_JoystickID id);
 

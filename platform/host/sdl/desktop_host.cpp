@@ -358,19 +358,10 @@ void DesktopHost::moveStylus(Event::Kind kind, Point pixel)
     stylus_ = kind == Event::Kind::StylusUp ? std::nullopt : std::optional(pixel);
 }
 
-/// What a controller tells late, when another window is looked at, is not heard.
 Controllers::Others DesktopHost::controllerActions()
 {
-    return {[this](int x, int y) {
-                if (!away_) {
-                    pointer_.lean(x, y, machineTicks());
-                }
-            },
-            [this](bool down) {
-                if (!away_) {
-                    pointer_.press(down, machineTicks());
-                }
-            },
+    return {[this](int x, int y) { pointer_.lean(x, y, machineTicks()); },
+            [this](bool down) { pointer_.press(down, machineTicks()); },
             [this] { push(Event::Kind::Close); }, [this] { push(Event::Kind::Help); },
             [this] { window_->toggleFullScreen(); }};
 }
