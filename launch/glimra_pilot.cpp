@@ -8,7 +8,7 @@
 
 #include "app/game_app.h"
 #include "app/settings_check.h"
-#include "host/pilot/pilot.h"
+#include "pilot/pilot.h"
 #include "resources/program_resources.h"
 
 namespace {

@@ -2,7 +2,9 @@
 #include "handheld.h"
 
 #include "gdi/screen.h"
+#include "host/current.h"
 #include "registry/registry.h"
+#include "resources/image.h"
 #include "shell/shell.h"
 #include "user/display.h"
 #include "user/manager.h"
@@ -11,17 +13,10 @@
 
 namespace handheld {
 
-namespace {
-
-host::Host *currentHost = nullptr;
-std::span<const std::byte> currentResources;
-
-} // namespace
-
 void switchOn(host::Host &host, std::span<const std::byte> resources, int orientation)
 {
-    currentHost = &host;
-    currentResources = resources;
+    host::setCurrent(&host);
+    resources::setImage(resources);
     gdi::reset();
     user::setOrientation(orientation);
     shell::switchOn();
@@ -33,8 +28,8 @@ void switchOff()
     wave::reset();
     registry::reset();
     gdi::reset();
-    currentResources = {};
-    currentHost = nullptr;
+    resources::setImage({});
+    host::setCurrent(nullptr);
 }
 
 int run(host::Host &host, const Program &program, int orientation)
@@ -47,10 +42,4 @@ int run(host::Host &host, const Program &program, int orientation)
     return exitCode;
 }
 
-host::Host &host() { return *currentHost; }
-
-std::span<const std::byte> resources() { return currentResources; }
-
 } // namespace handheld
-
-DWORD GetTickCount() { return handheld::host().ticks(); }

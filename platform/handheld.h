@@ -27,9 +27,4 @@ int run(host::Host &host, const Program &program, int orientation);
 void switchOn(host::Host &host, std::span<const std::byte> resources, int orientation);
 void switchOff();
 
-/// The host in use; the handheld must have been switched on.
-host::Host &host();
-/// The program's resources.
-std::span<const std::byte> resources();
-
 } // namespace handheld

@@ -2,7 +2,7 @@
 file(GLOB web_sources CONFIGURE_DEPENDS platform/host/web/*.cpp)
 set(page_library ${PROJECT_SOURCE_DIR}/platform/host/web/page.js)
 
-add_executable(glimra-web launch/glimra_web.cpp ${web_sources} platform/host/text.cpp)
+add_executable(glimra-web launch/glimra_web.cpp ${web_sources})
 add_dependencies(glimra-web generators)
 add_dependencies(handheld generators)
 add_dependencies(program generators)
@@ -13,7 +13,7 @@ set_target_properties(glimra-web PROPERTIES OUTPUT_NAME glimra LINK_DEPENDS ${pa
 # 64 KiB, for what is passed as a name and lies below that is a number.
 target_link_options(
   glimra-web PRIVATE --js-library ${page_library} -sASYNCIFY -sASYNCIFY_IMPORTS=['pageSleep']
-  "-sASYNCIFY_REMOVE=['gdi::*','registry::*','resources::*','theme::*','text::*']"
+  "-sASYNCIFY_REMOVE=['gdi::*','registry::*','resources::*','theme::*','base::*']"
   -sASYNCIFY_STACK_SIZE=65536 -sINITIAL_MEMORY=16777216 -sGLOBAL_BASE=65536 -sMODULARIZE -sEXPORT_ES6
   -sUSE_ES6_IMPORT_META -sENVIRONMENT=web -sFILESYSTEM=0 -sDYNAMIC_EXECUTION=0
   -sSUPPORT_LONGJMP=0 -sEXPORTED_FUNCTIONS=_main,_free,_post,_faultInStore -sEXPORTED_RUNTIME_METHODS=allocateUTF8,UTF8ToString)

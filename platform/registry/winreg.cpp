@@ -7,7 +7,7 @@
 #include <span>
 #include <string>
 
-#include "handheld.h"
+#include "host/current.h"
 #include "registry/registry.h"
 #include "registry/text.h"
 
@@ -35,7 +35,7 @@ std::optional<Registry> loaded;
 
 void load(Registry &target)
 {
-    host::Host &host = handheld::host();
+    host::Host &host = host::current();
     const std::optional<std::vector<std::byte>> bytes = host.loadStore();
     if (!bytes) {
         return;
@@ -63,7 +63,7 @@ Registry &theRegistry()
 void save(Registry &source)
 {
     std::string text = registry::writeText(source.hive);
-    if (text != source.stored && handheld::host().saveStore(std::as_bytes(std::span(text)))) {
+    if (text != source.stored && host::current().saveStore(std::as_bytes(std::span(text)))) {
         source.stored = std::move(text);
     }
 }

@@ -6,14 +6,15 @@
 #include <algorithm>
 #include <cstring>
 
-#include "handheld.h"
-#include "text.h"
+#include "base/names.h"
 
 namespace resources {
 
 namespace {
 
 using Bytes = std::span<const std::byte>;
+
+Bytes inUse;
 
 struct Entry
 {
@@ -89,9 +90,8 @@ std::optional<Entry> readEntry(Bytes image, std::size_t start)
 template <class Predicate>
 std::optional<Entry> findEntry(Predicate matches)
 {
-    const Bytes image = handheld::resources();
     std::size_t start = 0;
-    while (auto entry = readEntry(image, start)) {
+    while (auto entry = readEntry(inUse, start)) {
         if (matches(*entry)) {
             return entry;
         }
@@ -110,6 +110,10 @@ std::optional<Entry> named(const Name &type, const Name &name)
 
 } // namespace
 
+void setImage(Bytes bytes) { inUse = bytes; }
+
+Bytes image() { return inUse; }
+
 bool isNumber(LPCWSTR name)
 {
     constexpr std::uintptr_t firstAddress = 0x10000;
@@ -124,7 +128,7 @@ Name Name::from(LPCWSTR name)
 
 bool operator==(const Name &a, const Name &b)
 {
-    return a.text.empty() ? b.text.empty() && a.number == b.number : text::sameName(a.text, b.text);
+    return a.text.empty() ? b.text.empty() && a.number == b.number : base::sameName(a.text, b.text);
 }
 
 std::uint32_t locate(const Name &type, const Name &name)

@@ -12,6 +12,10 @@
 
 namespace resources {
 
+/// The image in use: the program's linked resources, the bytes of a .res file.
+void setImage(std::span<const std::byte> bytes);
+std::span<const std::byte> image();
+
 /// Whether a pointer in the place of a name is MAKEINTRESOURCEW of a number, or null.
 bool isNumber(LPCWSTR name);
 

@@ -1,16 +1,16 @@
 // The shell's calls as programs see them.
 #include "aygshell.h"
 
+#include "base/byte_reader.h"
+#include "controls/dialog.h"
 #include "resources/image.h"
 #include "shell/input_panel.h"
 #include "shell/menu_bar.h"
-#include "user/byte_reader.h"
-#include "user/dialog.h"
 
 namespace {
 
 /// The buttons of a menu bar resource, their drop-downs found in `menu`; none when it is malformed.
-std::vector<shell::MenuBarButton> readButtons(user::ByteReader &reader, HMENU menu)
+std::vector<shell::MenuBarButton> readButtons(base::ByteReader &reader, HMENU menu)
 {
     std::vector<shell::MenuBarButton> buttons;
     const int count = reader.word();
@@ -37,7 +37,7 @@ BOOL SHCreateMenuBar(SHMENUBARINFO *info)
     info->hwndMB = {};
     const auto bytes = resources::find(resources::Name::from(RT_RCDATA),
                                        resources::Name::from(MAKEINTRESOURCEW(info->nToolBarId)));
-    user::ByteReader reader(bytes);
+    base::ByteReader reader(bytes);
     const HMENU menu = LoadMenuW(info->hInstRes, MAKEINTRESOURCEW(reader.word()));
     std::vector<shell::MenuBarButton> buttons = readButtons(reader, menu);
     if (!buttons.empty() && IsWindow(info->hwndParent) != FALSE) {

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
+#include "controls/controls.h"
+#include "controls/theme.h"
 #include "gdi/screen.h"
 #include "shell/menu_bar.h"
-#include "user/controls.h"
 #include "user/menu.h"
-#include "user/theme.h"
 
 namespace shell {
 

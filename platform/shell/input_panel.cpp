@@ -2,8 +2,8 @@
 // keyboard.
 #include "shell/input_panel.h"
 
+#include "controls/controls.h"
 #include "shell/soft_keyboard.h"
-#include "user/controls.h"
 
 namespace shell {
 

@@ -2,11 +2,11 @@
 #include "shell/menu_bar.h"
 
 #include "aygshell.h"
+#include "controls/controls.h"
+#include "controls/theme.h"
 #include "gdi/screen.h"
 #include "shell/drop_down.h"
 #include "shell/shell.h"
-#include "user/controls.h"
-#include "user/theme.h"
 
 namespace shell {
 

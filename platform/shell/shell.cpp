@@ -1,15 +1,15 @@
 // The shell is told here what happens to windows, and passes it on to its parts.
 #include "shell/shell.h"
 
-#include "handheld.h"
+#include "controls/combobox.h"
+#include "controls/controls.h"
+#include "controls/dialog.h"
+#include "host/current.h"
 #include "shell/drop_down.h"
 #include "shell/input_panel.h"
 #include "shell/menu_bar.h"
 #include "shell/soft_keyboard.h"
 #include "shell/title_bar.h"
-#include "user/combobox.h"
-#include "user/controls.h"
-#include "user/dialog.h"
 
 namespace shell {
 
@@ -46,7 +46,7 @@ void displayTurned()
 
 void focusMoved(HWND window)
 {
-    handheld::host().wantText(controls::isEdit(window));
+    host::current().wantText(controls::isEdit(window));
     dialogs::focusMoved(window);
     inputPanelFocusMoved(window);
 }

@@ -1,11 +1,11 @@
 // The title bar is a window of its own that never becomes active.
 #include "shell/title_bar.h"
 
+#include "controls/controls.h"
+#include "controls/dialog.h"
+#include "controls/theme.h"
 #include "gdi/screen.h"
 #include "shell/shell.h"
-#include "user/controls.h"
-#include "user/dialog.h"
-#include "user/theme.h"
 
 namespace shell {
 

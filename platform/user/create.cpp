@@ -1,7 +1,7 @@
 // The beginning and the end of windows.
 #include <algorithm>
 
-#include "handheld.h"
+#include "host/current.h"
 #include "resources/image.h"
 #include "user/focus.h"
 #include "user/icon.h"
@@ -38,7 +38,7 @@ void announceProgram(const Window &window)
         return;
     }
     firstProgramWindow = window.handle;
-    handheld::host().describeProgram(window.text, iconPicture(window.windowClass->icon));
+    host::current().describeProgram(window.text, iconPicture(window.windowClass->icon));
 }
 
 /// Tells a new window that it exists and where. False when it refuses or is gone.

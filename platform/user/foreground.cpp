@@ -2,8 +2,8 @@
 // the program, about which only its host knows.
 #include <algorithm>
 
-#include "handheld.h"
-#include "text.h"
+#include "base/names.h"
+#include "host/current.h"
 #include "user/focus.h"
 #include "user/manager.h"
 
@@ -16,7 +16,7 @@ constexpr HWND otherProcess{0xFFFFFFF0U};
 
 bool matches(const Window &window, LPCWSTR className, LPCWSTR title)
 {
-    return (!className || text::sameName(window.windowClass->name, className)) &&
+    return (!className || base::sameName(window.windowClass->name, className)) &&
            (!title || window.text == title);
 }
 
@@ -43,7 +43,7 @@ HWND FindWindowW(LPCWSTR className, LPCWSTR title)
     if (found != all.end()) {
         return (*found)->handle;
     }
-    return handheld::host().runsElsewhere() ? user::otherProcess : HWND{};
+    return host::current().runsElsewhere() ? user::otherProcess : HWND{};
 }
 
 BOOL SetForegroundWindow(HWND window)
@@ -51,7 +51,7 @@ BOOL SetForegroundWindow(HWND window)
     constexpr std::uint32_t withOwned = 1;
     const bool owned = (window.value & withOwned) != 0;
     if ((window.value & ~withOwned) == user::otherProcess.value) {
-        handheld::host().raiseOther();
+        host::current().raiseOther();
         return TRUE;
     }
     const user::Window *record = user::find(window);
@@ -59,7 +59,7 @@ BOOL SetForegroundWindow(HWND window)
         return FALSE;
     }
     if (!user::inForeground()) {
-        handheld::host().raise();
+        host::current().raise();
     }
     SetActiveWindow(owned ? user::topmostOf(*record) : record->handle);
     return TRUE;

@@ -5,8 +5,8 @@
 #include <optional>
 #include <span>
 
+#include "base/byte_reader.h"
 #include "resources/image.h"
-#include "user/byte_reader.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ std::map<std::uint32_t, resources::Name> icons;
 /// The resource number of the largest picture of a group.
 std::optional<std::uint16_t> largestOf(std::span<const std::byte> group)
 {
-    user::ByteReader reader(group);
+    base::ByteReader reader(group);
     reader.skip(4);
     const int count = reader.word();
     std::optional<std::uint16_t> largest;
@@ -51,7 +51,7 @@ struct Picture
 
 std::optional<Picture> parse(std::span<const std::byte> bytes)
 {
-    user::ByteReader reader(bytes);
+    base::ByteReader reader(bytes);
     Picture picture;
     const std::uint32_t header = reader.doubleWord();
     picture.width = reader.doubleWord();

@@ -5,8 +5,8 @@
 #include <bitset>
 #include <cstddef>
 
+#include "controls/dialog.h"
 #include "shell/drop_down.h"
-#include "user/dialog.h"
 #include "user/focus.h"
 
 namespace user {

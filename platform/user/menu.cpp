@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <map>
 
+#include "base/byte_reader.h"
 #include "resources/image.h"
-#include "user/byte_reader.h"
 #include "user/window.h"
 
 namespace menus {
@@ -43,9 +43,9 @@ void remove(HMENU menu)
     }
 }
 
-HMENU readMenu(user::ByteReader &reader, int depth);
+HMENU readMenu(base::ByteReader &reader, int depth);
 
-Item readItem(user::ByteReader &reader, unsigned flags, int depth)
+Item readItem(base::ByteReader &reader, unsigned flags, int depth)
 {
     Item item;
     item.flags = flags & (MF_GRAYED | MF_CHECKED | MF_POPUP | MF_SEPARATOR);
@@ -60,7 +60,7 @@ Item readItem(user::ByteReader &reader, unsigned flags, int depth)
 }
 
 /// The items up to the one that is marked as the last.
-HMENU readMenu(user::ByteReader &reader, int depth)
+HMENU readMenu(base::ByteReader &reader, int depth)
 {
     Menu menu;
     menu.isDropDown = depth > 0;
@@ -118,7 +118,7 @@ void user::forgetMenus() { menus::table.clear(); }
 HMENU LoadMenuW(HINSTANCE, LPCWSTR name)
 {
     const auto bytes = resources::find(resources::Name::from(RT_MENU), resources::Name::from(name));
-    user::ByteReader reader(bytes);
+    base::ByteReader reader(bytes);
     const unsigned version = reader.word();
     reader.skip(reader.word()); // the rest of the header
     if (bytes.empty() || version != 0) {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "handheld.h"
+#include "host/current.h"
 #include "user/focus.h"
 #include "user/input.h"
 #include "user/paint.h"
@@ -83,7 +83,7 @@ std::optional<MSG> takePresent(bool &eventHandled)
     if (auto message = posted.take()) {
         return message;
     }
-    host::Host &host = handheld::host();
+    host::Host &host = host::current();
     if (const auto event = host.wait(host.ticks())) {
         eventHandled = true;
         return handleEvent(*event);
@@ -108,7 +108,7 @@ MSG waitForMessage()
         if (eventHandled) {
             continue;
         }
-        if (const auto event = handheld::host().wait(nextTimerMoment())) {
+        if (const auto event = host::current().wait(nextTimerMoment())) {
             if (auto message = handleEvent(*event)) {
                 return *message;
             }
@@ -169,7 +169,7 @@ LRESULT DispatchMessageW(const MSG *message)
         ReleaseCapture();
     }
     if (programTimer) {
-        handheld::host().timerHandled();
+        host::current().timerHandled();
     }
     return result;
 }

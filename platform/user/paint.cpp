@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "gdi/rect.h"
-#include "handheld.h"
+#include "host/current.h"
 #include "user/manager.h"
 
 namespace user {
@@ -106,8 +106,8 @@ void presentFrame()
         return;
     }
     screen.changed = {};
-    handheld::host().present({screen.pixels.data(), screen.width, screen.height},
-                             {changed.left, changed.top, changed.right, changed.bottom});
+    host::current().present({screen.pixels.data(), screen.width, screen.height},
+                            {changed.left, changed.top, changed.right, changed.bottom});
 }
 
 } // namespace user

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <map>
 
+#include "base/names.h"
 #include "resources/image.h"
-#include "text.h"
 #include "user/manager.h"
 #include "user/visible.h"
 
@@ -102,7 +102,7 @@ const WindowClass *findClass(LPCWSTR name)
         return nullptr;
     }
     const auto found = std::find_if(classes.begin(), classes.end(), [&](const auto &each) {
-        return text::sameName(each->name, name);
+        return base::sameName(each->name, name);
     });
     return found == classes.end() ? nullptr : found->get();
 }

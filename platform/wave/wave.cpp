@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-#include "handheld.h"
+#include "host/current.h"
 #include "mmsystem.h"
 
 namespace {
@@ -30,7 +30,7 @@ MMRESULT checkDevice(HWAVEOUT device)
     if (!isOpen || device != theDevice) {
         return MMSYSERR_INVALHANDLE;
     }
-    if (!queued.empty() && !handheld::host().samplesQueued()) {
+    if (!queued.empty() && !host::current().samplesQueued()) {
         markDone();
     }
     return MMSYSERR_NOERROR;
@@ -57,14 +57,14 @@ bool isTheFormat(const WAVEFORMATEX &format)
 void wave::reset()
 {
     if (isOpen) {
-        handheld::host().dropSamples();
-        handheld::host().closeLoudspeaker();
+        host::current().dropSamples();
+        host::current().closeLoudspeaker();
     }
     queued.clear();
     isOpen = false;
 }
 
-UINT waveOutGetNumDevs() { return handheld::host().hasLoudspeaker() ? 1 : 0; }
+UINT waveOutGetNumDevs() { return host::current().hasLoudspeaker() ? 1 : 0; }
 
 MMRESULT waveOutOpen(HWAVEOUT *device, UINT id, const WAVEFORMATEX *format, DWORD /*callback*/,
                      DWORD /*instance*/, DWORD /*flags*/)
@@ -78,7 +78,7 @@ MMRESULT waveOutOpen(HWAVEOUT *device, UINT id, const WAVEFORMATEX *format, DWOR
     if (!isTheFormat(*format)) {
         return WAVERR_BADFORMAT;
     }
-    if (isOpen || !handheld::host().openLoudspeaker()) {
+    if (isOpen || !host::current().openLoudspeaker()) {
         return MMSYSERR_ALLOCATED;
     }
     isOpen = true;
@@ -95,7 +95,7 @@ MMRESULT waveOutClose(HWAVEOUT device)
     if (!queued.empty()) {
         return WAVERR_STILLPLAYING;
     }
-    handheld::host().closeLoudspeaker();
+    host::current().closeLoudspeaker();
     isOpen = false;
     return MMSYSERR_NOERROR;
 }
@@ -136,7 +136,7 @@ MMRESULT waveOutWrite(HWAVEOUT device, WAVEHDR *header, UINT size)
     }
     header->dwFlags = (header->dwFlags & ~WHDR_DONE) | WHDR_INQUEUE;
     queued.push_back(header);
-    handheld::host().playSamples(std::span(header->lpData, header->dwBufferLength));
+    host::current().playSamples(std::span(header->lpData, header->dwBufferLength));
     return MMSYSERR_NOERROR;
 }
 
@@ -144,7 +144,7 @@ MMRESULT waveOutReset(HWAVEOUT device)
 {
     const MMRESULT result = checkDevice(device);
     if (result == MMSYSERR_NOERROR) {
-        handheld::host().dropSamples();
+        host::current().dropSamples();
         markDone();
     }
     return result;

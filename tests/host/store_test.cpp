@@ -9,8 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/utf.h"
 #include "host/store_file.h"
-#include "host/text.h"
 
 namespace {
 
@@ -101,11 +101,11 @@ TEST_F(StoreTest, WhatCannotBeReadIsNotReplaced)
 TEST(Text, ConvertsBothWaysAndSurvivesNonsense)
 {
     const std::u16string text = u"Aé€😀";
-    EXPECT_EQ(host::toUtf8(text), "A\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80");
-    EXPECT_EQ(host::toUtf16(host::toUtf8(text)), text);
-    EXPECT_EQ(host::toUtf8(u"\xD83D!\xDE00"), "\xEF\xBF\xBD!\xEF\xBF\xBD");
+    EXPECT_EQ(base::toUtf8(text), "A\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80");
+    EXPECT_EQ(base::toUtf16(base::toUtf8(text)), text);
+    EXPECT_EQ(base::toUtf8(u"\xD83D!\xDE00"), "\xEF\xBF\xBD!\xEF\xBF\xBD");
     for (const char *nonsense : {"\x80", "\xC3", "\xC0\xAF", "\xED\xA0\x80", "\xF8", "\xE2\x82"}) {
-        EXPECT_EQ(host::toUtf16(nonsense).front(), u'\uFFFD') << nonsense;
+        EXPECT_EQ(base::toUtf16(nonsense).front(), u'\uFFFD') << nonsense;
     }
 }
 

@@ -1,6 +1,6 @@
 // The menu bar, its drop-downs and the menus behind them.
+#include "pilot/inspect.h"
 #include "user/dialog_words.h"
-#include "user/inspect.h"
 #include "user/menu.h"
 #include "user/program_test.h"
 

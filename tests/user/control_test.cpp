@@ -1,7 +1,7 @@
 // The controls as a user meets them: with stylus and keys, in a dialog.
+#include "pilot/inspect.h"
 #include "user/dialog_words.h"
 #include "user/icon.h"
-#include "user/inspect.h"
 #include "user/program_test.h"
 
 namespace {

@@ -1,8 +1,8 @@
 // Dialogs: their templates, their modal loops, the keys that they handle.
 #include <utility>
 
+#include "controls/dialog_template.h"
 #include "gx.h"
-#include "user/dialog_template.h"
 #include "user/dialog_words.h"
 #include "user/program_test.h"
 

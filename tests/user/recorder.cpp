@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "user/inspect.h"
+#include "pilot/inspect.h"
 
 namespace {
 

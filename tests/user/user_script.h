@@ -7,8 +7,8 @@
 #include <deque>
 #include <functional>
 
+#include "pilot/inspect.h"
 #include "support/fake_host.h"
-#include "user/inspect.h"
 
 class UserScript
 {

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <utility>
 
-#include "host/text.h"
+#include "base/utf.h"
 
 namespace pilot {
 namespace {
@@ -24,7 +24,7 @@ void say(const std::string &line)
 std::string inQuotes(std::u16string_view text)
 {
     std::string result = "\"";
-    for (const char c : host::toUtf8(text)) {
+    for (const char c : base::toUtf8(text)) {
         if (c == '"' || c == '\\') {
             result += '\\';
         }
@@ -122,7 +122,7 @@ std::vector<Sound> PilotHost::takeSounds()
 bool PilotHost::showHelp(std::u16string_view program, std::u16string_view arguments,
                          std::span<const std::byte>, std::u16string_view)
 {
-    say("exec " + host::toUtf8(program) + ' ' + host::toUtf8(arguments));
+    say("exec " + base::toUtf8(program) + ' ' + base::toUtf8(arguments));
     return true;
 }
 

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <chrono>
 
+#include "base/utf.h"
 #include "host/help_page.h"
 #include "host/sdl/keyboard.h"
 #include "host/sdl/nudge.h"
 #include "host/sdl/screenshot.h"
-#include "host/text.h"
 
 namespace desktop {
 namespace {
@@ -323,7 +323,7 @@ void DesktopHost::handleText(const char *text)
     }
     Event event;
     event.kind = Event::Kind::Text;
-    for (const char16_t unit : host::toUtf16(text)) {
+    for (const char16_t unit : base::toUtf16(text)) {
         event.text = unit;
         push(event);
     }
@@ -382,7 +382,7 @@ void DesktopHost::present(const host::Frame &frame, const host::Area &changed)
 
 void DesktopHost::describeProgram(std::u16string_view title, const host::Icon &icon)
 {
-    title_ = host::toUtf8(title);
+    title_ = base::toUtf8(title);
     window_->describe(title_, icon);
 }
 
@@ -394,7 +394,7 @@ void DesktopHost::playSamples(std::span<const std::uint8_t> samples)
 bool DesktopHost::showHelp(std::u16string_view, std::u16string_view,
                            std::span<const std::byte> document, std::u16string_view anchor)
 {
-    const std::string problem = host::openHelpPage(storeFolder(), document, host::toUtf8(anchor));
+    const std::string problem = host::openHelpPage(storeFolder(), document, base::toUtf8(anchor));
     if (!problem.empty()) {
         report(problem);
     }

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "host/text.h"
+#include "base/utf.h"
 #include "host/web/page.h"
 #include "host/web/web.h"
 
@@ -77,7 +77,7 @@ void WebHost::present(const host::Frame &frame, const host::Area &changed)
 
 void WebHost::describeProgram(std::u16string_view title, const host::Icon &)
 {
-    pageTitle(host::toUtf8(title).c_str());
+    pageTitle(base::toUtf8(title).c_str());
 }
 
 void WebHost::raise() { pageRaise(); }
@@ -122,7 +122,7 @@ void WebHost::setStoreAside() { pageSetAside(); }
 bool WebHost::showHelp(std::u16string_view, std::u16string_view arguments,
                        std::span<const std::byte>, std::u16string_view)
 {
-    return pageHelp(host::toUtf8(arguments.substr(arguments.find(u':') + 1)).c_str());
+    return pageHelp(base::toUtf8(arguments.substr(arguments.find(u':') + 1)).c_str());
 }
 
 void WebHost::report(std::string_view line) { pageReport(line.data(), line.size()); }

@@ -8,10 +8,10 @@
 #include <functional>
 #include <string>
 
-#include "host/pilot/lives.h"
-#include "host/pilot/pilot.h"
 #include "host/pilot/pilot_host.h"
-#include "host/pilot/script.h"
+#include "pilot/lives.h"
+#include "pilot/pilot.h"
+#include "pilot/script.h"
 #include "windef.h"
 
 namespace pilot {

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "user/dialog_template.h"
+#include "controls/dialog_template.h"
 #include "user/window.h"
 
 namespace dialogs {

@@ -1,7 +1,7 @@
 // Conversion between UTF-8 and UTF-16.
-#include "host/text.h"
+#include "base/utf.h"
 
-namespace host {
+namespace base {
 namespace {
 
 constexpr char32_t replacement = 0xFFFD;
@@ -89,4 +89,4 @@ std::u16string toUtf16(std::string_view text)
     return result;
 }
 
-} // namespace host
+} // namespace base

@@ -1,9 +1,9 @@
 // Starting another program: the help viewer, which is the host's to show.
 #include <string_view>
 
-#include "handheld.h"
+#include "base/names.h"
+#include "host/current.h"
 #include "resources/image.h"
-#include "text.h"
 #include "winbase.h"
 
 BOOL CreateProcessW(LPCWSTR program, LPCWSTR commandLine, SECURITY_ATTRIBUTES *,
@@ -11,7 +11,7 @@ BOOL CreateProcessW(LPCWSTR program, LPCWSTR commandLine, SECURITY_ATTRIBUTES *,
                     PROCESS_INFORMATION *)
 {
     constexpr std::u16string_view scheme = u"file:";
-    if (!program || !text::sameName(program, u"peghelp.exe") || !commandLine) {
+    if (!program || !base::sameName(program, u"peghelp.exe") || !commandLine) {
         return FALSE;
     }
     const std::u16string_view arguments = commandLine;
@@ -28,5 +28,5 @@ BOOL CreateProcessW(LPCWSTR program, LPCWSTR commandLine, SECURITY_ATTRIBUTES *,
     if (document.empty()) {
         return FALSE;
     }
-    return handheld::host().showHelp(program, arguments, document, anchor) ? TRUE : FALSE;
+    return host::current().showHelp(program, arguments, document, anchor) ? TRUE : FALSE;
 }

@@ -1,6 +1,6 @@
 // STATIC: a text, or a picture of the program's resources.
-#include "user/controls.h"
-#include "user/theme.h"
+#include "controls/controls.h"
+#include "controls/theme.h"
 
 namespace controls {
 

@@ -6,7 +6,7 @@
 #include <span>
 #include <string>
 
-namespace user {
+namespace base {
 
 class ByteReader
 {
@@ -63,4 +63,4 @@ private:
     bool good_ = true;
 };
 
-} // namespace user
+} // namespace base

@@ -1,5 +1,5 @@
 // Reading scripts.
-#include "host/pilot/script.h"
+#include "pilot/script.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,6 +1,4 @@
 // The system's text functions.
-#include "text.h"
-
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -10,11 +8,6 @@
 #include "winbase.h"
 
 namespace {
-
-WCHAR upper(WCHAR unit)
-{
-    return unit >= u'a' && unit <= u'z' ? static_cast<WCHAR>(unit - (u'a' - u'A')) : unit;
-}
 
 bool isDigit(WCHAR unit) { return unit >= u'0' && unit <= u'9'; }
 
@@ -97,12 +90,6 @@ bool putValue(Writer &out, const handheld::FormatValue &value, WCHAR kind, int w
 }
 
 } // namespace
-
-bool text::sameName(std::u16string_view a, std::u16string_view b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char16_t x, char16_t y) { return upper(x) == upper(y); });
-}
 
 int lstrlenW(LPCWSTR text) { return text ? static_cast<int>(std::u16string_view(text).size()) : 0; }
 

@@ -4,11 +4,11 @@
 #include <string>
 #include <string_view>
 
-namespace host {
+namespace base {
 
 /// An unpaired surrogate becomes U+FFFD.
 std::string toUtf8(std::u16string_view text);
 /// Bytes that are no UTF-8 become U+FFFD each.
 std::u16string toUtf16(std::string_view text);
 
-} // namespace host
+} // namespace base

@@ -1,6 +1,6 @@
 // One process for each life; what it leaves comes through a pipe: "finish STATUS", or "restart"
 // and the world.
-#include "host/pilot/lives.h"
+#include "pilot/lives.h"
 
 #include <cerrno>
 #include <cstdio>

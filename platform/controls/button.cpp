@@ -1,7 +1,7 @@
 // BUTTON: push buttons, pressed by the stylus, the space bar or BM_CLICK; Enter presses the default
 // one, which is the dialog's business.
-#include "user/controls.h"
-#include "user/theme.h"
+#include "controls/controls.h"
+#include "controls/theme.h"
 
 namespace controls {
 

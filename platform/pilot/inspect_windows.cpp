@@ -1,7 +1,7 @@
 // A look at the windows, and at what is left of the program's.
-#include "user/inspect.h"
+#include "pilot/inspect.h"
 
-#include "text.h"
+#include "base/names.h"
 #include "user/manager.h"
 #include "user/menu.h"
 #include "user/timer.h"
@@ -14,7 +14,7 @@ int depthOf(const user::Window &window) { return window.parent ? depthOf(*window
 
 std::optional<int> selectionOf(const user::Window &window)
 {
-    if (!text::sameName(window.windowClass->name, u"COMBOBOX")) {
+    if (!base::sameName(window.windowClass->name, u"COMBOBOX")) {
         return std::nullopt;
     }
     const LRESULT selection = SendMessageW(window.handle, CB_GETCURSEL, 0, 0);

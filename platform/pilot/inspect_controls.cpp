@@ -1,9 +1,9 @@
 // Where controls, menus and the shell's buttons can be tapped.
+#include "controls/combobox.h"
+#include "pilot/inspect.h"
 #include "shell/drop_down.h"
 #include "shell/menu_bar.h"
 #include "shell/title_bar.h"
-#include "user/combobox.h"
-#include "user/inspect.h"
 #include "user/menu.h"
 #include "user/window.h"
 

@@ -3,12 +3,12 @@
 #include <array>
 #include <span>
 
+#include "controls/dialog.h"
+#include "controls/theme.h"
 #include "gdi/screen.h"
-#include "handheld.h"
+#include "host/current.h"
 #include "shell/shell.h"
-#include "user/dialog.h"
 #include "user/message.h"
-#include "user/theme.h"
 
 namespace {
 
@@ -217,7 +217,7 @@ int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
     if (!owner) { // nothing of the program is disabled, so the box must stay in sight
         box.exStyle |= WS_EX_TOPMOST;
     }
-    handheld::host().messageBoxOpened(captionShown, textShown);
+    host::current().messageBoxOpened(captionShown, textShown);
     return static_cast<int>(
         dialogs::runModal(box, {}, owner, boxProcedure, static_cast<LPARAM>(type), previewKey));
 }

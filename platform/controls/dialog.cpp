@@ -1,16 +1,16 @@
 // Dialogs: their making, their modal loop, and what they do with a message when their own
 // procedure does not care.
-#include "user/dialog.h"
+#include "controls/dialog.h"
 
 #include <functional>
 
+#include "controls/combobox.h"
+#include "controls/controls.h"
+#include "controls/theme.h"
 #include "gdi/screen.h"
-#include "handheld.h"
+#include "resources/image.h"
 #include "shell/shell.h"
-#include "user/combobox.h"
-#include "user/controls.h"
 #include "user/focus.h"
-#include "user/theme.h"
 
 namespace dialogs {
 
@@ -19,7 +19,7 @@ namespace {
 /// A template lies in the program's resources; it is read up to their end at most.
 std::span<const std::byte> templateBytes(LPCDLGTEMPLATEW address)
 {
-    const std::span<const std::byte> image = handheld::resources();
+    const std::span<const std::byte> image = resources::image();
     const auto *first = static_cast<const std::byte *>(address);
     constexpr std::less<> before; // defined for any two addresses, as < is not
     if (before(first, image.data()) || !before(first, image.data() + image.size())) {

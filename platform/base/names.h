@@ -3,9 +3,9 @@
 
 #include <string_view>
 
-namespace text {
+namespace base {
 
 /// Whether two names are the same without regard to the case of A to Z.
 bool sameName(std::u16string_view a, std::u16string_view b);
 
-} // namespace text
+} // namespace base

@@ -1,15 +1,15 @@
 // COMBOBOX as a drop-down list: a field that shows the selected item, and a list that opens over
 // the other controls. The list is a top-level window that never takes the activation; the keys go
 // to the field, which has the focus.
-#include "user/combobox.h"
+#include "controls/combobox.h"
 
 #include <algorithm>
 #include <utility>
 
+#include "controls/controls.h"
+#include "controls/theme.h"
 #include "gdi/screen.h"
 #include "shell/shell.h"
-#include "user/controls.h"
-#include "user/theme.h"
 
 namespace comboboxes {
 

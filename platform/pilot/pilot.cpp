@@ -1,5 +1,5 @@
 // Sets a run of the pilot up: the script, the store, the lives.
-#include "host/pilot/pilot.h"
+#include "pilot/pilot.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -11,9 +11,9 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "host/pilot/lives.h"
-#include "host/pilot/player.h"
 #include "host/recording_host.h"
+#include "pilot/lives.h"
+#include "pilot/player.h"
 
 namespace pilot {
 namespace {

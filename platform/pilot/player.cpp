@@ -1,5 +1,5 @@
 // The commands of a script, by hand of a player who taps what can be seen.
-#include "host/pilot/player.h"
+#include "pilot/player.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -8,10 +8,10 @@
 #include <iterator>
 #include <utility>
 
+#include "base/utf.h"
 #include "gdi/screen.h"
 #include "host/png.h"
-#include "host/text.h"
-#include "user/inspect.h"
+#include "pilot/inspect.h"
 
 namespace pilot {
 
@@ -246,7 +246,7 @@ void Player::type(const Arguments &arguments)
 {
     Event event;
     event.kind = Event::Kind::Text;
-    for (const char16_t unit : host::toUtf16(arguments.text)) {
+    for (const char16_t unit : base::toUtf16(arguments.text)) {
         event.text = unit;
         host_.send(event);
     }
@@ -413,7 +413,7 @@ void Player::tree(const Arguments &)
     for (const inspect::WindowView &window : inspect::windows()) {
         const RECT &rect = window.rect;
         std::string line(static_cast<std::size_t>(window.depth) * 2, ' ');
-        line += host::toUtf8(window.className) + " id=" + std::to_string(window.id) +
+        line += base::toUtf8(window.className) + " id=" + std::to_string(window.id) +
                 " rect=" + std::to_string(rect.left) + ',' + std::to_string(rect.top) + ',' +
                 std::to_string(rect.right) + ',' + std::to_string(rect.bottom);
         line += window.active ? " active" : "";

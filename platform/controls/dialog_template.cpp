@@ -1,9 +1,9 @@
 // Reads dialog templates: DLGTEMPLATE with its DLGITEMTEMPLATEs, and their extended forms.
-#include "user/dialog_template.h"
+#include "controls/dialog_template.h"
 
 #include <array>
 
-#include "user/byte_reader.h"
+#include "base/byte_reader.h"
 
 namespace dialogs {
 
@@ -27,7 +27,7 @@ struct TextOrNumber
     std::optional<std::uint16_t> number;
 };
 
-TextOrNumber readTextOrNumber(user::ByteReader &reader)
+TextOrNumber readTextOrNumber(base::ByteReader &reader)
 {
     const std::uint16_t first = reader.word();
     if (first == ordinalFollows) {
@@ -58,7 +58,7 @@ std::u16string controlText(const TextOrNumber &read)
     return text;
 }
 
-RECT readRect(user::ByteReader &reader)
+RECT readRect(base::ByteReader &reader)
 {
     const int x = pixelsAcross(reader.signedWord());
     const int y = pixelsDown(reader.signedWord());
@@ -67,7 +67,7 @@ RECT readRect(user::ByteReader &reader)
     return {x, y, x + width, y + height};
 }
 
-ControlTemplate readControl(user::ByteReader &reader, bool extended)
+ControlTemplate readControl(base::ByteReader &reader, bool extended)
 {
     ControlTemplate control;
     reader.align(4);
@@ -87,7 +87,7 @@ ControlTemplate readControl(user::ByteReader &reader, bool extended)
     return control;
 }
 
-void skipFont(user::ByteReader &reader, bool extended)
+void skipFont(base::ByteReader &reader, bool extended)
 {
     reader.skip(extended ? 6 : 2); // size; weight, italics and character set
     reader.text();                 // there is only the system font
@@ -100,7 +100,7 @@ int pixelsDown(int units) { return divided(units, 13, 8); }
 
 std::optional<DialogTemplate> parseTemplate(std::span<const std::byte> bytes)
 {
-    user::ByteReader reader(bytes);
+    base::ByteReader reader(bytes);
     DialogTemplate dialog;
     const std::uint32_t first = reader.doubleWord();
     const bool extended = first == 0xFFFF0001U;

@@ -1,7 +1,7 @@
 // What keys do in a dialog: they move the focus, press the default push button, or cancel, unless
 // the control with the focus wants them for itself.
-#include "user/combobox.h"
-#include "user/dialog.h"
+#include "controls/combobox.h"
+#include "controls/dialog.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // The strokes of the handheld's look. Brushes and fonts live for one stroke only, so that nothing
 // of the system is among the objects that a program may have forgotten.
-#include "user/theme.h"
+#include "controls/theme.h"
 
 namespace theme {
 

@@ -1,5 +1,5 @@
 // What the controls' procedures share.
-#include "user/controls.h"
+#include "controls/controls.h"
 
 namespace controls {
 

@@ -1,5 +1,5 @@
 // The controls of a dialog by their identifiers and in their tab order.
-#include "user/dialog.h"
+#include "controls/dialog.h"
 
 namespace {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "aygshell.h"
-#include "user/controls.h"
-#include "user/theme.h"
-#include "user/upper_case.h"
+#include "controls/controls.h"
+#include "controls/theme.h"
+#include "controls/upper_case.h"
 
 namespace controls {
 

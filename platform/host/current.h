@@ -1,0 +1,13 @@
+// The host in use. One process has one handheld, and that one host.
+#pragma once
+
+#include "host/host.h"
+
+namespace host {
+
+/// The host that the handheld was switched on with; it must be on.
+Host &current();
+/// Called when the handheld is switched on, and with null when it is switched off.
+void setCurrent(Host *host);
+
+} // namespace host

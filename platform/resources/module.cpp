@@ -1,0 +1,43 @@
+// The program's module as programs see it: its resources by name and its strings by number.
+#include "resources/image.h"
+#include "winbase.h"
+
+namespace {
+
+/// The program is the one module with resources; no handle stands for it, too.
+bool hasResources(HMODULE module)
+{
+    constexpr HMODULE program{1};
+    return !module || module == program;
+}
+
+} // namespace
+
+HRSRC FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type)
+{
+    if (!hasResources(module)) {
+        return {};
+    }
+    return {resources::locate(resources::Name::from(type), resources::Name::from(name))};
+}
+
+HGLOBAL LoadResource(HMODULE module, HRSRC resource)
+{
+    return hasResources(module) ? resources::at(resource.value).data() : nullptr;
+}
+
+DWORD SizeofResource(HMODULE module, HRSRC resource)
+{
+    return hasResources(module) ? static_cast<DWORD>(resources::at(resource.value).size()) : 0;
+}
+
+int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int capacity)
+{
+    if (!buffer || capacity <= 0) {
+        return 0;
+    }
+    const auto text = hasResources(module) ? resources::string(id) : std::u16string_view{};
+    const auto length = text.copy(buffer, static_cast<std::size_t>(capacity - 1));
+    buffer[length] = 0;
+    return static_cast<int>(length);
+}
