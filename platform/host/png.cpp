@@ -1,6 +1,8 @@
 // Writes PNG files with libpng.
 #include "host/png.h"
 
+#include "host/pixel.h"
+
 #include <cerrno>
 #include <cstring>
 
@@ -9,20 +11,15 @@
 namespace host {
 namespace {
 
-/// Red, green and blue with 8 bits each; the low bits repeat the high ones, so white is white.
 std::vector<png_byte> expand(const Frame &frame)
 {
     const auto count =
         static_cast<std::size_t>(frame.width) * static_cast<std::size_t>(frame.height);
     std::vector<png_byte> rgb;
     rgb.reserve(count * 3);
-    for (const unsigned pixel : std::span(frame.pixels, count)) {
-        const unsigned red = pixel >> 11U;
-        const unsigned green = pixel >> 5U & 0x3FU;
-        const unsigned blue = pixel & 0x1FU;
-        rgb.push_back(static_cast<png_byte>(red << 3U | red >> 2U));
-        rgb.push_back(static_cast<png_byte>(green << 2U | green >> 4U));
-        rgb.push_back(static_cast<png_byte>(blue << 3U | blue >> 2U));
+    for (const Pixel pixel : std::span(frame.pixels, count)) {
+        const auto [red, green, blue] = unpack(pixel);
+        rgb.insert(rgb.end(), {red, green, blue});
     }
     return rgb;
 }

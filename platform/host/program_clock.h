@@ -5,13 +5,9 @@
 
 #include <cstdint>
 
-namespace host {
+#include "host/moment.h"
 
-/// Whether tick count `a` is before `b`; they wrap, so they are less than 2^31 apart.
-constexpr bool isBefore(std::uint32_t a, std::uint32_t b)
-{
-    return static_cast<std::int32_t>(a - b) < 0;
-}
+namespace host {
 
 class ProgramClock
 {

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <utility>
 
+#include "host/moment.h"
+
 namespace host {
 namespace {
 
@@ -89,7 +91,7 @@ RecordingHost::RecordingHost(Host &inner, std::filesystem::path file, bool turne
 std::optional<Event> RecordingHost::wait(std::optional<std::uint32_t> deadline)
 {
     const std::uint32_t before = ticks();
-    if (deadline && static_cast<std::int32_t>(*deadline - before) <= 0) {
+    if (deadline && !isBefore(before, *deadline)) {
         return std::nullopt;
     }
     const auto event = inner_.wait(deadline);

@@ -1,8 +1,9 @@
-// Timers. The clock wraps, so moments are compared by their signed distance.
+// Timers.
 #include "user/timer.h"
 
 #include <algorithm>
 
+#include "host/moment.h"
 #include "user/window.h"
 
 namespace user {
@@ -20,12 +21,10 @@ struct Timer
 
 std::vector<Timer> timers; ///< in the order of setting, which decides between equal moments
 
-std::int32_t distance(DWORD from, DWORD to) { return static_cast<std::int32_t>(to - from); }
-
 std::vector<Timer>::iterator first()
 {
     return std::min_element(timers.begin(), timers.end(), [](const Timer &a, const Timer &b) {
-        return distance(b.due, a.due) < 0;
+        return host::isBefore(a.due, b.due);
     });
 }
 
@@ -41,7 +40,7 @@ bool eraseTimer(HWND window, UINT id)
 std::optional<MSG> takeTimerMessage(DWORD now)
 {
     const auto timer = first();
-    if (timer == timers.end() || distance(timer->due, now) < 0) {
+    if (timer == timers.end() || host::isBefore(now, timer->due)) {
         return std::nullopt;
     }
     // The moments that passed meanwhile are told with this one.

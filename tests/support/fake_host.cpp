@@ -3,16 +3,8 @@
 
 #include <stdexcept>
 
+#include "host/moment.h"
 #include "winuser.h"
-
-namespace {
-
-bool reached(std::uint32_t moment, std::uint32_t now)
-{
-    return static_cast<std::int32_t>(moment - now) <= 0;
-}
-
-} // namespace
 
 void FakeHost::give(const host::Event &event, std::uint32_t delay)
 {
@@ -60,8 +52,8 @@ void FakeHost::run(std::uint32_t milliseconds)
 
 std::optional<host::Event> FakeHost::wait(std::optional<std::uint32_t> deadline)
 {
-    const bool poll = deadline && reached(*deadline, clock);
-    if (script_.empty() || (poll && !reached(stepStart_ + script_.front().delay, clock))) {
+    const bool poll = deadline && !host::isBefore(clock, *deadline);
+    if (script_.empty() || (poll && host::isBefore(clock, stepStart_ + script_.front().delay))) {
         if (!poll) {
             finishRun(deadline);
         }
@@ -83,11 +75,11 @@ std::optional<host::Event> FakeHost::wait(std::optional<std::uint32_t> deadline)
 std::optional<host::Event> FakeHost::sleep(std::optional<std::uint32_t> deadline)
 {
     const std::uint32_t moment = stepStart_ + script_.front().delay;
-    if (deadline && !reached(moment, *deadline)) {
+    if (deadline && host::isBefore(*deadline, moment)) {
         clock = *deadline;
         return std::nullopt;
     }
-    if (!reached(moment, clock)) {
+    if (host::isBefore(clock, moment)) {
         clock = moment;
     }
     const Step step = std::move(script_.front());
@@ -105,11 +97,11 @@ std::optional<host::Event> FakeHost::sleep(std::optional<std::uint32_t> deadline
 void FakeHost::finishRun(std::optional<std::uint32_t> deadline)
 {
     const std::uint32_t end = stepStart_ + runLength_.value_or(0);
-    if (deadline && reached(*deadline, end)) {
+    if (deadline && !host::isBefore(end, *deadline)) {
         clock = *deadline;
         return;
     }
-    if (!reached(end, clock)) {
+    if (host::isBefore(clock, end)) {
         clock = end;
     }
     if (++idleCalls_ > 10000) {

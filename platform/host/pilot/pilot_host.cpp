@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/utf.h"
+#include "host/moment.h"
 
 namespace pilot {
 namespace {
@@ -44,10 +45,7 @@ PilotHost::PilotHost(const std::filesystem::path &storeFolder, World &world, Use
     frame_.pixels = blank_.data();
 }
 
-bool PilotHost::isAhead(std::uint32_t moment) const
-{
-    return static_cast<std::int32_t>(moment - world_.clock) > 0;
-}
+bool PilotHost::isAhead(std::uint32_t moment) const { return host::isBefore(world_.clock, moment); }
 
 std::optional<host::Event> PilotHost::wait(std::optional<std::uint32_t> deadline)
 {
@@ -61,7 +59,7 @@ std::optional<host::Event> PilotHost::wait(std::optional<std::uint32_t> deadline
             return std::nullopt;
         }
         if (passing_) {
-            if (deadline && static_cast<std::int32_t>(*deadline - *passing_) <= 0) {
+            if (deadline && !host::isBefore(*passing_, *deadline)) {
                 world_.clock = *deadline;
                 return std::nullopt;
             }

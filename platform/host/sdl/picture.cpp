@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "host/pixel.h"
+
 namespace desktop {
 namespace {
 
@@ -17,14 +19,11 @@ void clip(int &low, int &high, int offset, int scale, int canvasLength)
     high = std::min(high, floorDivide(canvasLength - offset, scale));
 }
 
-std::uint32_t toCanvas(unsigned pixel, const Canvas &canvas)
+std::uint32_t toCanvas(host::Pixel pixel, const Canvas &canvas)
 {
-    const unsigned red = pixel >> 11U;
-    const unsigned green = pixel >> 5U & 0x3FU;
-    const unsigned blue = pixel & 0x1FU;
-    return (red << 3U | red >> 2U) << canvas.redShift |
-           (green << 2U | green >> 4U) << canvas.greenShift |
-           (blue << 3U | blue >> 2U) << canvas.blueShift;
+    const auto [red, green, blue] = host::unpack(pixel);
+    return std::uint32_t{red} << canvas.redShift | std::uint32_t{green} << canvas.greenShift |
+           std::uint32_t{blue} << canvas.blueShift;
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/utf.h"
+#include "host/pixel.h"
 #include "host/web/page.h"
 #include "host/web/web.h"
 
@@ -22,17 +23,13 @@ std::uint32_t pageTicks()
     return static_cast<std::uint32_t>(static_cast<std::uint64_t>(pageNow()));
 }
 
-/// 5-6-5 bits become 8 each, the highest bits filling up the lowest.
-void convert(const std::uint16_t *source, std::uint8_t *target, int count)
+void convert(const host::Pixel *source, std::uint8_t *target, int count)
 {
     for (int i = 0; i < count; ++i) {
-        const unsigned pixel = *source++;
-        const unsigned red = pixel >> 11U;
-        const unsigned green = pixel >> 5U & 0x3FU;
-        const unsigned blue = pixel & 0x1FU;
-        *target++ = static_cast<std::uint8_t>(red << 3U | red >> 2U);
-        *target++ = static_cast<std::uint8_t>(green << 2U | green >> 4U);
-        *target++ = static_cast<std::uint8_t>(blue << 3U | blue >> 2U);
+        const auto [red, green, blue] = host::unpack(*source++);
+        *target++ = red;
+        *target++ = green;
+        *target++ = blue;
         *target++ = 255;
     }
 }

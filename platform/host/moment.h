@@ -1,0 +1,17 @@
+// Moments: tick counts of a clock that wraps after 2^32 milliseconds. Two of them are compared by
+// their signed distance, so they must be less than 2^31 ms, some 24 days, apart.
+#pragma once
+
+#include <cstdint>
+
+namespace host {
+
+/// Milliseconds from one moment to another; negative when that is earlier.
+constexpr std::int32_t distance(std::uint32_t from, std::uint32_t to)
+{
+    return static_cast<std::int32_t>(to - from);
+}
+
+constexpr bool isBefore(std::uint32_t a, std::uint32_t b) { return distance(b, a) < 0; }
+
+} // namespace host
