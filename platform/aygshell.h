@@ -27,9 +27,9 @@ static_assert(sizeof(SHMENUBARINFO) == 32);
 BOOL SHCreateMenuBar(SHMENUBARINFO *info);
 
 /// Sent to the menu bar: returns its whole menu as an HMENU's value.
-constexpr UINT SHCMBM_GETMENU = WM_USER + 401;
+constexpr UINT SHCMBM_GETMENU = WM_USER + 402;
 /// Sent to the menu bar: returns the drop-down of button lParam (a command identifier).
-constexpr UINT SHCMBM_GETSUBMENU = WM_USER + 400;
+constexpr UINT SHCMBM_GETSUBMENU = WM_USER + 401;
 
 // Activation and settings --------------------------------------------------------------------
 

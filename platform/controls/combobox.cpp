@@ -6,18 +6,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "controls/controls.h"
+#include "controls/control.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
-#include "shell/shell.h"
 
-namespace comboboxes {
+namespace controls {
 
 namespace {
-
-using controls::clientRect;
-using controls::dataOf;
-using controls::pointOf;
 
 constexpr int fieldHeight = 19;
 constexpr int itemHeight = 17;
@@ -170,7 +165,7 @@ void choose(HWND combo, ComboData &data, int index)
     }
     if (index >= 0 && index != data.selected) {
         select(combo, data, index);
-        controls::notify(combo, CBN_SELCHANGE);
+        notify(combo, CBN_SELCHANGE);
     }
 }
 
@@ -313,8 +308,6 @@ LRESULT handleOther(HWND combo, ComboData &data, UINT message, WPARAM wParam, LP
     case CB_SETCURSEL:
         select(combo, data, static_cast<int>(wParam));
         return data.selected;
-    case CB_GETDROPPEDSTATE:
-        return static_cast<bool>(data.list) ? TRUE : FALSE;
     default:
         return DefWindowProcW(combo, message, wParam, lParam);
     }
@@ -401,7 +394,7 @@ LRESULT CALLBACK listProcedure(HWND list, UINT message, WPARAM wParam, LPARAM lP
 
 } // namespace
 
-void registerClasses()
+void registerComboBox()
 {
     openCombo = {};
     user::registerSystemClass(u"COMBOBOX", comboProcedure);
@@ -416,7 +409,7 @@ void closeListUnless(HWND target)
     }
 }
 
-std::optional<RECT> itemRect(HWND combo, int index)
+std::optional<RECT> listItemRect(HWND combo, int index)
 {
     const auto *data = dataOf<ComboData>(combo);
     if (!data || !data->list || index < data->firstShown ||
@@ -432,4 +425,4 @@ std::optional<RECT> itemRect(HWND combo, int index)
     return rect;
 }
 
-} // namespace comboboxes
+} // namespace controls

@@ -5,13 +5,13 @@
 
 #include "winuser.h"
 
-namespace comboboxes {
+namespace controls {
 
-void registerClasses();
+void registerComboBox();
 
 /// The stylus came down on `target`: an open list closes, unless it or its combo box was meant.
 void closeListUnless(HWND target);
 /// Where an item of a combo box's open list is on the screen; none when it is not to be seen.
-std::optional<RECT> itemRect(HWND combo, int index);
+std::optional<RECT> listItemRect(HWND combo, int index);
 
-} // namespace comboboxes
+} // namespace controls

@@ -4,11 +4,11 @@
 #include <optional>
 
 #include "controls/dialog_template.h"
-#include "user/window.h"
+#include "user/table.h"
 
-namespace dialogs {
+namespace controls {
 
-constexpr std::u16string_view className = u"Dialog";
+constexpr std::u16string_view dialogClass = u"Dialog";
 
 struct DialogData final : user::WindowData
 {
@@ -21,7 +21,7 @@ struct DialogData final : user::WindowData
 };
 
 /// Null when the window is no dialog.
-DialogData *dataOf(HWND window);
+DialogData *dialogData(HWND window);
 
 /// The parent of a control; none for a top-level window, whose owner may be a dialog, too.
 HWND dialogOf(HWND control);
@@ -40,6 +40,6 @@ void focusMoved(HWND window);
 /// Gives a full-screen dialog its place: the screen below the title bar.
 void fillScreen(HWND dialog);
 
-void registerClass();
+void registerDialog();
 
-} // namespace dialogs
+} // namespace controls

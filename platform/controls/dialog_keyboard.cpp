@@ -34,7 +34,7 @@ void pressDefaultButton(HWND dialog)
             return;
         }
     }
-    const dialogs::DialogData *data = dialogs::dataOf(dialog);
+    const controls::DialogData *data = controls::dialogData(dialog);
     command(dialog, data ? data->defaultId : IDOK);
 }
 
@@ -78,9 +78,9 @@ bool handleKey(HWND dialog, const MSG &message)
 BOOL IsDialogMessageW(HWND dialog, MSG *message)
 {
     if (message->message == WM_LBUTTONDOWN) {
-        comboboxes::closeListUnless(message->hwnd);
+        controls::closeListUnless(message->hwnd);
     }
-    if (message->hwnd != dialog && dialogs::dialogOf(message->hwnd) != dialog) {
+    if (message->hwnd != dialog && controls::dialogOf(message->hwnd) != dialog) {
         return FALSE;
     }
     if (message->message != WM_KEYDOWN || !handleKey(dialog, *message)) {

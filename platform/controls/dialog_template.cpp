@@ -5,7 +5,7 @@
 
 #include "base/byte_reader.h"
 
-namespace dialogs {
+namespace controls {
 
 namespace {
 
@@ -129,4 +129,4 @@ std::optional<DialogTemplate> parseTemplate(std::span<const std::byte> bytes)
     return dialog;
 }
 
-} // namespace dialogs
+} // namespace controls

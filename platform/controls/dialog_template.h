@@ -9,7 +9,7 @@
 
 #include "winuser.h"
 
-namespace dialogs {
+namespace controls {
 
 struct ControlTemplate
 {
@@ -38,4 +38,4 @@ int pixelsDown(int units);
 /// Reads a template, of either form, at the beginning of `bytes`; none when it is cut short.
 std::optional<DialogTemplate> parseTemplate(std::span<const std::byte> bytes);
 
-} // namespace dialogs
+} // namespace controls

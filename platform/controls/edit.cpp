@@ -1,9 +1,11 @@
 // EDIT and CAPEDIT: one line of text that scrolls sideways, with a caret and a selection. The text
 // itself is the window's; a CAPEDIT turns small letters to capitals as they come in.
+#include "controls/edit.h"
+
 #include <algorithm>
 
 #include "aygshell.h"
-#include "controls/controls.h"
+#include "controls/control.h"
 #include "controls/theme.h"
 #include "controls/upper_case.h"
 
@@ -11,7 +13,8 @@ namespace controls {
 
 namespace {
 
-constexpr int margin = 4; ///< from the edge to the text, pixels
+constexpr int margin = 4;                  ///< from the edge to the text, pixels
+constexpr std::size_t longestText = 30000; ///< code units
 constexpr UINT caretTimer = 1;
 constexpr UINT caretPeriod = 500; ///< shown, and hidden, for so many milliseconds
 
@@ -20,7 +23,6 @@ struct EditData final : user::WindowData
     std::size_t caret = 0;
     std::size_t anchor = 0; ///< the selection is between this and the caret
     int scroll = 0;         ///< pixels of the text that have gone out to the left
-    std::size_t limit = 30000;
     bool capitalises = false;
     bool everyWord = true;
     bool caretShown = false;
@@ -124,11 +126,11 @@ void insert(Edit &edit, char16_t unit)
         return;
     }
     const std::size_t kept = edit.text.size() - (data.last() - data.first());
-    if (unit < u' ' || unit == 0x7F || kept >= data.limit) {
+    if (unit < u' ' || unit == 0x7F || kept >= longestText) {
         return;
     }
     if (data.capitalises && beginsWord(edit, data.first())) {
-        unit = user::upperCase(unit);
+        unit = upperCase(unit);
     }
     replaceSelection(edit, {&unit, 1});
 }
@@ -244,14 +246,8 @@ void focusChanged(Edit &edit, bool gained)
 LRESULT handleOwn(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case EM_GETSEL:
-        return static_cast<LRESULT>(MAKELONG(static_cast<unsigned>(edit.data.first()),
-                                             static_cast<unsigned>(edit.data.last())));
     case EM_SETSEL:
         return select(edit, wParam, lParam);
-    case EM_LIMITTEXT:
-        edit.data.limit = wParam;
-        return 0;
     case CEM_UPCASEALLWORDS:
         edit.data.everyWord = wParam != 0;
         return 0;

@@ -7,8 +7,8 @@
 #include "controls/theme.h"
 #include "gdi/screen.h"
 #include "host/current.h"
-#include "shell/shell.h"
 #include "user/message.h"
+#include "user/shell_interface.h"
 
 namespace {
 
@@ -48,13 +48,13 @@ std::span<const Button> buttonsOf(UINT type)
 
 // Layout -------------------------------------------------------------------------------------
 
-dialogs::ControlTemplate control(const char16_t *className, std::u16string text, DWORD style,
-                                 int id, const RECT &rect)
+controls::ControlTemplate control(const char16_t *className, std::u16string text, DWORD style,
+                                  int id, const RECT &rect)
 {
     return {className, std::move(text), style | WS_VISIBLE, 0, id, rect};
 }
 
-void addButtons(dialogs::DialogTemplate &box, std::span<const Button> buttons, LONG top)
+void addButtons(controls::DialogTemplate &box, std::span<const Button> buttons, LONG top)
 {
     const int count = static_cast<int>(buttons.size());
     const LONG row = count * buttonWidth + (count - 1) * buttonGap;
@@ -69,7 +69,8 @@ void addButtons(dialogs::DialogTemplate &box, std::span<const Button> buttons, L
 }
 
 /// Caption, picture and text side by side, and a row of buttons, in the middle of the screen.
-dialogs::DialogTemplate layOut(const std::u16string &text, const std::u16string &caption, UINT type)
+controls::DialogTemplate layOut(const std::u16string &text, const std::u16string &caption,
+                                UINT type)
 {
     const gdi::Screen &screen = gdi::screen();
     const int textLeft = padding + ((type & iconMask) != 0 ? iconSize + padding : 0);
@@ -84,12 +85,13 @@ dialogs::DialogTemplate layOut(const std::u16string &text, const std::u16string 
     const LONG buttonsTop = bodyTop + body + padding;
     const LONG height = buttonsTop + buttonHeight + padding;
 
-    dialogs::DialogTemplate box;
+    controls::DialogTemplate box;
     box.caption = caption;
     box.style = WS_POPUP | WS_CAPTION | DS_ABSALIGN;
     box.exStyle = (type & MB_TOPMOST) != 0 ? WS_EX_TOPMOST : 0;
     const LONG left = (screen.width - width) / 2;
-    const LONG top = shell::titleBarHeight + (screen.height - shell::titleBarHeight - height) / 2;
+    const RECT area = user::shellInUse().workArea();
+    const LONG top = area.top + (area.bottom - area.top - height) / 2;
     box.rect = {left, top, left + width, top + height};
     const LONG textTop = bodyTop + (body - size.cy) / 2;
     box.controls.push_back(control(u"STATIC", text, SS_LEFT | SS_NOPREFIX, -1,
@@ -178,7 +180,7 @@ INT_PTR CALLBACK boxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lPar
     switch (message) {
     case WM_INITDIALOG:
         SetWindowLongW(box, DWL_USER, lParam);
-        dialogs::dataOf(box)->ownCaption = true;
+        controls::dialogData(box)->ownCaption = true;
         return TRUE;
     case WM_PAINT:
         paint(box, static_cast<UINT>(GetWindowLongW(box, DWL_USER)));
@@ -196,7 +198,7 @@ bool previewKey(HWND box, const MSG &message)
 {
     const int id = message.wParam == 'Y' ? IDYES : message.wParam == 'N' ? IDNO : 0;
     if (message.message != WM_KEYDOWN || id == 0 || !GetDlgItem(box, id) ||
-        dialogs::dialogOf(message.hwnd) != box)
+        controls::dialogOf(message.hwnd) != box)
     {
         return false;
     }
@@ -213,11 +215,11 @@ int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
     }
     const std::u16string textShown = text ? text : u"";
     const std::u16string captionShown = caption ? caption : u"";
-    dialogs::DialogTemplate box = layOut(textShown, captionShown, type);
+    controls::DialogTemplate box = layOut(textShown, captionShown, type);
     if (!owner) { // nothing of the program is disabled, so the box must stay in sight
         box.exStyle |= WS_EX_TOPMOST;
     }
     host::current().messageBoxOpened(captionShown, textShown);
     return static_cast<int>(
-        dialogs::runModal(box, {}, owner, boxProcedure, static_cast<LPARAM>(type), previewKey));
+        controls::runModal(box, {}, owner, boxProcedure, static_cast<LPARAM>(type), previewKey));
 }

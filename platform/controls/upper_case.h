@@ -1,7 +1,7 @@
 // Capital letters of the scripts that the handheld's fonts have: Latin, Greek, Cyrillic.
 #pragma once
 
-namespace user {
+namespace controls {
 
 /// Small letters that are as far behind their capitals; `step` 2: every other one of them.
 struct SmallLetters
@@ -32,4 +32,4 @@ constexpr char16_t upperCase(char16_t unit)
     return unit;
 }
 
-} // namespace user
+} // namespace controls

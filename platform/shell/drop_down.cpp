@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "controls/controls.h"
+#include "controls/control.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
 #include "shell/menu_bar.h"
@@ -34,16 +34,16 @@ struct Tracking
 
 Tracking *tracking = nullptr;
 
-const std::vector<menus::Item> &itemsOf(HMENU menu)
+const std::vector<user::MenuItem> &itemsOf(HMENU menu)
 {
-    static const std::vector<menus::Item> none;
-    const menus::Menu *found = menus::find(menu);
+    static const std::vector<user::MenuItem> none;
+    const user::Menu *found = user::findMenu(menu);
     return found ? found->items : none;
 }
 
 // Places and looks ---------------------------------------------------------------------------
 
-int heightOf(const menus::Item &item) { return item.separator() ? separatorHeight : itemHeight; }
+int heightOf(const user::MenuItem &item) { return item.separator() ? separatorHeight : itemHeight; }
 
 /// Pixels of the drop-down.
 RECT itemRect(HMENU menu, std::size_t index, LONG width)
@@ -60,7 +60,7 @@ RECT windowRect(HMENU menu, const RECT &button)
 {
     int width = leastWidth;
     int height = 2;
-    for (const menus::Item &item : itemsOf(menu)) {
+    for (const user::MenuItem &item : itemsOf(menu)) {
         const SIZE text = theme::measureText(item.text, gdi::screen().width, DT_SINGLELINE);
         width = std::max<int>(width, text.cx + 2 * padding);
         height += heightOf(item);
@@ -69,7 +69,7 @@ RECT windowRect(HMENU menu, const RECT &button)
     return {left, button.top - height, left + width, button.top};
 }
 
-void paintItem(HDC dc, const menus::Item &item, RECT rect, bool marked)
+void paintItem(HDC dc, const user::MenuItem &item, RECT rect, bool marked)
 {
     if (item.separator()) {
         const LONG y = (rect.top + rect.bottom) / 2;
@@ -169,7 +169,7 @@ void mark(Tracking &state, int index)
     }
 }
 
-bool canBeChosen(const menus::Item &item) { return !item.separator() && !item.grayed(); }
+bool canBeChosen(const user::MenuItem &item) { return !item.separator() && !item.grayed(); }
 
 void choose(Tracking &state, int index)
 {

@@ -2,8 +2,9 @@
 // keyboard.
 #include "shell/input_panel.h"
 
-#include "controls/controls.h"
+#include "controls/edit.h"
 #include "shell/soft_keyboard.h"
+#include "user/table.h"
 
 namespace shell {
 

@@ -17,7 +17,9 @@ struct MenuBarButton
     RECT rect{}; ///< pixels of the bar
 };
 
-void registerMenuBar();
+/// Called when the stylus comes down on button `index` of a bar.
+using ButtonPressed = void (*)(HWND bar, int index);
+void registerMenuBar(ButtonPressed pressed);
 /// A hidden menu bar for `parent`, which owns it; it owns `menu` in turn. None, and the menu stays
 /// the caller's, when its window cannot be made.
 HWND createMenuBar(HWND parent, HMENU menu, std::vector<MenuBarButton> buttons);

@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "controls/controls.h"
+#include "controls/control.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
-#include "shell/shell.h"
+#include "shell/metrics.h"
 
 namespace shell {
 

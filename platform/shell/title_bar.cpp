@@ -1,11 +1,11 @@
 // The title bar is a window of its own that never becomes active.
 #include "shell/title_bar.h"
 
-#include "controls/controls.h"
+#include "controls/control.h"
 #include "controls/dialog.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
-#include "shell/shell.h"
+#include "shell/metrics.h"
 
 namespace shell {
 
@@ -33,7 +33,7 @@ std::u16string captionFor(HWND active)
 {
     const user::Window *window = user::find(active);
     const auto standsBelow = [](const user::Window &page) {
-        const dialogs::DialogData *dialog = dialogs::dataOf(page.handle);
+        const controls::DialogData *dialog = controls::dialogData(page.handle);
         return page.text.empty() || (dialog && dialog->ownCaption);
     };
     while (window && window->owner && standsBelow(*window)) {
@@ -44,7 +44,7 @@ std::u16string captionFor(HWND active)
 
 bool wantsOkButton(HWND window)
 {
-    const dialogs::DialogData *dialog = dialogs::dataOf(window);
+    const controls::DialogData *dialog = controls::dialogData(window);
     const auto exStyle = static_cast<DWORD>(GetWindowLongW(window, GWL_EXSTYLE));
     return (dialog && dialog->doneButton) || (exStyle & WS_EX_CAPTIONOKBTN) != 0;
 }

@@ -6,10 +6,10 @@
 
 #include "gdi/rect.h"
 #include "gdi/screen.h"
-#include "shell/shell.h"
-#include "user/manager.h"
+#include "user/order.h"
 #include "user/paint.h"
-#include "user/visible.h"
+#include "user/shell_interface.h"
+#include "user/table.h"
 
 namespace user {
 
@@ -34,7 +34,7 @@ SIZE sizeIn(DWORD orientation)
 /// bar does so again, anything else stays and is only moved as far as it would stick out.
 RECT placeOnScreen(const RECT &rect, const RECT &oldDefault)
 {
-    const RECT place = defaultRect();
+    const RECT place = shellInUse().workArea();
     if (gdi::same(rect, oldDefault)) {
         return place;
     }
@@ -73,10 +73,10 @@ void turnDisplay(int orientation)
     if (wanted == current || !isOrientation(wanted)) {
         return;
     }
-    const RECT oldDefault = defaultRect();
+    const RECT oldDefault = shellInUse().workArea();
     setOrientation(orientation);
-    visibilityChanged();
-    shell::displayTurned();
+    arrangementChanged();
+    shellInUse().displayTurned();
     placeWindows(oldDefault);
     for (const HWND window : handlesOf(topLevelWindows())) {
         SendMessageW(window, WM_SETTINGCHANGE, 0, 0);

@@ -6,9 +6,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "shell/shell.h"
 #include "user/keys.h"
-#include "user/manager.h"
+#include "user/order.h"
+#include "user/shell_interface.h"
+#include "user/table.h"
 #include "user/visible.h"
 
 namespace user {
@@ -43,9 +44,8 @@ HWND successorOf(const Window &leaving)
         }
     }
     const auto &all = topLevelWindows();
-    const auto found = std::find_if(all.begin(), all.end(), [&](const Window *each) {
-        return each != &leaving && canBeActivated(*each);
-    });
+    const auto found = std::ranges::find_if(
+        all, [&](const Window *each) { return each != &leaving && canBeActivated(*each); });
     return found == all.end() ? HWND{} : (*found)->handle;
 }
 
@@ -74,7 +74,7 @@ bool activate(HWND window, WPARAM how)
     }
     if (!next) {
         moveFocus({});
-        shell::activeWindowChanged();
+        shellInUse().activeWindowChanged();
         return true;
     }
     {
@@ -82,7 +82,7 @@ bool activate(HWND window, WPARAM how)
         bringToTop(*next);
     }
     attention.active = window;
-    shell::activeWindowChanged();
+    shellInUse().activeWindowChanged();
     SendMessageW(window, WM_ACTIVATE, how, static_cast<LPARAM>(previous.value));
     if (attention.active == window && !isWithin(attention.focus, window)) {
         moveFocus(window);
@@ -116,7 +116,7 @@ void moveFocus(HWND window)
     if (attention.focus != window) {
         return;
     }
-    shell::focusMoved(window);
+    shellInUse().focusMoved(window);
     if (attention.focus == window) {
         SendMessageW(window, WM_SETFOCUS, previous.value, 0);
     }
@@ -125,7 +125,7 @@ void moveFocus(HWND window)
 HWND keyWindow()
 {
     const Window *window = find(attention.focus ? attention.focus : attention.active);
-    return window && attention.inForeground && reallyEnabled(*window) ? window->handle : HWND{};
+    return window && attention.inForeground && window->reallyEnabled() ? window->handle : HWND{};
 }
 
 void leaveForeground()
@@ -155,8 +155,8 @@ void comeToForeground()
         return;
     }
     const auto &all = topLevelWindows();
-    const auto topmost = std::find_if(all.begin(), all.end(),
-                                      [](const Window *each) { return canBeActivated(*each); });
+    const auto topmost =
+        std::ranges::find_if(all, [](const Window *each) { return canBeActivated(*each); });
     if (topmost != all.end()) {
         activate((*topmost)->handle, WA_ACTIVE);
     }
@@ -173,8 +173,6 @@ void forgetFocus() { attention = {}; }
 using user::attention;
 
 HWND GetActiveWindow() { return attention.active; }
-
-HWND GetForegroundWindow() { return attention.inForeground ? attention.active : HWND{}; }
 
 HWND SetActiveWindow(HWND window)
 {
@@ -202,9 +200,8 @@ HWND SetFocus(HWND window)
         return previous;
     }
     user::Window *record = user::find(window);
-    if (!record || record->destroying || !user::reallyEnabled(*record) ||
-        !record->topLevel().activatable())
-    {
+    if (!record || record->destroying || !record->reallyEnabled() ||
+        !record->topLevel().activatable()) {
         return {};
     }
     if (!user::activate(record->topLevel().handle, WA_ACTIVE)) {

@@ -4,8 +4,10 @@
 #include "user/display.h"
 #include "user/focus.h"
 #include "user/keys.h"
+#include "user/program_window.h"
+#include "user/shell_interface.h"
 #include "user/stylus.h"
-#include "user/window.h"
+#include "user/table.h"
 
 namespace user {
 
@@ -34,6 +36,28 @@ std::optional<MSG> handleHelp()
     return messageTo(keyWindow() ? keyWindow() : mainWindow(), WM_HELP, 0);
 }
 
+/// None for a key that is not for the program.
+std::optional<MSG> handleKey(const host::Event &event)
+{
+    constexpr LPARAM pressedOnce = 1;
+    constexpr LPARAM wasDown = 1 << 30;
+    constexpr LPARAM released = LPARAM{1} << 31;
+    const bool press = event.kind == host::Event::Kind::KeyDown;
+    if (!inForeground()) {
+        return std::nullopt;
+    }
+    if (press && event.escape && shellInUse().escapeCancels(keyWindow())) {
+        return MSG{keyWindow(), WM_KEYDOWN, VK_ESCAPE, pressedOnce, 0, {}};
+    }
+    const KeyChange change = noteKey(event.key, press);
+    const HWND target = keyWindow();
+    if (!change.counts || !target) {
+        return std::nullopt;
+    }
+    const LPARAM details = press ? (change.repeated ? wasDown : 0) : wasDown | released;
+    return MSG{target, press ? WM_KEYDOWN : WM_KEYUP, event.key, pressedOnce | details, 0, {}};
+}
+
 /// The deactivation comes before the new size, and the other way round on the way back.
 void minimize()
 {
@@ -54,7 +78,7 @@ void restore()
 std::optional<MSG> handleEvent(const host::Event &event)
 {
     using Kind = host::Event::Kind;
-    noteModifiers(event);
+    noteModifiers(event.control, event.shift);
     switch (event.kind) {
     case Kind::KeyDown:
     case Kind::KeyUp:

@@ -9,9 +9,10 @@
 #include "user/focus.h"
 #include "user/input.h"
 #include "user/paint.h"
+#include "user/program_window.h"
 #include "user/stylus.h"
+#include "user/table.h"
 #include "user/timer.h"
-#include "user/window.h"
 
 namespace user {
 

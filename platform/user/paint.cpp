@@ -6,7 +6,8 @@
 
 #include "gdi/rect.h"
 #include "host/current.h"
-#include "user/manager.h"
+#include "user/order.h"
+#include "user/table.h"
 
 namespace user {
 
@@ -162,17 +163,6 @@ BOOL InvalidateRect(HWND window, const RECT *rect, BOOL erase)
         return FALSE;
     }
     user::invalidate(*record, gdi::Region(user::toScreen(*record, rect)), erase != FALSE);
-    return TRUE;
-}
-
-BOOL ValidateRect(HWND window, const RECT *rect)
-{
-    user::Window *record = user::find(window);
-    if (!record) {
-        return FALSE;
-    }
-    record->invalid.subtract(user::toScreen(*record, rect));
-    record->erasePending = record->erasePending && !record->invalid.empty();
     return TRUE;
 }
 

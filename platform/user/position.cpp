@@ -4,10 +4,11 @@
 #include <vector>
 
 #include "gdi/rect.h"
-#include "shell/shell.h"
 #include "user/focus.h"
-#include "user/manager.h"
+#include "user/order.h"
 #include "user/paint.h"
+#include "user/shell_interface.h"
+#include "user/table.h"
 #include "user/visible.h"
 
 namespace user {
@@ -47,7 +48,7 @@ void takeRect(Window &window, const RECT &rect)
     window.rect = rect;
     window.invalid.offset(dx, dy);
     moveChildren(window, dx, dy);
-    visibilityChanged();
+    arrangementChanged();
     const SIZE after = window.size();
     const UINT style = window.windowClass->style;
     const bool moved = dx != 0 || dy != 0;
@@ -68,9 +69,6 @@ void rearrange(Window &window, HWND after, const RECT &rect, UINT flags)
     }
     if ((flags & SWP_NOZORDER) != 0) {
         return;
-    }
-    if (after == HWND_TOPMOST) {
-        window.exStyle |= WS_EX_TOPMOST;
     }
     if (Window *sibling = find(after)) {
         placeBehind(window, *sibling);
@@ -102,7 +100,7 @@ void announceRect(HWND handle, const RECT &before)
 {
     const Window *window = find(handle);
     if (window && (window->rect.left != before.left || window->rect.top != before.top)) {
-        const POINT place = placeOf(*window);
+        const POINT place = window->place();
         SendMessageW(handle, WM_MOVE, 0, MAKELPARAM(place.x, place.y));
     }
     window = find(handle);
@@ -123,7 +121,7 @@ void setShown(HWND handle, bool shown)
     if (window && window->shown() != shown) {
         const VisibilityChange change;
         window->style ^= WS_VISIBLE;
-        visibilityChanged();
+        arrangementChanged();
     }
 }
 
@@ -153,7 +151,7 @@ BOOL ShowWindow(HWND window, int command)
         SetActiveWindow(self);
     }
     if (canActivate && shown != wasShown) {
-        shell::activeWindowChanged();
+        user::shellInUse().activeWindowChanged();
     }
     return wasShown ? TRUE : FALSE;
 }
@@ -184,7 +182,7 @@ BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, 
         SetActiveWindow(self);
     }
     if (GetActiveWindow() == self && !gdi::same(rect, before)) {
-        shell::activeWindowChanged();
+        user::shellInUse().activeWindowChanged();
     }
     return TRUE;
 }

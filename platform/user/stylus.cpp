@@ -4,7 +4,8 @@
 #include <algorithm>
 
 #include "user/focus.h"
-#include "user/manager.h"
+#include "user/order.h"
+#include "user/table.h"
 
 namespace user {
 
@@ -16,7 +17,7 @@ POINT position{};
 /// that is there.
 Window *windowAt(const std::vector<Window *> &siblings, POINT point)
 {
-    const auto found = std::find_if(siblings.begin(), siblings.end(), [&](const Window *each) {
+    const auto found = std::ranges::find_if(siblings, [&](const Window *each) {
         return each->shown() && PtInRect(&each->rect, point);
     });
     if (found == siblings.end()) {
@@ -44,7 +45,7 @@ std::optional<MSG> handleStylus(const host::Event &event)
     if (!captured) {
         target = windowAt(topLevelWindows(), position);
     }
-    if (!target || !reallyEnabled(*target)) {
+    if (!target || !target->reallyEnabled()) {
         return std::nullopt;
     }
     const HWND handle = target->handle;

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "host/moment.h"
-#include "user/window.h"
+#include "user/table.h"
 
 namespace user {
 

@@ -102,9 +102,6 @@ TEST_F(Painting, ErasesWhatIsInvalidWithTheBrushOfTheClass)
     EXPECT_EQ(GetPixel(dc, 5, 5), RGB(255, 255, 255));
     EXPECT_EQ(GetPixel(dc, 15, 5), RGB(255, 0, 0));
     EXPECT_EQ(painted(), (Parts{{window.value, {0, 0, 10, 10}}}));
-    InvalidateRect(window, nullptr, TRUE);
-    ValidateRect(window, nullptr);
-    EXPECT_EQ(painted(), Parts{});
 }
 
 TEST_F(Painting, AFrameIsShownBeforeTheHandheldSleepsAndOnlyWhenItChanged)

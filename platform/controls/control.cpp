@@ -1,5 +1,5 @@
 // What the controls' procedures share.
-#include "controls/controls.h"
+#include "controls/control.h"
 
 namespace controls {
 

@@ -2,8 +2,8 @@
 #include <utility>
 
 #include "controls/dialog_template.h"
+#include "controls/dialog_words.h"
 #include "gx.h"
-#include "user/dialog_words.h"
 #include "user/program_test.h"
 
 namespace {
@@ -37,11 +37,11 @@ struct Dialog : ProgramTest
 
 TEST(DialogTemplate, TurnsUnitsToPixels)
 {
-    EXPECT_EQ(dialogs::pixelsAcross(160), 240);
-    EXPECT_EQ(dialogs::pixelsDown(166), 270);
-    EXPECT_EQ(dialogs::pixelsAcross(125), 188); // 187.5
-    EXPECT_EQ(dialogs::pixelsDown(7), 11);      // 11.375
-    EXPECT_EQ(dialogs::pixelsAcross(-10), -15);
+    EXPECT_EQ(controls::pixelsAcross(160), 240);
+    EXPECT_EQ(controls::pixelsDown(166), 270);
+    EXPECT_EQ(controls::pixelsAcross(125), 188); // 187.5
+    EXPECT_EQ(controls::pixelsDown(7), 11);      // 11.375
+    EXPECT_EQ(controls::pixelsAcross(-10), -15);
 }
 
 TEST(DialogTemplate, ReadsTheExtendedFormAndNoneThatIsCutShort)
@@ -52,13 +52,13 @@ TEST(DialogTemplate, ReadsTheExtendedFormAndNoneThatIsCutShort)
                                    0,   0,      0,      0,      0x00E, 0x5000, 4,    8,      8,
                                    16,  0xFFFF, 0xFFFF, 0xFFFF, 0x82,  0xFFFF, 122,  0};
     const auto bytes = std::as_bytes(std::span(words));
-    const auto read = dialogs::parseTemplate(bytes);
+    const auto read = controls::parseTemplate(bytes);
     ASSERT_TRUE(read);
     EXPECT_EQ(read->caption, u"C");
     EXPECT_EQ(read->exStyle, 0x80000000U);
     EXPECT_EQ(read->rect.right, 30);
     ASSERT_EQ(read->controls.size(), 1U);
-    const dialogs::ControlTemplate &control = read->controls[0];
+    const controls::ControlTemplate &control = read->controls[0];
     EXPECT_EQ(control.className, u"STATIC");
     EXPECT_EQ(control.text, u"#122");
     EXPECT_EQ(control.id, -1);
@@ -66,7 +66,7 @@ TEST(DialogTemplate, ReadsTheExtendedFormAndNoneThatIsCutShort)
     EXPECT_EQ(control.rect.left, 6);
     EXPECT_EQ(control.rect.bottom, 39);
     for (std::size_t size = 0; size < bytes.size(); ++size) {
-        EXPECT_FALSE(dialogs::parseTemplate(bytes.first(size))) << size;
+        EXPECT_FALSE(controls::parseTemplate(bytes.first(size))) << size;
     }
 }
 
@@ -219,7 +219,7 @@ TEST_F(Dialog, EndsAfterTheQuestionThatItAskedHasBeenAnswered)
     int answer = 0;
     user.then([&] {
         EXPECT_EQ(host.boxes, std::vector<std::u16string>{u"Caption|Question?"});
-        pageLives = IsWindowVisible(GetWindow(GetActiveWindow(), GW_OWNER));
+        pageLives = IsWindowVisible(GetParent(GetActiveWindow()));
     });
     user.press('Y');
     const INT_PTR result =
