@@ -68,8 +68,8 @@ struct MSG
 /// then input, then WM_QUIT, WM_PAINT, WM_TIMER. Returns 0 for WM_QUIT, else nonzero. The only
 /// place where the program waits. `window` and the filters are not used.
 BOOL GetMessageW(MSG *message, HWND window, UINT filterMin, UINT filterMax);
-/// Gives the text that a key message stands for as WM_CHAR: control characters only (backspace,
-/// tab, enter), for the host delivers typed text itself.
+/// Posts WM_CHAR for the keys backspace, tab and enter. Other characters come from the host as
+/// text.
 BOOL TranslateMessage(const MSG *message);
 /// Hands a message to its window's procedure and returns what that returns.
 LRESULT DispatchMessageW(const MSG *message);
@@ -143,7 +143,7 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD styl
 /// Destroys a window, first the windows it owns, then its children: WM_DESTROY to each from the
 /// outside in. Its timers and undelivered messages go with it.
 BOOL DestroyWindow(HWND window);
-/// What every window does with a message that it does not care about.
+/// The default handling of a message.
 LRESULT DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 BOOL IsWindow(HWND window);
@@ -244,7 +244,8 @@ BOOL InvalidateRect(HWND window, const RECT *rect, BOOL erase);
 
 using TIMERPROC = void(CALLBACK *)(HWND, UINT, UINT, DWORD);
 /// Sends WM_TIMER every `period` milliseconds, first that long from now; a timer of the same
-/// window and identifier is replaced. Moments missed while the program was busy are told once.
+/// window and identifier is replaced. Several periods missed while the program was
+/// busy give one message.
 UINT SetTimer(HWND window, UINT id, UINT period, TIMERPROC callback);
 BOOL KillTimer(HWND window, UINT id);
 

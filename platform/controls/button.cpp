@@ -9,7 +9,7 @@ namespace controls {
 
 namespace {
 
-constexpr DWORD typeMask = 0x0F; ///< the bits of the style that tell push buttons apart
+constexpr DWORD typeMask = 0x0F; ///< the style bits with the kind of button
 
 struct ButtonData final : user::WindowData
 {

@@ -25,7 +25,7 @@ struct ComboData final : user::WindowData
     int selected = -1;
     int droppedHeight = 0; ///< field and list together at most
     HWND list{};           ///< while it is open
-    int marked = -1;       ///< the item of the list that would be taken
+    int marked = -1;       ///< the item of the list that Enter would select
     int firstShown = 0;    ///< the item at the list's top
     bool tracking = false; ///< the stylus is down on the field or the list
 
@@ -157,7 +157,7 @@ void select(HWND combo, ComboData &data, int index)
     InvalidateRect(combo, nullptr, FALSE);
 }
 
-/// The user's choice, which the dialog is told of.
+/// Selects what the user chose and notifies the dialog.
 void choose(HWND combo, ComboData &data, int index)
 {
     if (data.list) {
@@ -209,8 +209,7 @@ void show(HWND combo, ComboData &data, bool open)
     }
 }
 
-/// The item that a key leads to: Left and Up to the one before, Right and Down to the one after.
-/// None when the key leads nowhere.
+/// The item that a key moves to, if it is a key that moves.
 std::optional<int> itemFor(WPARAM code, int from, int count)
 {
     const int last = count - 1;
@@ -233,13 +232,13 @@ std::optional<int> itemFor(WPARAM code, int from, int count)
     }
 }
 
-/// In an open list the mark moves, Enter takes it and Escape leaves things as they are.
+/// In an open list the keys move the mark, Enter selects the marked item and Esc closes the list.
 void key(HWND combo, ComboData &data, WPARAM code)
 {
     const int from = data.list ? data.marked : data.selected;
     if (code == VK_F4) {
         show(combo, data, !data.list);
-    } else if (code == VK_RETURN) { // comes here only while the list is open
+    } else if (code == VK_RETURN) { // gets here only while the list is open
         choose(combo, data, data.marked);
     } else if (code == VK_ESCAPE) {
         show(combo, data, false);

@@ -5,7 +5,7 @@
 
 namespace controls {
 
-/// What a window's class keeps with it from WM_CREATE on; null when the window is of another class.
+/// A window's data, from WM_CREATE on; null when it is of another class.
 template <class Data>
 Data *dataOf(HWND window)
 {

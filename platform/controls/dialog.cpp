@@ -1,5 +1,4 @@
-// Dialogs: their making, their modal loop, and what they do with a message when their own
-// procedure does not care.
+// Dialogs: creation, the modal loop, and the default handling of messages.
 #include "controls/dialog.h"
 
 #include <functional>
@@ -15,7 +14,7 @@ namespace controls {
 
 namespace {
 
-/// A template lies in the program's resources; it is read up to their end at most.
+/// The bytes from a template, which is in the program's resources, to the end of the resources.
 std::span<const std::byte> templateBytes(LPCDLGTEMPLATEW address)
 {
     const std::span<const std::byte> image = resources::image();
@@ -105,7 +104,7 @@ INT_PTR loop(HWND dialog, Preview preview)
         }
         MSG message;
         if (GetMessageW(&message, {}, 0, 0) == 0) {
-            PostQuitMessage(static_cast<int>(message.wParam)); // for the loop outside of this
+            PostQuitMessage(static_cast<int>(message.wParam)); // for the outer loop
             return 0;
         }
         if ((preview && preview(dialog, message)) || IsDialogMessageW(dialog, &message) != FALSE) {
@@ -117,7 +116,7 @@ INT_PTR loop(HWND dialog, Preview preview)
     return 0;
 }
 
-/// The control that had the focus last gets it back, or the first that can have it.
+/// Gives the focus to the control that had it last, else to the first that can have it.
 void restoreFocus(HWND dialog)
 {
     DialogData *data = dialogData(dialog);
@@ -170,8 +169,8 @@ LRESULT handleByDefault(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
-/// Gives the activation back to the window that had it before the dialog; one that was never shown
-/// has only taken the focus.
+/// Activates the window that was active before the dialog. A dialog that was never shown has only
+/// taken the focus.
 void giveBack(HWND dialog, HWND back)
 {
     const HWND active = GetActiveWindow();

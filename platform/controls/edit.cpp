@@ -1,5 +1,5 @@
 // EDIT and CAPEDIT: one line of text that scrolls sideways, with a caret and a selection. The text
-// itself is the window's; a CAPEDIT turns small letters to capitals as they come in.
+// itself is the window's. A CAPEDIT makes capitals of small letters as they are typed.
 #include "controls/edit.h"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ struct EditData final : user::WindowData
 {
     std::size_t caret = 0;
     std::size_t anchor = 0; ///< the selection is between this and the caret
-    int scroll = 0;         ///< pixels of the text that have gone out to the left
+    int scroll = 0;         ///< pixels of the text left of the visible part
     bool capitalises = false;
     bool everyWord = true;
     bool caretShown = false;
@@ -32,7 +32,7 @@ struct EditData final : user::WindowData
     std::size_t last() const { return std::max(caret, anchor); }
 };
 
-/// An edit box with all that its procedure's steps work on.
+/// An edit box as its procedure uses it.
 struct Edit
 {
     HWND handle;
@@ -66,7 +66,7 @@ std::size_t positionAt(const Edit &edit, LONG x)
     return edit.text.size();
 }
 
-/// Scrolls until the caret is in sight, and shows it.
+/// Scrolls until the caret is visible, and shows it.
 void update(Edit &edit)
 {
     EditData &data = edit.data;
@@ -176,7 +176,7 @@ void stylus(Edit &edit, UINT message, LPARAM lParam)
     }
 }
 
-/// The text between two positions, which begins at `x`; returns where the next one begins.
+/// Draws the text between two positions, on the accent colour when it is selected.
 void paintRun(const Edit &edit, HDC dc, std::size_t from, std::size_t to, COLORREF colour)
 {
     const RECT client = clientRect(edit.handle);

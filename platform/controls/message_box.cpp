@@ -1,4 +1,4 @@
-// Message boxes: dialogs made up on the spot, as large as their text needs.
+// Message boxes: dialogs as large as their text needs.
 #include <algorithm>
 #include <array>
 #include <span>
@@ -68,7 +68,8 @@ void addButtons(controls::DialogTemplate &box, std::span<const Button> buttons, 
     }
 }
 
-/// Caption, picture and text side by side, and a row of buttons, in the middle of the screen.
+/// Lays out the caption, the icon beside the text, and a row of buttons, in the middle of the
+/// screen.
 controls::DialogTemplate layOut(const std::u16string &text, const std::u16string &caption,
                                 UINT type)
 {
@@ -193,7 +194,7 @@ INT_PTR CALLBACK boxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lPar
     }
 }
 
-/// Y and N answer a question of Yes and No.
+/// Y and N answer a Yes-No question.
 bool previewKey(HWND box, const MSG &message)
 {
     const int id = message.wParam == 'Y' ? IDYES : message.wParam == 'N' ? IDNO : 0;

@@ -1,12 +1,12 @@
-// The strokes of the handheld's look. Brushes and fonts live for one stroke only, so that nothing
-// of the system is among the objects that a program may have forgotten.
+// Drawing in the handheld's look. Brushes and fonts live for one call only, so that a list of
+// objects that a program forgot to delete shows none of the system's.
 #include "controls/theme.h"
 
 namespace theme {
 
 namespace {
 
-/// The system font of a weight, selected for the life of this.
+/// Selects the system font in a weight, and the previous font at its end.
 class SelectedFont
 {
 public:

@@ -1,4 +1,4 @@
-// A look at the windows, and at what is left of the program's.
+// Lists the windows, and what exists of the program's objects.
 #include "pilot/inspect.h"
 
 #include "base/names.h"

@@ -66,7 +66,7 @@ BOOL SHHandleWMActivate(HWND window, WPARAM wParam, LPARAM, SHACTIVATEINFO *info
 
 BOOL SHHandleWMSettingChange(HWND, WPARAM, LPARAM, SHACTIVATEINFO *)
 {
-    return TRUE; // the input panel lies over windows here; none has to make room for it
+    return TRUE; // the input panel covers windows, so none has to make room
 }
 
 BOOL SHInitDialog(SHINITDLGINFO *info)

@@ -1,5 +1,4 @@
-// Watches the focus for the input panel, and what programs want of it; the panel itself is the soft
-// keyboard.
+// Raises and lowers the soft keyboard.
 #include "shell/input_panel.h"
 
 #include "controls/edit.h"

@@ -1,4 +1,4 @@
-// Menu bars are windows of their own, above all others, owned by the windows they serve.
+// Menu bars are topmost windows, owned by the windows they belong to.
 #include "shell/menu_bar.h"
 
 #include "aygshell.h"
@@ -158,7 +158,7 @@ HWND createMenuBar(HWND parent, HMENU menu, std::vector<MenuBarButton> buttons)
 void updateMenuBars()
 {
     if (!GetActiveWindow()) {
-        return; // another program is at the front; nobody sees the bars
+        return; // another program is in front and nobody sees the bars
     }
     for (const HWND bar : allBars()) {
         const user::Window *window = user::find(bar);

@@ -20,14 +20,14 @@ constexpr int rowCount = 5;
 constexpr int panelHeight = rowCount * rowHeight + 2;
 constexpr int unitsAcross = 24; ///< half keys in a row
 
-/// What a key gives: a character, another with Shift, or a key of its own.
+/// A key: a character and one with Shift, or a virtual key.
 struct Key
 {
     char16_t plain = 0;
     char16_t shifted = 0;
-    WORD code = 0;               ///< without characters
-    const char16_t *label = u""; ///< of a key without characters
-    int units = 2;               ///< its width
+    WORD code = 0;               ///< the virtual key; 0 for a character
+    const char16_t *label = u""; ///< of a virtual key
+    int units = 2;               ///< width in half keys
 };
 
 constexpr Key special(WORD code, const char16_t *label, int units)
@@ -155,8 +155,8 @@ const Key *keyAt(POINT point)
     return found;
 }
 
-/// A key is typed when the stylus is lifted from it: the panel may be gone after that, and what
-/// lies below it must get nothing of the tap.
+/// A key is typed when the stylus is lifted. Typing may close the panel, and the window under it
+/// must not get the rest of the tap.
 void stylus(HWND window, SoftKeyboard &keyboard, UINT message, LPARAM lParam)
 {
     const Key *key = keyAt(controls::pointOf(lParam));

@@ -1,4 +1,4 @@
-// The title bar is a window of its own that never becomes active.
+// The title bar is a window that never becomes active.
 #include "shell/title_bar.h"
 
 #include "controls/control.h"
@@ -28,7 +28,8 @@ HWND titleBar{};
 
 TitleBar *data() { return controls::dataOf<TitleBar>(titleBar); }
 
-/// A page without a caption, and a message box, which has its own, stand below their owner's.
+/// A page without a caption shows its owner's, and so does a message box, which draws its own
+/// itself.
 std::u16string captionFor(HWND active)
 {
     const user::Window *window = user::find(active);
@@ -144,7 +145,7 @@ void updateTitleBar()
     if (!bar) {
         return;
     }
-    // While another program is at the front the bar keeps what it shows.
+    // While another program is in front, the bar keeps what it shows.
     if (const HWND active = GetActiveWindow()) {
         bar->active = active;
     }

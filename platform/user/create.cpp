@@ -1,4 +1,5 @@
-// The beginning and the end of windows.
+// Creating and destroying windows. Window procedures run on the way and may destroy any window, so
+// each step looks its window up anew.
 #include <algorithm>
 
 #include "resources/image.h"
@@ -74,7 +75,7 @@ void announceDestruction(HWND handle)
     }
 }
 
-/// Takes a window and its children out of existence, the children first.
+/// Removes a window and its children, the children first.
 void release(HWND handle)
 {
     Window *window = find(handle);

@@ -1,4 +1,4 @@
-// What every window does with a message that it does not care about.
+// The default window procedure.
 #include "user/shell_interface.h"
 #include "user/table.h"
 

@@ -30,8 +30,8 @@ SIZE sizeIn(DWORD orientation)
     return upright ? SIZE{shortSide, longSide} : SIZE{longSide, shortSide};
 }
 
-/// Where a window of the old screen goes on the new one: what filled the screen below the title
-/// bar does so again, anything else stays and is only moved as far as it would stick out.
+/// The place of a window after the turn. One that filled the work area does so again; any other is
+/// moved only as far as it would stick out of the screen.
 RECT placeOnScreen(const RECT &rect, const RECT &oldDefault)
 {
     const RECT place = shellInUse().workArea();

@@ -1,6 +1,5 @@
-// Activation, focus and capture, and who may have them: a disabled window may not. Every message
-// that is sent on the way may change all three or destroy any window, so handles are looked up anew
-// after each.
+// Activation, focus and capture. A disabled window can have none of them. Every message sent on the
+// way may change all three or destroy any window, so handles are looked up anew after each.
 #include "user/focus.h"
 
 #include <algorithm>
@@ -23,7 +22,7 @@ struct Attention
     HWND capture;
     HWND activeBefore; ///< the active window when another program came to the front
     bool inForeground = true;
-    unsigned activations = 0; ///< counts, to notice one inside another
+    unsigned activations = 0; ///< so far, to notice one inside another
     unsigned captures = 0;
 };
 
@@ -34,8 +33,8 @@ bool canBeActivated(const Window &window)
     return window.shown() && window.enabled() && window.activatable() && !window.destroying;
 }
 
-/// The window to be active when `leaving` no longer is: its nearest owner that can be, else the
-/// topmost window that can be.
+/// The next active window after `leaving`: its nearest owner that can be active, else the topmost
+/// window that can.
 HWND successorOf(const Window &leaving)
 {
     for (const Window *owner = leaving.owner; owner; owner = owner->owner) {
@@ -49,7 +48,7 @@ HWND successorOf(const Window &leaving)
     return found == all.end() ? HWND{} : (*found)->handle;
 }
 
-/// The focus goes from a control that can no longer have it to its parent.
+/// Moves the focus from a control that cannot have it any more to its parent.
 void leaveFocus(const Window &window)
 {
     if (isWithin(attention.focus, window.handle)) {
@@ -147,7 +146,7 @@ void comeToForeground()
     }
     attention.inForeground = true;
     if (attention.active) {
-        return; // a window that opened meanwhile
+        return; // a window opened meanwhile
     }
     const Window *window = find(attention.activeBefore);
     if (window && canBeActivated(*window)) {

@@ -1,5 +1,5 @@
-// Finding windows and bringing them to the front, also those of another process: a second copy of
-// the program, about which only its host knows.
+// Finding windows and bringing them to the front. The host knows whether another process runs the
+// program too.
 #include <algorithm>
 
 #include "base/names.h"
@@ -12,7 +12,7 @@ namespace user {
 
 namespace {
 
-/// Stands for the window of the program in that other process.
+/// Stands for the main window of the program in the other process.
 constexpr HWND otherProcess{0xFFFFFFF0U};
 
 bool matches(const Window &window, LPCWSTR className, LPCWSTR title)
@@ -21,7 +21,7 @@ bool matches(const Window &window, LPCWSTR className, LPCWSTR title)
            (!title || window.text == title);
 }
 
-/// The topmost of a window and those that it owns that is shown and enabled.
+/// The topmost window, among a window and those it owns, that is shown and enabled.
 HWND topmostOf(const Window &window)
 {
     const auto &all = topLevelWindows();

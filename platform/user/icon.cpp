@@ -35,7 +35,7 @@ std::optional<std::uint16_t> largestOf(std::span<const std::byte> group)
     return largest;
 }
 
-/// Sizes and palette of a picture: a DIB whose height counts the pixels and the mask below them.
+/// A picture: a DIB whose stated height counts both the pixels and the mask that follows them.
 struct Picture
 {
     std::uint32_t width = 0;

@@ -18,8 +18,7 @@ std::optional<MSG> messageTo(HWND window, UINT message, WPARAM wParam)
     return find(window) ? std::optional(MSG{window, message, wParam, 0, 0, {}}) : std::nullopt;
 }
 
-/// The window that the system addresses when it wants something of the program as a whole: its
-/// main window, or what there is before that exists.
+/// The window that gets what concerns the program as a whole: its main window, else the active one.
 HWND mainWindow() { return programWindow() ? programWindow() : GetActiveWindow(); }
 
 std::optional<MSG> handleClose()
@@ -36,7 +35,7 @@ std::optional<MSG> handleHelp()
     return messageTo(keyWindow() ? keyWindow() : mainWindow(), WM_HELP, 0);
 }
 
-/// None for a key that is not for the program.
+/// Returns nothing for a key that is not for the program.
 std::optional<MSG> handleKey(const host::Event &event)
 {
     constexpr LPARAM pressedOnce = 1;
@@ -58,7 +57,7 @@ std::optional<MSG> handleKey(const host::Event &event)
     return MSG{target, press ? WM_KEYDOWN : WM_KEYUP, event.key, pressedOnce | details, 0, {}};
 }
 
-/// The deactivation comes before the new size, and the other way round on the way back.
+/// Deactivation first, then the new size; `restore` does the opposite.
 void minimize()
 {
     leaveForeground();

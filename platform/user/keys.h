@@ -9,7 +9,7 @@ namespace user {
 /// What a key event does to the state.
 struct KeyChange
 {
-    bool counts = false;   ///< the program hears of it
+    bool counts = false;   ///< the program is to get a message
     bool repeated = false; ///< the key was down already
 };
 
@@ -22,7 +22,7 @@ bool controlDown();
 bool shiftDown();
 /// Every key counts as up and not pressed.
 void releaseAllKeys();
-/// From now on the application buttons reach the program, or no longer.
+/// Whether the application buttons reach the program from now on.
 void holdButtons(bool held);
 void forgetKeys();
 

@@ -11,8 +11,8 @@ namespace user {
 
 namespace {
 
-constexpr unsigned lastItem = 0x80; ///< of its menu, in the binary form
-constexpr int deepest = 8;          ///< menus within menus, in a resource worth reading
+constexpr unsigned lastItem = 0x80; ///< flag of a menu's last item in the binary form
+constexpr int deepest = 8;          ///< level of nesting that is still read
 
 std::map<std::uint32_t, Menu> table;
 std::uint32_t nextHandle = 1;
@@ -58,7 +58,7 @@ MenuItem readItem(base::ByteReader &reader, unsigned flags, int depth)
     return item;
 }
 
-/// The items up to the one that is marked as the last.
+/// Reads items up to the one with the flag `lastItem`.
 HMENU readMenu(base::ByteReader &reader, int depth)
 {
     Menu menu;

@@ -20,9 +20,9 @@ bool belongsTo(const Window &window, const Window &ancestor);
 /// Puts a new window among its siblings: a child behind all others, a top-level window before.
 void insertWindow(Window &window);
 void removeFromSiblings(Window &window);
-/// To the top of its siblings; with a top-level window go those that it owns, before it.
+/// To the top of its siblings. The windows that a top-level window owns move with it, in front.
 void bringToTop(Window &window);
-/// Directly behind a sibling.
+/// Moves a window directly behind a sibling.
 void placeBehind(Window &window, Window &sibling);
 void forgetOrder();
 

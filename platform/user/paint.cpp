@@ -38,7 +38,7 @@ RECT toClient(const Window &window, const RECT &rect)
     return gdi::moved(rect, -window.rect.left, -window.rect.top);
 }
 
-/// Whether anything that can be seen of the window is invalid.
+/// Whether a visible part of the window is invalid.
 bool needsPaint(Window &window)
 {
     if (!window.invalid.empty()) {
@@ -47,7 +47,7 @@ bool needsPaint(Window &window)
     return !window.invalid.empty();
 }
 
-/// The first of a list of windows and their children, in order, that is to be painted.
+/// The first window to be painted in a list of windows and their children.
 Window *findToPaint(const std::vector<Window *> &windows)
 {
     for (Window *window : windows) {

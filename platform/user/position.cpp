@@ -1,4 +1,4 @@
-// Where windows are, whether they are shown, and how that changes.
+// Showing, hiding, moving and sizing windows.
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -39,7 +39,7 @@ RECT requestedRect(const Window &window, int x, int y, int width, int height, UI
     return rect;
 }
 
-/// Takes a new rectangle. What the window showed does not move with it: it is drawn again.
+/// Takes a new rectangle. The window's pixels are not moved: a moved window is painted again.
 void takeRect(Window &window, const RECT &rect)
 {
     const SIZE before = window.size();
@@ -61,7 +61,7 @@ void takeRect(Window &window, const RECT &rect)
     }
 }
 
-/// Changes place and order at once.
+/// Changes rectangle and order.
 void rearrange(Window &window, HWND after, const RECT &rect, UINT flags)
 {
     if (!gdi::same(rect, window.rect)) {
@@ -77,7 +77,7 @@ void rearrange(Window &window, HWND after, const RECT &rect, UINT flags)
     }
 }
 
-/// The invalid parts of a window and of those in it, in the order of a walk through them.
+/// Collects the invalid parts of a window and its children.
 void noteInvalid(const Window &window, std::vector<gdi::Region> &parts)
 {
     parts.push_back(window.invalid);
@@ -86,7 +86,7 @@ void noteInvalid(const Window &window, std::vector<gdi::Region> &parts)
     }
 }
 
-/// Puts them back after a move that is not to draw anything again.
+/// Puts them back, in the same order, after a move that must not cause painting.
 void restoreInvalid(Window &window, std::vector<gdi::Region>::iterator &part, POINT moved)
 {
     part->offset(moved.x, moved.y);
@@ -113,7 +113,7 @@ void announceRect(HWND handle, const RECT &before)
     }
 }
 
-/// Shows or hides, without a look at activation.
+/// Shows or hides a window without changing the active one.
 void setShown(HWND handle, bool shown)
 {
     SendMessageW(handle, WM_SHOWWINDOW, shown ? TRUE : FALSE, 0);

@@ -1,4 +1,4 @@
-// What can be asked and set of a window: its relations, its values, its text.
+// A window's relations, values and text.
 #include <algorithm>
 #include <iterator>
 #include <utility>

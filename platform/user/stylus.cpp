@@ -13,8 +13,7 @@ namespace {
 
 POINT position{};
 
-/// The frontmost window of a list, front to back, at a point of the screen, or the child of it
-/// that is there.
+/// The frontmost window of a list at a point of the screen, or its child at that point.
 Window *windowAt(const std::vector<Window *> &siblings, POINT point)
 {
     const auto found = std::ranges::find_if(siblings, [&](const Window *each) {

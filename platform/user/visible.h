@@ -1,4 +1,4 @@
-// What a change of the windows uncovers.
+// Repainting what a change of the windows uncovers.
 #pragma once
 
 #include <utility>
@@ -9,7 +9,7 @@
 
 namespace user {
 
-/// Lives around a change of windows. What can be seen of any window after it and could not before
+/// An object of this class lives around a change of windows. At its end, whatever became visible
 /// becomes invalid.
 class VisibilityChange
 {
