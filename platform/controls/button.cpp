@@ -140,19 +140,8 @@ LRESULT handle(HWND button, ButtonData &data, UINT message, WPARAM wParam, LPARA
     }
 }
 
-LRESULT CALLBACK buttonProcedure(HWND button, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    if (message == WM_CREATE) {
-        user::find(button)->data = std::make_unique<ButtonData>();
-        return 0;
-    }
-    auto *data = dataOf<ButtonData>(button);
-    return data ? handle(button, *data, message, wParam, lParam)
-                : DefWindowProcW(button, message, wParam, lParam);
-}
-
 } // namespace
 
-void registerButton() { user::registerSystemClass(u"BUTTON", buttonProcedure); }
+void registerButton() { user::registerSystemClass(u"BUTTON", procedureWith<ButtonData, handle>); }
 
 } // namespace controls

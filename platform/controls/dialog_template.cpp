@@ -1,4 +1,4 @@
-// Reads dialog templates: DLGTEMPLATE with its DLGITEMTEMPLATEs, and their extended forms.
+// Reads dialog templates: DLGTEMPLATE with its DLGITEMTEMPLATEs.
 #include "controls/dialog_template.h"
 
 #include <array>
@@ -67,30 +67,18 @@ RECT readRect(base::ByteReader &reader)
     return {x, y, x + width, y + height};
 }
 
-ControlTemplate readControl(base::ByteReader &reader, bool extended)
+ControlTemplate readControl(base::ByteReader &reader)
 {
     ControlTemplate control;
     reader.align(4);
-    if (extended) {
-        reader.doubleWord(); // help identifier
-        control.exStyle = reader.doubleWord();
-        control.style = reader.doubleWord();
-    } else {
-        control.style = reader.doubleWord();
-        control.exStyle = reader.doubleWord();
-    }
+    control.style = reader.doubleWord();
+    control.exStyle = reader.doubleWord();
     control.rect = readRect(reader);
-    control.id = extended ? static_cast<int>(reader.doubleWord()) : reader.signedWord();
+    control.id = reader.signedWord();
     control.className = className(readTextOrNumber(reader));
     control.text = controlText(readTextOrNumber(reader));
     reader.skip(reader.word()); // creation data
     return control;
-}
-
-void skipFont(base::ByteReader &reader, bool extended)
-{
-    reader.skip(extended ? 6 : 2); // size; weight, italics and character set
-    reader.text();                 // there is only the system font
 }
 
 } // namespace
@@ -102,31 +90,21 @@ std::optional<DialogTemplate> parseTemplate(std::span<const std::byte> bytes)
 {
     base::ByteReader reader(bytes);
     DialogTemplate dialog;
-    const std::uint32_t first = reader.doubleWord();
-    const bool extended = first == 0xFFFF0001U;
-    if (extended) {
-        reader.doubleWord(); // help identifier
-        dialog.exStyle = reader.doubleWord();
-        dialog.style = reader.doubleWord();
-    } else {
-        dialog.style = first;
-        dialog.exStyle = reader.doubleWord();
-    }
+    dialog.style = reader.doubleWord();
+    dialog.exStyle = reader.doubleWord();
     const int count = reader.word();
     dialog.rect = readRect(reader);
     readTextOrNumber(reader); // menu
     readTextOrNumber(reader); // class
     dialog.caption = readTextOrNumber(reader).text;
     if ((dialog.style & DS_SETFONT) != 0) {
-        skipFont(reader, extended);
+        reader.skip(2); // its size
+        reader.text();  // its name; there is only the system font
     }
     for (int i = 0; i < count && reader.good(); ++i) {
-        dialog.controls.push_back(readControl(reader, extended));
+        dialog.controls.push_back(readControl(reader));
     }
-    if (!reader.good()) {
-        return std::nullopt;
-    }
-    return dialog;
+    return reader.good() ? std::optional(dialog) : std::nullopt;
 }
 
 } // namespace controls

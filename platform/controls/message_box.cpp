@@ -116,36 +116,17 @@ void drawSign(HDC dc, const RECT &rect, const char16_t *sign, COLORREF colour)
     DeleteObject(font);
 }
 
-void drawPicture(HDC dc, UINT type)
+void drawIcon(HDC dc, UINT type)
 {
     const LONG top = captionHeight + padding;
     const RECT rect{padding, top, padding + iconSize, top + iconSize};
     const POINT centre{rect.left + iconSize / 2, rect.top + iconSize / 2};
-    switch (type & iconMask) {
-    case MB_ICONQUESTION:
+    if ((type & iconMask) == MB_ICONQUESTION) {
         theme::drawDisc(dc, centre, iconSize / 2, theme::question);
         drawSign(dc, rect, u"?", theme::accentText);
-        break;
-    case MB_ICONINFORMATION:
+    } else if ((type & iconMask) == MB_ICONINFORMATION) {
         theme::drawDisc(dc, centre, iconSize / 2, theme::information);
         drawSign(dc, rect, u"i", theme::accentText);
-        break;
-    case MB_ICONHAND:
-        theme::drawDisc(dc, centre, iconSize / 2, theme::stop);
-        theme::fill(dc, {rect.left + 6, centre.y - 2, rect.right - 6, centre.y + 3},
-                    theme::accentText);
-        break;
-    case MB_ICONEXCLAMATION:
-        for (LONG row = 0; row < iconSize - 2; ++row) {
-            theme::fill(dc,
-                        {centre.x - row / 2, rect.top + 1 + row, centre.x + row / 2 + 1,
-                         rect.top + 2 + row},
-                        theme::warning);
-        }
-        drawSign(dc, {rect.left, rect.top + 8, rect.right, rect.bottom}, u"!", theme::text);
-        break;
-    default:
-        break;
     }
 }
 
@@ -160,7 +141,7 @@ void paint(HWND box, UINT type)
     theme::drawText(
         painting.dc(), user::find(box)->text, {padding, 1, rect.right - padding, captionHeight},
         DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX, theme::titleText, theme::Weight::Bold);
-    drawPicture(painting.dc(), type);
+    drawIcon(painting.dc(), type);
 }
 
 // Behaviour ----------------------------------------------------------------------------------

@@ -28,8 +28,6 @@ constexpr COLORREF accentText = RGB(255, 255, 255);
 
 constexpr COLORREF question = RGB(32, 88, 192);
 constexpr COLORREF information = RGB(24, 120, 168);
-constexpr COLORREF warning = RGB(248, 184, 24);
-constexpr COLORREF stop = RGB(200, 32, 40);
 
 enum class Weight
 {

@@ -169,20 +169,15 @@ void stylus(HWND window, SoftKeyboard &keyboard, UINT message, LPARAM lParam)
     InvalidateRect(window, nullptr, FALSE);
 }
 
-LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT handle(HWND window, SoftKeyboard &keyboard, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_CREATE) {
-        user::find(window)->data = std::make_unique<SoftKeyboard>();
-        return 0;
-    }
-    auto *keyboard = controls::dataOf<SoftKeyboard>(window);
     switch (message) {
     case WM_PAINT:
-        paint(window, *keyboard);
+        paint(window, keyboard);
         return 0;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONUP:
-        stylus(window, *keyboard, message, lParam);
+        stylus(window, keyboard, message, lParam);
         return 0;
     default:
         return DefWindowProcW(window, message, wParam, lParam);
@@ -194,7 +189,7 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 void registerSoftKeyboard()
 {
     panel = {};
-    user::registerSystemClass(u"SoftKeyboard", procedure);
+    user::registerSystemClass(u"SoftKeyboard", controls::procedureWith<SoftKeyboard, handle>);
 }
 
 void raiseSoftKeyboard()

@@ -108,21 +108,16 @@ void stylus(HWND window, TitleBar &bar, UINT message, LPARAM lParam)
     }
 }
 
-LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT handle(HWND window, TitleBar &bar, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_CREATE) {
-        user::find(window)->data = std::make_unique<TitleBar>();
-        return 0;
-    }
-    auto *bar = controls::dataOf<TitleBar>(window);
     switch (message) {
     case WM_PAINT:
-        paint(window, *bar);
+        paint(window, bar);
         return 0;
     case WM_LBUTTONDOWN:
     case WM_MOUSEMOVE:
     case WM_LBUTTONUP:
-        stylus(window, *bar, message, lParam);
+        stylus(window, bar, message, lParam);
         return 0;
     default:
         return DefWindowProcW(window, message, wParam, lParam);
@@ -133,7 +128,7 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 
 void createTitleBar()
 {
-    user::registerSystemClass(u"TitleBar", procedure);
+    user::registerSystemClass(u"TitleBar", controls::procedureWith<TitleBar, handle>);
     titleBar =
         CreateWindowExW(WS_EX_TOPMOST | WS_EX_NOACTIVATE, u"TitleBar", u"", WS_POPUP | WS_VISIBLE,
                         0, 0, gdi::screen().width, titleBarHeight, {}, {}, {}, nullptr);

@@ -125,6 +125,18 @@ void setShown(HWND handle, bool shown)
     }
 }
 
+/// Replaces `value` by what `compute` makes of the window and it. FALSE when either is missing.
+template <class Value, class Compute>
+BOOL answer(HWND window, Value *value, Compute compute)
+{
+    const Window *record = find(window);
+    if (!record || !value) {
+        return FALSE;
+    }
+    *value = compute(*record, *value);
+    return TRUE;
+}
+
 } // namespace
 
 } // namespace user
@@ -195,41 +207,27 @@ BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint)
 
 BOOL GetWindowRect(HWND window, RECT *rect)
 {
-    const user::Window *record = user::find(window);
-    if (!record || !rect) {
-        return FALSE;
-    }
-    *rect = record->rect;
-    return TRUE;
+    return user::answer(window, rect, [](const user::Window &record, RECT) { return record.rect; });
 }
 
 BOOL GetClientRect(HWND window, RECT *rect)
 {
-    const user::Window *record = user::find(window);
-    if (!record || !rect) {
-        return FALSE;
-    }
-    const SIZE size = record->size();
-    *rect = {0, 0, size.cx, size.cy};
-    return TRUE;
+    return user::answer(window, rect, [](const user::Window &record, RECT) {
+        const SIZE size = record.size();
+        return RECT{0, 0, size.cx, size.cy};
+    });
 }
 
 BOOL ClientToScreen(HWND window, POINT *point)
 {
-    const user::Window *record = user::find(window);
-    if (!record || !point) {
-        return FALSE;
-    }
-    *point = {point->x + record->rect.left, point->y + record->rect.top};
-    return TRUE;
+    return user::answer(window, point, [](const user::Window &record, POINT inside) {
+        return POINT{inside.x + record.rect.left, inside.y + record.rect.top};
+    });
 }
 
 BOOL ScreenToClient(HWND window, POINT *point)
 {
-    const user::Window *record = user::find(window);
-    if (!record || !point) {
-        return FALSE;
-    }
-    *point = {point->x - record->rect.left, point->y - record->rect.top};
-    return TRUE;
+    return user::answer(window, point, [](const user::Window &record, POINT onScreen) {
+        return POINT{onScreen.x - record.rect.left, onScreen.y - record.rect.top};
+    });
 }

@@ -44,13 +44,11 @@ TEST(DialogTemplate, TurnsUnitsToPixels)
     EXPECT_EQ(controls::pixelsAcross(-10), -15);
 }
 
-TEST(DialogTemplate, ReadsTheExtendedFormAndNoneThatIsCutShort)
+TEST(DialogTemplate, IsReadButNotWhenItIsCutShort)
 {
-    const std::uint16_t words[] = {1,   0xFFFF, 0,      0,      0,     0x8000, 0x40, 0x8000, 1,
-                                   0,   0,      20,     8,      0,     0,      u'C', 0,      8,
-                                   400, 0,      u'S',   0, // font
-                                   0,   0,      0,      0,      0x00E, 0x5000, 4,    8,      8,
-                                   16,  0xFFFF, 0xFFFF, 0xFFFF, 0x82,  0xFFFF, 122,  0};
+    const std::uint16_t words[] = {0x40, 0x8000, 0, 0x8000, 1,      0,      0,     20,     8,   0,
+                                   0,    u'C',   0, 8,      u'S',   0,      0x00E, 0x5000, 0,   0,
+                                   4,    8,      8, 16,     0xFFFF, 0xFFFF, 0x82,  0xFFFF, 122, 0};
     const auto bytes = std::as_bytes(std::span(words));
     const auto read = controls::parseTemplate(bytes);
     ASSERT_TRUE(read);

@@ -22,8 +22,8 @@ TEST(MessageBox, KeysAnswerByTheButtonsThatThereAre)
         {MB_YESNO, {VK_TAB, VK_RETURN}, IDNO},
         {MB_YESNO, {VK_LEFT, VK_RETURN}, IDNO},
         {MB_YESNO, {'Y'}, IDYES},
-        {MB_YESNO | MB_ICONEXCLAMATION, {'N'}, IDNO},
-        {MB_YESNO | MB_ICONHAND, {VK_ESCAPE}, 0},
+        {MB_YESNO, {'N'}, IDNO},
+        {MB_YESNO, {VK_ESCAPE}, 0},
     };
     SwitchedOn on; // no window of the program is needed
     for (const Case &each : cases) {
