@@ -11,7 +11,7 @@ void registerComboBox();
 
 /// Closes an open list, unless `target`, where the stylus came down, is the list or its combo box.
 void closeListUnless(HWND target);
-/// The screen rectangle of an item in a combo box's open list; nothing while it is not visible.
+/// The screen rectangle of an item in a combo box's open list; nothing when it is not open.
 std::optional<RECT> listItemRect(HWND combo, int index);
 
 } // namespace controls

@@ -82,11 +82,10 @@ void drawDisc(HDC dc, POINT centre, int radius, COLORREF colour)
     }
 }
 
-void drawArrow(HDC dc, POINT centre, int rows, bool down, COLORREF colour)
+void drawArrow(HDC dc, POINT centre, COLORREF colour)
 {
-    for (int row = 0; row < rows; ++row) {
-        const int half = down ? rows - 1 - row : row;
-        const LONG y = centre.y - rows / 2 + row;
+    for (int half = 3; half >= 0; --half) {
+        const LONG y = centre.y + 1 - half;
         fill(dc, {centre.x - half, y, centre.x + half + 1, y + 1}, colour);
     }
 }

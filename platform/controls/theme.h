@@ -42,8 +42,8 @@ void drawFrame(HDC dc, const RECT &rect, COLORREF colour);
 void drawFace(HDC dc, const RECT &rect, COLORREF outline, COLORREF upper, COLORREF lower);
 /// A filled circle.
 void drawDisc(HDC dc, POINT centre, int radius, COLORREF colour);
-/// A triangle that points down (or up), `2 * rows - 1` pixels wide, its middle at `centre`.
-void drawArrow(HDC dc, POINT centre, int rows, bool down, COLORREF colour);
+/// A triangle that points down, 7 pixels wide and 4 high, its middle at `centre`.
+void drawArrow(HDC dc, POINT centre, COLORREF colour);
 /// The star of four rays at the left of the title bar.
 void drawGleam(HDC dc, POINT centre, COLORREF colour);
 

@@ -19,7 +19,7 @@ std::vector<std::byte> makeImage()
     image.add(5, 2,
               DialogWords(WS_POPUP, 0, 160, 160, u"")
                   .add(u"COMBOBOX", combo, {10, 10, 60, 40}, 20)
-                  .add(u"COMBOBOX", combo, {10, 60, 60, 40}, 21)
+                  .add(u"COMBOBOX", combo, {10, 90, 60, 40}, 21)
                   .words);
     image.add(5, 3,
               DialogWords(WS_POPUP, 0, 160, 160, u"")
@@ -116,9 +116,9 @@ LRESULT selection(HWND dialog, int id)
 TEST_F(Control, ComboBoxIsChosenFromByStylus)
 {
     user.click(20);
-    look([](HWND dialog) { // the list is two items high
-        EXPECT_TRUE(inspect::openListItem(20, 1));
-        EXPECT_FALSE(inspect::openListItem(20, 2));
+    look([](HWND dialog) {
+        EXPECT_TRUE(inspect::openListItem(20, 4));
+        EXPECT_FALSE(inspect::openListItem(20, 5));
         EXPECT_EQ(GetActiveWindow(), dialog);
     });
     user.tapListItem(20, 1);
@@ -139,19 +139,9 @@ TEST_F(Control, ComboBoxIsChosenFromByStylus)
     runDialog(2, owner, fillCombos);
 }
 
-TEST_F(Control, ComboBoxIsChosenFromByDraggingScrollingAndKeys)
+TEST_F(Control, ComboBoxIsChosenFromByDraggingAndKeys)
 {
-    user.click(20);
-    look([&](HWND) { // the lower arrow of the scroll bar, beyond the end
-        const auto item = inspect::openListItem(20, 1);
-        ASSERT_TRUE(item);
-        for (int i = 0; i < 4; ++i) {
-            host.tap(97, item->centre.y);
-        }
-    });
-    user.tapListItem(20, 3);
-    look([&](HWND dialog) {
-        EXPECT_EQ(selection(dialog, 20), 3);
+    look([&](HWND) {
         const auto field = inspect::control(21);
         ASSERT_TRUE(field);
         host.stylus(host::Event::Kind::StylusDown, field->centre.x, field->centre.y);
@@ -199,13 +189,13 @@ TEST_F(Control, ButtonIsClickedWhereTheStylusIsLifted)
 TEST(Icon, GivesTheHostItsLargestPicture)
 {
     ResourceImage image;
-    // 1 by 1, and 2 by 1 of 4 bits with its right pixel masked out
+    // 1 by 1, and 2 by 1 with its right pixel masked out
     image.add(
         14, 1,
         std::vector<std::uint16_t>{0, 1, 2, 0x0101, 0, 1, 4, 60, 0, 1, 0x0102, 0, 1, 4, 60, 0, 2});
-    std::vector<std::uint16_t> picture = {40, 0, 2,      0,    2,      0, 1,      4, 0, 0,
+    std::vector<std::uint16_t> picture = {40, 0, 2,      0,    2,      0, 1,      8, 0, 0,
                                           0,  0, 0,      0,    0,      0, 2,      0, 0, 0,
-                                          0,  0, 0x3322, 0x11, 0x0010, 0, 0x0040, 0};
+                                          0,  0, 0x3322, 0x11, 0x0001, 0, 0x0040, 0};
     image.add(3, 2, picture);
     picture.resize(picture.size() - 2);
     image.add(3, 3, picture);
