@@ -4,12 +4,12 @@
 #include <array>
 
 #include "base/byte_reader.h"
+#include "resources/image.h"
+#include "winbase.h"
 
 namespace controls {
 
 namespace {
-
-constexpr std::uint16_t ordinalFollows = 0xFFFF;
 
 constexpr int divided(int value, int multiplier, int divisor)
 {
@@ -21,41 +21,22 @@ constexpr int divided(int value, int multiplier, int divisor)
 constexpr std::array<std::u16string_view, 6> numberedClasses = {
     u"BUTTON", u"EDIT", u"STATIC", u"LISTBOX", u"SCROLLBAR", u"COMBOBOX"};
 
-struct TextOrNumber
+std::u16string className(const resources::Name &read)
 {
-    std::u16string text;
-    std::optional<std::uint16_t> number;
-};
-
-TextOrNumber readTextOrNumber(base::ByteReader &reader)
-{
-    const std::uint16_t first = reader.word();
-    if (first == ordinalFollows) {
-        return {{}, reader.word()};
-    }
-    return {first == 0 ? std::u16string{} : static_cast<char16_t>(first) + reader.text(), {}};
+    const std::size_t index = read.number - std::size_t{0x80};
+    return read.text.empty() && index < numberedClasses.size()
+               ? std::u16string(numberedClasses[index])
+               : read.text;
 }
 
-std::u16string className(const TextOrNumber &read)
+/// The number of a picture's resource becomes a text, "#" and its digits.
+std::u16string controlText(const resources::Name &read)
 {
-    if (!read.number) {
+    if (read.number == 0) {
         return read.text;
     }
-    const std::size_t index = *read.number - std::size_t{0x80};
-    return index < numberedClasses.size() ? std::u16string(numberedClasses[index])
-                                          : std::u16string{};
-}
-
-std::u16string controlText(const TextOrNumber &read)
-{
-    if (!read.number) {
-        return read.text;
-    }
-    std::u16string text = u"#";
-    for (const char digit : std::to_string(*read.number)) {
-        text += static_cast<char16_t>(digit);
-    }
-    return text;
+    WCHAR digits[33];
+    return u'#' + std::u16string(_itow(read.number, digits, 10));
 }
 
 RECT readRect(base::ByteReader &reader)
@@ -75,8 +56,8 @@ ControlTemplate readControl(base::ByteReader &reader)
     control.exStyle = reader.doubleWord();
     control.rect = readRect(reader);
     control.id = reader.signedWord();
-    control.className = className(readTextOrNumber(reader));
-    control.text = controlText(readTextOrNumber(reader));
+    control.className = className(resources::Name::read(reader));
+    control.text = controlText(resources::Name::read(reader));
     reader.skip(reader.word()); // creation data
     return control;
 }
@@ -94,9 +75,9 @@ std::optional<DialogTemplate> parseTemplate(std::span<const std::byte> bytes)
     dialog.exStyle = reader.doubleWord();
     const int count = reader.word();
     dialog.rect = readRect(reader);
-    readTextOrNumber(reader); // menu
-    readTextOrNumber(reader); // class
-    dialog.caption = readTextOrNumber(reader).text;
+    resources::Name::read(reader); // menu
+    resources::Name::read(reader); // class
+    dialog.caption = resources::Name::read(reader).text;
     if ((dialog.style & DS_SETFONT) != 0) {
         reader.skip(2); // its size
         reader.text();  // its name; there is only the system font

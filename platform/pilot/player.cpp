@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "base/utf.h"
-#include "gdi/screen.h"
+#include "gdi/inventory.h"
 #include "host/png.h"
 #include "pilot/inspect.h"
 

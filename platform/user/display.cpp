@@ -35,7 +35,7 @@ SIZE sizeIn(DWORD orientation)
 RECT placeOnScreen(const RECT &rect, const RECT &oldDefault)
 {
     const RECT place = shellInUse().workArea();
-    if (gdi::same(rect, oldDefault)) {
+    if (rect == oldDefault) {
         return place;
     }
     RECT moved = rect;

@@ -64,7 +64,7 @@ void takeRect(Window &window, const RECT &rect)
 /// Changes rectangle and order.
 void rearrange(Window &window, HWND after, const RECT &rect, UINT flags)
 {
-    if (!gdi::same(rect, window.rect)) {
+    if (rect != window.rect) {
         takeRect(window, rect);
     }
     if ((flags & SWP_NOZORDER) != 0) {
@@ -179,7 +179,7 @@ BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, 
     const RECT rect = user::requestedRect(*record, x, y, width, height, flags);
     std::vector<gdi::Region> invalid;
     user::noteInvalid(*record, invalid);
-    if (!gdi::same(rect, before) || (flags & SWP_NOZORDER) == 0) {
+    if (rect != before || (flags & SWP_NOZORDER) == 0) {
         const user::VisibilityChange change;
         user::rearrange(*record, after, rect, flags);
     }
@@ -193,7 +193,7 @@ BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, 
     if (record && record->shown() && !record->parent && activates) {
         SetActiveWindow(self);
     }
-    if (GetActiveWindow() == self && !gdi::same(rect, before)) {
+    if (GetActiveWindow() == self && rect != before) {
         user::shellInUse().activeWindowChanged();
     }
     return TRUE;

@@ -3,6 +3,7 @@
 
 #include <map>
 
+#include "gdi/device_context.h"
 #include "user/order.h"
 
 namespace user {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "app/window.h"
-#include "gdi/screen.h"
+#include "gdi/inventory.h"
 #include "resources/program_resources.h"
 #include "resources/resource.h"
 #include "user/user_script.h"

@@ -4,10 +4,11 @@
 #include <gtest/gtest.h>
 
 #include "app/window.h"
-#include "gdi/screen.h"
+#include "gdi/inventory.h"
 #include "render/graphics.h"
 #include "resources/program_resources.h"
 #include "support/fake_host.h"
+#include "support/pixel.h"
 
 namespace {
 
@@ -44,15 +45,15 @@ TEST(TitleScreen, TakesTurnsAndDrawsTheSelection)
     screen.selectedLevel = 9;
     screen.start(HWND{}, &table);
     EXPECT_EQ(screen.table.get(), &table);
-    EXPECT_EQ(GetPixel(windowDC, 205, 166), RGB(255, 255, 255)); // level 9: white
-    EXPECT_EQ(GetPixel(windowDC, 183, 165), RGB(255, 255, 255)); // level 8: white border,
-    EXPECT_EQ(GetPixel(windowDC, 185, 167), RGB(0, 0, 0));       // black inside
-    EXPECT_EQ(GetPixel(windowDC, 118, 133), RGB(255, 255, 255)); // mode 0
+    EXPECT_EQ(getPixel(windowDC, 205, 166), RGB(255, 255, 255)); // level 9: white
+    EXPECT_EQ(getPixel(windowDC, 183, 165), RGB(255, 255, 255)); // level 8: white border,
+    EXPECT_EQ(getPixel(windowDC, 185, 167), RGB(0, 0, 0));       // black inside
+    EXPECT_EQ(getPixel(windowDC, 118, 133), RGB(255, 255, 255)); // mode 0
 
     handheld.host.clock += 10001;
     screen.tick(HWND{});
     EXPECT_EQ(screen.page, TitlePage::HighScores);
-    EXPECT_NE(GetPixel(windowDC, 205, 166), RGB(255, 255, 255));
+    EXPECT_NE(getPixel(windowDC, 205, 166), RGB(255, 255, 255));
     screen.destroy(HWND{});
     deleteSurface(screenSurface);
     ReleaseDC(HWND{}, windowDC);

@@ -3,10 +3,11 @@
 
 #include "app/window.h"
 #include "engine/game_session.h"
-#include "gdi/screen.h"
+#include "gdi/inventory.h"
 #include "render/graphics.h"
 #include "resources/program_resources.h"
 #include "support/fake_host.h"
+#include "support/pixel.h"
 
 namespace {
 
@@ -46,13 +47,13 @@ struct PlayScreen : testing::Test
         session.paint(HWND{}, HDC{});
     }
 
-    static COLORREF shown(int x, int y) { return GetPixel(windowDC, x, y); }
+    static COLORREF shown(int x, int y) { return getPixel(windowDC, x, y); }
     /// A pixel of a surface, as the display shows it.
     static COLORREF pixelOf(const Surface *surface, int x, int y)
     {
         const HDC dc = CreateCompatibleDC(windowDC);
         const HGDIOBJ previous = SelectObject(dc, surface->bitmap);
-        const COLORREF colour = GetPixel(dc, x, y);
+        const COLORREF colour = getPixel(dc, x, y);
         SelectObject(dc, previous);
         DeleteDC(dc);
         return colour;
