@@ -153,12 +153,16 @@ class WindowTest(unittest.TestCase):
             store.write_block(self.folder / folder, lost)
         game = self.start()
         self.expect(game, "", "--store", "copy")
-        xdotool("type", "--delay", 40, "ann Zoe")
+        xdotool("type", "--delay", 40, "pax Zoe")
         xdotool("key", "Return")
         for point in (GAME_MENU, (60, 281)):
             self.click(game, point)
-        self.expect(game, "type ann Zoe\nclick 1\nmenu 40016\n", "--store", "copy")
-        self.assertEqual(store.scores(store.read_block(self.folder / "store"), 0)[7], ("Ann Zoe", 900, 0, 0))
+        self.expect(game, "type pax Zoe\nclick 1\nmenu 40016\n", "--store", "copy")
+        self.assertEqual(store.scores(store.read_block(self.folder / "store"), 0)[7], ("Pax Zoe", 900, 0, 0))
+        self.click(game, (120, 100))  # leaves the page of the high scores
+        self.click(game, PLAY)
+        time.sleep(0.5)
+        self.assertTrue(Picture(game.window, SCALE).pieces(QUEUE), "the p has not paused the game")
 
     def test_a_key_is_given_to_an_action(self):
         script = "menu 40008\nwait 400\nmenu 40009\n"

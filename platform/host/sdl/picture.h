@@ -4,21 +4,13 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "host/geometry.h"
 #include "host/host.h"
 
 namespace desktop {
 
-struct Size
-{
-    int width = 0;
-    int height = 0;
-};
-
-struct Point
-{
-    int x = 0;
-    int y = 0;
-};
+using host::Point;
+using host::Size;
 
 /// A picture in the middle of a window, enlarged by the largest whole factor that fits, 1 at
 /// least. Left and top are negative when not even that fits.

@@ -60,6 +60,19 @@ void setHints()
     SDL_EnableScreenSaver();
 }
 
+void drawPointer(const host::PointerLook &look, const host::Frame &frame,
+                 const Placement &placement, const Canvas &canvas)
+{
+    const host::Area area = host::pointerArea(look, {frame.width, frame.height});
+    const auto pixels = host::pointerPixels(look, frame);
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    const int scale = placement.scale;
+    drawEnlarged({pixels.data(), width, height}, {0, 0, width, height},
+                 {scale, placement.left + area.left * scale, placement.top + area.top * scale},
+                 canvas);
+}
+
 } // namespace
 
 std::unique_ptr<ScreenWindow> ScreenWindow::make(Size picture, std::optional<int> scale,
@@ -122,7 +135,7 @@ void ScreenWindow::showAgain()
     }
 }
 
-void ScreenWindow::showPointer(const std::optional<PointerLook> &pointer)
+void ScreenWindow::showPointer(const std::optional<host::PointerLook> &pointer)
 {
     if (pointer == pointer_) {
         return;
@@ -133,7 +146,7 @@ void ScreenWindow::showPointer(const std::optional<PointerLook> &pointer)
     const auto before = std::exchange(pointer_, pointer);
     for (const auto &look : {before, pointer_}) {
         if (look) {
-            draw(pointerArea(*look, picture_));
+            draw(host::pointerArea(*look, picture_));
         }
     }
 }

@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "host/host.h"
+#include "host/pointer_picture.h"
 #include "host/sdl/picture.h"
-#include "host/sdl/pointer_picture.h"
 #include "host/sdl/sdl.h"
 #include "host/sdl/window_place.h"
 
@@ -29,7 +29,7 @@ public:
     /// Shows all of it again, for the window has another size or was covered.
     void showAgain();
     /// Shows the stylus pointer over the frame, or no longer; the mouse's own hides meanwhile.
-    void showPointer(const std::optional<PointerLook> &pointer);
+    void showPointer(const std::optional<host::PointerLook> &pointer);
     void toggleFullScreen();
     /// To the front, from wherever it is.
     void raise();
@@ -59,7 +59,7 @@ private:
     std::unique_ptr<SDL_Surface, Destroy> canvas_; ///< for displays without 32-bit pixels
     Size picture_;
     host::Frame frame_;
-    std::optional<PointerLook> pointer_;
+    std::optional<host::PointerLook> pointer_;
     std::optional<WindowPlace> lastPlace_;
     bool shown_ = false;
 };

@@ -1,6 +1,6 @@
-// A stylus for who has no mouse: a pointer on the screen that a controller's stick or a keyboard's
-// arrows move, and that a press of the one or the other sets down. It knows no window and no clock
-// of its own: moments are milliseconds of the desktop's clock, given with what happens.
+// A stylus for players without a mouse: a pointer on the screen that the right stick of a
+// controller or the arrows of a keyboard move, and that a press of the stick or of Space sets down.
+// Moments are milliseconds of the host's clock.
 #pragma once
 
 #include <array>
@@ -8,44 +8,44 @@
 #include <functional>
 #include <optional>
 
+#include "host/geometry.h"
 #include "host/host.h"
-#include "host/sdl/picture.h"
 
-namespace desktop {
+namespace host {
 
 class StylusPointer
 {
 public:
     /// The stylus goes down, moves while it is down, or goes up, at a pixel of the screen.
-    using Stylus = std::function<void(host::Event::Kind kind, Point pixel)>;
+    using Stylus = std::function<void(Event::Kind kind, Point pixel)>;
 
     explicit StylusPointer(Stylus stylus) : stylus_(std::move(stylus)) {}
 
     /// The pointer begins in the middle of the screen, and stays on it.
     void setScreen(Size screen);
 
-    /// A stick leans, -32,768 to 32,767 to the right and down: the farther, the faster it goes.
-    void lean(int x, int y, std::uint32_t now);
-    /// The stick is pressed or let go. A pointer that is hidden comes to be seen first.
+    /// A stick leans, -1 to 1 to the right and down: the farther, the faster the pointer moves.
+    void lean(double x, double y, std::uint32_t now);
+    /// The stick is pressed or released. The first press of a hidden pointer only shows it.
     void press(bool down, std::uint32_t now);
 
-    /// The pointer shows, and the keys are its own until `letGo`.
+    /// Shows the pointer and gives it the arrow keys until `letGo`.
     void hold();
     bool isHeld() const { return held_; }
-    /// A key stands for the handheld's button `key`. False when it is none of the pointer's.
+    /// A key that stands for the handheld's button `key`. False when the pointer has no use for it.
     bool handleKey(std::uint16_t key, bool down, std::uint32_t now);
 
-    /// The mouse is used instead.
+    /// Hides the pointer: the mouse is in use.
     void hide() { visible_ = false; }
-    /// The stylus goes up, nothing is held any more, and the pointer hides.
+    /// Lifts the stylus, releases everything and hides the pointer.
     void letGo();
 
-    /// Moves it on, and hides it after a rest.
+    /// Moves the pointer on, and hides it after a rest.
     void advance(std::uint32_t now);
-    /// When `advance` is due; none while there is nothing to do.
+    /// The moment at which `advance` is due; none while there is nothing to do.
     std::optional<std::uint32_t> due() const;
 
-    /// Where it is; none while it is hidden.
+    /// Its pixel; none while it is hidden.
     std::optional<Point> shownAt() const;
     bool isDown() const { return down_; }
 
@@ -70,10 +70,10 @@ private:
     Vector lean_;     ///< pixels a second
     std::array<bool, 4> arrowDown_{};
     std::uint32_t arrowsSince_ = 0;
-    std::uint32_t last_ = 0; ///< when it last moved, or anything happened to it
+    std::uint32_t last_ = 0; ///< the last moment at which it moved or was used
     bool held_ = false;
     bool down_ = false;
     bool visible_ = false;
 };
 
-} // namespace desktop
+} // namespace host

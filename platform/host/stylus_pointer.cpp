@@ -1,25 +1,24 @@
-// How the pointer moves, and when it shows.
-#include "host/sdl/stylus_pointer.h"
+// The speed of the pointer, and when it shows.
+#include "host/stylus_pointer.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
-#include "host/program_clock.h"
-#include "host/sdl/buttons.h"
+#include "host/buttons.h"
+#include "host/moment.h"
 
-namespace desktop {
+namespace host {
 namespace {
 
 constexpr std::uint32_t stepMilliseconds = 16; ///< about a display's frame
 constexpr std::uint32_t longestStep = 50;      ///< after a stall it does not leap
 constexpr std::uint32_t hideMilliseconds = 4000;
 
-constexpr double deadZone = 0.24; ///< of the stick's way: where thumbs let go of it
-constexpr double stickRange = 32767;
-constexpr double fastest = 280; ///< pixels a second
+constexpr double deadZone = 0.24; ///< a released stick may rest anywhere within
+constexpr double fastest = 280;   ///< pixels a second
 
-/// A tap of an arrow is one pixel; held, it starts slowly enough to stop at any.
+/// A tap of an arrow moves one pixel. Held, it starts slowly enough to stop at any pixel.
 constexpr std::uint32_t arrowDelay = 160;
 constexpr double arrowStart = 40;         ///< pixels a second
 constexpr double arrowAcceleration = 300; ///< in each second
@@ -37,16 +36,16 @@ void StylusPointer::setScreen(Size screen)
     moveBy({});
 }
 
-void StylusPointer::lean(int x, int y, std::uint32_t now)
+void StylusPointer::lean(double x, double y, std::uint32_t now)
 {
     awake(now);
-    const double length = std::hypot(x, y) / stickRange;
+    const double length = std::hypot(x, y);
     if (length <= deadZone) {
         lean_ = {};
         return;
     }
     const double part = std::min(1.0, (length - deadZone) / (1 - deadZone));
-    const double speed = fastest * part * part / (length * stickRange);
+    const double speed = fastest * part * part / length;
     lean_ = {x * speed, y * speed};
     visible_ = true;
 }
@@ -103,7 +102,7 @@ void StylusPointer::letGo()
 void StylusPointer::advance(std::uint32_t now)
 {
     const auto moment = due();
-    if (!moment || host::isBefore(now, *moment)) {
+    if (!moment || isBefore(now, *moment)) {
         return;
     }
     if (!isMoving()) {
@@ -140,13 +139,13 @@ StylusPointer::Vector StylusPointer::arrows() const
 
 StylusPointer::Vector StylusPointer::velocity(std::uint32_t now) const
 {
-    const auto held = static_cast<std::int32_t>(now - arrowsSince_ - arrowDelay) / 1000.0;
+    const auto held = distance(arrowsSince_ + arrowDelay, now) / 1000.0;
     const double speed = held < 0 ? 0 : std::min(fastest, arrowStart + arrowAcceleration * held);
     const Vector way = arrows();
     return {lean_.x + way.x * speed, lean_.y + way.y * speed};
 }
 
-/// While it moves its steps keep their time, whatever else happens.
+/// A pointer that moves keeps the rhythm of its steps.
 void StylusPointer::awake(std::uint32_t now)
 {
     if (!isMoving()) {
@@ -161,14 +160,14 @@ void StylusPointer::moveBy(Vector way)
     position_.y = std::clamp(position_.y + way.y, 0.0, screen_.height - 1.0);
     const Point after = pixel();
     if (down_ && (after.x != before.x || after.y != before.y)) {
-        stylus_(host::Event::Kind::StylusMove, after);
+        stylus_(Event::Kind::StylusMove, after);
     }
 }
 
 void StylusPointer::setDown(bool down)
 {
     if (down != std::exchange(down_, down)) {
-        stylus_(down ? host::Event::Kind::StylusDown : host::Event::Kind::StylusUp, pixel());
+        stylus_(down ? Event::Kind::StylusDown : Event::Kind::StylusUp, pixel());
     }
 }
 
@@ -177,4 +176,4 @@ Point StylusPointer::pixel() const
     return {static_cast<int>(position_.x), static_cast<int>(position_.y)};
 }
 
-} // namespace desktop
+} // namespace host

@@ -1,19 +1,18 @@
-// A button is down while at least one of its keys is.
-#include "host/sdl/held_keys.h"
+// A button is down while at least one of its sources is.
+#include "host/held_keys.h"
 
 #include <algorithm>
 
-namespace desktop {
+namespace host {
 
 bool HeldKeys::isDown(std::uint16_t key) const
 {
-    return std::any_of(held_.begin(), held_.end(), [key](const Held &h) { return h.key == key; });
+    return std::ranges::find(held_, key, &Held::key) != held_.end();
 }
 
-bool HeldKeys::press(int source, std::uint16_t key)
+bool HeldKeys::press(Source source, std::uint16_t key)
 {
-    if (std::any_of(held_.begin(), held_.end(),
-                    [source](const Held &h) { return h.source == source; })) {
+    if (std::ranges::find(held_, source, &Held::source) != held_.end()) {
         return false;
     }
     const bool goesDown = !isDown(key);
@@ -21,10 +20,9 @@ bool HeldKeys::press(int source, std::uint16_t key)
     return goesDown;
 }
 
-std::uint16_t HeldKeys::release(int source)
+std::uint16_t HeldKeys::release(Source source)
 {
-    const auto found = std::find_if(held_.begin(), held_.end(),
-                                    [source](const Held &h) { return h.source == source; });
+    const auto found = std::ranges::find(held_, source, &Held::source);
     if (found == held_.end()) {
         return 0;
     }
@@ -44,4 +42,4 @@ std::vector<std::uint16_t> HeldKeys::releaseAll()
     return keys;
 }
 
-} // namespace desktop
+} // namespace host

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-namespace desktop {
+namespace host {
 
 constexpr std::uint16_t padCentre = 13;
 constexpr std::uint16_t padLeft = 37;
@@ -15,4 +15,4 @@ constexpr std::uint16_t buttonB = 194;
 constexpr std::uint16_t buttonC = 195;
 constexpr std::uint16_t buttonD = 196;
 
-} // namespace desktop
+} // namespace host
