@@ -7,12 +7,15 @@ namespace host {
 
 bool HeldKeys::isDown(std::uint16_t key) const
 {
-    return std::ranges::find(held_, key, &Held::key) != held_.end();
+    return std::find_if(std::begin(held_), std::end(held_),
+                        [&](const Held &each) { return each.key == key; }) != held_.end();
 }
 
 bool HeldKeys::press(Source source, std::uint16_t key)
 {
-    if (std::ranges::find(held_, source, &Held::source) != held_.end()) {
+    if (std::find_if(std::begin(held_), std::end(held_),
+                     [&](const Held &each) { return each.source == source; }) != held_.end())
+    {
         return false;
     }
     const bool goesDown = !isDown(key);
@@ -22,7 +25,8 @@ bool HeldKeys::press(Source source, std::uint16_t key)
 
 std::uint16_t HeldKeys::release(Source source)
 {
-    const auto found = std::ranges::find(held_, source, &Held::source);
+    const auto found = std::find_if(std::begin(held_), std::end(held_),
+                                    [&](const Held &each) { return each.source == source; });
     if (found == held_.end()) {
         return 0;
     }

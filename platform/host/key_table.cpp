@@ -33,7 +33,8 @@ constexpr Entry buttons[] = {
 
 std::uint16_t find(std::span<const Entry> table, std::string_view name)
 {
-    const auto found = std::ranges::find(table, name, &Entry::name);
+    const auto found = std::find_if(std::begin(table), std::end(table),
+                                    [&](const Entry &each) { return each.name == name; });
     return found == table.end() ? std::uint16_t{0} : found->code;
 }
 
@@ -72,7 +73,8 @@ std::uint16_t buttonCode(std::string_view name) { return find(buttons, name); }
 
 std::string_view buttonName(std::uint16_t code)
 {
-    const auto found = std::ranges::find(buttons, code, &Entry::code);
+    const auto found = std::find_if(std::begin(buttons), std::end(buttons),
+                                    [&](const Entry &each) { return each.code == code; });
     return found == std::end(buttons) ? std::string_view{} : found->name;
 }
 
@@ -81,8 +83,9 @@ bool isPointerKey(std::string_view key) { return key == "ControlRight" || key ==
 bool types(std::string_view key)
 {
     // One character, whatever its length in UTF-8: other names have more letters.
-    const auto characters = std::ranges::count_if(
-        key, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; });
+    const auto characters = std::count_if(std::begin(key), std::end(key), [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+    });
     return characters == 1 || key == "ShiftLeft" || key == "ShiftRight";
 }
 

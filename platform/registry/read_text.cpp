@@ -340,7 +340,7 @@ std::optional<Damage> decode(std::string_view bytes, std::u16string &text)
     if (!reason) {
         return std::nullopt;
     }
-    const auto lineEnds = std::ranges::count(text, u'\n');
+    const auto lineEnds = std::count(std::begin(text), std::end(text), u'\n');
     return Damage{static_cast<std::size_t>(lineEnds) + 1, reason};
 }
 

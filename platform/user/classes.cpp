@@ -21,8 +21,9 @@ const WindowClass *findClass(LPCWSTR name)
     if (resources::isNumber(name)) {
         return nullptr;
     }
-    const auto found = std::ranges::find_if(
-        classes, [&](const auto &each) { return base::sameName(each->name, name); });
+    const auto found = std::find_if(std::begin(classes), std::end(classes), [&](const auto &each) {
+        return base::sameName(each->name, name);
+    });
     return found == classes.end() ? nullptr : found->get();
 }
 

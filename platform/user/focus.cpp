@@ -43,8 +43,9 @@ HWND successorOf(const Window &leaving)
         }
     }
     const auto &all = topLevelWindows();
-    const auto found = std::ranges::find_if(
-        all, [&](const Window *each) { return each != &leaving && canBeActivated(*each); });
+    const auto found = std::find_if(std::begin(all), std::end(all), [&](const Window *each) {
+        return each != &leaving && canBeActivated(*each);
+    });
     return found == all.end() ? HWND{} : (*found)->handle;
 }
 
@@ -154,8 +155,8 @@ void comeToForeground()
         return;
     }
     const auto &all = topLevelWindows();
-    const auto topmost =
-        std::ranges::find_if(all, [](const Window *each) { return canBeActivated(*each); });
+    const auto topmost = std::find_if(std::begin(all), std::end(all),
+                                      [](const Window *each) { return canBeActivated(*each); });
     if (topmost != all.end()) {
         activate((*topmost)->handle, WA_ACTIVE);
     }

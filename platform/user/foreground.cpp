@@ -25,7 +25,7 @@ bool matches(const Window &window, LPCWSTR className, LPCWSTR title)
 HWND topmostOf(const Window &window)
 {
     const auto &all = topLevelWindows();
-    const auto found = std::ranges::find_if(all, [&](const Window *each) {
+    const auto found = std::find_if(std::begin(all), std::end(all), [&](const Window *each) {
         return belongsTo(*each, window) && each->shown() && each->enabled() && each->activatable();
     });
     return found == all.end() ? window.handle : (*found)->handle;
@@ -38,8 +38,9 @@ HWND topmostOf(const Window &window)
 HWND FindWindowW(LPCWSTR className, LPCWSTR title)
 {
     const auto &all = user::topLevelWindows();
-    const auto found = std::ranges::find_if(
-        all, [&](const user::Window *each) { return user::matches(*each, className, title); });
+    const auto found = std::find_if(std::begin(all), std::end(all), [&](const user::Window *each) {
+        return user::matches(*each, className, title);
+    });
     if (found != all.end()) {
         return (*found)->handle;
     }

@@ -106,7 +106,8 @@ const Menu *findMenu(HMENU menu) { return lookUp(menu); }
 std::size_t liveMenus()
 {
     return static_cast<std::size_t>(
-        std::ranges::count_if(table, [](const auto &entry) { return !entry.second.isDropDown; }));
+        std::count_if(std::begin(table), std::end(table),
+                      [](const auto &entry) { return !entry.second.isDropDown; }));
 }
 
 void forgetMenus() { table.clear(); }

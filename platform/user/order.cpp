@@ -23,7 +23,8 @@ std::vector<Window *> &listOf(const Window &window)
 /// Restores the first rule of the order after a change.
 void putTopmostFirst()
 {
-    std::ranges::stable_partition(topLevels, [](Window *each) { return isTopmost(*each); });
+    std::stable_partition(std::begin(topLevels), std::end(topLevels),
+                          [](Window *each) { return isTopmost(*each); });
     arrangementChanged();
 }
 
@@ -53,8 +54,8 @@ void removeFromSiblings(Window &window)
 
 void bringToTop(Window &window)
 {
-    std::ranges::stable_partition(listOf(window),
-                                  [&](Window *each) { return belongsTo(*each, window); });
+    std::stable_partition(listOf(window).begin(), listOf(window).end(),
+                          [&](Window *each) { return belongsTo(*each, window); });
     putTopmostFirst();
 }
 
@@ -66,9 +67,9 @@ void placeBehind(Window &window, Window &sibling)
     auto &siblings = listOf(window);
     const auto moves = [&](Window *each) { return belongsTo(*each, window); };
     std::vector<Window *> group;
-    std::ranges::copy_if(siblings, std::back_inserter(group), moves);
+    std::copy_if(std::begin(siblings), std::end(siblings), std::back_inserter(group), moves);
     std::erase_if(siblings, moves);
-    const auto place = std::ranges::find(siblings, &sibling);
+    const auto place = std::find(std::begin(siblings), std::end(siblings), &sibling);
     siblings.insert(std::next(place), group.begin(), group.end());
     putTopmostFirst();
 }

@@ -16,7 +16,7 @@ HWND handleOf(const Window *window) { return window ? window->handle : HWND{}; }
 HWND nextSiblingOf(const Window &window)
 {
     const auto &siblings = siblingsOf(window);
-    const auto next = std::next(std::ranges::find(siblings, &window));
+    const auto next = std::next(std::find(std::begin(siblings), std::end(siblings), &window));
     return next == siblings.end() ? HWND{} : (*next)->handle;
 }
 

@@ -16,9 +16,10 @@ POINT position{};
 /// The frontmost window of a list at a point of the screen, or its child at that point.
 Window *windowAt(const std::vector<Window *> &siblings, POINT point)
 {
-    const auto found = std::ranges::find_if(siblings, [&](const Window *each) {
-        return each->shown() && PtInRect(&each->rect, point);
-    });
+    const auto found =
+        std::find_if(std::begin(siblings), std::end(siblings), [&](const Window *each) {
+            return each->shown() && PtInRect(&each->rect, point);
+        });
     if (found == siblings.end()) {
         return nullptr;
     }

@@ -62,7 +62,8 @@ VisibilityChange::~VisibilityChange()
             continue;
         }
         const auto before =
-            std::ranges::find(before_, window->handle, &std::pair<HWND, gdi::Region>::first);
+            std::find_if(std::begin(before_), std::end(before_),
+                         [&](const auto &each) { return each.first == window->handle; });
         if (before != before_.end()) {
             uncovered.subtract(before->second);
         }

@@ -16,6 +16,8 @@ void pageSleep(double milliseconds);
 /// Draws pixels of red, green, blue and opacity, 8 bits each; only the given area has changed.
 void pageDraw(const std::uint8_t *pixels, int width, int height, int left, int top, int areaWidth,
               int areaHeight);
+/// A button of the handheld's face, by name (key_table.h), went down or up.
+void pageShowButton(const char *name, bool down);
 void pageTitle(const char *title);
 void pageRaise();
 void pageWantText(bool wanted);

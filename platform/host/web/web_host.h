@@ -4,6 +4,8 @@
 #include <vector>
 
 #include "host/host.h"
+#include "host/input_mapper.h"
+#include "host/pointer_picture.h"
 #include "host/timeline.h"
 
 namespace web {
@@ -16,8 +18,8 @@ public:
     WebHost &operator=(const WebHost &) = delete;
     ~WebHost() override;
 
-    /// Something happened on the page, now. Does not wake the program.
-    void post(const host::Event &event);
+    /// What happens on the page goes here. The page wakes the program afterwards.
+    host::InputMapper &input() { return input_; }
 
     std::uint32_t ticks() const override { return timeline_.ticks(); }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
@@ -42,8 +44,15 @@ public:
     void report(std::string_view line) override;
 
 private:
+    void emit(const host::Event &event);
+    void draw(const host::Area &area);
+    void showPointer();
+
     host::Timeline timeline_;
-    std::vector<std::uint8_t> picture_;
+    host::InputMapper input_;
+    host::Frame frame_;
+    std::vector<std::uint8_t> picture_; ///< red, green, blue and opacity
+    std::optional<host::PointerLook> pointer_;
 };
 
 } // namespace web
