@@ -147,7 +147,7 @@ class WindowTest(unittest.TestCase):
         self.assertIn('"app"=hex:03,', (self.folder / "store/registry.reg").read_text())
 
     def test_a_name_is_typed_and_listed(self):
-        store.play(PILOT, "menu 40008\nwait 100\nstate game\n", folder=self.folder)
+        store.play(PILOT, "menu IDM_NEW_GAME\nwait 100\nstate game\n", folder=self.folder)
         lost = store.changed((self.folder / "game").read_bytes(), state=store.OVER, score=900)
         for folder in ("store", "copy"):
             store.write_block(self.folder / folder, lost)
@@ -157,7 +157,7 @@ class WindowTest(unittest.TestCase):
         xdotool("key", "Return")
         for point in (GAME_MENU, (60, 281)):
             self.click(game, point)
-        self.expect(game, "type pax Zoe\nclick 1\nmenu 40016\n", "--store", "copy")
+        self.expect(game, "type pax Zoe\nclick IDOK\nmenu IDM_SHOW_HIGH_SCORES\n", "--store", "copy")
         self.assertEqual(store.scores(store.read_block(self.folder / "store"), 0)[7], ("Pax Zoe", 900, 0, 0))
         self.click(game, (120, 100))  # leaves the page of the high scores
         self.click(game, PLAY)
@@ -165,23 +165,23 @@ class WindowTest(unittest.TestCase):
         self.assertTrue(Picture(game.window, SCALE).pieces(QUEUE), "the p has not paused the game")
 
     def test_a_key_is_given_to_an_action(self):
-        script = "menu 40008\nwait 400\nmenu 40009\n"
-        store.play(PILOT, "menu 40008\nwait 400\nclose\n", "--store", "store", folder=self.folder)
+        script = "menu IDM_NEW_GAME\nwait 400\nmenu IDM_BUTTONS\n"
+        store.play(PILOT, "menu IDM_NEW_GAME\nwait 400\nclose\n", "--store", "store", folder=self.folder)
         before = store.read_block(self.folder / "store")
         game = self.start()
         for point in (TOOLS_MENU, (110, 256)):
             self.click(game, point)
         self.expect(game, script)
         self.click(game, (50, 216))
-        self.expect(game, script + "click 1107\n")
+        self.expect(game, script + "click IDC_ACTION_0+7\n")
         xdotool("key", "a")
-        self.expect(game, script + "click 1107\npress 65\n")
+        self.expect(game, script + "click IDC_ACTION_0+7\npress 65\n")
         self.click(game, OK_BUTTON)
         for point in (GAME_MENU, (60, 281)):
             self.click(game, point)
-        self.expect(game, "menu 40008\nwait 400\nmenu 40016\n")
+        self.expect(game, "menu IDM_NEW_GAME\nwait 400\nmenu IDM_SHOW_HIGH_SCORES\n")
         xdotool("key", "Escape")
-        self.expect(game, "menu 40008\nwait 400\nopen 0\ndismiss\n")
+        self.expect(game, "menu IDM_NEW_GAME\nwait 400\nopen 0\ndismiss\n")
         self.click(game, WELL[:2])
         eventually(lambda: Picture(game.window, SCALE).pieces(QUEUE), "the game goes on")
         xdotool("key", "a")
