@@ -2,11 +2,9 @@
 // the game, whichever is live.
 #include "app/game_app.h"
 
-#include <aygshell.h>
-
 #include "app/about.h"
+#include "app/menu_bar.h"
 #include "app/settings.h"
-#include "app/window.h"
 #include "engine/random.h"
 #include "frontend/name_entry.h"
 #include "frontend/options_dialog.h"
@@ -44,23 +42,7 @@ void loadSounds()
     }
 }
 
-/// A game in progress can be abandoned; a new one, with other options, only begun without one.
-void updateMenuItems(bool playing)
-{
-    const LRESULT result = SendMessageW(menuBar, SHCMBM_GETMENU, 0, 0);
-    const HMENU menu{static_cast<std::uint32_t>(result)};
-    const UINT whilePlaying = playing ? MF_ENABLED : MF_GRAYED;
-    const UINT otherwise = playing ? MF_GRAYED : MF_ENABLED;
-    EnableMenuItem(menu, IDM_GAME_OPTIONS, MF_BYCOMMAND | otherwise);
-    EnableMenuItem(menu, IDM_NEW_GAME, MF_BYCOMMAND | otherwise);
-    EnableMenuItem(menu, IDM_ABANDON_GAME, MF_BYCOMMAND | whilePlaying);
-}
-
 } // namespace
-
-GameApp::GameApp()
-    : appState(AppState::None), requestedState(AppState::None), titleScreen{}, highScores{}
-{}
 
 // Start and end -----------------------------------------------------------------------------------
 
@@ -72,7 +54,7 @@ bool GameApp::init(HWND window)
         const bool fortyLines = i == static_cast<std::size_t>(GameMode::FortyLines);
         highScores[i].loadDefaults(fortyLines ? IDS_DEFAULT_SCORES_40_LINES : IDS_DEFAULT_SCORES);
     }
-    seedRandom(GetTickCount()); // the piece supply draws from it
+    seedRandom(GetTickCount());
     requestedState = AppState::Title;
     loadSettings(*this);
     appState = AppState::None;
@@ -85,7 +67,7 @@ bool GameApp::init(HWND window)
     return true;
 }
 
-/// The state that the settings were saved in: a stored game comes back paused, one that was ending
+/// Continues where the settings were saved: a stored game comes back paused, one that was ending
 /// goes on to its end.
 void GameApp::prepareFirstState(HWND window)
 {
@@ -189,7 +171,7 @@ HighScoreTable &GameApp::tableOfMode()
     return highScores[static_cast<std::size_t>(session.mode)];
 }
 
-/// The title screen shows what is chosen in the session.
+/// The title screen highlights the mode and level chosen in the session.
 void GameApp::showChoices()
 {
     titleScreen.selectedMode = static_cast<std::int32_t>(session.mode);

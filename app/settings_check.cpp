@@ -1,13 +1,11 @@
-// The limits of the stored record, field by field in its order. Not checked is what means nothing
-// when it is read (handles, `appState`, the title screen, `requestedState`, which has a default)
-// and what may hold anything: tick counts, which are only ever compared, intervals, redraw flags,
-// and flags, which are set by any value but 0.
+// The limits of the stored record, field by field in its order. These are not checked: what is
+// replaced before it is used (handles, `appState`, the title screen), `requestedState`, which has a
+// default, and what may hold any value: key codes (an unknown one never fires), tick counts and
+// intervals (they are only compared), redraw flags, and flags (any value but 0 is set).
 #include "app/settings_check.h"
 
 #include <algorithm>
 #include <cstring>
-
-#include "app/game_app.h"
 
 namespace {
 
@@ -20,14 +18,14 @@ struct Limit
     std::int32_t highest;
 };
 
-/// Far enough for every game, near enough that no sum of points overflows.
+/// More than any game reaches, and small enough that no sum of points overflows.
 constexpr std::int32_t most = 1'000'000'000;
 constexpr std::int32_t mostLevel = 9'999;
-/// Cells around the well in which a piece may be remembered.
+/// How many cells from the well a remembered piece may be.
 constexpr std::int32_t far = 999;
 
 #define GLIMRA_LIMIT(field, lowest, highest) \
-    Limit { #field, offsetof(GameApp, field), lowest, highest }
+    Limit { #field, offsetof(AppRecord, field), lowest, highest }
 
 constexpr Limit limits[] = {
     GLIMRA_LIMIT(session.cellWidth, 11, 11),
@@ -78,7 +76,7 @@ std::string element(const char *array, std::size_t index)
     return array + ("[" + std::to_string(index) + "]");
 }
 
-Fault faultInLimits(const GameApp &app)
+Fault faultInLimits(const AppRecord &app)
 {
     for (const Limit &limit : limits) {
         std::int32_t value = 0;
@@ -90,15 +88,13 @@ Fault faultInLimits(const GameApp &app)
     return {};
 }
 
-Fault faultInCells(const Playfield &playfield)
+Fault faultInCells(const AppRecord &app)
 {
-    for (std::size_t i = 0; i < playfield.cells.size(); ++i) {
-        const Cell &cell = playfield.cells[i];
-        if (cell.occupied == 0) {
-            continue; // its colour means nothing
-        }
+    const auto &cells = app.session.playfield.cells;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
         const std::string field = element("session.playfield.cells", i) + ".colour";
-        if (Fault fault = outside(field, cell.colour, 0, tetrominoCount - 1)) {
+        const Fault fault = outside(field, cells[i].colour, 0, tetrominoCount - 1);
+        if (fault && cells[i].occupied != 0) { // the colour of an empty cell means nothing
             return fault;
         }
     }
@@ -106,38 +102,27 @@ Fault faultInCells(const Playfield &playfield)
 }
 
 /// The piece must lie within the columns of the well and not below it.
-Fault faultInPiece(const Playfield &playfield)
+Fault faultInPiece(const AppRecord &app)
 {
-    const ActivePiece &piece = playfield.piece;
-    const auto &cells = playfield.currentState().cells;
+    const ActivePiece &piece = app.session.playfield.piece;
     const auto inside = [&](const CellOffset &cell) {
         const int column = piece.x + cell.x;
         return column >= 0 && column < wellColumns && piece.y + cell.y < wellRows;
     };
-    if (std::all_of(cells.begin(), cells.end(), inside)) {
+    if (std::ranges::all_of(app.session.playfield.currentState().cells, inside)) {
         return {};
     }
     return "session.playfield.piece is outside of the well, at column " + std::to_string(piece.x) +
            ", row " + std::to_string(piece.y);
 }
 
-Fault faultInQueue(const PieceQueue &queue)
+Fault faultInQueue(const AppRecord &app)
 {
+    const PieceQueue &queue = app.session.playfield.piece.queue;
     for (std::size_t i = 0; i < static_cast<std::size_t>(queue.count); ++i) {
         const std::string field = element("session.playfield.piece.queue.entries", i);
         const auto type = static_cast<std::int32_t>(queue.entries[i]);
         if (Fault fault = outside(field, type, 0, tetrominoCount - 1)) {
-            return fault;
-        }
-    }
-    return {};
-}
-
-Fault faultInKeys(const InputState &input)
-{
-    for (std::size_t i = 0; i < input.slots.size(); ++i) {
-        const std::string field = element("input.slots", i) + ".keyCode";
-        if (Fault fault = outside(field, input.slots[i].keyCode, 0, 0xFFFF)) {
             return fault;
         }
     }
@@ -152,15 +137,14 @@ Fault faultInTable(const HighScoreTable &table, std::size_t index)
         return fault;
     }
     for (std::size_t i = 0; i < table.entries.size(); ++i) {
-        const auto &text = table.entries[i].name;
-        if (std::find(text.begin(), text.end(), u'\0') == text.end()) {
+        if (std::ranges::find(table.entries[i].name, u'\0') == table.entries[i].name.end()) {
             return name + element(".entries", i) + ".name has no end";
         }
     }
     return {};
 }
 
-Fault faultInTables(const GameApp &app)
+Fault faultInTables(const AppRecord &app)
 {
     for (std::size_t i = 0; i < app.highScores.size(); ++i) {
         if (Fault fault = faultInTable(app.highScores[i], i)) {
@@ -172,23 +156,14 @@ Fault faultInTables(const GameApp &app)
 
 } // namespace
 
-std::optional<std::string> findFault(const GameApp &app)
+std::optional<std::string> findFault(const AppRecord &app)
 {
-    Fault fault = faultInLimits(app); // which the checks after it rely on
-    if (!fault) {
-        fault = faultInCells(app.session.playfield);
+    // The limits first: the other checks rely on them.
+    for (const auto check :
+         {faultInLimits, faultInCells, faultInPiece, faultInQueue, faultInTables}) {
+        if (Fault fault = check(app)) {
+            return fault;
+        }
     }
-    if (!fault) {
-        fault = faultInPiece(app.session.playfield);
-    }
-    if (!fault) {
-        fault = faultInQueue(app.session.playfield.piece.queue);
-    }
-    if (!fault) {
-        fault = faultInKeys(app.input);
-    }
-    if (!fault) {
-        fault = faultInTables(app);
-    }
-    return fault;
+    return {};
 }

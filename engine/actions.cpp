@@ -2,8 +2,8 @@
 // the piece to and changes nothing when the piece does not fit there.
 #include "engine/game_session.h"
 
-/// The buttons of one tick, in the order that decides who wins; whether the piece moved or turned.
-/// Without the SoftDrop button, gravity.
+/// Applies the buttons of one tick, and gravity when SoftDrop is not held. The order is part of the
+/// rules. Returns whether the piece moved or turned.
 bool GameSession::applyActions(const InputState &input)
 {
     const bool left = input.held(Action::Left);
@@ -12,7 +12,7 @@ bool GameSession::applyActions(const InputState &input)
         shiftNext = 0;
         shiftRepeating = 0;
     }
-    if (phase == Phase::Clearing) { // the piece is part of the rows already
+    if (phase == Phase::Clearing) { // the piece is already part of the grid
         return false;
     }
     bool moved = false;
@@ -80,7 +80,7 @@ bool GameSession::hold()
     }
     piece.holdUsed = 1;
     deadline = after(gravityMs);
-    dirty |= dirty::everything; // and so it does not count as a move
+    dirty |= dirty::everything; // which includes the move
     return false;
 }
 

@@ -33,18 +33,18 @@ bool PieceQueue::addBag()
     if (count + tetrominoCount > capacity) {
         return false;
     }
-    std::array<TetrominoType, tetrominoCount> bag{
-        TetrominoType::J, TetrominoType::L, TetrominoType::S, TetrominoType::O,
-        TetrominoType::Z, TetrominoType::T, TetrominoType::I};
+    using enum TetrominoType;
+    std::array bag{J, L, S, O, Z, T, I};
     for (std::size_t i = 0; i < bag.size(); ++i) {
-        // Never an entry with itself: this shuffle is biased, and the game has always had it.
+        // An entry is never swapped with itself. This shuffle is biased; the game has always had
+        // it.
         auto j = static_cast<std::size_t>(drawRandom() % (tetrominoCount - 1));
         if (j == i) {
             j = i + 1;
         }
         std::swap(bag[i], bag[j]);
     }
-    std::copy(bag.begin(), bag.end(), entries.begin() + count);
+    std::ranges::copy(bag, entries.begin() + count);
     count += tetrominoCount;
     return true;
 }
@@ -86,28 +86,23 @@ const Cell *Playfield::cellAt(int column, int row) const
     return inGrid(column, row) ? &cells[cellIndex(column, row)] : nullptr;
 }
 
-Cell *Playfield::cellAt(int column, int row)
-{
-    return inGrid(column, row) ? &cells[cellIndex(column, row)] : nullptr;
-}
-
 void Playfield::setCell(int column, int row, TetrominoType colour)
 {
-    if (Cell *cell = cellAt(column, row)) {
-        *cell = {1, static_cast<std::uint8_t>(colour)};
+    if (inGrid(column, row)) {
+        cells[cellIndex(column, row)] = {1, static_cast<std::uint8_t>(colour)};
     }
 }
 
 bool Playfield::fits(const RotationState &state, int x, int y) const
 {
-    return std::all_of(state.cells.begin(), state.cells.end(), [&](const CellOffset &offset) {
+    return std::ranges::all_of(state.cells, [&](const CellOffset &offset) {
         const int column = x + offset.x;
         const int row = y + offset.y;
         if (row < 0) {
             return column >= 0 && column < wellColumns;
         }
         const Cell *cell = cellAt(column, row);
-        return cell != nullptr && cell->occupied == 0;
+        return cell && cell->occupied == 0;
     });
 }
 
@@ -146,7 +141,7 @@ int Playfield::markFullRows()
 int Playfield::removeFullRows()
 {
     int count = 0;
-    // From the top down: removing a row moves only what is above it.
+    // From the top down: removing a row moves only the rows above it.
     for (int row = 1; row < wellRows; ++row) {
         if (fullRows[static_cast<std::size_t>(row)] != 0) {
             removeRow(row);

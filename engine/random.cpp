@@ -1,5 +1,4 @@
-// The standard library's own generator behind std::rand, with a state that nothing else in the
-// process draws from.
+// The standard library's own generator with a separate state, or std::rand itself.
 #include "engine/random.h"
 
 #include <cstdint>
@@ -11,7 +10,7 @@ namespace {
 
 struct Generator
 {
-    char state[128]; // as many bytes as std::rand has
+    char state[128]; // as large as the state of std::rand
     random_data data;
 
     explicit Generator(unsigned seed) : state{}, data{}
@@ -20,7 +19,7 @@ struct Generator
     }
 };
 
-/// Made when it is first wanted, which is before main.
+/// A function, since the first numbers are drawn before main.
 Generator &generator()
 {
     static Generator only(1);

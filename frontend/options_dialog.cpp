@@ -5,16 +5,16 @@
 
 #include <aygshell.h>
 
-#include "app/modal_dialog.h"
 #include "engine/game_session.h"
+#include "resources/module.h"
 #include "resources/resource.h"
 
 namespace {
 
-/// Whose options are edited, while the page is open.
+/// The session whose options are edited while the page is open.
 GameSession *edited = nullptr;
 
-/// The queue lengths behind the items of the Queue box.
+/// The queue length of each item of the Queue box.
 constexpr std::int32_t queueLengths[] = {0, 1, 6};
 
 void fillBox(HWND dialog, int id, std::initializer_list<LPCWSTR> items, int selected)
@@ -51,9 +51,8 @@ void takeOptions(HWND dialog)
     edited->soundEnabled = selectionOf(dialog, IDC_SOUND) != 0;
 }
 
-INT_PTR CALLBACK optionsProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+INT_PTR CALLBACK optionsProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM)
 {
-    (void)lParam;
     if (message == WM_INITDIALOG) {
         fillScreen(dialog, SHIDIF_DONEBUTTON);
         showOptions(dialog);
@@ -72,6 +71,6 @@ INT_PTR CALLBACK optionsProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
 void showOptionsDialog(GameSession &session, HWND parent)
 {
     edited = &session;
-    runDialog(IDD_GAME_OPTIONS, parent, optionsProcedure, 0);
+    runDialog(IDD_GAME_OPTIONS, parent, optionsProcedure);
     SetActiveWindow(parent);
 }

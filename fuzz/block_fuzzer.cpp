@@ -10,6 +10,7 @@
 #include "app/settings.h"
 #include "app/settings_check.h"
 #include "app/window.h"
+#include "resources/module.h"
 #include "resources/program_resources.h"
 #include "support/fake_host.h"
 

@@ -7,12 +7,9 @@
 
 namespace {
 
-constexpr std::array<std::uint32_t, actionCount> defaultKeys{VK_LEFT, VK_RIGHT, VK_UP,   VK_DOWN,
-                                                             VK_APP1, VK_APP2,  VK_APP3, VK_APP4};
+constexpr KeyMap defaultKeys{VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN, VK_APP1, VK_APP2, VK_APP3, VK_APP4};
 
 } // namespace
-
-InputState::InputState() : slots{} { setDefaults(); }
 
 void InputState::setDefaults()
 {

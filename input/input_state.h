@@ -20,6 +20,9 @@ enum class Action
 
 constexpr std::size_t actionCount = 8;
 
+/// A virtual-key code for each action, 0 for none.
+using KeyMap = std::array<std::uint32_t, actionCount>;
+
 struct ButtonSlot
 {
     std::uint32_t keyCode; ///< virtual-key code, 0 for none
@@ -33,7 +36,7 @@ struct InputState
     std::array<ButtonSlot, actionCount> slots; ///< indexed by Action
 
     /// The default keys, every button up.
-    InputState();
+    InputState() : slots{} { setDefaults(); }
 
     /// Assigns the default keys; the polled states stay.
     void setDefaults();
@@ -44,7 +47,8 @@ struct InputState
     /// Down at the last poll and not at the one before.
     bool pressed(Action action) const;
 
-    /// Takes the hardware buttons for the game, and gives them back.
+    /// Makes the hardware buttons report to the game instead of starting their usual programs,
+    /// until `closeInput`.
     void openInput();
     void closeInput();
 };

@@ -1,18 +1,8 @@
-// Converts pictures to the display's format once, so that every later copy is of like pixels.
+// Converts pictures to the display's format once, so that no later copy has to.
 #include "render/surface.h"
 
-#include "app/window.h"
 #include "render/selection.h"
-
-Surface::Surface(HDC reference, int newWidth, int newHeight) : bitmap{}, width(0), height(0)
-{
-    createBlank(reference, newWidth, newHeight);
-}
-
-Surface::Surface(HDC reference, UINT resource) : bitmap{}, width(0), height(0)
-{
-    loadFromResource(reference, resource);
-}
+#include "resources/module.h"
 
 bool Surface::createBlank(HDC reference, int newWidth, int newHeight)
 {

@@ -48,7 +48,8 @@ public:
     void empty(const RotationState &state, int x, int y)
     {
         for (const CellOffset &cell : state.cells) {
-            *session.playfield.cellAt(x + cell.x, y + cell.y) = {};
+            const int index = (y + cell.y) * wellColumns + x + cell.x;
+            session.playfield.cells[static_cast<std::size_t>(index)] = {};
         }
     }
     bool filled(int column, int row)

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "app/window.h"
 #include "gdi/screen.h"
 #include "render/graphics.h"
 #include "resources/program_resources.h"

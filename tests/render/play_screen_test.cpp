@@ -1,7 +1,6 @@
 // The play screen by its pixels: what is drawn where, and what is left alone.
 #include <gtest/gtest.h>
 
-#include "app/window.h"
 #include "engine/game_session.h"
 #include "gdi/screen.h"
 #include "render/graphics.h"
