@@ -2,6 +2,8 @@
 // the game, whichever is live.
 #include "app/game_app.h"
 
+#include <utility>
+
 #include "app/about.h"
 #include "app/menu_bar.h"
 #include "app/settings.h"
@@ -26,19 +28,15 @@ void createScreenSurface(HWND window)
 
 void loadSounds()
 {
-    struct Sound
-    {
-        SoundEvent event;
-        UINT resource;
-    };
-    constexpr Sound sounds[] = {{SoundEvent::Rotate, IDW_ROTATE},
-                                {SoundEvent::Lock, IDW_LOCK},
-                                {SoundEvent::RowsComplete, IDW_ROWS_COMPLETE},
-                                {SoundEvent::LevelUp, IDW_LEVEL_UP},
-                                {SoundEvent::Shift, IDW_SHIFT}};
+    using enum SoundEvent;
+    constexpr std::pair<SoundEvent, UINT> sounds[] = {{Rotate, IDW_ROTATE},
+                                                      {Lock, IDW_LOCK},
+                                                      {RowsComplete, IDW_ROWS_COMPLETE},
+                                                      {LevelUp, IDW_LEVEL_UP},
+                                                      {Shift, IDW_SHIFT}};
     soundPlayer.open();
-    for (const Sound &sound : sounds) {
-        soundPlayer.load(static_cast<int>(sound.event), sound.resource);
+    for (const auto &[event, resource] : sounds) {
+        soundPlayer.load(static_cast<int>(event), resource);
     }
 }
 
@@ -74,15 +72,10 @@ void GameApp::prepareFirstState(HWND window)
     if (requestedState < AppState::Title || requestedState > AppState::Playing) {
         requestedState = AppState::Title;
     }
-    if (requestedState == AppState::Title) {
-        updateMenuItems(false);
-    } else if (requestedState == AppState::Playing) {
-        updateMenuItems(true);
-        if (session.state == GameState::Running) {
-            session.pause();
-        } else if (session.state == GameState::Ending) {
-            session.continueEnding(window);
-        }
+    if (requestedState == AppState::Playing && session.state == GameState::Running) {
+        session.pause();
+    } else if (requestedState == AppState::Playing && session.state == GameState::Ending) {
+        session.continueEnding(window);
     }
 }
 

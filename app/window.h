@@ -1,4 +1,4 @@
-// The program's one window. WinMain makes it and gives out its messages.
+// The program's one window. WinMain makes it and dispatches its messages.
 #pragma once
 
 #include <windows.h>

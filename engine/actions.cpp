@@ -80,8 +80,8 @@ bool GameSession::hold()
     }
     piece.holdUsed = 1;
     deadline = after(gravityMs);
-    dirty |= dirty::everything; // which includes the move
-    return false;
+    dirty |= dirty::everything;
+    return false; // a move needs no redraw of its own
 }
 
 bool GameSession::shift(int dx)

@@ -36,8 +36,7 @@ bool PieceQueue::addBag()
     using enum TetrominoType;
     std::array bag{J, L, S, O, Z, T, I};
     for (std::size_t i = 0; i < bag.size(); ++i) {
-        // An entry is never swapped with itself. This shuffle is biased; the game has always had
-        // it.
+        // An entry is never swapped with itself: the game's shuffle has always been biased.
         auto j = static_cast<std::size_t>(drawRandom() % (tetrominoCount - 1));
         if (j == i) {
             j = i + 1;
@@ -114,11 +113,6 @@ void Playfield::placePiece(const RotationState &state, int x, int y)
 }
 
 void Playfield::lockPiece() { placePiece(currentState(), piece.x, piece.y); }
-
-const RotationState &Playfield::currentState() const
-{
-    return rotationState(piece.type, piece.rotation);
-}
 
 const RotationState &Playfield::previousState() const
 {

@@ -2,8 +2,8 @@
 // supply of pieces to come.
 //
 // Columns count from the left, rows from the top, both from 0. Rows above the grid (negative) are
-// not stored and always free, so a piece can enter partly above the well. The records are stored
-// byte for byte with the settings, so their layout is fixed.
+// not stored: within the well's columns they are always free, so a piece can enter partly above the
+// well. The records are stored byte for byte with the settings, so their layout is fixed.
 #pragma once
 
 #include <array>
@@ -92,7 +92,7 @@ struct Playfield
     /// Writes the falling piece into the grid where it is.
     void lockPiece();
 
-    const RotationState &currentState() const;
+    const RotationState &currentState() const { return rotationState(piece.type, piece.rotation); }
     /// The falling piece in its rotation at the end of the previous running tick.
     const RotationState &previousState() const;
 

@@ -8,32 +8,23 @@
 
 namespace {
 
-struct Generator
-{
-    char state[128]; // as large as the state of std::rand
-    random_data data;
-
-    explicit Generator(unsigned seed) : state{}, data{}
-    {
-        initstate_r(seed, state, sizeof state, &data);
-    }
-};
-
 /// A function, since the first numbers are drawn before main.
-Generator &generator()
+random_data &generator()
 {
-    static Generator only(1);
-    return only;
+    static char state[128]; // as large as the state of std::rand
+    static random_data data;
+    [[maybe_unused]] static const int result = initstate_r(1, state, sizeof state, &data);
+    return data;
 }
 
 } // namespace
 
-void seedRandom(unsigned seed) { srandom_r(seed, &generator().data); }
+void seedRandom(unsigned seed) { srandom_r(seed, &generator()); }
 
 int drawRandom()
 {
     std::int32_t number = 0;
-    random_r(&generator().data, &number);
+    random_r(&generator(), &number);
     return number;
 }
 

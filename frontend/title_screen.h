@@ -16,8 +16,7 @@ enum class TitlePage : std::int32_t
     HighScores = 1,
 };
 
-/// What a tap on the title screen hits: mode button i is ModeBase + i, level button j LevelBase +
-/// j.
+/// What a tap hits. Mode button i is ModeBase + i, level button j is LevelBase + j.
 namespace TitleHit {
 constexpr int None = 0;
 constexpr int Play = 1;

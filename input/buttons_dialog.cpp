@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 
 #include <aygshell.h>
 
@@ -19,12 +20,12 @@ constexpr std::array<std::uint32_t, 2> ignoredKeys{91, 131};
 struct ButtonCaptureState
 {
     std::uint32_t capturedKey; ///< the key accepted for the action
-    bool keyAccepted;          ///< there is one, to be assigned
+    bool keyAccepted;          ///< a key was accepted and will be assigned
     bool capturing;            ///< the page "Please press a button" waits for a key
-    std::int32_t actionIndex;  ///< the action whose key is asked for
+    std::int32_t actionIndex;  ///< the action whose key is being changed
     bool conflict;             ///< the key just pressed belongs to another action
     std::uint32_t conflictKey; ///< that key
-    InputState *input;         ///< whose keys are edited
+    InputState *input;         ///< the keys that are edited
 };
 
 ButtonCaptureState capture{};
@@ -44,20 +45,16 @@ constexpr KeyName namedKeys[] = {
     {VK_APP4, u"<Button D>"},
 };
 
-using KeyNameText = std::array<WCHAR, 32>;
-
-KeyNameText keyName(std::uint32_t keyCode)
+std::u16string keyName(std::uint32_t keyCode)
 {
     const std::uint32_t code = LOWORD(keyCode);
-    KeyNameText text{};
     const auto *named = std::ranges::find(namedKeys, code, &KeyName::code);
     if (named != std::end(namedKeys)) {
-        lstrcpynW(text.data(), named->text, static_cast<int>(text.size()));
-    } else if (code >= 32 && code <= 126) {
-        wsprintfW(text.data(), u"<%c>", static_cast<int>(code));
-    } else {
-        wsprintfW(text.data(), u"<Key %d>", static_cast<int>(code));
+        return named->text;
     }
+    WCHAR text[32];
+    const bool printable = code >= 32 && code <= 126;
+    wsprintfW(text, printable ? u"<%c>" : u"<Key %d>", static_cast<int>(code));
     return text;
 }
 
@@ -65,7 +62,7 @@ void refreshKeyNames(HWND page)
 {
     for (std::size_t i = 0; i < actionCount; ++i) {
         SetDlgItemTextW(page, IDC_KEY_NAME_0 + static_cast<int>(i),
-                        keyName(capture.input->slots[i].keyCode).data());
+                        keyName(capture.input->slots[i].keyCode).c_str());
     }
 }
 

@@ -27,11 +27,6 @@ void InputState::poll()
     }
 }
 
-bool InputState::held(Action action) const
-{
-    return slots[static_cast<std::size_t>(action)].down != 0;
-}
-
 bool InputState::pressed(Action action) const
 {
     const ButtonSlot &slot = slots[static_cast<std::size_t>(action)];

@@ -15,7 +15,7 @@ enum class Action
     Pause,
     Hold,
     RotateLeft,
-    RotateRight,
+    RotateRight
 };
 
 constexpr std::size_t actionCount = 8;
@@ -43,7 +43,7 @@ struct InputState
     /// Reads the eight keys. A press that began and ended since the last poll counts as down.
     void poll();
     /// Down at the last poll.
-    bool held(Action action) const;
+    bool held(Action action) const { return slots[static_cast<std::size_t>(action)].down != 0; }
     /// Down at the last poll and not at the one before.
     bool pressed(Action action) const;
 

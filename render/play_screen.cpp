@@ -45,20 +45,18 @@ void drawTile(const GameSession &session, int x, int y, int column, int look)
            column * session.cellWidth, look * session.cellHeight, SRCCOPY);
 }
 
-int cellX(const GameSession &session, int column)
+/// The upper left corner of a cell of the well.
+POINT cornerOf(const GameSession &session, int column, int row)
 {
-    return session.boardLeft + session.cellWidth * column;
-}
-
-int cellY(const GameSession &session, int row)
-{
-    return session.boardTop + session.cellHeight * row;
+    return {session.boardLeft + session.cellWidth * column,
+            session.boardTop + session.cellHeight * row};
 }
 
 void drawCell(const GameSession &session, int column, int row, const Cell &cell, int look)
 {
     if (row >= 0 && cell.occupied != 0) {
-        drawTile(session, cellX(session, column), cellY(session, row), cell.colour, look);
+        const auto [x, y] = cornerOf(session, column, row);
+        drawTile(session, x, y, cell.colour, look);
     }
 }
 
@@ -66,8 +64,7 @@ void drawCell(const GameSession &session, int column, int row, const Cell &cell,
 void eraseCell(const GameSession &session, int column, int row)
 {
     if (row >= 0) {
-        const int x = cellX(session, column);
-        const int y = cellY(session, row);
+        const auto [x, y] = cornerOf(session, column, row);
         BitBlt(session.backDC, x, y, session.cellWidth, session.cellHeight, session.tileDC, x, y,
                SRCCOPY);
     }
@@ -106,9 +103,10 @@ void drawGhost(const GameSession &session, const RotationState &state, int x, in
     const int width = session.cellWidth;
     const int height = session.cellHeight;
     for (const CellOffset &offset : state.cells) {
-        TransparentImage(session.backDC, cellX(session, x + offset.x), cellY(session, y + offset.y),
-                         width, height, session.tileDC, static_cast<int>(state.type) * width,
-                         ghostLook * height, width, height, RGB(0, 0, 0));
+        const auto [left, top] = cornerOf(session, x + offset.x, y + offset.y);
+        TransparentImage(session.backDC, left, top, width, height, session.tileDC,
+                         static_cast<int>(state.type) * width, ghostLook * height, width, height,
+                         RGB(0, 0, 0));
     }
 }
 
