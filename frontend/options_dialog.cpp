@@ -33,10 +33,8 @@ LRESULT selectionOf(HWND dialog, int id)
 void showOptions(HWND dialog)
 {
     const std::int32_t length = edited->queueLength;
-    fillBox(dialog, IDC_QUEUE, {u"Off", u"1 tetramino", u"6 tetraminoes"},
-            length == 0   ? 0
-            : length == 1 ? 1
-                          : 2);
+    const int queueItem = length == 0 || length == 1 ? length : 2;
+    fillBox(dialog, IDC_QUEUE, {u"Off", u"1 tetramino", u"6 tetraminoes"}, queueItem);
     fillBox(dialog, IDC_HOLD, {u"Off", u"On"}, edited->holdEnabled != 0);
     fillBox(dialog, IDC_GHOST, {u"Off", u"On"}, edited->ghostEnabled != 0);
     fillBox(dialog, IDC_SOUND, {u"Off", u"On"}, edited->soundEnabled != 0);
