@@ -1,5 +1,5 @@
-// Any bytes as the registry's file: they are read or refused, and what was read is written in a
-// form that reads, and writes, the same.
+// Takes any bytes as the registry's file. They are refused, or they are read, written, and read
+// back the same.
 #include <cstdlib>
 
 #include "registry/text.h"

@@ -29,7 +29,6 @@ TEST(TitleScreen, KnowsWhatATapHits)
     EXPECT_EQ(screen.hitTest(118, 120), LeaveHighScores);
 }
 
-/// The pages on a display without a window.
 TEST(TitleScreen, TakesTurnsAndDrawsTheSelection)
 {
     SwitchedOn handheld(programResources());
