@@ -24,10 +24,8 @@ void createStatsFont() { statsFont = createBoldFont(statsFontHeight); }
 
 void deleteStatsFont()
 {
-    if (statsFont) {
-        DeleteObject(statsFont);
-        statsFont = {};
-    }
+    DeleteObject(statsFont);
+    statsFont = {};
 }
 
 Surface *loadPicture(HDC reference, UINT resource, int width, int height)

@@ -34,10 +34,3 @@ bool Surface::loadFromResource(HDC reference, UINT resource)
     DeleteObject(loaded);
     return static_cast<bool>(bitmap);
 }
-
-void Surface::release()
-{
-    if (bitmap) {
-        DeleteObject(bitmap);
-    }
-}

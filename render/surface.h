@@ -21,6 +21,6 @@ struct Surface
 
     bool createBlank(HDC reference, int newWidth, int newHeight);
     bool loadFromResource(HDC reference, UINT resource);
-    /// Deletes the bitmap. The surface itself is deleted next.
-    void release();
+    /// Deletes the bitmap, if there is one. The surface itself is deleted next.
+    void release() { DeleteObject(bitmap); }
 };
