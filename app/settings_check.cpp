@@ -105,7 +105,8 @@ Fault faultInPiece(const AppRecord &app)
         const int column = piece.x + cell.x;
         return column >= 0 && column < wellColumns && piece.y + cell.y < wellRows;
     };
-    if (std::ranges::all_of(app.session.playfield.currentState().cells, inside)) {
+    const auto &cells = app.session.playfield.currentState().cells;
+    if (std::all_of(cells.begin(), cells.end(), inside)) {
         return {};
     }
     return "session.playfield.piece is outside of the well, at column " + std::to_string(piece.x) +
@@ -136,7 +137,7 @@ Fault faultInTables(const AppRecord &app)
         }
         for (std::size_t row = 0; row < table.entries.size(); ++row) {
             const auto &text = table.entries[row].name;
-            if (std::ranges::find(text, u'\0') == text.end()) {
+            if (std::find(text.begin(), text.end(), u'\0') == text.end()) {
                 return name + element(".entries", row) + ".name has no end";
             }
         }

@@ -53,9 +53,8 @@ bool GameSession::softDropStep()
 
 bool GameSession::hardDrop()
 {
-    ActivePiece &piece = playfield.piece;
-    while (playfield.fits(playfield.currentState(), piece.x, piece.y + 1)) {
-        ++piece.y;
+    while (playfield.pieceFits(0, 1)) {
+        ++playfield.piece.y;
         score += 2;
     }
     phase = Phase::Landed;
@@ -86,11 +85,10 @@ bool GameSession::hold()
 
 bool GameSession::shift(int dx)
 {
-    ActivePiece &piece = playfield.piece;
-    if (!waitOver(shiftNext) || !playfield.fits(playfield.currentState(), piece.x + dx, piece.y)) {
+    if (!waitOver(shiftNext) || !playfield.pieceFits(dx, 0)) {
         return false;
     }
-    piece.x += dx;
+    playfield.piece.x += dx;
     shiftNext = after(shiftRepeating != 0 ? timing::shiftRepeat : timing::firstShiftRepeat);
     shiftRepeating = 1;
     soundEvent = SoundEvent::Shift;

@@ -181,10 +181,9 @@ bool GameSession::finishClear()
 /// Brings the next piece in. When it does not fit, the game is decided and the result is false.
 bool GameSession::spawnPiece()
 {
-    ActivePiece &piece = playfield.piece;
     dirty |= dirty::well | dirty::queue;
-    piece.takeNext();
-    if (!playfield.fits(playfield.currentState(), piece.x, piece.y)) {
+    playfield.piece.takeNext();
+    if (!playfield.pieceFits(0, 0)) {
         soundEvent = SoundEvent::Lock;
         decideGame();
         return false;
@@ -198,8 +197,7 @@ bool GameSession::spawnPiece()
 /// Moving it on the ground does not restart its lock delay.
 void GameSession::testLanding()
 {
-    const ActivePiece &piece = playfield.piece;
-    const bool canFall = playfield.fits(playfield.currentState(), piece.x, piece.y + 1);
+    const bool canFall = playfield.pieceFits(0, 1);
     if (phase == Phase::Falling && !canFall) {
         phase = Phase::Landed;
         deadline = after(lockDelayMs);
@@ -225,11 +223,10 @@ bool GameSession::stepUltraClock()
 
 bool GameSession::stepDown()
 {
-    ActivePiece &piece = playfield.piece;
-    if (!playfield.fits(playfield.currentState(), piece.x, piece.y + 1)) {
+    if (!playfield.pieceFits(0, 1)) {
         return false;
     }
-    ++piece.y;
+    ++playfield.piece.y;
     deadline = after(gravityMs);
     softDropNext = after(timing::softDropStep);
     return true;

@@ -43,7 +43,7 @@ bool PieceQueue::addBag()
         }
         std::swap(bag[i], bag[j]);
     }
-    std::ranges::copy(bag, entries.begin() + count);
+    std::copy(bag.begin(), bag.end(), entries.begin() + count);
     count += tetrominoCount;
     return true;
 }
@@ -94,7 +94,7 @@ void Playfield::setCell(int column, int row, TetrominoType colour)
 
 bool Playfield::fits(const RotationState &state, int x, int y) const
 {
-    return std::ranges::all_of(state.cells, [&](const CellOffset &offset) {
+    return std::all_of(state.cells.begin(), state.cells.end(), [&](const CellOffset &offset) {
         const int column = x + offset.x;
         const int row = y + offset.y;
         if (row < 0) {

@@ -87,6 +87,11 @@ struct Playfield
 
     /// Whether all four cells of a piece at (x, y) are free.
     bool fits(const RotationState &state, int x, int y) const;
+    /// Whether the falling piece fits when it is moved by these columns and rows.
+    bool pieceFits(int columns, int rows) const
+    {
+        return fits(currentState(), piece.x + columns, piece.y + rows);
+    }
     /// Writes the four cells of a piece into the grid; cells outside it are lost.
     void placePiece(const RotationState &state, int x, int y);
     /// Writes the falling piece into the grid where it is.

@@ -39,9 +39,9 @@ void drawOutlinedText(HDC dc, const RECT &rect, LPCWSTR text, UINT alignment, CO
     for (const POINT &step : neighbours) {
         RECT moved = rect;
         OffsetRect(&moved, step.x, step.y);
-        drawLine(dc, moved, text, alignment, outline);
+        drawText(dc, moved, text, alignment, outline);
     }
-    drawLine(dc, rect, text, alignment, colour);
+    drawText(dc, rect, text, alignment, colour);
 }
 
 void drawString(HDC dc, const RECT &rect, UINT stringId, UINT alignment)

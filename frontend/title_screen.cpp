@@ -45,7 +45,7 @@ void drawButton(HDC dc, const RECT &button, LPCWSTR label, bool selected)
         const Selection pen(dc, GetStockObject(WHITE_PEN));
         Rectangle(dc, button.left, button.top, button.right, button.bottom);
     }
-    drawLine(dc, button, label, DT_CENTER, selected ? RGB(0, 0, 0) : RGB(255, 255, 255));
+    drawText(dc, button, label, DT_CENTER, selected ? RGB(0, 0, 0) : RGB(255, 255, 255));
 }
 
 void drawTitlePage(const TitleScreen &screen, HDC source, HDC target)

@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         const std::string written = registry::writeText(*hive);
         const auto second = registry::readText(std::as_bytes(std::span(written)));
         const auto *again = std::get_if<registry::Hive>(&second);
-        if (again == nullptr || registry::writeText(*again) != written) {
+        if (!again || registry::writeText(*again) != written) {
             std::abort();
         }
     }

@@ -48,7 +48,8 @@ constexpr KeyName namedKeys[] = {
 std::u16string keyName(std::uint32_t keyCode)
 {
     const std::uint32_t code = LOWORD(keyCode);
-    const auto *named = std::ranges::find(namedKeys, code, &KeyName::code);
+    const auto *named = std::find_if(std::begin(namedKeys), std::end(namedKeys),
+                                     [code](const KeyName &key) { return key.code == code; });
     if (named != std::end(namedKeys)) {
         return named->text;
     }
@@ -103,7 +104,7 @@ void resolveConflict(HWND page)
 
 void considerKey(HWND page, std::uint32_t key)
 {
-    if (std::ranges::find(ignoredKeys, key) != ignoredKeys.end()) {
+    if (std::find(ignoredKeys.begin(), ignoredKeys.end(), key) != ignoredKeys.end()) {
         return;
     }
     if (assignedElsewhere(key)) {

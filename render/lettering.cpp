@@ -25,7 +25,7 @@ BoldFont::~BoldFont()
     DeleteObject(font_);
 }
 
-void drawLine(HDC dc, RECT rect, LPCWSTR text, UINT alignment, COLORREF colour)
+void drawText(HDC dc, RECT rect, LPCWSTR text, UINT alignment, COLORREF colour)
 {
     SetTextColor(dc, colour);
     DrawTextW(dc, text, -1, &rect,

@@ -24,4 +24,4 @@ private:
 
 /// Draws one line of text in the selected font: DT_LEFT, DT_CENTER or DT_RIGHT in `rect`, centred
 /// vertically, not clipped to it, '&' as itself.
-void drawLine(HDC dc, RECT rect, LPCWSTR text, UINT alignment, COLORREF colour);
+void drawText(HDC dc, RECT rect, LPCWSTR text, UINT alignment, COLORREF colour);

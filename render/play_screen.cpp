@@ -217,22 +217,6 @@ void drawWell(const GameSession &session)
     }
 }
 
-void drawValues(const GameSession &session)
-{
-    if ((session.dirty & dirty::lines) != 0) {
-        drawLines(session);
-    }
-    if ((session.dirty & dirty::score) != 0) {
-        drawScore(session);
-    }
-    if ((session.dirty & dirty::level) != 0) {
-        drawLevel(session);
-    }
-    if ((session.dirty & dirty::time) != 0) {
-        drawTime(session);
-    }
-}
-
 void compose(const GameSession &session)
 {
     const bool paused = session.state == GameState::Paused;

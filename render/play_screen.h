@@ -14,14 +14,8 @@ constexpr RECT boardRect{22, 11, 132, 231};
 /// dirty: then the whole backdrop has just been put back.
 void eraseRect(const GameSession &session, const RECT &rect);
 
-// The values along the bottom, each after erasing the old one.
-
-void drawScore(const GameSession &session);
-void drawLevel(const GameSession &session);
-void drawLines(const GameSession &session);
-/// The time left in the Ultra modes; draws nothing in the others.
-void drawTime(const GameSession &session);
-
+/// Redraws the dirty values along the bottom.
+void drawValues(const GameSession &session);
 /// PAUSED over an erased well.
 void drawPausedOverlay(const GameSession &session);
 /// GAME OVER or OUT OF TIME! over the well as it is.

@@ -26,7 +26,7 @@ void drawString(const GameSession &session, const RECT &rect, LPCWSTR text, UINT
     eraseRect(session, rect);
     const Selection font(session.backDC, statsFont);
     SetBkMode(session.backDC, TRANSPARENT);
-    drawLine(session.backDC, rect, text, alignment, colour);
+    drawText(session.backDC, rect, text, alignment, colour);
 }
 
 void drawNumber(const GameSession &session, const RECT &rect, int value, UINT alignment,
@@ -35,17 +35,6 @@ void drawNumber(const GameSession &session, const RECT &rect, int value, UINT al
     WCHAR text[33];
     drawString(session, rect, _itow(value, text, 10), alignment, colour);
 }
-
-/// One line of a message: white, with its black shadow 3 pixels below and to the right.
-void drawShadowedText(const GameSession &session, RECT rect, LPCWSTR text)
-{
-    OffsetRect(&rect, 1, 1);
-    drawLine(session.backDC, rect, text, DT_CENTER, black);
-    OffsetRect(&rect, -3, -3);
-    drawLine(session.backDC, rect, text, DT_CENTER, white);
-}
-
-} // namespace
 
 void drawScore(const GameSession &session)
 {
@@ -62,6 +51,7 @@ void drawLines(const GameSession &session)
     drawNumber(session, linesRect, session.lines, DT_CENTER, white);
 }
 
+/// Draws nothing outside the Ultra modes.
 void drawTime(const GameSession &session)
 {
     if (!session.isUltra()) {
@@ -71,6 +61,33 @@ void drawTime(const GameSession &session)
     WCHAR text[33];
     wsprintfW(text, u"%d:%02d", seconds / 60, seconds % 60);
     drawString(session, timeRect, text, DT_CENTER, white);
+}
+
+/// One line of a message: white, with its black shadow 3 pixels below and to the right.
+void drawShadowedText(const GameSession &session, RECT rect, LPCWSTR text)
+{
+    OffsetRect(&rect, 1, 1);
+    drawText(session.backDC, rect, text, DT_CENTER, black);
+    OffsetRect(&rect, -3, -3);
+    drawText(session.backDC, rect, text, DT_CENTER, white);
+}
+
+} // namespace
+
+void drawValues(const GameSession &session)
+{
+    if ((session.dirty & dirty::lines) != 0) {
+        drawLines(session);
+    }
+    if ((session.dirty & dirty::score) != 0) {
+        drawScore(session);
+    }
+    if ((session.dirty & dirty::level) != 0) {
+        drawLevel(session);
+    }
+    if ((session.dirty & dirty::time) != 0) {
+        drawTime(session);
+    }
 }
 
 void drawPausedOverlay(const GameSession &session)
