@@ -1,9 +1,8 @@
-// What a tap on the title page hits, and how its pages take turns.
+// What a tap on the title page hits, and how its pages change.
 #include "frontend/title_screen.h"
 
 #include <gtest/gtest.h>
 
-#include "app/window.h"
 #include "gdi/inventory.h"
 #include "render/graphics.h"
 #include "resources/program_resources.h"
@@ -14,26 +13,23 @@ namespace {
 
 TEST(TitleScreen, KnowsWhatATapHits)
 {
+    using namespace TitleHit;
     const int cases[][3] = {
-        {118, 120, 10}, {119, 120, 0},
-        {120, 120, 11}, {224, 120, 0},
-        {15, 135, 12},  {223, 153, 13},
-        {50, 134, 0},   {34, 165, 20},
-        {35, 170, 0},   {36, 183, 21},
-        {223, 170, 29}, {224, 170, 0},
-        {50, 184, 0},   {70, 200, TitleHit::Play},
-        {170, 200, 0},  {169, 229, TitleHit::Play},
-        {100, 230, 0},  {100, 20, 0},
+        {118, 120, ModeBase},     {119, 120, None},          {120, 120, ModeBase + 1},
+        {224, 120, None},         {15, 135, ModeBase + 2},   {223, 153, ModeBase + 3},
+        {50, 134, None},          {34, 165, LevelBase},      {35, 170, None},
+        {36, 183, LevelBase + 1}, {223, 170, LevelBase + 9}, {224, 170, None},
+        {50, 184, None},          {70, 200, Play},           {170, 200, None},
+        {169, 229, Play},         {100, 230, None},          {100, 20, None},
     };
     TitleScreen screen{};
     for (const auto &[x, y, hit] : cases) {
         EXPECT_EQ(screen.hitTest(x, y), hit) << x << ", " << y;
     }
     screen.page = TitlePage::HighScores;
-    EXPECT_EQ(screen.hitTest(118, 120), TitleHit::LeaveHighScores);
+    EXPECT_EQ(screen.hitTest(118, 120), LeaveHighScores);
 }
 
-/// The pages on a display without a window.
 TEST(TitleScreen, TakesTurnsAndDrawsTheSelection)
 {
     SwitchedOn handheld(programResources());

@@ -1,7 +1,6 @@
 // The play screen by its pixels: what is drawn where, and what is left alone.
 #include <gtest/gtest.h>
 
-#include "app/window.h"
 #include "engine/game_session.h"
 #include "gdi/inventory.h"
 #include "render/graphics.h"
@@ -58,7 +57,7 @@ struct PlayScreen : testing::Test
         DeleteDC(dc);
         return colour;
     }
-    /// Whether the tile of a kind and look stands with its corner at a point.
+    /// Whether a tile of this kind and look has its corner at a point.
     static bool tileAt(int x, int y, TetrominoType type, int look)
     {
         for (int i = 0; i < 11; ++i) {
@@ -116,7 +115,7 @@ TEST_F(PlayScreen, MovesThePieceWithoutTouchingTheRest)
 {
     paint(dirty::everything);
     InputState input;
-    session.tick(HWND{}, input);         // after which it knows what was drawn
+    session.tick(HWND{}, input);         // which remembers where the piece was drawn
     session.playfield.setCell(0, 19, I); // not marked: must not show
     put(T, 4, 6, 1);
     paint(dirty::movedPiece);

@@ -1,9 +1,16 @@
-// Finds dialog templates in the program's resources and runs them.
-#include "app/modal_dialog.h"
+// Finds resources by their numbers.
+#include "resources/module.h"
 
 #include <aygshell.h>
 
-#include "app/window.h"
+HINSTANCE moduleInstance{};
+
+std::u16string loadText(UINT id)
+{
+    WCHAR text[256];
+    const int length = LoadStringW(moduleInstance, id, text, 256);
+    return {text, static_cast<std::size_t>(length)};
+}
 
 INT_PTR runDialog(UINT id, HWND owner, DLGPROC procedure, LPARAM parameter)
 {
