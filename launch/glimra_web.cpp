@@ -1,8 +1,8 @@
 // The game in a browser page.
 #include <cstdlib>
 #include <cstring>
-#include <string>
-#include <variant>
+#include <span>
+#include <string_view>
 
 #include <windows.h>
 
@@ -15,11 +15,10 @@
 /// or null. The caller's text is freed, too.
 extern "C" char *faultInStore(char *text)
 {
-    const auto content = registry::readText(std::as_bytes(std::span(std::string_view(text))));
+    registry::Hive hive;
+    const auto problem = registry::readText(std::as_bytes(std::span(std::string_view(text))), hive);
     std::free(text);
-    const auto *damage = std::get_if<registry::Damage>(&content);
-    return damage ? strdup(("line " + std::to_string(damage->line) + ": " + damage->reason).c_str())
-                  : nullptr;
+    return problem ? strdup(problem->c_str()) : nullptr;
 }
 
 int main()

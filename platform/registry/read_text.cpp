@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <optional>
 #include <string_view>
+#include <utility>
 
 #include "base/utf.h"
 #include "winreg.h"
@@ -44,29 +44,34 @@ std::vector<BYTE> textData(std::u16string_view text)
     return data;
 }
 
+std::string problemAt(std::size_t line, std::string_view reason)
+{
+    return "line " + std::to_string(line) + ": " + std::string(reason);
+}
+
 class Reader
 {
 public:
     explicit Reader(std::u16string_view text) : text_(text) {}
 
-    std::variant<Hive, Damage> read()
+    std::optional<std::string> read(Hive &hive)
     {
-        readHeader();
-        while (!damage_ && !atEnd()) {
-            readLine();
+        bool good = readHeader();
+        while (good && !atEnd()) {
+            good = readLine();
         }
-        if (damage_) {
-            return std::move(*damage_);
+        if (good) {
+            hive = std::move(hive_);
         }
-        return std::move(hive_);
+        return problem_;
     }
 
 private:
-    // Every step returns false when it failed, with the damage noted.
+    // Every step returns false when it failed, and has then set the problem.
 
-    bool fail(std::string reason)
+    bool fail(std::string_view reason)
     {
-        damage_ = Damage{line_, std::move(reason)};
+        problem_ = problemAt(line_, reason);
         return false;
     }
 
@@ -315,11 +320,11 @@ private:
     Hive hive_;
     Key deleted_;        ///< takes the values listed below a key that is being deleted
     Key *key_ = nullptr; ///< the key whose values follow
-    std::optional<Damage> damage_;
+    std::optional<std::string> problem_;
 };
 
-/// The file's text, whatever its encoding. REGEDIT4 files count as Latin-1.
-std::optional<Damage> decode(std::string_view bytes, std::u16string &text)
+/// Appends the file's text, whatever its encoding. REGEDIT4 files count as Latin-1.
+std::optional<std::string> decode(std::string_view bytes, std::u16string &text)
 {
     const auto append = [&text](unsigned unit) { text += static_cast<char16_t>(unit); };
     const auto byteAt = [&bytes](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
@@ -340,20 +345,18 @@ std::optional<Damage> decode(std::string_view bytes, std::u16string &text)
     if (!reason) {
         return std::nullopt;
     }
-    const auto lineEnds = std::count(std::begin(text), std::end(text), u'\n');
-    return Damage{static_cast<std::size_t>(lineEnds) + 1, reason};
+    const auto lineEnds = std::count(text.begin(), text.end(), u'\n');
+    return problemAt(static_cast<std::size_t>(lineEnds) + 1, reason);
 }
 
 } // namespace
 
-std::variant<Hive, Damage> readText(std::span<const std::byte> bytes)
+std::optional<std::string> readText(std::span<const std::byte> bytes, Hive &hive)
 {
     std::u16string text;
     const auto *start = reinterpret_cast<const char *>(bytes.data());
-    if (std::optional<Damage> damage = decode(std::string_view(start, bytes.size()), text)) {
-        return std::move(*damage);
-    }
-    return Reader(text).read();
+    const auto problem = decode(std::string_view(start, bytes.size()), text);
+    return problem ? problem : Reader(text).read(hive);
 }
 
 } // namespace registry

@@ -5,22 +5,17 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
-#include <variant>
 
 #include "registry/hive.h"
 
 namespace registry {
 
-/// Why a file cannot be read, and in which line, counted from 1.
-struct Damage
-{
-    std::size_t line = 0;
-    std::string reason;
-};
-
-[[nodiscard]] std::variant<Hive, Damage> readText(std::span<const std::byte> bytes);
+/// Replaces `hive` by what the file holds. When the file cannot be read, `hive` stays as it was,
+/// and the result is the problem: "line N: REASON", N counted from 1.
+[[nodiscard]] std::optional<std::string> readText(std::span<const std::byte> bytes, Hive &hive);
 std::string writeText(const Hive &hive);
 
 } // namespace registry

@@ -40,14 +40,11 @@ void load(Registry &target)
     if (!bytes) {
         return;
     }
-    std::variant<Hive, registry::Damage> content = registry::readText(*bytes);
-    if (const auto *damage = std::get_if<registry::Damage>(&content)) {
-        host.report("registry.reg line " + std::to_string(damage->line) + ": " + damage->reason +
-                    "; it is put aside as registry.reg.bad");
-        host.setStoreAside(); // or the host says why not
+    if (const auto problem = registry::readText(*bytes, target.hive)) {
+        host.report("registry.reg " + *problem + "; it is put aside as registry.reg.bad");
+        host.setStoreAside(); // a failure of this is the host's to report
         return;
     }
-    target.hive = std::move(std::get<Hive>(content));
     target.stored.assign(reinterpret_cast<const char *>(bytes->data()), bytes->size());
 }
 
