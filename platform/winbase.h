@@ -68,7 +68,7 @@ BOOL CreateProcessW(LPCWSTR program, LPCWSTR commandLine, SECURITY_ATTRIBUTES *p
 int lstrlenW(LPCWSTR text);
 /// Copies a terminated text, at most `capacity` - 1 code units of it, and terminates the copy.
 LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int capacity);
-/// Writes `value` in `radix` 2 to 36 into `buffer` (33 code units suffice) and returns it.
+/// Writes `value` in decimal into `buffer` (12 code units suffice) and returns it. `radix` is 10.
 LPWSTR _itow(int value, LPWSTR buffer, int radix);
 /// Reads a decimal number as the platform's library does: leading white space, a sign, digits;
 /// stops at the first other character; 0 when there is no digit, saturated when too large.
@@ -76,27 +76,17 @@ int _wtoi(LPCWSTR text);
 
 namespace handheld {
 
-/// What a format takes for one of its % signs: a number or a text.
-struct FormatValue
-{
-    long long number = 0;
-    LPCWSTR text = nullptr;
-
-    constexpr FormatValue(int value) : number(value) {}
-    constexpr FormatValue(unsigned value) : number(value) {}
-    constexpr FormatValue(LPCWSTR value) : text(value) {}
-};
 /// wsprintfW with its values in a list.
-int formatText(LPWSTR buffer, LPCWSTR format, std::initializer_list<FormatValue> values);
+int formatText(LPWSTR buffer, LPCWSTR format, std::initializer_list<int> values);
 
 } // namespace handheld
 
-/// Formats into `buffer`, which must hold 1,024 code units at most and enough for the result.
-/// Knows %d, %u, %c, %s (UTF-16), %%, with a width and leading zeros ("%02d"); ends at a % sign
-/// that it does not know or has no value for. Returns the number of code units written, without
-/// the terminator.
+/// Formats numbers into `buffer`, which must have room for the result, at most 1,024 code units
+/// with the terminator. Knows %d, %c and %%, with a width and leading zeros ("%02d"); ends at a %
+/// sign that it does not know or has no value for. Returns the number of code units written,
+/// without the terminator.
 template <class... Values>
 int wsprintfW(LPWSTR buffer, LPCWSTR format, Values... values)
 {
-    return handheld::formatText(buffer, format, {handheld::FormatValue(values)...});
+    return handheld::formatText(buffer, format, {static_cast<int>(values)...});
 }

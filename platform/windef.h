@@ -53,15 +53,12 @@ using HKEY = Handle<struct RegistryKeyKind>;
 using HICON = Handle<struct IconKind>;
 using HCURSOR = Handle<struct CursorKind>;
 
-/// Any object that SelectObject accepts. Bitmaps, brushes, pens and fonts convert to it.
+/// Any object that SelectObject accepts. Bitmaps, brushes and fonts convert to it.
 using HGDIOBJ = Handle<struct GdiObjectKind>;
 struct HBITMAP : HGDIOBJ
 {
 };
 struct HBRUSH : HGDIOBJ
-{
-};
-struct HPEN : HGDIOBJ
 {
 };
 struct HFONT : HGDIOBJ

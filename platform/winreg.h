@@ -1,14 +1,13 @@
 // The registry: named values under keys, kept from one run to the next.
 //
 // A key that was written is stored as a whole when it is closed, so a save is all or nothing.
-// Where the store cannot be written, the values live on in memory and the functions succeed;
-// the host tells the user once. The predefined keys only serve to open others.
+// Where the store cannot be written, the values stay in memory and the functions succeed; the host
+// tells the user once.
 #pragma once
 
 #include "windef.h"
 
-constexpr HKEY HKEY_CLASSES_ROOT{0x80000000U};
-constexpr HKEY HKEY_CURRENT_USER{0x80000001U};
+/// Open from the start, to open others below it; it has no values and is not closed.
 constexpr HKEY HKEY_LOCAL_MACHINE{0x80000002U};
 
 constexpr LONG ERROR_SUCCESS = 0;
@@ -26,18 +25,18 @@ constexpr DWORD KEY_ALL_ACCESS = 0x000F003F;
 
 struct SECURITY_ATTRIBUTES;
 
-/// Opens `path` (names parted by backslashes, upper and lower case alike) below `key`, making it
-/// when it does not exist; `disposition`, if given, tells which. Class, options, access and
-/// attributes are not looked at. ERROR_SUCCESS or an error code.
+/// Opens `path` (names separated by backslashes, in upper or lower case) below `key`, and creates
+/// it when it does not exist; `disposition`, if given, says which. Class, options, access and
+/// attributes are ignored. ERROR_SUCCESS or an error code.
 LONG RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR className, DWORD options,
                      DWORD access, SECURITY_ATTRIBUTES *attributes, HKEY *result,
                      DWORD *disposition);
 /// Opens an existing key; ERROR_FILE_NOT_FOUND when there is none.
 LONG RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD options, DWORD access, HKEY *result);
-/// Stores what was changed through this handle, and closes the key.
+/// Closes the key; saves the store if a value was changed through this handle.
 LONG RegCloseKey(HKEY key);
 /// Reads a value of any type. `size` is the buffer's size in bytes and becomes the value's;
-/// with a null buffer only the size is told. ERROR_MORE_DATA when the buffer is too small, and
+/// with a null buffer only the size is reported. ERROR_MORE_DATA when the buffer is too small, and
 /// then nothing is copied.
 LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD *reserved, DWORD *type, BYTE *data,
                       DWORD *size);

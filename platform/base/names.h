@@ -1,9 +1,15 @@
-// Comparing the names of classes and resources.
+// Comparing names of classes, resources and registry keys.
 #pragma once
 
 #include <string_view>
 
 namespace base {
+
+/// In lower case; only A to Z have one.
+constexpr char16_t folded(char16_t unit)
+{
+    return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
+}
 
 /// Whether two names are the same without regard to the case of A to Z.
 bool sameName(std::u16string_view a, std::u16string_view b);

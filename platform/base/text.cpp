@@ -9,84 +9,46 @@
 
 namespace {
 
+constexpr std::size_t longestText = 1023; ///< code units that wsprintfW writes, without terminator
+
 bool isDigit(WCHAR unit) { return unit >= u'0' && unit <= u'9'; }
 
-/// Writes a result of limited length, leaving room for the terminator.
-class Writer
+/// Writes the decimal digits of `value`, with its sign, and returns the end.
+LPWSTR putDigits(int value, LPWSTR target)
 {
-public:
-    explicit Writer(LPWSTR buffer) : buffer_(buffer) {}
-
-    void put(WCHAR unit)
-    {
-        if (length_ < capacity - 1) {
-            buffer_[length_++] = unit;
-        }
-    }
-    void put(std::u16string_view text, int width, WCHAR fill)
-    {
-        for (int i = static_cast<int>(text.size()); i < width; ++i) {
-            put(fill);
-        }
-        for (const WCHAR unit : text) {
-            put(unit);
-        }
-    }
-    int finish()
-    {
-        buffer_[length_] = 0;
-        return length_;
-    }
-
-private:
-    static constexpr int capacity = 1024;
-    LPWSTR buffer_;
-    int length_ = 0;
-};
-
-void putNumber(Writer &out, long long value, int width, bool zeros)
-{
-    if (zeros && value < 0) {
-        out.put(u'-');
-        value = -value;
-        --width;
-    }
-    std::array<char, 24> digits;
+    std::array<char, 12> digits;
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-    const std::u16string number(digits.data(), end);
-    out.put(number, width, zeros ? u'0' : u' ');
+    return std::copy(digits.data(), end, target);
 }
 
-/// A width: digits, which are taken off the format.
-int takeWidth(LPCWSTR &format)
+/// Removes a width's digits from the format.
+std::size_t takeWidth(LPCWSTR &format)
 {
-    constexpr int widest = 1024;
-    int width = 0;
+    std::size_t width = 0;
     for (; isDigit(*format); ++format) {
-        width = std::min(width * 10 + (*format - u'0'), widest);
+        width = std::min(width * 10 + static_cast<std::size_t>(*format - u'0'), longestText);
     }
     return width;
 }
 
-/// Writes a value as `kind` says; false when that is none of the kinds.
-bool putValue(Writer &out, const handheld::FormatValue &value, WCHAR kind, int width, bool zeros)
+/// Appends a value, filled up to `width`; false when `kind` is unknown.
+bool appendValue(std::u16string &text, int value, WCHAR kind, std::size_t width, bool zeros)
 {
-    switch (kind) {
-    case u'd':
-    case u'u':
-        putNumber(out, value.number, width, zeros);
-        return true;
-    case u'c': {
-        const auto unit = static_cast<WCHAR>(value.number);
-        out.put({&unit, 1}, width, u' ');
-        return true;
-    }
-    case u's':
-        out.put(value.text ? value.text : u"(null)", width, u' ');
-        return true;
-    default:
+    std::array<WCHAR, 12> digits{static_cast<WCHAR>(value)};
+    std::u16string_view shown(digits.data(), 1);
+    if (kind == u'd') {
+        const WCHAR *end = putDigits(value, digits.data());
+        shown = {digits.data(), static_cast<std::size_t>(end - digits.data())};
+    } else if (kind != u'c') {
         return false;
     }
+    const std::size_t fill = width - std::min(width, shown.size());
+    if (zeros && value < 0) { // the zeros follow the sign
+        text += shown.front();
+        shown.remove_prefix(1);
+    }
+    text.append(fill, zeros ? u'0' : u' ').append(shown);
+    return true;
 }
 
 } // namespace
@@ -104,16 +66,9 @@ LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int capacity)
     return target;
 }
 
-LPWSTR _itow(int value, LPWSTR buffer, int radix)
+LPWSTR _itow(int value, LPWSTR buffer, int)
 {
-    std::array<char, 33> digits;
-    char *const begin = digits.data();
-    // Only decimal numbers carry a sign; in any other radix the bits are shown.
-    const auto end =
-        radix == 10
-            ? std::to_chars(begin, begin + digits.size(), value).ptr
-            : std::to_chars(begin, begin + digits.size(), static_cast<unsigned>(value), radix).ptr;
-    *std::copy(begin, end, buffer) = 0;
+    *putDigits(value, buffer) = 0;
     return buffer;
 }
 
@@ -138,20 +93,22 @@ int _wtoi(LPCWSTR text)
     return static_cast<int>(negative ? -value : value);
 }
 
-int handheld::formatText(LPWSTR buffer, LPCWSTR format, std::initializer_list<FormatValue> values)
+int handheld::formatText(LPWSTR buffer, LPCWSTR format, std::initializer_list<int> values)
 {
-    Writer out(buffer);
-    const FormatValue *value = values.begin();
+    std::u16string text;
+    const int *value = values.begin();
     for (; *format; ++format) {
         if (*format != u'%' || *++format == u'%') {
-            out.put(*format);
+            text += *format;
             continue;
         }
         const bool zeros = *format == u'0';
-        const int width = takeWidth(format);
-        if (value == values.end() || !putValue(out, *value++, *format, width, zeros)) {
+        const std::size_t width = takeWidth(format);
+        if (value == values.end() || !appendValue(text, *value++, *format, width, zeros)) {
             break;
         }
     }
-    return out.finish();
+    const std::size_t length = text.copy(buffer, longestText);
+    buffer[length] = 0;
+    return static_cast<int>(length);
 }

@@ -49,13 +49,19 @@ HDC open(std::unique_ptr<DeviceContext> dc, Object *bitmap)
     return handle;
 }
 
-void close(const DeviceContext &dc)
+/// False when there is no such device context, on the screen or in memory as asked.
+bool close(HDC dc, bool onScreen)
 {
-    releaseAll(dc.settings);
-    for (const Settings &settings : dc.saved) {
+    const auto *context = find<DeviceContext>(dc.value);
+    if (!context || (context->area != nullptr) != onScreen) {
+        return false;
+    }
+    releaseAll(context->settings);
+    for (const Settings &settings : context->saved) {
         releaseAll(settings);
     }
-    erase(dc.handle.value);
+    erase(dc.value);
+    return true;
 }
 
 /// A bitmap can be selected in one device context at a time, and never in one on the screen.
@@ -75,15 +81,7 @@ HDC openScreenDC(const ScreenArea &area, const std::optional<Region> &within)
     return open(std::make_unique<DeviceContext>(&area, within), nullptr);
 }
 
-bool closeScreenDC(HDC dc)
-{
-    const auto *context = find<DeviceContext>(dc.value);
-    if (!context || !context->area) {
-        return false;
-    }
-    close(*context);
-    return true;
-}
+bool closeScreenDC(HDC dc) { return close(dc, true); }
 
 } // namespace gdi
 
@@ -93,15 +91,7 @@ HDC CreateCompatibleDC(HDC)
                      gdi::findObject(gdi::stockBitmap().value));
 }
 
-BOOL DeleteDC(HDC dc)
-{
-    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
-    if (!context || context->area) {
-        return FALSE;
-    }
-    gdi::close(*context);
-    return TRUE;
-}
+BOOL DeleteDC(HDC dc) { return gdi::close(dc, false) ? TRUE : FALSE; }
 
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object)
 {
@@ -163,7 +153,7 @@ BOOL RestoreDC(HDC dc, int level)
     if (wanted < 1 || wanted > levels) {
         return FALSE;
     }
-    for (int i = levels; i >= wanted; i--) {
+    for (int i = levels; i >= wanted; --i) {
         gdi::releaseAll(context->settings);
         context->settings = context->saved.back();
         context->saved.pop_back();

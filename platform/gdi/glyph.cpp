@@ -58,11 +58,10 @@ void drawWhole(const Raster &raster, const Glyph &glyph, const std::uint8_t *bit
     }
 }
 
-void drawPart(const Raster &raster, const RECT &part, const Glyph &glyph, const std::uint8_t *bits,
-              POINT corner, Pixel ink)
+/// Draws only what lies in `inside`.
+void drawPart(const Raster &raster, const RECT &inside, const Glyph &glyph,
+              const std::uint8_t *bits, POINT corner, Pixel ink)
 {
-    const RECT box{corner.x, corner.y, corner.x + glyph.width, corner.y + glyph.height};
-    const RECT inside = intersection(box, part);
     for (LONG y = inside.top; y < inside.bottom; ++y) {
         const std::uint8_t *row = bits + std::ptrdiff_t{y - corner.y} * rowBytes(glyph);
         for (LONG x = inside.left; x < inside.right; ++x) {
@@ -96,7 +95,7 @@ void drawGlyph(const Raster &raster, const RECT &part, const Strike &strike, con
     if (holds(part, box) && corner.x + rowBytes(glyph) * pixelsPerByte <= raster.width) {
         drawWhole(raster, glyph, bits, corner, ink);
     } else {
-        drawPart(raster, part, glyph, bits, corner, ink);
+        drawPart(raster, intersection(box, part), glyph, bits, corner, ink);
     }
 }
 

@@ -64,21 +64,17 @@ private:
     {}
 };
 
-struct Brush final : Object
+/// A brush or a pen.
+template <Kind itsKind>
+struct Ink final : Object
 {
-    static constexpr Kind kindOf = Kind::Brush;
+    static constexpr Kind kindOf = itsKind;
     std::optional<Pixel> pixel; ///< none: it draws nothing
 
-    explicit Brush(std::optional<Pixel> itsPixel) : Object(kindOf), pixel(itsPixel) {}
+    explicit Ink(std::optional<Pixel> itsPixel) : Object(kindOf), pixel(itsPixel) {}
 };
-
-struct Pen final : Object
-{
-    static constexpr Kind kindOf = Kind::Pen;
-    std::optional<Pixel> pixel; ///< none: it draws nothing
-
-    explicit Pen(std::optional<Pixel> itsPixel) : Object(kindOf), pixel(itsPixel) {}
-};
+using Brush = Ink<Kind::Brush>;
+using Pen = Ink<Kind::Pen>;
 
 struct Font final : Object
 {

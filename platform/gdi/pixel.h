@@ -13,10 +13,4 @@ constexpr Pixel toPixel(COLORREF colour)
     return host::pack({GetRValue(colour), GetGValue(colour), GetBValue(colour)});
 }
 
-constexpr COLORREF toColour(Pixel pixel)
-{
-    const host::Rgb rgb = host::unpack(pixel);
-    return RGB(rgb.red, rgb.green, rgb.blue);
-}
-
 } // namespace gdi

@@ -95,7 +95,7 @@ void copyTransparent(const Raster &to, const RECT &part, const Raster &from, POI
     const Pixel *picture = from.at(source.x, source.y);
     const int targetPitch = to.width;
     const int picturePitch = from.width;
-    for (LONG y = 0; y < height; y++, target += targetPitch, picture += picturePitch) {
+    for (LONG y = 0; y < height; ++y, target += targetPitch, picture += picturePitch) {
         LONG x = 0;
         for (; x <= width - groupSize; x += groupSize) {
             copyGroup(target + x, picture + x, transparent);

@@ -2,7 +2,6 @@
 // so every operation goes through the list.
 #include "gdi/region.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "gdi/rect.h"
@@ -45,13 +44,6 @@ RECT Region::bounds() const
     return around;
 }
 
-bool Region::contains(int x, int y) const
-{
-    return std::any_of(rects_.begin(), rects_.end(), [=](const RECT &rect) {
-        return x >= rect.left && x < rect.right && y >= rect.top && y < rect.bottom;
-    });
-}
-
 void Region::add(const RECT &rect)
 {
     subtract(rect);
@@ -90,14 +82,7 @@ void Region::subtract(const Region &other)
     }
 }
 
-void Region::intersect(const RECT &rect)
-{
-    std::vector<RECT> rest;
-    for (const RECT &part : rects_) {
-        append(rest, intersection(part, rect));
-    }
-    rects_ = std::move(rest);
-}
+void Region::intersect(const RECT &rect) { intersect(Region(rect)); }
 
 void Region::intersect(const Region &other)
 {

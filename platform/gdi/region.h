@@ -17,7 +17,6 @@ public:
     const std::vector<RECT> &rects() const { return rects_; }
     /// The smallest rectangle around it; all zeros when empty.
     RECT bounds() const;
-    bool contains(int x, int y) const;
 
     void add(const RECT &rect);
     void add(const Region &other);

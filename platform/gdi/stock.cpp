@@ -1,5 +1,10 @@
-// The stock objects, all of the system's: their number decides which handles a program gets, and a
-// game's record holds two.
+// The stock objects. A stored game holds two handles, and how many objects come before them decides
+// their values: so all of the system's stock objects are made, always, in this order.
+#include <array>
+#include <memory>
+#include <optional>
+#include <utility>
+
 #include "gdi/font.h"
 #include "gdi/objects.h"
 
@@ -7,35 +12,36 @@ namespace gdi {
 
 namespace {
 
-template <class T, class... Arguments>
-HGDIOBJ insertStock(Arguments &&...arguments)
+HGDIOBJ insertStock(std::unique_ptr<Object> object)
 {
-    auto object = std::make_unique<T>(std::forward<Arguments>(arguments)...);
     object->stock = true;
     return {insert(std::move(object))};
 }
 
-HGDIOBJ insertStockBitmap()
-{
-    std::unique_ptr<Bitmap> bitmap = Bitmap::make(1, 1);
-    bitmap->stock = true;
-    return {insert(std::move(bitmap))};
-}
+HGDIOBJ brush(std::optional<Pixel> pixel) { return insertStock(std::make_unique<Brush>(pixel)); }
+HGDIOBJ pen(std::optional<Pixel> pixel) { return insertStock(std::make_unique<Pen>(pixel)); }
 
 struct Stock
 {
-    HGDIOBJ whiteBrush = insertStock<Brush>(toPixel(RGB(255, 255, 255)));
-    HGDIOBJ lightGrayBrush = insertStock<Brush>(toPixel(RGB(192, 192, 192)));
-    HGDIOBJ grayBrush = insertStock<Brush>(toPixel(RGB(128, 128, 128)));
-    HGDIOBJ darkGrayBrush = insertStock<Brush>(toPixel(RGB(64, 64, 64)));
-    HGDIOBJ blackBrush = insertStock<Brush>(toPixel(RGB(0, 0, 0)));
-    HGDIOBJ nullBrush = insertStock<Brush>(std::nullopt);
-    HGDIOBJ whitePen = insertStock<Pen>(toPixel(RGB(255, 255, 255)));
-    HGDIOBJ blackPen = insertStock<Pen>(toPixel(RGB(0, 0, 0)));
-    HGDIOBJ nullPen = insertStock<Pen>(std::nullopt);
-    HGDIOBJ systemFont =
-        insertStock<Font>(systemFontDescription(), nearestStrike(systemFontDescription()));
-    HGDIOBJ bitmap = insertStockBitmap();
+    /// By their numbers, from WHITE_BRUSH to SYSTEM_FONT.
+    std::array<HGDIOBJ, SYSTEM_FONT + 1> objects{
+        brush(toPixel(RGB(255, 255, 255))),
+        brush(toPixel(RGB(192, 192, 192))),
+        brush(toPixel(RGB(128, 128, 128))),
+        brush(toPixel(RGB(64, 64, 64))),
+        brush(toPixel(RGB(0, 0, 0))),
+        brush(std::nullopt),
+        pen(toPixel(RGB(255, 255, 255))),
+        pen(toPixel(RGB(0, 0, 0))),
+        pen(std::nullopt),
+        {}, // 9 to 12 are free
+        {},
+        {},
+        {},
+        insertStock(std::make_unique<Font>(systemFontDescription(),
+                                           nearestStrike(systemFontDescription()))),
+    };
+    HGDIOBJ bitmap = insertStock(Bitmap::make(1, 1));
 };
 
 const Stock &stock()
@@ -52,29 +58,7 @@ HGDIOBJ stockBitmap() { return stock().bitmap; }
 
 HGDIOBJ GetStockObject(int which)
 {
-    const gdi::Stock &stock = gdi::stock();
-    switch (which) {
-    case WHITE_BRUSH:
-        return stock.whiteBrush;
-    case LTGRAY_BRUSH:
-        return stock.lightGrayBrush;
-    case GRAY_BRUSH:
-        return stock.grayBrush;
-    case DKGRAY_BRUSH:
-        return stock.darkGrayBrush;
-    case BLACK_BRUSH:
-        return stock.blackBrush;
-    case NULL_BRUSH:
-        return stock.nullBrush;
-    case WHITE_PEN:
-        return stock.whitePen;
-    case BLACK_PEN:
-        return stock.blackPen;
-    case NULL_PEN:
-        return stock.nullPen;
-    case SYSTEM_FONT:
-        return stock.systemFont;
-    default:
-        return {};
-    }
+    const auto &objects = gdi::stock().objects;
+    return which >= 0 && which <= SYSTEM_FONT ? objects[static_cast<std::size_t>(which)]
+                                              : HGDIOBJ{};
 }

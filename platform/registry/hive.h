@@ -1,12 +1,15 @@
 // The registry in memory: keys, and values of any type, in the order of insertion.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <list>
 #include <map>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "base/names.h"
 
 namespace registry {
 
@@ -76,9 +79,7 @@ private:
     static std::u16string folded(std::u16string_view name)
     {
         std::u16string result(name);
-        for (char16_t &unit : result) {
-            unit = unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
-        }
+        std::transform(result.begin(), result.end(), result.begin(), base::folded);
         return result;
     }
 

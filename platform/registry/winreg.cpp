@@ -83,18 +83,11 @@ bool isName(std::u16string_view name)
 /// The whole path of `path` below `key`; nothing when the handle is none.
 std::optional<std::u16string> wholePath(HKEY key, LPCWSTR path)
 {
-    std::u16string whole;
-    if (key == HKEY_CLASSES_ROOT) {
-        whole = u"HKEY_CLASSES_ROOT";
-    } else if (key == HKEY_CURRENT_USER) {
-        whole = u"HKEY_CURRENT_USER";
-    } else if (key == HKEY_LOCAL_MACHINE) {
-        whole = u"HKEY_LOCAL_MACHINE";
-    } else if (const OpenKey *open = openKey(key)) {
-        whole = open->path;
-    } else {
+    const OpenKey *open = openKey(key);
+    if (!open && key != HKEY_LOCAL_MACHINE) {
         return std::nullopt;
     }
+    std::u16string whole = open ? open->path : u"HKEY_LOCAL_MACHINE";
     if (const std::u16string_view below = textOf(path); !below.empty()) {
         whole.append(u"\\").append(below);
     }

@@ -65,7 +65,7 @@ std::optional<Entry> findEntry(Predicate matches)
     return std::nullopt;
 }
 
-std::optional<Entry> named(const Name &type, const Name &name)
+std::optional<Entry> findNamed(const Name &type, const Name &name)
 {
     if (type == Name{}) {
         return std::nullopt; // the empty entry that begins every image
@@ -108,7 +108,7 @@ bool operator==(const Name &a, const Name &b)
 
 std::uint32_t locate(const Name &type, const Name &name)
 {
-    const auto entry = named(type, name);
+    const auto entry = findNamed(type, name);
     return entry ? static_cast<std::uint32_t>(entry->start + 1) : 0;
 }
 
@@ -120,7 +120,7 @@ std::span<const std::byte> at(std::uint32_t place)
 
 std::span<const std::byte> find(const Name &type, const Name &name)
 {
-    const auto entry = named(type, name);
+    const auto entry = findNamed(type, name);
     return entry ? entry->data : Bytes{};
 }
 

@@ -38,9 +38,8 @@ MMRESULT checkDevice(HWAVEOUT device)
 
 MMRESULT checkHeader(HWAVEOUT device, const WAVEHDR *header, UINT size)
 {
-    const MMRESULT result = checkDevice(device);
-    if (result != MMSYSERR_NOERROR) {
-        return result;
+    if (const MMRESULT error = checkDevice(device); error != MMSYSERR_NOERROR) {
+        return error;
     }
     return header && size >= sizeof(WAVEHDR) ? MMSYSERR_NOERROR : MMSYSERR_INVALPARAM;
 }
@@ -87,9 +86,8 @@ MMRESULT waveOutOpen(HWAVEOUT *device, UINT id, const WAVEFORMATEX *format, DWOR
 
 MMRESULT waveOutClose(HWAVEOUT device)
 {
-    const MMRESULT result = checkDevice(device);
-    if (result != MMSYSERR_NOERROR) {
-        return result;
+    if (const MMRESULT error = checkDevice(device); error != MMSYSERR_NOERROR) {
+        return error;
     }
     if (!queued.empty()) {
         return WAVERR_STILLPLAYING;
@@ -110,9 +108,8 @@ MMRESULT waveOutPrepareHeader(HWAVEOUT device, WAVEHDR *header, UINT size)
 
 MMRESULT waveOutUnprepareHeader(HWAVEOUT device, WAVEHDR *header, UINT size)
 {
-    const MMRESULT result = checkHeader(device, header, size);
-    if (result != MMSYSERR_NOERROR) {
-        return result;
+    if (const MMRESULT error = checkHeader(device, header, size); error != MMSYSERR_NOERROR) {
+        return error;
     }
     if ((header->dwFlags & WHDR_INQUEUE) != 0) {
         return WAVERR_STILLPLAYING;
@@ -123,9 +120,8 @@ MMRESULT waveOutUnprepareHeader(HWAVEOUT device, WAVEHDR *header, UINT size)
 
 MMRESULT waveOutWrite(HWAVEOUT device, WAVEHDR *header, UINT size)
 {
-    const MMRESULT result = checkHeader(device, header, size);
-    if (result != MMSYSERR_NOERROR) {
-        return result;
+    if (const MMRESULT error = checkHeader(device, header, size); error != MMSYSERR_NOERROR) {
+        return error;
     }
     if ((header->dwFlags & WHDR_PREPARED) == 0) {
         return WAVERR_UNPREPARED;

@@ -1,4 +1,5 @@
 // Regions, and drawing on the screen inside one.
+#include <algorithm>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -29,6 +30,13 @@ std::uint16_t at(int x, int y)
                              static_cast<std::size_t>(x));
 }
 
+bool contains(const gdi::Region &region, int x, int y)
+{
+    return std::ranges::any_of(region.rects(), [=](const RECT &rect) {
+        return PtInRect(&rect, {x, y}) != FALSE;
+    });
+}
+
 struct Screen : testing::Test
 {
     Screen()
@@ -41,7 +49,7 @@ struct Screen : testing::Test
     {
         for (int y = 0; y < 20; ++y) {
             for (int x = 0; x < 20; ++x) {
-                ASSERT_EQ(at(x, y) != 0, a.contains(x, y) && b.contains(x, y)) << x << ' ' << y;
+                ASSERT_EQ(at(x, y) != 0, contains(a, x, y) && contains(b, x, y)) << x << ' ' << y;
             }
         }
     }
@@ -79,7 +87,7 @@ TEST(Region, AgreesWithASetOfPixels)
         }
         for (int y = 0; y < side; ++y) {
             for (int x = 0; x < side; ++x) {
-                ASSERT_EQ(region.contains(x, y), expected[y][x]) << round;
+                ASSERT_EQ(contains(region, x, y), expected[y][x]) << round;
                 area -= expected[y][x] ? 1 : 0;
             }
         }

@@ -9,9 +9,11 @@ inline COLORREF getPixel(HDC dc, int x, int y)
     const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
     const gdi::Extent extent = context ? gdi::extentOf(*context) : gdi::Extent{};
     const POINT place{x + extent.origin.x, y + extent.origin.y};
-    return PtInRect(&extent.bounds, place) == FALSE
-               ? CLR_INVALID
-               : gdi::toColour(*extent.raster.at(place.x, place.y));
+    if (PtInRect(&extent.bounds, place) == FALSE) {
+        return CLR_INVALID;
+    }
+    const host::Rgb rgb = host::unpack(*extent.raster.at(place.x, place.y));
+    return RGB(rgb.red, rgb.green, rgb.blue);
 }
 
 inline void setPixel(HDC dc, int x, int y, COLORREF colour)

@@ -30,14 +30,11 @@ TEST(Text, IsFormatted)
 {
     WCHAR buffer[1024];
     EXPECT_EQ(std::u16string(_itow(-2147483647 - 1, buffer, 10)), u"-2147483648");
-    EXPECT_EQ(std::u16string(_itow(255, buffer, 16)), u"ff");
-    EXPECT_EQ(std::u16string(_itow(-1, buffer, 2)), std::u16string(32, u'1'));
-    const int length = wsprintfW(buffer, u"%d|%02d|%05d|%4d|%u|%c|%s|%4s|%%|%", -3, 7, -12, 34,
-                                 4294967295U, u'x', u"text", u"ab");
-    EXPECT_EQ(std::u16string(buffer), u"-3|07|-0012|  34|4294967295|x|text|  ab|%|");
+    const int length =
+        wsprintfW(buffer, u"%d|%02d|%05d|%4d|%2d|%c|%%|%", -3, 7, -12, 34, -567, u'x');
+    EXPECT_EQ(std::u16string(buffer), u"-3|07|-0012|  34|-567|x|%|");
     EXPECT_EQ(length, lstrlenW(buffer));
-    const std::u16string longText(2000, u'a');
-    EXPECT_EQ(wsprintfW(buffer, u"%s", longText.c_str()), 1023);
+    EXPECT_EQ(wsprintfW(buffer, u"%2000d%d", 1, 2), 1023);
 
     WCHAR small[4];
     EXPECT_EQ(std::u16string(lstrcpynW(small, u"abcdef", 4)), u"abc");

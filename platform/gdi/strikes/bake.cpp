@@ -168,29 +168,16 @@ void appendGlyph(Baked &baked, const Face &face, char16_t character)
     }
 }
 
-int averageWidth(const Face &face)
+/// How far the ink of any glyph leaves its cell.
+int overhangOf(const Baked &baked)
 {
-    long sum = 0;
-    for (char16_t letter = u'A'; letter <= u'Z'; ++letter) {
-        loadCharacter(face, letter);
-        sum += face->glyph->advance.x / 64;
-        loadCharacter(face, static_cast<char16_t>(letter - u'A' + u'a'));
-        sum += face->glyph->advance.x / 64;
-    }
-    return static_cast<int>((sum + 26) / 52);
-}
-
-/// The widest advance, and how far the ink of any glyph leaves its cell.
-void measure(Baked &baked)
-{
-    gdi::Strike &strike = baked.strike;
     int overhang = 0;
     for (const gdi::Glyph &glyph : baked.glyphs) {
-        strike.widest = std::max(strike.widest, glyph.advance);
         overhang = std::max({overhang, -glyph.left, glyph.left + glyph.width - glyph.advance,
-                             glyph.top - strike.ascent, glyph.height - glyph.top - strike.descent});
+                             glyph.top - baked.strike.ascent,
+                             glyph.height - glyph.top - baked.strike.descent});
     }
-    strike.overhang = static_cast<std::uint8_t>(overhang);
+    return overhang;
 }
 
 Baked bakeStrike(const Face &face, const Order &order, const std::vector<gdi::CharacterRun> &runs)
@@ -201,14 +188,13 @@ Baked bakeStrike(const Face &face, const Order &order, const std::vector<gdi::Ch
     baked.strike.characterHeight = static_cast<std::uint8_t>(face->size->metrics.y_ppem);
     baked.strike.ascent = static_cast<std::uint8_t>(ascent);
     baked.strike.descent = static_cast<std::uint8_t>(order.cellHeight - ascent);
-    baked.strike.averageWidth = static_cast<std::uint8_t>(averageWidth(face));
     appendBox(baked, face);
     for (const gdi::CharacterRun &run : runs) {
         for (char16_t character = run.first; character <= run.last; ++character) {
             appendGlyph(baked, face, character);
         }
     }
-    measure(baked);
+    baked.strike.overhang = static_cast<std::uint8_t>(overhangOf(baked));
     return baked;
 }
 
@@ -246,7 +232,6 @@ void writeSource(std::ostream &out, const std::vector<gdi::CharacterRun> &runs,
         const gdi::Strike &strike = all[i].strike;
         out << "    {" << (strike.bold ? "true" : "false") << ", " << int{strike.characterHeight}
             << ", " << int{strike.ascent} << ", " << int{strike.descent} << ", "
-            << int{strike.averageWidth} << ", " << int{strike.widest} << ", "
             << int{strike.overhang} << ", runs, glyphs" << i << ", bits" << i << "},\n";
     }
     out << "};\n\n} // namespace\n\nstd::span<const Strike> strikes() { return all; }\n"

@@ -33,9 +33,7 @@ struct Strike
     std::uint8_t characterHeight; ///< pixels per em
     std::uint8_t ascent;
     std::uint8_t descent;
-    std::uint8_t averageWidth; ///< of the letters A to Z and a to z
-    std::uint8_t widest;       ///< advance
-    std::uint8_t overhang;     ///< the most pixels by which a glyph leaves its cell on any side
+    std::uint8_t overhang; ///< the most pixels by which a glyph leaves its cell on any side
     std::span<const CharacterRun> runs;
     std::span<const Glyph> glyphs;
     const std::uint8_t *bits; ///< rows from the top, each padded to bytes, the leftmost pixel high
