@@ -1,9 +1,9 @@
-// The game input library: lets a program have the hardware buttons to itself.
+// The game input library: gives a program the hardware buttons.
 #pragma once
 
-/// From now on the application buttons (VK_APP1 and following) reach the program in front, in
-/// key messages and in GetAsyncKeyState, instead of starting their usual programs. Returns
-/// nonzero on success.
+/// From now on the application buttons (VK_APP1 and following) no longer start their usual
+/// programs; the program in front gets them by key messages and GetAsyncKeyState. Returns nonzero
+/// on success.
 int GXOpenInput();
 /// Gives the buttons back to the system.
 int GXCloseInput();

@@ -32,7 +32,7 @@ struct WAVEFORMATEX
     WORD cbSize;
 };
 
-/// A buffer of samples, which stays the caller's and in place while it plays.
+/// A buffer of samples. It belongs to the caller, who must not move or free it while it plays.
 struct WAVEHDR
 {
     const BYTE *lpData;
@@ -47,9 +47,9 @@ struct WAVEHDR
 
 /// 1 where the host has a loudspeaker, else 0.
 UINT waveOutGetNumDevs();
-/// Opens device `id` (0) for a format; unsigned 8-bit mono PCM at 22,050 samples a second is
-/// the one there is (else WAVERR_BADFORMAT). No callbacks: the last three are 0.
-/// MMSYSERR_ALLOCATED while it is open or the host's loudspeaker cannot be had.
+/// Opens device `id` (0). The only format is unsigned 8-bit mono PCM at 22,050 samples a second;
+/// others fail with WAVERR_BADFORMAT. There are no callbacks: the last three are 0.
+/// MMSYSERR_ALLOCATED while it is open, or when the host cannot open its loudspeaker.
 MMRESULT waveOutOpen(HWAVEOUT *device, UINT id, const WAVEFORMATEX *format, DWORD callback,
                      DWORD instance, DWORD flags);
 /// Fails with WAVERR_STILLPLAYING while a buffer is queued.
@@ -58,8 +58,8 @@ MMRESULT waveOutPrepareHeader(HWAVEOUT device, WAVEHDR *header, UINT size);
 /// Fails with WAVERR_STILLPLAYING while the buffer is queued; succeeds on a header that is not
 /// prepared.
 MMRESULT waveOutUnprepareHeader(HWAVEOUT device, WAVEHDR *header, UINT size);
-/// Queues a prepared buffer behind what is playing. A buffer that was played to its end is done
-/// from the next of these calls on.
+/// Queues a prepared buffer behind the ones that are playing. Any of these functions marks the
+/// buffers that have been played to their end as WHDR_DONE.
 MMRESULT waveOutWrite(HWAVEOUT device, WAVEHDR *header, UINT size);
-/// Silence at once; every queued buffer is done.
+/// Stops the sound at once and marks every queued buffer as WHDR_DONE.
 MMRESULT waveOutReset(HWAVEOUT device);

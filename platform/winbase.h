@@ -24,10 +24,10 @@ BOOL FreeLibrary(HMODULE module);
 /// The address of a function that a module exports under `name`, or null.
 FARPROC GetProcAddressW(HMODULE module, LPCWSTR name);
 
-/// A loaded resource: its address, which stays valid as long as the module.
+/// A loaded resource: its address, valid as long as the module is.
 using HGLOBAL = const void *;
 
-/// Predefined resource types, for FindResourceW. A custom type is a name, u"WAVE" say.
+/// Predefined resource types, for FindResourceW. A custom type is a name, for example u"WAVE".
 #define RT_BITMAP MAKEINTRESOURCEW(2)
 #define RT_ICON MAKEINTRESOURCEW(3)
 #define RT_MENU MAKEINTRESOURCEW(4)
@@ -54,9 +54,9 @@ struct SECURITY_ATTRIBUTES;
 struct STARTUPINFOW;
 struct PROCESS_INFORMATION;
 
-/// Starts another program. The handheld has one to start, the help viewer "peghelp.exe", whose
-/// command line is "file:PAGE#ANCHOR", PAGE being an HTML resource of the calling program.
-/// FALSE when the host cannot show it. Only `program` and `commandLine` are looked at.
+/// Starts another program. The only one is the help viewer "peghelp.exe", with the command line
+/// "file:PAGE#ANCHOR", where PAGE is an HTML resource of the calling program. FALSE when the host
+/// cannot show it. All parameters except `program` and `commandLine` are ignored.
 BOOL CreateProcessW(LPCWSTR program, LPCWSTR commandLine, SECURITY_ATTRIBUTES *process,
                     SECURITY_ATTRIBUTES *thread, BOOL inheritHandles, DWORD flags,
                     void *environment, LPWSTR directory, STARTUPINFOW *startup,
@@ -64,7 +64,7 @@ BOOL CreateProcessW(LPCWSTR program, LPCWSTR commandLine, SECURITY_ATTRIBUTES *p
 
 // Text ---------------------------------------------------------------------------------------
 
-/// Code units before the terminator.
+/// The number of code units before the terminator; 0 for null.
 int lstrlenW(LPCWSTR text);
 /// Copies a terminated text, at most `capacity` - 1 code units of it, and terminates the copy.
 LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int capacity);

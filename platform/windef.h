@@ -27,12 +27,12 @@ using LONG_PTR = std::intptr_t;
 constexpr BOOL FALSE = 0;
 constexpr BOOL TRUE = 1;
 
-/// Calling conventions: the handheld has only one, so these mark entry points and no more.
+/// There is only one calling convention, so these only mark entry points.
 #define WINAPI
 #define CALLBACK
 
-/// The object behind a handle is found in a table of the handheld by this number; 0 is "none".
-/// Four bytes on every host, so records that hold handles keep their layout.
+/// The number of an object in one of the handheld's tables; 0 is "none". It has four bytes on every
+/// host, so records with handles keep their layout.
 template <class Kind>
 struct Handle
 {
@@ -108,14 +108,14 @@ constexpr DWORD MAKELONG(unsigned low, unsigned high)
     return (low & 0xFFFFU) | (high & 0xFFFFU) << 16U;
 }
 constexpr WPARAM MAKEWPARAM(unsigned low, unsigned high) { return MAKELONG(low, high); }
-/// Packs two signed 16-bit numbers, a position for example, the way messages carry them.
+/// Packs two signed 16-bit numbers, for example a position, as messages carry them.
 constexpr LPARAM MAKELPARAM(int low, int high)
 {
     return static_cast<LONG>(
         MAKELONG(static_cast<unsigned>(low) & 0xFFFFU, static_cast<unsigned>(high) & 0xFFFFU));
 }
 
-/// A resource identifier in the place of a resource name: its number, below 65,536.
+/// The number of a resource, below 65,536, in place of its name.
 inline LPCWSTR MAKEINTRESOURCEW(unsigned id)
 {
     return reinterpret_cast<LPCWSTR>(static_cast<std::uintptr_t>(static_cast<WORD>(id)));

@@ -1,10 +1,9 @@
-// Drawing (GDI): device contexts, bitmaps, brushes, pens, fonts, blits and text.
+// Drawing (GDI): device contexts, bitmaps, brushes, fonts, blits and text.
 //
-// The display and every compatible bitmap hold 16-bit pixels, red 5, green 6, blue 5 bits; an
-// 8-bit channel loses its low bits on the way in and gets its high bits repeated on the way out.
-// A device context keeps one object of each kind selected; SelectObject hands back exactly the
-// object that was selected before, and whoever selects puts that one back. Operations on a
-// device context or object that does not exist fail without effect.
+// The display and all bitmaps have 16-bit pixels: 5 bits red, 6 green, 5 blue. A colour loses the
+// low bits of its channels when it is drawn. A device context has one object of each kind selected;
+// SelectObject returns the one that was selected before, and the caller selects that one again when
+// done. A call with a device context or object that does not exist fails without effect.
 #pragma once
 
 #include "windef.h"
@@ -12,26 +11,25 @@
 // Device contexts ----------------------------------------------------------------------------
 
 /// A memory device context with a 1 by 1 bitmap, the system font, a white brush, a black pen,
-/// black text and an opaque white background. `reference` may be none. None when out of memory.
+/// black text and an opaque white background. `reference` is ignored. None when the table of
+/// objects is full.
 HDC CreateCompatibleDC(HDC reference);
 BOOL DeleteDC(HDC dc);
 
-/// Selects an object into its place and returns the previous one of the same kind; none when
-/// the object does not exist, or is a bitmap that is selected elsewhere or `dc` a window's.
+/// Selects an object and returns the previous one of the same kind. None, and nothing happens, when
+/// the object does not exist, or is a bitmap and is selected in another device context or `dc` is
+/// on the screen.
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
 /// Deletes an object. FALSE, and nothing happens, for a stock object, for one that is selected
 /// in a device context, and for one that does not exist.
 BOOL DeleteObject(HGDIOBJ object);
 
 constexpr int WHITE_BRUSH = 0;
-constexpr int LTGRAY_BRUSH = 1;
 constexpr int GRAY_BRUSH = 2;
-constexpr int DKGRAY_BRUSH = 3;
 constexpr int BLACK_BRUSH = 4;
 constexpr int NULL_BRUSH = 5;
 constexpr int WHITE_PEN = 6;
 constexpr int BLACK_PEN = 7;
-constexpr int NULL_PEN = 8;
 constexpr int SYSTEM_FONT = 13;
 
 /// One of the objects that always exist and are never deleted.
@@ -54,12 +52,12 @@ static_assert(sizeof(BITMAP) == 24);
 /// A bitmap in the display's format, its pixels black. None when a side is not positive or
 /// larger than 4,096, or when out of memory.
 HBITMAP CreateCompatibleBitmap(HDC reference, int width, int height);
-/// Bitmap resource `name`: a DIB of 8 bits with a palette or of 24 bits, uncompressed. GetObjectW
-/// describes it as it was stored; its pixels are in the display's format at once. None when it
-/// is missing or malformed.
+/// Loads bitmap resource `name`, an uncompressed DIB of 8 bits with a palette or of 24 bits, and
+/// converts it to the display's format; GetObjectW still reports the bits of the resource. None
+/// when it is missing or malformed.
 HBITMAP LoadBitmapW(HINSTANCE module, LPCWSTR name);
 
-// Brushes, pens, fonts -----------------------------------------------------------------------
+// Brushes and fonts --------------------------------------------------------------------------
 
 HBRUSH CreateSolidBrush(COLORREF colour);
 
@@ -98,13 +96,11 @@ int GetObjectW(HGDIOBJ object, int size, void *description);
 
 constexpr DWORD SRCCOPY = 0x00CC0020;
 
-/// Copies a rectangle; the parts outside either device context are left out. `operation` is
-/// SRCCOPY.
+/// Copies the part of a rectangle that lies in both device contexts. `operation` is SRCCOPY.
 BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
             DWORD operation);
-/// As BitBlt with SRCCOPY, leaving out the pixels whose colour, as the display shows it, is
-/// `transparent`. Source and target have the same size: there is no scaling here. (The source
-/// handle may be a device context only.)
+/// As BitBlt, without the pixels that have the colour `transparent` on the display. Source and
+/// target must have the same size: there is no scaling.
 BOOL TransparentImage(HDC target, int x, int y, int width, int height, HDC source, int sourceX,
                       int sourceY, int sourceWidth, int sourceHeight, COLORREF transparent);
 
@@ -113,13 +109,12 @@ int FillRect(HDC dc, const RECT *rect, HBRUSH brush);
 /// Fills with the selected brush and draws a one-pixel border inside the rectangle with the
 /// selected pen. Right and bottom are exclusive.
 BOOL Rectangle(HDC dc, int left, int top, int right, int bottom);
-/// Clips later drawing to what lies inside the rectangle (logical coordinates of the dc),
-/// within the clipping in force. Lasts until RestoreDC or the dc's end. Returns 1 when nothing is
-/// left, 2 for a rectangle, 0 on failure.
+/// Reduces the clip rectangle to its intersection with this one (logical coordinates), until
+/// RestoreDC. Returns 1 when the result is empty, 2 when it is not, 0 on failure.
 int IntersectClipRect(HDC dc, int left, int top, int right, int bottom);
-/// Saves the selections, colours and clipping, one level per call; returns the level, from 1.
+/// Saves the selections, text settings and clip rectangle; returns the level, counted from 1.
 int SaveDC(HDC dc);
-/// Back to a level, or with -1 to the one saved last.
+/// Restores the settings saved at a level; -1: at the last one.
 BOOL RestoreDC(HDC dc, int level);
 
 // Text ---------------------------------------------------------------------------------------
@@ -142,9 +137,9 @@ constexpr UINT DT_NOCLIP = 0x0100;
 constexpr UINT DT_CALCRECT = 0x0400;
 constexpr UINT DT_NOPREFIX = 0x0800;
 
-/// Draws text inside a rectangle, or with DT_CALCRECT only sets right and bottom to what it
-/// needs. `length` -1: up to the terminator. Without DT_NOPREFIX an ampersand underlines the
-/// character after it. Returns the height of the text in pixels, 0 on failure.
+/// Draws text in a rectangle. With DT_CALCRECT it draws nothing and sets right and bottom to the
+/// size of the text. `length` -1: up to the terminator. Without DT_NOPREFIX, '&' underlines the
+/// next letter, and "&&" is a literal '&'. Returns the height of the text in pixels, 0 on failure.
 int DrawTextW(HDC dc, LPCWSTR text, int length, RECT *rect, UINT flags);
 /// The width and height of a line of text in the selected font.
 BOOL GetTextExtentPoint32W(HDC dc, LPCWSTR text, int length, SIZE *size);
@@ -202,7 +197,7 @@ struct DEVMODEW
 };
 static_assert(sizeof(DEVMODEW) == 192);
 
-/// The type of "ChangeDisplaySettingsEx", which programs look up in "coredll.dll". With CDS_TEST
-/// it writes the orientation in force into the record; with CDS_RESET it turns the display.
+/// The type of "ChangeDisplaySettingsEx", which programs look up in "coredll.dll". With CDS_TEST it
+/// writes the present orientation into the record; with CDS_RESET it turns the display.
 using ChangeDisplaySettingsExProc = LONG (*)(LPCWSTR device, DEVMODEW *mode, HWND window,
                                              DWORD flags, void *parameter);

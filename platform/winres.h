@@ -1,4 +1,4 @@
-/* What resource scripts name. The sources have the styles from winuser.h, under the same names. */
+/* Names for resource scripts. For sources, winuser.h has the styles under the same names. */
 #pragma once
 
 #define WS_POPUP 0x80000000

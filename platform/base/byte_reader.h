@@ -13,7 +13,7 @@ class ByteReader
 public:
     explicit ByteReader(std::span<const std::byte> bytes) : bytes_(bytes) {}
 
-    /// Whether everything read so far was there; what was not reads as 0.
+    /// False once a read has gone beyond the end. Such a read returns 0.
     bool good() const { return good_; }
     std::size_t position() const { return position_; }
 

@@ -21,7 +21,7 @@ LPWSTR putDigits(int value, LPWSTR target)
     return std::copy(digits.data(), end, target);
 }
 
-/// Removes a width's digits from the format.
+/// Removes the digits of a width from `format` and returns the width.
 std::size_t takeWidth(LPCWSTR &format)
 {
     std::size_t width = 0;

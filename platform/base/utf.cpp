@@ -14,7 +14,7 @@ constexpr bool isHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit < 
 constexpr bool isLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
 constexpr bool isSurrogate(char32_t unit) { return unit >= 0xD800 && unit < 0xE000; }
 
-/// The number of bytes of a character whose first byte is `lead`; 0 when no character begins so.
+/// The number of bytes of a character whose first byte is `lead`; 0 when none starts with it.
 std::size_t lengthFrom(unsigned lead)
 {
     return lead < 0x80   ? 1
@@ -25,7 +25,7 @@ std::size_t lengthFrom(unsigned lead)
                          : 0;
 }
 
-/// The character that `bytes` begins with, a surrogate perhaps, or none; its bytes are removed.
+/// Removes the first character, which may be a surrogate, from `bytes`; none when it is invalid.
 std::optional<char32_t> takeCharacter(std::string_view &bytes)
 {
     constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};

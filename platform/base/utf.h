@@ -1,4 +1,4 @@
-// Between UTF-16, which the handheld has, and UTF-8, which hosts and files have.
+// Conversion between UTF-16, used in the handheld, and UTF-8, used by hosts and in files.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace base {
 
-/// What becomes of a surrogate without its other half. Kept, it is encoded like any character, and
+/// How to encode half a surrogate pair. A kept one is encoded like any character, and
 /// `appendUtf16` decodes it again.
 enum class LoneSurrogate
 {
@@ -15,9 +15,9 @@ enum class LoneSurrogate
 };
 std::string toUtf8(std::u16string_view text, LoneSurrogate lone = LoneSurrogate::Replaced);
 
-/// Bytes that are no UTF-8 become U+FFFD each.
+/// Each byte that isn't valid UTF-8 becomes U+FFFD.
 std::u16string toUtf16(std::string_view bytes);
-/// Appends to `text`; stops at the first byte that is no UTF-8 and returns false.
+/// Appends to `text`. Stops at the first byte that isn't valid UTF-8 and returns false.
 [[nodiscard]] bool appendUtf16(std::string_view bytes, std::u16string &text);
 
 } // namespace base

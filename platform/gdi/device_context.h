@@ -11,7 +11,7 @@ namespace gdi {
 /// inside `within` (screen pixels). The area must outlive it. It starts with the settings of a new
 /// memory device context.
 [[nodiscard]] HDC openScreenDC(const ScreenArea &area, const std::optional<Region> &within);
-/// False when `dc` is no device context on the screen.
+/// False when `dc` is not a device context on the screen.
 bool closeScreenDC(HDC dc);
 
 } // namespace gdi

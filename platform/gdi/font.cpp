@@ -14,8 +14,7 @@ namespace {
 
 constexpr LONG systemFontHeight = 13;
 
-/// How far the strike is off what was asked for: pixels, and any number of them rather than the
-/// wrong weight.
+/// How badly the strike fits, in pixels of height. The wrong weight is worse than any height.
 LONG distance(const Strike &strike, const LOGFONTW &wanted)
 {
     const LONG asked = wanted.lfHeight == 0 ? systemFontHeight : wanted.lfHeight;

@@ -8,8 +8,8 @@ namespace gdi {
 
 /// "System", 8 point.
 LOGFONTW systemFontDescription();
-/// Of the strikes with that weight the one that comes nearest in height. A height of 0 asks for
-/// the system font's. The handheld has one family of faces, so the name makes no difference.
+/// The strike of that weight with the nearest height; 0 means the height of the system font. There
+/// is only one family of fonts, so the name is ignored.
 const Strike &nearestStrike(const LOGFONTW &description);
 
 } // namespace gdi

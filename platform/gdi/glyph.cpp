@@ -1,5 +1,5 @@
-// Glyphs of a strike. Every value on the play screen passes here, so a glyph that is not clipped
-// goes eight pixels at a time.
+// Glyphs of a strike. All text of the play screen is drawn here, so a glyph that needs no clipping
+// is drawn eight pixels at a time.
 #include "gdi/glyph.h"
 
 #include <array>
@@ -13,10 +13,10 @@ namespace {
 
 constexpr int pixelsPerByte = 8;
 
-/// As many pixels as a byte of a glyph has bits, as two numbers: the leftmost pixel is the lowest
-/// bits of the first. And for each byte of a glyph row the mask of its pixels.
+/// Eight pixels as two numbers; the leftmost pixel is the lowest 16 bits of the first.
 using Group = std::array<std::uint64_t, 2>;
 
+/// For each byte of a glyph's row, the mask of the pixels that it sets.
 constexpr std::array<Group, 256> makeMasks()
 {
     std::array<Group, 256> masks{};
@@ -33,7 +33,7 @@ constexpr std::array<Group, 256> masks = makeMasks();
 
 LONG rowBytes(const Glyph &glyph) { return (glyph.width + pixelsPerByte - 1) / pixelsPerByte; }
 
-/// Inks the pixels of a mask; the others are written as they were: no branches.
+/// Colours the pixels of a mask. The others are written back unchanged, which saves the branches.
 void inkGroup(Pixel *target, const Group &mask, std::uint64_t ink)
 {
     Group pixels;
@@ -43,7 +43,7 @@ void inkGroup(Pixel *target, const Group &mask, std::uint64_t ink)
     std::memcpy(target, pixels.data(), sizeof pixels);
 }
 
-/// Goes down the columns of eight pixels: most glyphs have one.
+/// Draws column by column, eight pixels wide: most glyphs have only one.
 void drawWhole(const Raster &raster, const Glyph &glyph, const std::uint8_t *bits, POINT corner,
                Pixel ink)
 {
@@ -91,7 +91,7 @@ void drawGlyph(const Raster &raster, const RECT &part, const Strike &strike, con
     const POINT corner{pen.x + glyph.left, pen.y - glyph.top};
     const std::uint8_t *bits = strike.bits + glyph.bits;
     const RECT box{corner.x, corner.y, corner.x + glyph.width, corner.y + glyph.height};
-    // Drawn whole, a row's last byte reaches beyond the glyph, but must not beyond the raster.
+    // drawWhole writes full bytes, which may reach beyond the glyph but not beyond the raster.
     if (holds(part, box) && corner.x + rowBytes(glyph) * pixelsPerByte <= raster.width) {
         drawWhole(raster, glyph, bits, corner, ink);
     } else {

@@ -1,4 +1,4 @@
-// Glyphs of a strike: which one shows a character, and how its pixels get into a raster.
+// Glyphs of a strike: finding the one for a character, and drawing it.
 #pragma once
 
 #include "gdi/raster.h"
@@ -6,7 +6,7 @@
 
 namespace gdi {
 
-/// The character's glyph, or the box.
+/// The glyph of a character; the box when the strike has none.
 const Glyph &glyphOf(const Strike &strike, char16_t character);
 
 /// Draws a glyph, the pen at `pen` on the baseline, as far as it lies in `part` of the raster.

@@ -20,7 +20,8 @@ struct Slot
     std::uint32_t nextFree = noSlot;
 };
 
-/// Free slots are used again in turn, which spreads the generations.
+/// Free slots form a queue: the one that has been free longest is used next, so that generations
+/// are used up evenly.
 struct Table
 {
     std::vector<Slot> slots;
@@ -28,7 +29,7 @@ struct Table
     std::uint32_t lastFree = noSlot;
 };
 
-// A plain variable, so that a look-up need not ask whether it is there.
+// Not a static in a function, which would cost a check at every look-up.
 Table table;
 
 void freeSlot(std::uint32_t index)

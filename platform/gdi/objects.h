@@ -1,7 +1,7 @@
 // The objects behind the drawing handles, and the one table that finds them.
 //
-// A handle is a slot of the table and the slot's generation at that time, so the handle of a
-// deleted object never finds the next one in the slot.
+// A handle is the number of a slot in the table and a generation, which changes when the slot is
+// freed: so the handle of a deleted object never finds a later object in the same slot.
 #pragma once
 
 #include <array>
@@ -52,7 +52,7 @@ struct Bitmap final : Object
     int width;
     int height;
     WORD storedBits = 16;               ///< per pixel
-    const Object *selectedIn = nullptr; ///< a device context; counts while there are selections
+    const Object *selectedIn = nullptr; ///< a device context; valid while `selections` > 0
 
     /// Black; null when a side is out of range or memory is short.
     static std::unique_ptr<Bitmap> make(int width, int height);

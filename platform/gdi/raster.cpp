@@ -11,19 +11,19 @@ namespace {
 
 std::size_t bytes(LONG pixels) { return static_cast<std::size_t>(pixels) * sizeof(Pixel); }
 
-/// As many pixels as one vector operation of every machine takes.
+/// Eight pixels are 16 bytes, one vector operation on every machine.
 constexpr LONG groupSize = 8;
 using Group = std::array<Pixel, groupSize>;
 
-/// From one row to the next, in pixels.
+/// Distances from one row to the next, in pixels.
 struct Pitches
 {
     std::ptrdiff_t target;
     std::ptrdiff_t picture;
 };
 
-/// Copies rows of one to two groups, a tile's say: two groups that may overlap make a row, without
-/// a call or a loop.
+/// Copies rows of one to two groups (a tile's rows, for example): each row is two groups, which may
+/// overlap, so it takes neither a call nor a loop.
 void copyNarrow(Pixel *target, const Pixel *picture, LONG width, LONG height, Pitches pitches)
 {
     for (LONG y = 0; y < height; ++y) {
@@ -38,7 +38,8 @@ void copyNarrow(Pixel *target, const Pixel *picture, LONG width, LONG height, Pi
     }
 }
 
-/// Copies a group but for its transparent pixels, which are written as they were: no branches.
+/// Copies a group except its transparent pixels. The target's pixels are written back unchanged
+/// there, which saves the branches.
 void copyGroup(Pixel *target, const Pixel *picture, Pixel transparent)
 {
     Group old;
@@ -70,7 +71,7 @@ void copy(const Raster &to, const RECT &part, const Raster &from, POINT source)
                      bytes(width) * static_cast<std::size_t>(height));
         return;
     }
-    // A picture that moves down inside one raster is copied from its last row up.
+    // Moving down inside one raster, copy the last row first, or it would be overwritten.
     const bool upwards = to.pixels == from.pixels && source.y < part.top;
     const LONG first = upwards ? height - 1 : 0;
     const int direction = upwards ? -1 : 1;

@@ -1,5 +1,5 @@
-// Pixels in memory, whatever they belong to, and the loops over them. Nothing is clipped here:
-// every rectangle must lie inside the raster.
+// Pixels in memory and the loops over them. Nothing is clipped here: every rectangle must lie
+// inside the raster.
 #pragma once
 
 #include <cstddef>

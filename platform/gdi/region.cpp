@@ -1,5 +1,5 @@
-// Regions as lists of rectangles without overlap. There are few of them (windows over windows),
-// so every operation goes through the list.
+// Regions as lists of rectangles. There are few rectangles (one window over another), so every
+// operation goes through the whole list.
 #include "gdi/region.h"
 
 #include <utility>
@@ -17,7 +17,7 @@ void append(std::vector<RECT> &rects, const RECT &rect)
     }
 }
 
-/// Appends what of `rect` lies outside `hole`: the bands above and below, the rest beside it.
+/// Appends the parts of `rect` outside `hole`: above it, left and right of it, below it.
 void appendOutside(std::vector<RECT> &rects, const RECT &rect, const RECT &hole)
 {
     const RECT common = intersection(rect, hole);

@@ -17,15 +17,15 @@ struct Screen
     int width = 0;
     int height = 0;
     std::vector<Pixel> pixels;
-    RECT changed{}; ///< what was drawn on since this was last emptied
+    RECT changed{}; ///< encloses all pixels drawn since this was last emptied
 };
 
 Screen &screen();
 /// Gives the display another size; its pixels become black and changed.
 void resizeScreen(int width, int height);
 
-/// A part of the screen that belongs to a window. It is asked at every drawing call, so a device
-/// context that is kept follows its window.
+/// A part of the screen that belongs to a window. Every drawing call asks for its position anew, so
+/// a device context follows its window.
 class ScreenArea
 {
 public:
@@ -33,7 +33,7 @@ public:
     /// The screen position of the area's (0, 0).
     virtual POINT origin() const = 0;
     virtual SIZE size() const = 0;
-    /// The visible part at the moment, in screen pixels.
+    /// The part that is visible now, in screen pixels.
     virtual const Region &visible() const = 0;
 };
 

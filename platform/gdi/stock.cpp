@@ -23,7 +23,7 @@ HGDIOBJ pen(std::optional<Pixel> pixel) { return insertStock(std::make_unique<Pe
 
 struct Stock
 {
-    /// By their numbers, from WHITE_BRUSH to SYSTEM_FONT.
+    /// By their numbers, from WHITE_BRUSH to SYSTEM_FONT. Some have no name in wingdi.h.
     std::array<HGDIOBJ, SYSTEM_FONT + 1> objects{
         brush(toPixel(RGB(255, 255, 255))),
         brush(toPixel(RGB(192, 192, 192))),

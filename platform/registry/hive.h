@@ -13,8 +13,8 @@
 
 namespace registry {
 
-/// Items with a `name`, in the order of insertion, found by name without regard to the case of A to
-/// Z. An item keeps the spelling that it was inserted with.
+/// Items with a `name`, in the order of insertion, found by name whatever the case of A to Z. An
+/// item keeps the spelling of its first insertion.
 template <class Item>
 class NamedList
 {
@@ -33,7 +33,7 @@ public:
         return found == byName_.end() ? nullptr : &*found->second;
     }
 
-    /// The item of that name, made when there is none.
+    /// The item of that name, created when there is none.
     Item &obtain(std::u16string_view name)
     {
         const auto [place, isNew] = byName_.try_emplace(folded(name));
@@ -56,7 +56,7 @@ public:
         return true;
     }
 
-    /// Whether a name begins like this.
+    /// Whether any name begins with `prefix`.
     bool holdsAny(std::u16string_view prefix) const
     {
         const std::u16string start = folded(prefix);
@@ -64,7 +64,7 @@ public:
         return first != byName_.end() && first->first.starts_with(start);
     }
 
-    /// Erases every item whose name begins like this.
+    /// Erases every item whose name begins with `prefix`.
     void eraseAll(std::u16string_view prefix)
     {
         const std::u16string start = folded(prefix);
@@ -100,7 +100,7 @@ struct Key
     NamedList<Value> values;
 };
 
-/// Every key that was named. The keys above it exist too, without values.
+/// Every key that was created or is in the file. The keys above one exist too, without values.
 using Hive = NamedList<Key>;
 
 } // namespace registry

@@ -262,7 +262,7 @@ private:
 
     bool readBytes(Value &value)
     {
-        // The older editors wrote texts in bytes.
+        // Older files have one byte per character.
         const bool widen = narrow_ && (value.type == REG_SZ || value.type == REG_EXPAND_SZ ||
                                        value.type == REG_MULTI_SZ);
         if (!continueLine()) {
@@ -288,7 +288,7 @@ private:
         return true;
     }
 
-    /// Goes on, after a backslash, in the next line.
+    /// Skips blanks, and a backslash with the line end after it.
     bool continueLine()
     {
         skipBlanks();
@@ -316,7 +316,7 @@ private:
     std::u16string_view text_;
     std::size_t position_ = 0;
     std::size_t line_ = 1;
-    bool narrow_ = false; ///< an older file: texts in hex are bytes
+    bool narrow_ = false; ///< an older file, whose texts in hex have one byte per character
     Hive hive_;
     Key deleted_;        ///< takes the values listed below a key that is being deleted
     Key *key_ = nullptr; ///< the key whose values follow

@@ -3,8 +3,7 @@
 
 namespace registry {
 
-/// Back to the state at switch-on: no key open, nothing loaded. The store is read at the first
-/// use after it.
+/// Back to the state at switch-on: no key open, nothing loaded. The next use reads the store.
 void reset();
 
 } // namespace registry

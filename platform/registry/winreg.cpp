@@ -26,7 +26,7 @@ struct OpenKey
 struct Registry
 {
     Hive hive;
-    std::string stored; ///< the store's text as far as it is known; empty when there is none
+    std::string stored; ///< the text in the store; empty when there is none
     std::map<std::uint32_t, OpenKey> openKeys;
     std::uint32_t nextHandle = 1;
 };
@@ -42,7 +42,7 @@ void load(Registry &target)
     }
     if (const auto problem = registry::readText(*bytes, target.hive)) {
         host.report("registry.reg " + *problem + "; it is put aside as registry.reg.bad");
-        host.setStoreAside(); // a failure of this is the host's to report
+        host.setStoreAside(); // the host reports if that fails
         return;
     }
     target.stored.assign(reinterpret_cast<const char *>(bytes->data()), bytes->size());
@@ -56,7 +56,7 @@ Registry &theRegistry()
     return *loaded;
 }
 
-/// Where the store cannot be written, it is tried again the next time.
+/// After a failure `stored` stays as it was, so the next call tries again.
 void save(Registry &source)
 {
     std::string text = registry::writeText(source.hive);
@@ -74,13 +74,13 @@ OpenKey *openKey(HKEY key)
 
 std::u16string_view textOf(LPCWSTR text) { return text ? text : u""; }
 
-/// Names stand on one line of the store.
+/// A name must fit on one line of the store.
 bool isName(std::u16string_view name)
 {
     return name.find_first_of(u"\r\n") == std::u16string_view::npos;
 }
 
-/// The whole path of `path` below `key`; nothing when the handle is none.
+/// The whole path of `path` below `key`; none when `key` is not open.
 std::optional<std::u16string> wholePath(HKEY key, LPCWSTR path)
 {
     const OpenKey *open = openKey(key);

@@ -20,7 +20,7 @@ void appendHex(std::string &out, std::uint32_t number, int digits)
     }
 }
 
-/// Every name survives, even one with half a surrogate pair.
+/// Keeps every name, even one with half a surrogate pair.
 std::string encode(std::u16string_view text)
 {
     return base::toUtf8(text, base::LoneSurrogate::Kept);
@@ -38,7 +38,7 @@ void appendQuoted(std::string &out, std::u16string_view text)
     out += '"';
 }
 
-/// The text of a value that can stand between quotes: one line, terminated once.
+/// The text of a value that can be written in quotes: a single line with one terminator.
 std::optional<std::u16string> plainText(const Value &value)
 {
     const std::vector<std::uint8_t> &data = value.data;
@@ -75,7 +75,7 @@ void appendBytes(std::string &out, const Value &value)
         if (i > 0) {
             out += ',';
         }
-        // Room is kept for a byte, its comma and the backslash.
+        // A byte, its comma and the backslash must fit.
         if (out.size() - lineStart + 4 > widestLine) {
             out += "\\\n";
             lineStart = out.size();

@@ -1,6 +1,6 @@
-// The .res image: entries one behind the other, each a header with sizes, type and name, and its
-// data, both padded to four bytes. Whatever the bytes, nothing outside of them is read: an entry
-// that does not fit ends the image.
+// The .res image is a row of entries: a header with sizes, type and name, then the data, both
+// padded to four bytes. Damaged images are safe to read: the first entry that does not fit ends the
+// image.
 #include "resources/image.h"
 
 #include <algorithm>
@@ -68,7 +68,7 @@ std::optional<Entry> findEntry(Predicate matches)
 std::optional<Entry> findNamed(const Name &type, const Name &name)
 {
     if (type == Name{}) {
-        return std::nullopt; // the empty entry that begins every image
+        return std::nullopt; // or the empty entry at the start of every image would be found
     }
     return findEntry([&](const Entry &each) { return each.type == type && each.name == name; });
 }
@@ -126,7 +126,7 @@ std::span<const std::byte> find(const Name &type, const Name &name)
 
 std::u16string_view string(unsigned id)
 {
-    // Sixteen strings make a block; each is its length and that many code units.
+    // A block holds sixteen strings: for each its length and that many code units.
     constexpr unsigned blockSize = 16;
     constexpr std::uint16_t stringTable = 6;
     const Bytes block =

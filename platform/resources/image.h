@@ -17,19 +17,19 @@ namespace resources {
 void setImage(std::span<const std::byte> bytes);
 std::span<const std::byte> image();
 
-/// Whether a pointer in the place of a name is MAKEINTRESOURCEW of a number, or null.
+/// Whether `name` is null or comes from MAKEINTRESOURCEW: a number instead of a pointer.
 bool isNumber(LPCWSTR name);
 
 /// The name or type of a resource: a number below 65,536, or a text, compared without regard to
 /// case.
 struct Name
 {
-    std::uint16_t number = 0; ///< counts when `text` is empty
+    std::uint16_t number = 0; ///< used when `text` is empty
     std::u16string text;
 
-    /// From a pointer that may be MAKEINTRESOURCEW of a number.
+    /// From a pointer, or a number from MAKEINTRESOURCEW.
     static Name from(LPCWSTR name);
-    /// From the form that resources have: a terminated text, or 0xFFFF and a number.
+    /// As resources store it: a terminated text, or 0xFFFF and a number.
     static Name read(base::ByteReader &reader);
     friend bool operator==(const Name &a, const Name &b);
 };
@@ -40,7 +40,7 @@ std::span<const std::byte> find(const Name &type, const Name &name);
 /// String `id` of the string table, in place; empty when there is none.
 std::u16string_view string(unsigned id);
 
-/// A number that `at` finds the resource by; 0 when there is none.
+/// A number by which `at` finds the resource; 0 when there is none.
 std::uint32_t locate(const Name &type, const Name &name);
 /// The bytes of the resource with that number; empty when there is none.
 std::span<const std::byte> at(std::uint32_t place);

@@ -1,10 +1,10 @@
-// The program's module as programs see it: its resources by name and its strings by number.
+// The functions by which a program finds its resources and strings.
 #include "resources/image.h"
 #include "winbase.h"
 
 namespace {
 
-/// The program is the one module with resources; no handle stands for it, too.
+/// Only the program has resources. A handle of 0 means the program, too.
 bool hasResources(HMODULE module)
 {
     constexpr HMODULE program{1};

@@ -29,7 +29,7 @@ TEST(Blit, ClipsToBothSides)
 
 TEST(Blit, OverlappingPartsMoveWhole)
 {
-    // A diagonal keeps its shape. The whole width goes as one block, less than that row by row.
+    // A diagonal keeps its shape. Whole rows are copied as one block, parts of rows one by one.
     for (const auto &[dx, dy] :
          {POINT{1, 2}, POINT{-1, -2}, POINT{0, 2}, POINT{0, -2}, POINT{2, 0}}) {
         const Picture picture(8, 8);

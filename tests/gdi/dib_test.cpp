@@ -50,7 +50,7 @@ TEST(Dib, Reads24Bits)
 TEST(Dib, RefusesMalformedOnes)
 {
     for (std::size_t size = 0; size < paletted.size(); ++size) {
-        // A copy of its own, so that a sanitizer sees any step beyond the end.
+        // A copy, so that a sanitizer finds any read beyond the end.
         EXPECT_FALSE(
             gdi::readDib(Bytes(paletted.begin(), paletted.begin() + static_cast<int>(size))));
     }

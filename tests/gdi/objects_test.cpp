@@ -3,7 +3,7 @@
 
 #include "picture.h"
 
-TEST(Objects, SelectObjectHandsBackExactlyWhatWasSelected)
+TEST(Objects, SelectObjectReturnsTheObjectSelectedBefore)
 {
     const HDC dc = CreateCompatibleDC({});
     const HDC other = CreateCompatibleDC({});
@@ -15,13 +15,13 @@ TEST(Objects, SelectObjectHandsBackExactlyWhatWasSelected)
     EXPECT_EQ(SelectObject(dc, GetStockObject(BLACK_BRUSH)), GetStockObject(WHITE_BRUSH));
     EXPECT_EQ(SelectObject(dc, GetStockObject(WHITE_PEN)), GetStockObject(BLACK_PEN));
 
-    // A bitmap has one place; the failed attempt leaves both contexts as they were.
+    // A bitmap can be in one context only; the failed attempt leaves both as they were.
     EXPECT_FALSE(SelectObject(other, second));
     EXPECT_EQ(SelectObject(dc, second), second);
     EXPECT_EQ(SelectObject(dc, initial), second);
     EXPECT_EQ(SelectObject(other, second), initial);
 
-    EXPECT_TRUE(DeleteDC(other)); // which lets go of the bitmap
+    EXPECT_TRUE(DeleteDC(other)); // no longer selects the bitmap
     EXPECT_TRUE(DeleteDC(dc));
     EXPECT_TRUE(DeleteObject(first));
     EXPECT_TRUE(DeleteObject(second));
@@ -37,7 +37,7 @@ TEST(Objects, DeletesOnlyWhatIsFree)
     EXPECT_FALSE(DeleteObject(initial));
     EXPECT_FALSE(DeleteObject(HGDIOBJ{dc.value}));
 
-    // What RestoreDC is going to select is not free either.
+    // An object in a saved state is still in use.
     ASSERT_EQ(SaveDC(dc), 1);
     SelectObject(dc, initial);
     EXPECT_FALSE(DeleteObject(brush));
@@ -46,7 +46,7 @@ TEST(Objects, DeletesOnlyWhatIsFree)
     EXPECT_EQ(SelectObject(dc, initial), brush);
     EXPECT_TRUE(DeleteObject(brush));
 
-    // The handle has lost its meaning, also when the slot has another owner.
+    // The handle stays invalid, also when another object uses the slot.
     EXPECT_FALSE(DeleteObject(brush));
     const HBRUSH next = CreateSolidBrush(red);
     EXPECT_FALSE(SelectObject(dc, brush));

@@ -12,7 +12,7 @@ namespace {
 class Area : public gdi::ScreenArea
 {
 public:
-    /// A window, and another in front of it.
+    /// A window at `place`, with another in front of it at `hole`.
     Area(const RECT &place, const RECT &hole) : corner(place), seen(place) { seen.subtract(hole); }
 
     POINT origin() const override { return {corner.left, corner.top}; }
@@ -44,7 +44,7 @@ struct Screen : testing::Test
         gdi::resizeScreen(20, 20);
         gdi::screen().changed = {};
     }
-    /// What is not black must be in both.
+    /// Exactly the pixels in both regions are not black.
     static void expectDrawn(const gdi::Region &a, const gdi::Region &b)
     {
         for (int y = 0; y < 20; ++y) {
@@ -95,7 +95,7 @@ TEST(Region, AgreesWithASetOfPixels)
     }
 }
 
-TEST_F(Screen, DrawingStaysInsideTheVisibleRegionAndTellsWhatChanged)
+TEST_F(Screen, DrawingStaysInsideTheVisibleRegionAndReportsWhatChanged)
 {
     Area area({5, 5, 15, 15}, {8, 8, 12, 12});
     const HDC dc = gdi::openScreenDC(area, {});
@@ -125,7 +125,7 @@ TEST_F(Screen, AContextForAPartDrawsThereOnly)
     source.fill({0, 0, 20, 20}, white);
     BitBlt(dc, 0, 0, 20, 20, source.dc, 0, 0, SRCCOPY);
     expectDrawn(area.seen, invalid);
-    // The screen's pixels are no bitmap to select, and a window's context is not deleted.
+    // No bitmap can be selected in a context on the screen, and DeleteDC refuses one.
     EXPECT_FALSE(SelectObject(dc, CreateCompatibleBitmap(dc, 1, 1)));
     EXPECT_FALSE(DeleteDC(dc));
     gdi::reset();

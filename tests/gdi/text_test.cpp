@@ -9,7 +9,7 @@ namespace {
 
 constexpr UINT oneLine = DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX;
 
-/// A picture that is drawn in with a white transparent text, bold unless told otherwise.
+/// A picture with white text on a transparent background, in bold unless `weight` says otherwise.
 class Page : public Picture
 {
 public:
@@ -77,7 +77,7 @@ TEST(Text, AlignsInTheRectangle)
         const RECT l = left.bounds(white);
         const RECT c = centre.bounds(white);
         const RECT r = right.bounds(white);
-        // The ink stands in the middle, and as far from the left side as from the right.
+        // The ink is in the middle, as far from the left side as from the right.
         EXPECT_LE(std::abs(c.left + c.right - rect.left - rect.right), 2) << height;
         EXPECT_LE(std::abs((l.left - rect.left) - (rect.right - r.right)), 1) << height;
         EXPECT_LE(rect.right - r.right, 3) << height;
@@ -89,7 +89,7 @@ TEST(Text, AlignsInTheRectangle)
     }
 }
 
-TEST(Text, ClipsUnlessToldNotTo)
+TEST(Text, ClipsExceptWithNoClip)
 {
     const RECT narrow{40, 20, 50, 26};
     const Page clipped(16);

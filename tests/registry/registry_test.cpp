@@ -1,4 +1,4 @@
-// The registry: values that survive, files of other editors, files that cannot be read.
+// The registry: saved values, files of other editors, damaged files.
 #include <gtest/gtest.h>
 
 #include <numeric>
@@ -13,7 +13,7 @@ constexpr LPCWSTR gamePath = u"Software\\Apps\\Game";
 
 struct RegistryTest : testing::Test
 {
-    /// Starts anew with this file.
+    /// Switches the handheld on with this file as its store.
     void restart(std::string_view file)
     {
         const auto bytes = std::as_bytes(std::span(file));
@@ -89,16 +89,16 @@ TEST_F(RegistryTest, SavesAKeyWhenItIsClosedAndOnlyIfSomethingChanged)
     restart(file());
     EXPECT_EQ(save(), 0);
     EXPECT_EQ(value(u"SOFTWARE\\apps\\game", u"VERSION"), "4:03000000");
-    EXPECT_EQ(value(u"Software", u""), "none"); // a key that only others lie below
+    EXPECT_EQ(value(u"Software", u""), "none"); // it has no values, only keys below it
     block[0] = 9;
     host().storeFails = true;
     EXPECT_EQ(save(), 0);
     EXPECT_EQ(value(gamePath, u"app").substr(0, 6), "3:0901");
     host().storeFails = false;
-    EXPECT_EQ(save(), 1); // what could not be saved before
+    EXPECT_EQ(save(), 1); // saves what could not be saved before
 }
 
-TEST_F(RegistryTest, QueriesTellTheSizeAndRefuseASmallBuffer)
+TEST_F(RegistryTest, QueriesReportTheSizeAndRefuseASmallBuffer)
 {
     const HKEY key = create(gamePath);
     const BYTE data[] = {1, 2, 3};
@@ -173,7 +173,7 @@ TEST_F(RegistryTest, ReadsAsAnImporterDoes)
     EXPECT_TRUE(host().reports.empty());
 }
 
-TEST_F(RegistryTest, SetsADamagedFileAsideAndTellsTheLine)
+TEST_F(RegistryTest, SetsADamagedFileAsideAndReportsTheLine)
 {
     const std::tuple<int, std::string, std::vector<std::string>> damages[] = {
         {1, "", {"", "Windows Registry Editor Version 6.00\n", "\xFF\xFEW"}},

@@ -60,7 +60,7 @@ TEST(Resources, OfADamagedImageNothingOutsideIsRead)
 {
     const std::vector<std::byte> whole = sampleImage().bytes;
     const auto readAll = [](std::vector<std::byte> bytes) {
-        bytes.shrink_to_fit(); // so that a sanitizer sees a step too far
+        bytes.shrink_to_fit(); // so that a sanitizer finds any read beyond the end
         SwitchedOn handheld(bytes);
         WCHAR buffer[300];
         std::size_t read = resources::find({0, u"WAVE"}, {114, {}}).size();

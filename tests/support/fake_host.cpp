@@ -71,7 +71,7 @@ std::optional<host::Event> FakeHost::wait(std::optional<std::uint32_t> deadline)
     return std::nullopt;
 }
 
-/// Until the first step of the script or the deadline, whichever is first.
+/// Returns at the next step of the script or at the deadline, whichever is first.
 std::optional<host::Event> FakeHost::sleep(std::optional<std::uint32_t> deadline)
 {
     const std::uint32_t moment = stepStart_ + script_.front().delay;
@@ -92,7 +92,7 @@ std::optional<host::Event> FakeHost::sleep(std::optional<std::uint32_t> deadline
     return std::nullopt;
 }
 
-/// Sleeps on with the script done: to the deadline, or to the end of the run, which ends every
+/// Waits after the end of the script: to the deadline, or to the end of the run, which ends every
 /// loop that waits for messages.
 void FakeHost::finishRun(std::optional<std::uint32_t> deadline)
 {

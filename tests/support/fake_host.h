@@ -1,5 +1,5 @@
-// A host for unit tests: a virtual clock, a script of events and looks at the handheld, a store in
-// memory, and a record of what the handheld did with its host.
+// A host for unit tests: a virtual clock, a script of events and actions, a store in memory, and a
+// record of the handheld's calls.
 #pragma once
 
 #include <cstddef>
@@ -23,15 +23,15 @@ public:
 
     /// An event, `delay` milliseconds after the step before it.
     void give(const host::Event &event, std::uint32_t delay = 0);
-    /// A piece of the test, once the handheld has handled everything before it and sleeps.
+    /// Calls `action` when the handheld has handled everything before it and waits.
     void act(std::function<void()> action, std::uint32_t delay = 0);
     void key(int code, bool down, std::uint32_t delay = 0);
     void stylus(Kind kind, int x, int y);
     void tap(int x, int y);
     void type(std::u16string_view text);
 
-    /// Handles messages as a program does until the script is done and `milliseconds` more have
-    /// passed, everything due at that moment included.
+    /// Handles messages as a program does until the script is done, `milliseconds` more have passed
+    /// and everything due by then is handled.
     void run(std::uint32_t milliseconds = 0);
 
     // What happened ---------------------------------------------------------------------------
@@ -97,7 +97,7 @@ private:
     int idleCalls_ = 0;
 };
 
-/// The handheld switched on for as long as this lives.
+/// Keeps the handheld switched on during its lifetime.
 struct SwitchedOn
 {
     explicit SwitchedOn(std::span<const std::byte> resources = {}, int orientation = 0)

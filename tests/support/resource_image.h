@@ -16,7 +16,7 @@ public:
     {
         addEntry({0xFFFF, type, 0xFFFF, name}, words);
     }
-    /// A resource of a named type, u"WAVE" say, or with a name of its own.
+    /// A resource with a type that is a name, for example u"WAVE"; below, with a name.
     void add(std::u16string type, std::uint16_t name, std::span<const std::uint16_t> words)
     {
         type.append({u'\0', u'\uFFFF', name});

@@ -1,7 +1,8 @@
 // Build tool: renders two outline fonts into the bitmap strikes of the handheld, as a C++ source.
 // Usage: bake REGULAR.ttf BOLD.ttf OUTPUT.cpp
 //
-// Glyphs are rendered in two levels with the fonts' own hinting, which is made for these sizes.
+// Glyphs are rendered in black and white with the fonts' own hinting, which is made for these
+// sizes.
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -98,8 +99,8 @@ std::vector<gdi::CharacterRun> findRuns(const Face &regular, const Face &bold)
     return runs;
 }
 
-/// Sets the largest size whose rounded ascent and descent fit the cell; returns the ascent. What
-/// the cell has to spare is below the baseline.
+/// Sets the largest size whose rounded ascent and descent fit the cell; returns the ascent. Rows
+/// that are left over are below the baseline.
 int fitCell(const Face &face, int cellHeight)
 {
     const auto *metrics = static_cast<const TT_OS2 *>(FT_Get_Sfnt_Table(face.get(), FT_SFNT_OS2));
@@ -168,7 +169,7 @@ void appendGlyph(Baked &baked, const Face &face, char16_t character)
     }
 }
 
-/// How far the ink of any glyph leaves its cell.
+/// The most pixels by which a glyph leaves its cell on any side.
 int overhangOf(const Baked &baked)
 {
     int overhang = 0;

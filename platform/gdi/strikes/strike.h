@@ -6,13 +6,13 @@
 
 namespace gdi {
 
-/// The box of a glyph's pixels, seen from the pen on the baseline, and how far the pen goes.
+/// The rectangle of a glyph's pixels, relative to the pen on the baseline.
 struct Glyph
 {
     std::uint32_t bits;   ///< where its rows begin in Strike::bits
-    std::uint8_t advance; ///< pixels
-    std::int8_t left;     ///< from the pen to the box's left side
-    std::int8_t top;      ///< from the baseline up to the box's upper side
+    std::uint8_t advance; ///< pixels by which the pen moves on
+    std::int8_t left;     ///< from the pen to the rectangle's left side
+    std::int8_t top;      ///< from the baseline up to the rectangle's upper side
     std::uint8_t width;
     std::uint8_t height;
 };
@@ -25,8 +25,8 @@ struct CharacterRun
     std::uint16_t glyph; ///< of `first`
 };
 
-/// A font at one size. All strikes hold the same characters in the same order; glyph 0 is the
-/// box that stands for every other character.
+/// A font at one size. All strikes hold the same characters in the same order; glyph 0 is a
+/// box, shown for every other character.
 struct Strike
 {
     bool bold;

@@ -8,7 +8,8 @@
 
 namespace {
 
-/// The byte as it stands in a literal. Three octal digits never run into what follows.
+/// The byte as an escape in a literal. Always three octal digits, so a digit after it is not part
+/// of it.
 std::string escaped(unsigned char byte)
 {
     char text[5];
