@@ -1,4 +1,6 @@
 // What the player's hands do becomes the handheld's buttons, stylus and text.
+import {pads} from './gamepads.js';
+import {tremble} from './hands.js';
 
 /** What host::Event::Kind counts. */
 const KEY_DOWN = 0, KEY_UP = 1, TEXT = 2, STYLUS_DOWN = 3, STYLUS_MOVE = 4, STYLUS_UP = 5, HELP = 11;
@@ -93,8 +95,9 @@ export class Controls {
 
   keyDown(event) {
     const inDialog = document.querySelector('dialog[open]') !== null;
-    if (inDialog || event.isComposing) {
-      return;
+    const onButton = event.target.closest?.('button') && ['Enter', ' '].includes(event.key);
+    if (inDialog || onButton || event.isComposing || (event.key === 'Tab' && !this.wantsText)) {
+      return; // that is the page's own
     }
     if (event.key === 'F1') {
       event.preventDefault();
@@ -113,6 +116,7 @@ export class Controls {
     }
     const alone = !event.metaKey && (event.getModifierState('AltGraph') || !(event.ctrlKey || event.altKey));
     if (this.wantsText && alone && [...event.key].length === 1) {
+      event.preventDefault();
       for (let i = 0; i < event.key.length; ++i) {
         this.post(TEXT, event.key.charCodeAt(i));
       }
@@ -145,8 +149,8 @@ export class Controls {
     if (key !== before) {
       this.release(event.pointerId);
       this.press(event.pointerId, key);
-      if (key !== 0 && event.pointerType === 'touch' && navigator.userActivation?.hasBeenActive) {
-        navigator.vibrate?.(8);
+      if (key !== 0 && event.pointerType === 'touch') {
+        tremble();
       }
     }
   }
@@ -155,7 +159,7 @@ export class Controls {
   padKey(pad, event, lands, before) {
     const box = pad.getBoundingClientRect();
     const x = (event.clientX - box.left) / box.width - 0.5, y = (event.clientY - box.top) / box.height - 0.5;
-    if (Math.hypot(x, y) < 0.16) {
+    if (Math.hypot(x, y) < 0.165) {
       return lands ? CENTRE : before;
     }
     return Math.abs(x) > Math.abs(y) ? (x < 0 ? LEFT : RIGHT) : (y < 0 ? UP : DOWN);
@@ -171,6 +175,7 @@ export class Controls {
   watchStylus(canvas) {
     canvas.onpointerdown = (event) => {
       event.preventDefault();
+      canvas.focus();
       if (!this.stylus && event.button === 0 && !this.isAway()) {
         canvas.setPointerCapture(event.pointerId);
         this.moveStylus(STYLUS_DOWN, {id: event.pointerId, ...this.screen.pixelAt(event.clientX, event.clientY)});
@@ -182,9 +187,9 @@ export class Controls {
         this.moveStylus(STYLUS_MOVE, {id: event.pointerId, ...point});
       }
     };
-    canvas.onlostpointercapture = (event) => {
+    canvas.onlostpointercapture = (event) => { // it has no point of its own in every browser
       if (this.stylus?.id === event.pointerId) {
-        this.moveStylus(STYLUS_UP, {id: event.pointerId, ...this.screen.pixelAt(event.clientX, event.clientY)});
+        this.moveStylus(STYLUS_UP, this.stylus);
       }
     };
   }
@@ -201,11 +206,11 @@ export class Controls {
       return;
     }
     const look = () => {
-      const pads = navigator.getGamepads().filter(Boolean);
+      const present = pads();
       if (!this.isAway()) {
-        pads.forEach((pad) => this.lookAt(pad));
+        present.forEach((pad) => this.lookAt(pad));
       }
-      this.watching = pads.length > 0 && requestAnimationFrame(look);
+      this.watching = present.length > 0 && requestAnimationFrame(look);
       if (!this.watching) {
         this.releaseAll();
       }

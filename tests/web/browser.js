@@ -97,11 +97,13 @@ export async function begin(engine, screen = DESKTOP, script = undefined) {
 
 // The screen --------------------------------------------------------------------------------------
 
-/** The screen's pixels, red, green, blue and opacity, as the page has drawn them. */
+/** The screen's pixels, red, green, blue and opacity, as the page has drawn them: the canvas has each several times. */
 export async function pixels(tab) {
   return Buffer.from(await tab.evaluate(() => {
-    const screen = document.querySelector('#screen');
-    const {data} = screen.getContext('2d').getImageData(0, 0, screen.width, screen.height);
+    const small = Object.assign(document.createElement('canvas'), {width: 240, height: 320}).getContext('2d');
+    small.imageSmoothingEnabled = false;
+    small.drawImage(document.querySelector('#screen'), 0, 0, 240, 320);
+    const {data} = small.getImageData(0, 0, 240, 320);
     return btoa(Array.from(data, (byte) => String.fromCharCode(byte)).join(''));
   }), 'base64');
 }
