@@ -4,7 +4,9 @@ const CACHE = 'glimra-@VERSION@';
 const FILES = ['./', @FILES@];
 
 addEventListener('install', (event) => {
-  const fresh = FILES.map((file) => new Request(file, {cache: 'no-cache'}));
+  // A first visit has just fetched what the page is made of; a new version is asked for anew.
+  const cache = registration.active ? 'no-cache' : 'force-cache';
+  const fresh = FILES.map((file) => new Request(file, {cache}));
   event.waitUntil(caches.open(CACHE).then((cache) => cache.addAll(fresh)));
 });
 

@@ -32,6 +32,10 @@ char *pageLoad();
 bool pageSave(const char *text, std::size_t length);
 void pageSetAside();
 
+/// What the program is at: "title", "game", "level", "paused", "over", "name" or "dialog", and a
+/// sentence of it for players who cannot see the screen.
+void pageState(const char *kind, const char *text);
+
 bool pageHelp(const char *address);
 void pageReport(const char *line, std::size_t length);
 void pageEnded();

@@ -37,6 +37,7 @@ mergeInto(LibraryManager.library, {
   pageSave: function(text, length) { return Module.page.store.save(UTF8ToString(text, length)); },
   pageSetAside: function() { Module.page.store.setAside(); },
 
+  pageState: function(kind, text) { Module.page.state(UTF8ToString(kind), UTF8ToString(text)); },
   pageHelp: function(address) { return Module.page.help(UTF8ToString(address)); },
   pageReport: function(line, length) { Module.page.report(UTF8ToString(line, length)); },
   pageEnded: function() { Module.page.ended(); },
