@@ -1,10 +1,8 @@
-// The commands of a script, by hand of a player who taps what can be seen.
+// The commands of a script. Menus and controls are tapped where they can be seen.
 #include "pilot/player.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <iterator>
 #include <utility>
 
@@ -17,7 +15,6 @@ namespace pilot {
 
 using host::Event;
 
-/// One line of the language.
 struct Player::Command
 {
     using enum Argument;
@@ -66,22 +63,15 @@ constexpr Player::Command Player::Command::all[] = {
     {"echo", &Player::echo, {Text}, false},
 };
 
-const Player::Command *Player::findCommand(std::string_view name)
+Player::Player(int script, RunState &state, const Outcome &outcome,
+               const std::filesystem::path &storeFolder, const Subject &subject)
+    : script_(script), state_(state), outcome_(outcome), subject_(subject),
+      host_(storeFolder, state, {[this] { act(); }, [this] { timerHandled(); }})
 {
-    const auto *found = std::find_if(std::begin(Command::all), std::end(Command::all),
-                                     [name](const Command &each) { return each.name == name; });
-    return found == std::end(Command::all) ? nullptr : found;
-}
-
-Player::Player(int script, World &world, const Will &will, const std::filesystem::path &storeFolder,
-               const Subject &subject)
-    : script_(script), world_(world), will_(will), subject_(subject),
-      host_(storeFolder, world, {[this] { act(); }, [this] { timerHandled(); }})
-{
-    for (const std::uint16_t code : world_.held) {
+    for (const std::uint16_t code : state_.held) {
         send(Event::Kind::KeyDown, code);
     }
-    if (!world_.traceFile.empty()) {
+    if (!state_.traceFile.empty()) {
         openTrace();
     }
 }
@@ -97,8 +87,8 @@ void Player::programEnded(int exitCode)
     }
 }
 
-/// The next step of the command in hand, or the next command. What a step adds comes before the
-/// steps that were planned to follow it.
+/// The next step of the present command, or the next command. What a step adds comes before the
+/// steps that follow it.
 void Player::act()
 {
     if (steps_.empty()) {
@@ -114,63 +104,84 @@ void Player::act()
 
 void Player::readCommand()
 {
-    if (trace_.is_open() && !trace_.flush()) {
-        fail(1, world_.traceFile + ": " + std::strerror(errno));
+    if (trace_.is_open()) {
+        requireWritten(trace_.flush(), state_.traceFile);
     }
-    bool readable = true;
-    const auto line = readLine(script_, readable);
-    ++world_.line;
-    if (!readable) {
-        fail(1, std::string("the script cannot be read: ") + std::strerror(errno));
-    }
+    const auto [line, problem] = readLine(script_);
+    ++state_.line;
+    require(problem);
     if (!line) {
-        programEnded_ ? will_.finishInOrder(0) : will_.finish(0);
+        outcome_.finish(0, programEnded_);
     }
     std::string_view rest = *line;
-    const std::string_view name = takeWord(rest);
+    const std::string name(takeWord(rest));
     if (name.empty()) {
         return;
     }
-    const Command *command = findCommand(name);
-    if (!command) {
-        fail(2, "there is no command \"" + std::string(name) + '"');
+    const auto *command = std::ranges::find(Command::all, name, &Command::name);
+    if (command == std::end(Command::all)) {
+        fail(2, "there is no command \"" + name + '"');
     }
-    Arguments arguments;
-    const std::string problem = readArguments(rest, command->arguments, arguments);
-    if (!problem.empty()) {
-        fail(2, std::string(name) + ": " + problem);
+    const auto [arguments, mistake] = readArguments(rest, command->arguments);
+    if (mistake) {
+        fail(2, name + ": " + *mistake);
     }
     if (programEnded_ && command->needsProgram) {
-        fail(2, std::string(name) + ": the program has ended");
+        fail(2, name + ": the program has ended");
     }
     (this->*command->carryOut)(arguments);
 }
 
 void Player::fail(int status, const std::string &reason)
 {
-    std::fprintf(stderr, "pilot: line %d: %s\n", world_.line, reason.c_str());
-    will_.finish(status);
+    std::fprintf(stderr, "pilot: line %d: %s\n", state_.line, reason.c_str());
+    outcome_.finish(status);
+}
+
+void Player::require(const host::Problem &problem)
+{
+    if (problem) {
+        fail(1, *problem);
+    }
+}
+
+void Player::requireWritten(const std::ostream &file, const std::string &name)
+{
+    if (!file) {
+        fail(1, host::fileProblem(name));
+    }
+}
+
+template <class T>
+T Player::require(std::optional<T> found, const std::string &reason)
+{
+    if (!found) {
+        fail(2, reason);
+    }
+    return *found;
 }
 
 // Input ------------------------------------------------------------------------------------------
 
-void Player::send(Event::Kind kind, std::uint16_t key, long modifiers)
+void Player::send(Event::Kind kind, std::uint16_t key, int modifiers)
 {
-    Event event;
-    event.kind = kind;
-    event.key = key;
-    event.control = (modifiers & 1) != 0;
-    event.shift = (modifiers & 2) != 0;
-    event.escape = (modifiers & 4) != 0;
-    host_.send(event);
+    host_.send({.kind = kind,
+                .key = key,
+                .control = (modifiers & 1) != 0,
+                .shift = (modifiers & 2) != 0,
+                .escape = (modifiers & 4) != 0});
+}
+
+void Player::sendText(std::u16string_view text)
+{
+    for (const char16_t unit : text) {
+        host_.send({.kind = Event::Kind::Text, .text = unit});
+    }
 }
 
 void Player::tapPoint(POINT point)
 {
-    Event event;
-    event.kind = Event::Kind::StylusDown;
-    event.x = point.x;
-    event.y = point.y;
+    Event event{.kind = Event::Kind::StylusDown, .x = point.x, .y = point.y};
     host_.send(event);
     event.kind = Event::Kind::StylusUp;
     then([this, event] { host_.send(event); });
@@ -190,10 +201,10 @@ void Player::key(const Arguments &arguments)
 {
     const auto code = static_cast<std::uint16_t>(arguments.numbers[0]);
     if (arguments.text == "down") {
-        world_.held.insert(code);
+        state_.held.insert(code);
         send(Event::Kind::KeyDown, code, arguments.numbers[2]);
     } else {
-        world_.held.erase(code);
+        state_.held.erase(code);
         send(Event::Kind::KeyUp, code);
     }
 }
@@ -201,7 +212,7 @@ void Player::key(const Arguments &arguments)
 void Player::press(const Arguments &arguments)
 {
     const auto code = static_cast<std::uint16_t>(arguments.numbers[0]);
-    world_.held.erase(code);
+    state_.held.erase(code);
     send(Event::Kind::KeyDown, code);
     host_.pass(static_cast<std::uint32_t>(arguments.numbers[1]));
     then([this, code] { send(Event::Kind::KeyUp, code); });
@@ -220,52 +231,36 @@ void Player::tap(const Arguments &arguments)
     if (x >= host_.frame().width || y >= host_.frame().height) {
         fail(2, "tap: the point is not on the screen");
     }
-    tapPoint({static_cast<LONG>(x), static_cast<LONG>(y)});
+    tapPoint({x, y});
 }
 
 void Player::stylus(const Arguments &arguments)
 {
-    Event event;
-    event.kind = arguments.text == "down"   ? Event::Kind::StylusDown
-                 : arguments.text == "move" ? Event::Kind::StylusMove
-                                            : Event::Kind::StylusUp;
-    event.x = static_cast<int>(arguments.numbers[1]);
-    event.y = static_cast<int>(arguments.numbers[2]);
-    host_.send(event);
+    const auto kind = arguments.text == "down"   ? Event::Kind::StylusDown
+                      : arguments.text == "move" ? Event::Kind::StylusMove
+                                                 : Event::Kind::StylusUp;
+    const auto [none, x, y] = arguments.numbers;
+    host_.send({.kind = kind, .x = x, .y = y});
 }
 
 void Player::text(const Arguments &arguments)
 {
-    Event event;
-    event.kind = Event::Kind::Text;
-    event.text = static_cast<char16_t>(arguments.numbers[0]);
-    host_.send(event);
+    sendText(std::u16string(1, static_cast<char16_t>(arguments.numbers[0])));
 }
 
-void Player::type(const Arguments &arguments)
-{
-    Event event;
-    event.kind = Event::Kind::Text;
-    for (const char16_t unit : base::toUtf16(arguments.text)) {
-        event.text = unit;
-        host_.send(event);
-    }
-}
+void Player::type(const Arguments &arguments) { sendText(base::toUtf16(arguments.text)); }
 
 void Player::turn(const Arguments &arguments)
 {
-    world_.orientation = static_cast<int>(arguments.numbers[0]);
-    Event event;
-    event.kind = Event::Kind::Turn;
-    event.orientation = world_.orientation;
-    host_.send(event);
+    state_.orientation = arguments.numbers[0];
+    host_.send({.kind = Event::Kind::Turn, .orientation = state_.orientation});
 }
 
 // Taps on what is shown --------------------------------------------------------------------------
 
 void Player::menu(const Arguments &arguments)
 {
-    const int id = static_cast<int>(arguments.numbers[0]);
+    const int id = arguments.numbers[0];
     if (inspect::menuOpen() && inspect::openMenuItem(id)) {
         tapMenuItem(id);
         return;
@@ -274,23 +269,19 @@ void Player::menu(const Arguments &arguments)
         dismiss({});
     }
     then([this, id] {
-        const auto index = inspect::menuBarButtonOf(id);
-        if (!index) {
-            fail(2, "menu: no menu holds command " + std::to_string(id));
-        }
-        open({{*index}, {}});
+        open({{require(inspect::menuBarButtonOf(id),
+                       "menu: no menu holds command " + std::to_string(id))},
+              {}});
     });
     then([this, id] { tapMenuItem(id); });
 }
 
 void Player::tapMenuItem(int id)
 {
-    const auto item = inspect::openMenuItem(id);
-    if (!item) {
-        fail(2, "menu: the menu with command " + std::to_string(id) + " did not open");
-    }
-    if (item->enabled) {
-        tapPoint(item->centre);
+    const auto item = require(inspect::openMenuItem(id), "menu: the menu with command " +
+                                                             std::to_string(id) + " did not open");
+    if (item.enabled) {
+        tapPoint(item.centre);
     } else {
         say("grayed " + std::to_string(id));
         dismiss({});
@@ -299,19 +290,18 @@ void Player::tapMenuItem(int id)
 
 void Player::open(const Arguments &arguments)
 {
-    const auto button = inspect::menuBarButton(static_cast<int>(arguments.numbers[0]));
-    if (!button) {
-        fail(2, "open: there is no menu-bar button " + std::to_string(arguments.numbers[0]));
-    }
-    tapPoint(button->centre);
+    const int index = arguments.numbers[0];
+    tapPoint(require(inspect::menuBarButton(index),
+                     "open: there is no menu-bar button " + std::to_string(index))
+                 .centre);
 }
 
-/// Elsewhere is the left end of the title bar, where nothing else takes a tap.
+/// Taps the left end of the title bar, where nothing else takes a tap.
 void Player::dismiss(const Arguments &) { tapPoint({4, 4}); }
 
 void Player::click(const Arguments &arguments)
 {
-    const auto control = inspect::control(static_cast<int>(arguments.numbers[0]));
+    const auto control = inspect::control(arguments.numbers[0]);
     if (!control || !control->enabled) {
         fail(2, "click: the active window has no visible, enabled control " +
                     std::to_string(arguments.numbers[0]));
@@ -321,46 +311,33 @@ void Player::click(const Arguments &arguments)
 
 void Player::select(const Arguments &arguments)
 {
-    const int id = static_cast<int>(arguments.numbers[0]);
-    const int index = static_cast<int>(arguments.numbers[1]);
+    const int id = arguments.numbers[0];
+    const int index = arguments.numbers[1];
     click(arguments);
     then([this, id, index] {
-        const auto item = inspect::openListItem(id, index);
-        if (!item) {
-            fail(2, "select: the list of control " + std::to_string(id) + " shows no item " +
-                        std::to_string(index));
-        }
-        tapPoint(item->centre);
+        tapPoint(require(inspect::openListItem(id, index),
+                         "select: the list of control " + std::to_string(id) + " shows no item " +
+                             std::to_string(index))
+                     .centre);
     });
 }
 
 void Player::done(const Arguments &)
 {
-    const auto button = inspect::okButton();
-    if (!button) {
-        fail(2, "done: the title bar has no OK button");
-    }
-    tapPoint(button->centre);
+    tapPoint(require(inspect::okButton(), "done: the title bar has no OK button").centre);
 }
 
-// The life of the program ------------------------------------------------------------------------
+// The end of the program ------------------------------------------------------------------------
 
-void Player::kill(const Arguments &) { will_.finish(0); }
+void Player::kill(const Arguments &) { outcome_.finish(0); }
 
-void Player::restart(const Arguments &) { will_.restart(world_, programEnded_); }
+void Player::restart(const Arguments &) { outcome_.restart(state_, programEnded_); }
 
 // Looking ----------------------------------------------------------------------------------------
 
-void Player::requireWritten(const std::string &problem)
-{
-    if (!problem.empty()) {
-        fail(1, problem);
-    }
-}
-
 void Player::shot(const Arguments &arguments)
 {
-    requireWritten(host::writePng(arguments.text, host_.frame()));
+    require(host::writePng(arguments.text, host_.frame()));
 }
 
 void Player::state(const Arguments &arguments)
@@ -368,26 +345,26 @@ void Player::state(const Arguments &arguments)
     std::ofstream file(arguments.text, std::ios::binary);
     writeImage(file);
     file.close();
-    requireWritten(file ? "" : arguments.text + ": " + std::strerror(errno));
+    requireWritten(file, arguments.text);
 }
 
 void Player::trace(const Arguments &arguments)
 {
     trace_.close();
     trace_.clear();
-    world_.traceFile.clear();
+    state_.traceFile.clear();
     if (arguments.text != "off") {
-        world_.traceFile = arguments.text;
+        state_.traceFile = arguments.text;
         openTrace();
     }
 }
 
-/// A file that was traced to earlier in this run is continued.
+/// Appends to a file that was traced to before.
 void Player::openTrace()
 {
-    const bool begun = !world_.traced.insert(world_.traceFile).second;
-    trace_.open(world_.traceFile, begun ? std::ios::binary | std::ios::app : std::ios::binary);
-    requireWritten(trace_ ? "" : world_.traceFile + ": " + std::strerror(errno));
+    const bool begun = !state_.traced.insert(state_.traceFile).second;
+    trace_.open(state_.traceFile, begun ? std::ios::binary | std::ios::app : std::ios::binary);
+    requireWritten(trace_, state_.traceFile);
 }
 
 void Player::writeImage(std::ostream &file)
@@ -401,12 +378,12 @@ void Player::timerHandled()
     if (trace_.is_open()) {
         writeImage(trace_);
     }
-    if (const auto fault = world_.checks ? subject_.findFault() : std::nullopt) {
+    if (const auto fault = state_.checks ? subject_.findFault() : std::nullopt) {
         fail(crashStatus, *fault);
     }
 }
 
-void Player::check(const Arguments &) { world_.checks = true; }
+void Player::check(const Arguments &) { state_.checks = true; }
 
 void Player::tree(const Arguments &)
 {
