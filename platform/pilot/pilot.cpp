@@ -9,8 +9,10 @@
 #include <unistd.h>
 
 #include "host/recording_host.h"
+#include "host/store_file.h"
 #include "pilot/player.h"
 #include "pilot/run_process.h"
+#include "pilot/script.h"
 
 namespace pilot {
 namespace {
@@ -92,16 +94,16 @@ int run(const Options &options, const handheld::Program &program, const Subject 
     first.clock = options.clock.value_or(header.clock.value_or(1000));
     first.orientation = options.landscape || header.landscape ? 1 : 0;
     return runUntilFinished(first, [&](RunState &state, const Outcome &outcome) {
-        const bool records = options.record && state.line == 0;
-        Player player(script, state, outcome, store.path(), subject);
-        host::RecordingHost recorder(player.host());
-        if (records) {
-            if (const auto problem = recorder.begin(*options.record, state.orientation != 0)) {
-                outcome.finish(complain(*problem));
+        play(script, state, outcome, store.path(), subject, [&](host::Host &host) {
+            host::RecordingHost recorder(host);
+            const bool records = options.record && state.line == 0;
+            if (records) {
+                if (const auto problem = recorder.begin(*options.record, state.orientation != 0)) {
+                    outcome.finish(complain(*problem));
+                }
             }
-        }
-        host::Host &host = records ? static_cast<host::Host &>(recorder) : player.host();
-        player.programEnded(handheld::run(host, program, state.orientation));
+            return handheld::run(records ? recorder : host, program, state.orientation);
+        });
     });
 }
 
