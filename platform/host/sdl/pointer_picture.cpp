@@ -1,5 +1,5 @@
-// The pen: dark around light, so that it is seen on anything; the colour of its ink while it is
-// down.
+// The pen is light with a dark outline, so that it is seen on anything. While it is down it is
+// coloured.
 #include "host/sdl/pointer_picture.h"
 
 #include <algorithm>
@@ -10,8 +10,8 @@ namespace desktop {
 namespace {
 
 constexpr int size = 14;
-constexpr int before = 1; ///< rows and columns of it before the tip
-/// '#' is the outline, 'o' the pen, 's' its side in the shade, '.' what is behind it.
+constexpr int before = 1; ///< rows and columns before the tip
+/// '#' is the outline, 'o' the pen, 's' its shaded side, '.' what is behind it.
 constexpr std::string_view pen[size] = {
     "##............", //
     "#o##..........", //
@@ -43,8 +43,8 @@ std::uint16_t colourOf(char part, bool down, std::uint16_t behind)
     }
 }
 
-/// Where the first pixel of the pen lies on one axis, and whether the pen is turned over on it: it
-/// points from the other side where there is no room for it.
+/// Where the first pixel of the pen lies on one axis, and whether the pen is mirrored there,
+/// because it has no room on the usual side of the tip.
 struct Span
 {
     int first;

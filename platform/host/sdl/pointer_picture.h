@@ -1,4 +1,4 @@
-// How the pointer looks: a pen whose tip is the pixel it points at, over the picture in the window.
+// How the pointer looks: a pen over the picture, whose tip is the pixel that it points at.
 #pragma once
 
 #include "host/sdl/picture.h"
@@ -11,10 +11,7 @@ struct PointerLook
     Point tip; ///< pixel of the screen
     bool down = false;
 
-    bool operator==(const PointerLook &other) const
-    {
-        return tip.x == other.tip.x && tip.y == other.tip.y && down == other.down;
-    }
+    bool operator==(const PointerLook &) const = default;
 };
 
 /// The part of the screen that it lies on.
