@@ -3,10 +3,11 @@
 # shellcheck shell=sh disable=SC2034 # the lists are used there
 
 play_packages='g++ cmake ninja-build llvm libsdl2-dev libpng-dev libfreetype-dev fonts-liberation'
-web_packages="$play_packages emscripten esbuild python3"
+web_packages="$play_packages emscripten esbuild brotli python3"
 test_packages="$play_packages libgtest-dev python3 python3-numpy xvfb xdotool imagemagick"
 lint_packages='git clang clang-tidy cppcheck'
-gate_packages="$test_packages $web_packages $lint_packages chromium nodejs clang-format \
+gate_packages="$test_packages $web_packages $lint_packages chromium firefox-esr \
+    webkit2gtk-driver nodejs clang-format \
     libclang-rt-14-dev lintian appstream"
 
 # With --help as its first argument, a script prints the comment at its top and ends:

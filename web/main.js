@@ -1,20 +1,20 @@
 // The page: starts the program, is its host's other half, and comes and goes with it.
 import {code} from './program.js';
 import {letGameGo, takeGameOver, turn, whenGameGoes} from './turns.js';
-import createGlimra from './glimra.js';
+import {stayAwake} from './awake.js';
 import {Controls} from './controls.js';
+import {isKnown, needsLesson, teach} from './gamepads.js';
+import createGlimra from './glimra.js';
+import {keepForLong, prepareHands, settings} from './hands.js';
 import {Screen} from './screen.js';
 import {Sound} from './sound.js';
 import {Store} from './store.js';
 
-/** What host::Event::Kind counts. */
-const BACKGROUND = 6, FOREGROUND = 7, HELP = 11;
-
 const element = (id) => document.getElementById(id);
-const menu = element('menu'), question = element('question');
+const menu = element('menu'), question = element('question'), starting = element('starting');
 
 let program = null;
-let away = false, blurred = false, over = false;
+let away = false, blurred = false, over = false, runs = false;
 let clockZero;
 
 function notice(text) {
@@ -23,28 +23,40 @@ function notice(text) {
   setTimeout(() => { element('notice').hidden = true; }, 8000);
 }
 
-/** Says something that stays until its button is pressed. */
-function ask(text, button, act) {
-  question.querySelector('p').textContent = text;
-  question.querySelector('button').textContent = button;
-  question.querySelector('button').onclick = act;
+/** Says something that stays until one of its buttons, each with what it does, is pressed. */
+function ask(text, acts) {
+  element('asked').textContent = text;
+  question.querySelector('div').replaceChildren(...Object.entries(acts).map(([label, act]) =>
+    Object.assign(document.createElement('button'), {type: 'button', textContent: label, onclick: act})));
   menu.close();
-  question.showModal();
+  if (!question.open) {
+    question.showModal();
+  }
 }
 
-function post(kind, a = 0, b = 0) {
-  if (program && !over) {
-    program._post(kind, a, b);
-    program.wake();
+const startAgain = () => location.reload();
+
+/** Calls a function that the program's host has for the page; texts are the host's to free. */
+function send(name, ...values) {
+  if (!program || over) {
+    return 0;
   }
+  const answer = program[`_${name}`](...values.map((value) =>
+    typeof value === 'string' ? program.allocateUTF8(value) : value));
+  program.wake();
+  return answer;
 }
 
 // The program's surroundings ------------------------------------------------------------------------
 
-const store = new Store(notice);
+const store = new Store({
+  tell: notice,
+  lost: () => setTimeout(loseTurn), // the program is just saving
+  kept: () => keepForLong(notice),
+});
 const sound = new Sound();
-const screen = new Screen(element('screen'));
-const controls = new Controls(post, screen, () => away, sound);
+const screen = new Screen(element('screen'), settings);
+const controls = new Controls(send, screen, () => away, sound);
 
 const page = {
   screen, sound, store,
@@ -53,9 +65,19 @@ const page = {
     clockZero ??= Date.now() - passed;
     return Math.max(0, Math.floor(clockZero + passed + 0.001));
   },
-  draw: (...frame) => screen.draw(...frame),
+  draw(...frame) {
+    starting.remove();
+    screen.draw(...frame);
+  },
   title: (title) => { document.title = title || document.title; },
+  showButton: (name, down) => controls.showButton(name, down),
   wantText: (wanted) => { controls.wantsText = wanted; },
+  /** What the program is at: title, game, level, paused, over, name or dialog; `text` says it to who cannot see. */
+  state(kind, text) {
+    runs = kind === 'game' || kind === 'level';
+    stayAwake(runs && !away);
+    element('state').textContent = text;
+  },
   report: notice,
   help(address) {
     const shown = window.open(address, '_blank') !== null;
@@ -66,7 +88,7 @@ const page = {
   },
   ended() {
     stop();
-    ask('The game was closed. It is kept.', 'Play', () => location.reload());
+    ask('The game was closed. It is kept.', {Play: startAgain});
   },
 };
 
@@ -77,11 +99,12 @@ function lookAround() {
     return;
   }
   if (gone) {
-    controls.releaseAll();
+    controls.forget();
     sound.rest();
   }
   away = gone;
-  post(gone ? BACKGROUND : FOREGROUND);
+  stayAwake(runs && !away);
+  send('setAway', gone);
 }
 
 function leave() {
@@ -100,31 +123,53 @@ function stop() {
 
 // The menu --------------------------------------------------------------------------------------------
 
+/** Why a text cannot be the store, or null. */
+function faultIn(text) {
+  const reason = program._faultInStore(program.allocateUTF8(text));
+  const words = reason && program.UTF8ToString(reason);
+  program._free(reason);
+  return words || null;
+}
+
 async function openFile(file) {
   const text = await Store.decode(file);
-  const reason = program._faultInStore(program.allocateUTF8(text));
-  if (reason !== 0) {
-    notice(`${file.name} cannot be used: ${program.UTF8ToString(reason)}`);
-    program._free(reason);
-  } else {
+  const fault = text === null ? 'it is too big' : faultIn(text);
+  if (fault) {
+    notice(`${file.name} cannot be used: ${fault}`);
+  } else if (store.replace(text)) {
     stop();
-    if (store.replace(text)) {
-      location.reload();
-    }
+    location.reload();
+  } else {
+    notice(`${file.name} cannot be opened: this browser does not let the page store anything.`);
   }
+}
+
+async function teachController() {
+  await teach((text, skip) => {
+    let goesOn = true;
+    ask(text, {Skip: skip, Stop: () => { goesOn = false; }});
+    return () => goesOn;
+  });
+  question.close();
+  lookAround();
 }
 
 const items = {
   back: () => {},
   full: () => document.fullscreenElement ? document.exitFullscreen() : document.documentElement.requestFullscreen(),
-  help: () => post(HELP),
+  help: () => send('askForHelp'),
   save: () => store.download(),
   open: () => element('file').click(),
+  teach: teachController,
 };
 
 function prepareMenu() {
   menu.querySelector('[data-do=full]').hidden = !document.fullscreenEnabled;
-  element('menu-button').onclick = () => { menu.showModal(); lookAround(); };
+  element('menu-button').onclick = () => {
+    menu.querySelector('[data-do=teach]').hidden = !needsLesson();
+    menu.showModal();
+    lookAround();
+  };
   menu.onclick = (event) => {
     const act = event.target === menu ? items.back : items[event.target.dataset.do];
     if (act) {
@@ -133,8 +178,12 @@ function prepareMenu() {
       act();
     }
   };
-  menu.onclose = lookAround;
+  menu.onclose = () => {
+    screen.canvas.focus(); // the space bar is the game's again, not the menu button's
+    lookAround();
+  };
   question.oncancel = (event) => event.preventDefault();
+  prepareHands(() => screen.fit());
   element('file').onchange = (event) => {
     const [file] = event.target.files;
     if (file) {
@@ -156,28 +205,65 @@ function watch() {
 }
 
 function offerTurn(text) {
-  ask(text, 'Go on here', async () => {
+  ask(text, {'Go on here': async () => {
     await takeGameOver();
     location.reload();
-  });
+  }});
+}
+
+function loseTurn() {
+  if (!over) {
+    stop();
+    offerTurn('The game goes on in another tab.');
+  }
+}
+
+/** Whatever has stopped the program. */
+function fail(reason) {
+  if (!over) {
+    over = true;
+    ask(`The game has stopped: ${reason.message ?? reason}`, {
+      'Start it again': startAgain,
+      'Save the game to a file': () => store.download(),
+      'Start afresh': () => {
+        store.clear();
+        location.reload();
+      },
+    });
+  }
+}
+
+/** Where what was kept is damaged, what was kept before it may be whole. */
+function offerEarlier() {
+  const earlier = store.before();
+  if (earlier !== null && !faultIn(earlier)) {
+    ask('The game that was kept is damaged. The one kept before it is whole.', {
+      'Take that one': () => {
+        store.replace(earlier);
+        location.reload();
+      },
+      'Begin anew': () => {
+        question.close();
+        lookAround();
+      },
+    });
+  }
+}
+
+function welcomeController({gamepad}) {
+  if (gamepad && !isKnown(gamepad)) {
+    notice('This browser does not know the buttons of the controller. The menu teaches them.');
+  }
 }
 
 async function start() {
   if (!code) {
-    ask('Glimra needs a browser with WebAssembly, which this one lacks.', 'Try again', () => location.reload());
-    return;
+    return; // sentence.js says why
   }
-  const fail = (reason) => {
-    over = true;
-    ask(`The game has stopped: ${reason}`, 'Start it again', () => location.reload());
-  };
-  whenGameGoes(() => {
-    if (!over) {
-      stop();
-      offerTurn('The game goes on in another tab.');
-    }
-  });
-  // The program is made ready while the pages settle whose turn it is; receiving it starts it.
+  whenGameGoes(loseTurn);
+  addEventListener('error', ({error}) => error instanceof WebAssembly.RuntimeError && fail(error));
+  addEventListener('gamepadconnected', welcomeController);
+  // The program is made ready while the tabs settle whose turn it is; receiving it starts it.
   const ready = createGlimra({page, printErr: notice, wake() {}, onAbort: fail, instantiateWasm(imports, receive) {
     const instance = code.then((module) => WebAssembly.instantiate(module, imports));
     Promise.all([instance, turn]).then(([instance, mine]) => mine && receive(instance)).catch(fail);
@@ -190,6 +276,7 @@ async function start() {
   watch();
   prepareMenu();
   program = await ready;
+  offerEarlier();
   lookAround();
 }
 

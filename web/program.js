@@ -1,10 +1,31 @@
-// The program's code, compiled while the rest of the page is made ready: so this is imported first.
+// The program's code, compiled while it arrives and while the rest of the page is made ready: so this is
+// imported first.
 
-/** The long way where a server gives the file a wrong type. */
-async function compile() {
-  const load = () => fetch('glimra.wasm');
-  return WebAssembly.compileStreaming(load()).catch(async () => WebAssembly.compile(await (await load()).arrayBuffer()));
+/** Reads a whole response, and shows how much of it has come. */
+async function read(response) {
+  const progress = document.getElementById('progress');
+  const parts = [];
+  for (const reader = response.body.getReader(); ;) {
+    const {done, value} = await reader.read();
+    if (done) {
+      return new Blob(parts).arrayBuffer();
+    }
+    parts.push(value);
+    progress.value += value.length;
+  }
 }
 
-/** Null where the browser cannot run it. */
+async function compile() {
+  const response = await fetch('glimra.wasm');
+  if (!response.ok) {
+    throw new Error(`the server has no program (${response.status})`);
+  }
+  // What comes from this machine comes at once, and its compiled code may be kept.
+  const bytes = navigator.serviceWorker?.controller ? null : read(response.clone());
+  // The long way where a server gives the file a wrong type.
+  return WebAssembly.compileStreaming(response).catch(
+    async () => WebAssembly.compile(await bytes ?? await (await fetch('glimra.wasm')).arrayBuffer()));
+}
+
+/** Null where the browser cannot run it: sentence.js says so. */
 export const code = typeof WebAssembly === 'object' ? compile() : null;

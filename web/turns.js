@@ -1,50 +1,79 @@
-// One page at a time plays on the store. The one that does holds a lock, which ends with the page;
-// another may ask it to stop.
+// One tab at a time plays on the store. The one that does holds a lock, which ends with the tab; another
+// may ask it to stop. Where there are no locks, as by plain http, the tabs ask one another.
 const NAME = 'glimra';
-const PATIENCE = 2000; // milliseconds in which a page that is not frozen has saved and let go
+const PATIENCE = 2000; // milliseconds in which a tab that is not frozen has saved and let go
+const REPLY = 250;     // milliseconds in which one that plays has answered
 
-const channel = 'BroadcastChannel' in window ? new BroadcastChannel(NAME) : null;
-let letGo = () => {};
+function openChannel() {
+  try {
+    return new BroadcastChannel(NAME);
+  } catch {
+    return null; // refused, and so is the store: there is nothing to take turns on
+  }
+}
 
-/** Whether the lock was granted; it is kept until letGameGo. `lost` is called when it is taken away. */
-function request(options, lost) {
+const channel = openChannel();
+const me = Math.random();
+const sleep = (milliseconds) => new Promise((resolve) => setTimeout(resolve, milliseconds));
+let letGo = () => {}, stop = () => {};
+
+/** Whether the lock was granted, which is kept until letGameGo; null where there are no locks. */
+function request(options) {
   return new Promise((resolve) => {
+    if (!navigator.locks) {
+      resolve(null);
+      return;
+    }
+    let granted = false;
     navigator.locks.request(NAME, options, (lock) => {
-      resolve(lock !== null);
+      granted = lock !== null;
+      resolve(granted);
       return lock && new Promise((release) => { letGo = release; });
-    }).catch((reason) => {
-      resolve(false);
-      lost(reason);
+    }).catch((error) => {
+      if (granted) {
+        stop(); // it was taken away
+      }
+      resolve(error.name === 'AbortError' ? false : null);
     });
   });
 }
 
-let stop = () => {};
-
-/** Has `act` called when another page goes on. */
-export function whenGameGoes(act) { stop = act; }
+/** Asks the other tabs; of two that ask at the same time one gives way. */
+async function ask() {
+  let free = true;
+  channel.onmessage = ({data}) => { free &&= data !== 'mine' && !(data.asks < me); };
+  channel.postMessage({asks: me});
+  await sleep(REPLY);
+  return free;
+}
 
 async function holdGame() {
-  if (!navigator.locks || !channel) {
-    return true;
-  }
-  const held = await request({ifAvailable: true}, () => stop());
-  if (held) {
-    channel.onmessage = () => stop();
+  const held = await request({ifAvailable: true}) ?? (!channel || await ask());
+  if (held && channel) {
+    channel.onmessage = ({data}) => data === 'stop' ? stop() : data.asks && channel.postMessage('mine');
   }
   return held;
 }
 
-/** Whether this page may play. Asked for as early as can be: the answer takes a while. */
+/** Has `act` called when another tab goes on. */
+export function whenGameGoes(act) { stop = act; }
+
+/** Whether this tab may play. Asked for as early as can be: the answer takes a while. */
 export const turn = holdGame();
 
-export function letGameGo() { letGo(); }
+/** From now on another tab may play, and this one does not answer. */
+export function letGameGo() {
+  letGo();
+  if (channel) {
+    channel.onmessage = null;
+  }
+}
 
-/** Has the page that plays save and stop; one that does not answer loses its turn. */
+/** Has the tab that plays save and stop; one that does not answer loses its turn. */
 export async function takeGameOver() {
   channel.postMessage('stop');
-  const patience = AbortSignal.timeout(PATIENCE);
-  if (!await request({signal: patience}, () => {})) {
-    await request({steal: true}, () => {});
+  if (await request({signal: AbortSignal.timeout(PATIENCE)}) === false) {
+    await request({steal: true});
   }
+  await sleep(navigator.locks ? 0 : REPLY);
 }

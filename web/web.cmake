@@ -10,12 +10,12 @@ add_dependencies(program generators)
 target_link_libraries(glimra-web PRIVATE program)
 set_target_properties(glimra-web PROPERTIES OUTPUT_NAME glimra LINK_DEPENDS ${page_library})
 # The stack that Asyncify keeps while the program is suspended must hold every call between main
-# and the host's wait; memory does not grow, so the page may hold on to where it is. Data begins at
+# and the host's wait. Memory grows when a store is unusually big. Data begins at
 # 64 KiB, for what is passed as a name and lies below that is a number.
 target_link_options(
   glimra-web PRIVATE --js-library ${page_library} -sASYNCIFY -sASYNCIFY_IMPORTS=['pageSleep']
   "-sASYNCIFY_REMOVE=['gdi::*','registry::*','resources::*','theme::*','base::*']"
-  -sASYNCIFY_STACK_SIZE=65536 -sINITIAL_MEMORY=16777216 -sGLOBAL_BASE=65536 -sMODULARIZE -sEXPORT_ES6
+  -sASYNCIFY_STACK_SIZE=65536 -sINITIAL_MEMORY=16777216 -sALLOW_MEMORY_GROWTH -sGLOBAL_BASE=65536 -sMODULARIZE -sEXPORT_ES6
   -sUSE_ES6_IMPORT_META -sENVIRONMENT=web -sFILESYSTEM=0 -sDYNAMIC_EXECUTION=0
   -sSUPPORT_LONGJMP=0 -sEXPORTED_FUNCTIONS=_main,_free,_faultInStore,_keyDown,_keyUp,_moveFinger,_stylusDown,_stylusMove,_stylusUp,_controllerButton,_controllerAxis,_controllerGone,_setAway,_askForHelp -sEXPORTED_RUNTIME_METHODS=allocateUTF8,UTF8ToString)
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Plays scripts with glimra-pilot and looks at what comes out: statuses, output, files, time.
+"""Plays scripts with glimra-pilot and checks what comes out: statuses, output, files, time.
 
 pilot_test.py GLIMRA-PILOT
 """
@@ -42,7 +42,7 @@ class PilotTest(store.FolderTest):
             self.run_pilot("", *options, status=1)
             self.assertRegex(self.errors, r"\Apilot: .+\n\Z")
 
-    def test_one_that_is_ended_from_outside_leaves_nothing_behind(self):
+    def test_a_signal_ends_it_and_leaves_nothing_behind(self):
         pilot = subprocess.Popen([PILOT], env={**os.environ, "TMPDIR": str(self.folder)}, text=True,
                                  stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         pilot.stdin.write(store.expand("restart\nmenu IDM_NEW_GAME\naway\necho goes on\n"))
@@ -71,7 +71,7 @@ class PilotTest(store.FolderTest):
         self.run_pilot("menu IDM_NEW_GAME\ntrace t\nwait 1000\n", "--clock", "4294967000")
         self.assertEqual((self.folder / "t").stat().st_size, 40 * RECORD)
 
-    def test_restart_is_a_fresh_process_in_the_same_world(self):
+    def test_restart_is_a_fresh_process_with_the_same_clock_and_keys(self):
         output = self.run_pilot(
             "menu IDM_NEW_GAME\nwait 500\nkey 37 down\ntrace t\nrestart\nstate s\nwait 100\ntap 120 150\nwait 1000\n"
             "trace off\nstate s2\ntree\nkill\nbogus\n")
@@ -87,7 +87,7 @@ class PilotTest(store.FolderTest):
         self.assertIn("line 7", self.errors)
         self.assertEqual(self.field("s", "appState"), TITLE)
 
-    def test_sounds_are_told_with_their_time_length_and_end(self):
+    def test_sounds_are_listed_with_their_time_length_and_end(self):
         """Turning takes 2,230 samples, 102 ms: a second turn within that time cuts the first one off."""
         output = self.run_pilot("menu IDM_NEW_GAME\nwait 75\npress 196\nwait 50\npress 196\nwait 200\npress 196\nwait 150\n"
                                 "sounds\nsounds\n")
@@ -95,8 +95,8 @@ class PilotTest(store.FolderTest):
         times = [int(line.split()[1]) for line in output]
         self.assertEqual([later - earlier for earlier, later in zip(times, times[1:])], [75, 225])
 
-    def test_a_crash_is_no_success(self):
-        """And a store is one program's, until that ends."""
+    def test_a_crash_is_reported(self):
+        """And a store belongs to one program until that ends."""
         first = subprocess.Popen([PILOT, "--store", "s"], cwd=self.folder, stdin=subprocess.PIPE,
                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
         first.stdin.write("echo ready\n")

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Goes through menus, dialogs and questions with glimra-pilot: what they say, what they change, what is kept.
+"""Goes through menus, dialogs and message boxes with glimra-pilot: their texts, what they change, what is kept.
 
 shell_test.py GLIMRA-PILOT
 """
@@ -95,7 +95,7 @@ class ShellTest(store.FolderTest):
                 self.assertEqual(store.field(self.read("s2"), "appState"), TITLE)
 
     def test_what_is_behind_a_dialog_stands_still(self):
-        """No tick while a tick's dialog is open; nothing drawn over a menu or a box by the window behind."""
+        """While a tick's dialog is open there is no tick; the window behind draws nothing over a menu or a box."""
         self.ended_game(score=900)
         self.play("trace t\nwait 5000\nkey 13 down\ntrace off\n", "--store", "s")
         self.assertEqual(self.read("t"), b"")

@@ -51,7 +51,7 @@ class StoreTest(store.FolderTest):
                 self.assertEqual(self.read("1.png"), self.read("2.png"), "it was drawn at once")
 
     def test_an_ending_game_ends(self):
-        """Once its moment has come: at once, later, or after 3 seconds when that moment cannot be meant."""
+        """At its deadline: at once, later, or after 3 seconds when the stored deadline is further ahead."""
         ready = self.game(state=ENDING, score=900)
         for deadline, asked in [(8000, [1, 1, 1]), (10000, [0, 1, 1]), (2_000_000_000, [0, 0, 1])]:
             store.write_block(self.store, store.changed(ready, deadline=deadline))

@@ -23,7 +23,7 @@ WELL, QUEUE, HOLD = (22, 37, 132, 257), (168, 36, 214, 186), (168, 209, 197, 240
 VALUES = ((0, 275, 80, 293), (100, 275, 140, 293), (146, 275, 186, 293), (192, 275, 232, 293))
 ULTRA, PLAY = (60, 170), (120, 241)
 GAME_MENU, TOOLS_MENU, OK_BUTTON = (25, 307), (75, 307), (226, 13)
-# What runs across each cell of a piece from corner to corner, 11 pixels.
+# The colours on the diagonal of each piece's cells.
 PIECES = {(74, 85, 222), (198, 117, 0), (74, 190, 0), (206, 199, 24), (206, 32, 33), (206, 0, 198), (0, 158, 231)}
 CELL = 11
 
@@ -64,7 +64,7 @@ class WindowTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         reader, writer = os.pipe()
-        # Without -noreset the server starts anew when its last client leaves, and refuses who comes just then.
+        # Without -noreset the server restarts when its last client leaves, and refuses others meanwhile.
         options = ["-noreset", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"]
         cls.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), *options], pass_fds=[writer],
                                       stderr=subprocess.DEVNULL)
@@ -202,8 +202,8 @@ class WindowTest(unittest.TestCase):
         self.expect(game, "tap 116 168\n")
         xdotool("key", "ctrl+q")
         self.assertEqual(game.wait(20), 0)
-        told = [line for line in (self.folder / "record").read_text().splitlines() if line[0] in "ks"]
-        self.assertEqual(told[:3], ["stylus down 116 168", "stylus up 116 168", "key 195 down ctrl"], "no arrow")
+        written = [line for line in (self.folder / "record").read_text().splitlines() if line[0] in "ks"]
+        self.assertEqual(written[:3], ["stylus down 116 168", "stylus up 116 168", "key 195 down ctrl"], "no arrow")
 
     def test_a_recorded_game_can_be_played_again(self):
         for record in ("one", "two"):  # the second begins with the store that the first left

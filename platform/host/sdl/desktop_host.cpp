@@ -79,7 +79,7 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
     limit(loudspeaker_.tendInterval(now));
     for (const auto moment : {input_.due(), deadline}) {
         if (moment) {
-            limit(std::max(0, static_cast<int>(*moment - now)));
+            limit(host::remaining(now, *moment));
         }
     }
     SDL_WaitEventTimeout(nullptr, longest.value_or(-1));
@@ -258,11 +258,11 @@ void DesktopHost::playSamples(std::span<const std::uint8_t> samples)
 bool DesktopHost::showHelp(std::u16string_view, std::u16string_view,
                            std::span<const std::byte> document, std::u16string_view anchor)
 {
-    const std::string problem = host::openHelpPage(storeFolder(), document, base::toUtf8(anchor));
-    if (!problem.empty()) {
-        report(problem);
+    const auto problem = host::openHelpPage(storeFolder(), document, base::toUtf8(anchor));
+    if (problem) {
+        report(*problem);
     }
-    return problem.empty();
+    return !problem;
 }
 
 } // namespace desktop

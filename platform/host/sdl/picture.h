@@ -1,4 +1,4 @@
-// The handheld's screen in a window of any size: where it lies, and its pixels made larger.
+// The handheld's screen in a window of any size: its place, and its enlarged pixels.
 #pragma once
 
 #include <cstddef>
@@ -27,7 +27,7 @@ Point toPicture(Point window, const Placement &placement, Size picture);
 /// Whether a point of the window is on the picture.
 bool isOnPicture(Point window, const Placement &placement, Size picture);
 
-/// Pixels of 32 bits: where they are, and where the 8 bits of each colour are in them.
+/// Pixels of 32 bits, and the place of each colour's 8 bits in them.
 struct Canvas
 {
     std::byte *pixels = nullptr;

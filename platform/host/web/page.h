@@ -16,6 +16,9 @@ void pageSleep(double milliseconds);
 /// Draws pixels of red, green, blue and opacity, 8 bits each; only the given area has changed.
 void pageDraw(const std::uint8_t *pixels, int width, int height, int left, int top, int areaWidth,
               int areaHeight);
+/// What the program is doing, for who cannot see it: `kind` is one of the page's words for it,
+/// `text` a sentence.
+void pageState(const char *kind, const char *text);
 /// A button of the handheld's face, by name (key_table.h), went down or up.
 void pageShowButton(const char *name, bool down);
 void pageTitle(const char *title);
@@ -31,6 +34,10 @@ bool pagePlaying();
 char *pageLoad();
 bool pageSave(const char *text, std::size_t length);
 void pageSetAside();
+
+/// What the program is at: "title", "game", "level", "paused", "over", "name" or "dialog", and a
+/// sentence of it for players who cannot see the screen.
+void pageState(const char *kind, const char *text);
 
 bool pageHelp(const char *address);
 void pageReport(const char *line, std::size_t length);

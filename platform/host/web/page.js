@@ -20,6 +20,7 @@ mergeInto(LibraryManager.library, {
     const frame = new Uint8ClampedArray(HEAPU8.buffer, pixels, width * height * 4);
     Module.page.draw(frame, width, left, top, areaWidth, areaHeight);
   },
+  pageState: function(kind, text) { Module.page.state(UTF8ToString(kind), UTF8ToString(text)); },
   pageShowButton: function(name, down) { Module.page.showButton(UTF8ToString(name), Boolean(down)); },
   pageTitle: function(title) { Module.page.title(UTF8ToString(title)); },
   pageRaise: function() { window.focus(); },
@@ -37,6 +38,7 @@ mergeInto(LibraryManager.library, {
   pageSave: function(text, length) { return Module.page.store.save(UTF8ToString(text, length)); },
   pageSetAside: function() { Module.page.store.setAside(); },
 
+  pageState: function(kind, text) { Module.page.state(UTF8ToString(kind), UTF8ToString(text)); },
   pageHelp: function(address) { return Module.page.help(UTF8ToString(address)); },
   pageReport: function(line, length) { Module.page.report(UTF8ToString(line, length)); },
   pageEnded: function() { Module.page.ended(); },

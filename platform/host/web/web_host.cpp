@@ -42,10 +42,14 @@ void convert(const host::Pixel *source, std::uint8_t *target, int count)
 
 } // namespace
 
-std::unique_ptr<host::Host> open() { return std::make_unique<WebHost>(); }
+std::unique_ptr<host::Host> open(ChangedState changedState)
+{
+    return std::make_unique<WebHost>(std::move(changedState));
+}
 
-WebHost::WebHost()
-    : timeline_(pageTicks()), input_(pageTicks, [this](const Event &event) { emit(event); })
+WebHost::WebHost(ChangedState changedState)
+    : changedState_(std::move(changedState)), timeline_(pageTicks()),
+      input_(pageTicks, [this](const Event &event) { emit(event); })
 {
     theHost = this;
 }
@@ -73,6 +77,9 @@ std::optional<Event> WebHost::wait(std::optional<std::uint32_t> deadline)
 {
     return timeline_.wait(deadline, pageTicks, [&] {
         showPointer();
+        if (const auto state = changedState_()) {
+            pageState(state->kind, state->text.c_str());
+        }
         const std::uint32_t now = pageTicks();
         int longest = -1;
         for (const auto moment : {input_.due(), deadline}) {
@@ -148,6 +155,9 @@ void WebHost::wantText(bool wanted)
 {
     input_.wantText(wanted);
     pageWantText(wanted);
+    if (wanted) {
+        pageState("name", "Type a name, then press Enter.");
+    }
 }
 
 // Sound ------------------------------------------------------------------------------------------
@@ -192,6 +202,11 @@ bool WebHost::showHelp(std::u16string_view, std::u16string_view arguments,
 }
 
 void WebHost::report(std::string_view line) { pageReport(line.data(), line.size()); }
+
+void WebHost::messageBoxOpened(std::u16string_view caption, std::u16string_view text)
+{
+    pageState("dialog", (base::toUtf8(caption) + ": " + base::toUtf8(text)).c_str());
+}
 
 } // namespace web
 

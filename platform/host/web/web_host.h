@@ -7,13 +7,14 @@
 #include "host/input_mapper.h"
 #include "host/pointer_picture.h"
 #include "host/timeline.h"
+#include "host/web/web.h"
 
 namespace web {
 
 class WebHost final : public host::Host
 {
 public:
-    WebHost();
+    explicit WebHost(ChangedState changedState);
     WebHost(const WebHost &) = delete;
     WebHost &operator=(const WebHost &) = delete;
     ~WebHost() override;
@@ -42,12 +43,14 @@ public:
     bool showHelp(std::u16string_view program, std::u16string_view arguments,
                   std::span<const std::byte> document, std::u16string_view anchor) override;
     void report(std::string_view line) override;
+    void messageBoxOpened(std::u16string_view caption, std::u16string_view text) override;
 
 private:
     void emit(const host::Event &event);
     void draw(const host::Area &area);
     void showPointer();
 
+    ChangedState changedState_;
     host::Timeline timeline_;
     host::InputMapper input_;
     host::Frame frame_;
