@@ -4,7 +4,7 @@
 /** What is left free around the screen, and what the page's menu takes. */
 const MARGIN = 10, MENU = 44, GAP = 4;
 /** The sides of the pad and of the group of buttons: at least, and at most. */
-const LEAST = {small: 136, medium: 136, large: 190}, MOST = {small: 144, medium: 210, large: 280};
+const LEAST = {small: 138, medium: 138, large: 190}, MOST = {small: 144, medium: 210, large: 280};
 /** How much of its free length a screen must fill by whole display pixels; else it takes a fraction. */
 const ENOUGH = 0.8;
 /** Beside the screen, what the legend of the keys takes. */
@@ -20,12 +20,13 @@ function safeBox() {
 
 /** The room for the screen, and how big the controls are beside or below it. */
 function divide(box, face, size) {
-  if (face === 'none') {
-    return {width: box.width - 2 * (MENU + MARGIN), height: box.height - 2 * MARGIN};
+  if (face === 'none') { // the menu is beside the screen, or above it
+    return box.width * 4 > box.height * 3 ? {width: box.width - 2 * (MENU + MARGIN), height: box.height - 2 * MARGIN}
+                                          : {width: box.width - 2 * MARGIN, height: box.height - 2 * (MENU + MARGIN)};
   }
   if (face === 'portrait') {
-    const least = Math.min(LEAST[size], (box.width - MENU - GAP) / 2);
-    return {width: box.width, height: box.height - 2 * MARGIN - least};
+    const least = Math.min(LEAST[size], (box.width - MENU) / 2);
+    return {width: box.width, height: box.height - 2 * MARGIN - GAP - least};
   }
   const least = Math.min(LEAST[size], box.height - MENU - 2 * GAP);
   return {width: box.width - 2 * (least + MARGIN + GAP), height: box.height};
@@ -55,7 +56,7 @@ export function layOut(width, height, touch, hands) {
   const menu = {left: box.left + box.width - MENU - GAP, top: box.top + GAP};
   let control = 0, top = 0, edge = GAP;
   if (face === 'portrait') {
-    control = Math.min((box.width - MENU - GAP) / 2, below - GAP, MOST[hands.size]);
+    control = Math.min((box.width - MENU) / 2, below - GAP, MOST[hands.size]);
     top = screen.top + screen.height + MARGIN + (below - control) / 2;
     edge = Math.max(0, (box.width / 2 - MENU / 2 - control) / 2);
     if (side < MENU + GAP) {

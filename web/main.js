@@ -1,14 +1,14 @@
 // The page: starts the program, is its host's other half, and comes and goes with it.
+import {code} from './program.js';
+import {letGameGo, takeGameOver, turn, whenGameGoes} from './turns.js';
 import {stayAwake} from './awake.js';
 import {Controls} from './controls.js';
 import {isKnown, needsLesson, teach} from './gamepads.js';
 import createGlimra from './glimra.js';
 import {keepForLong, prepareHands, settings} from './hands.js';
-import {code} from './program.js';
 import {Screen} from './screen.js';
 import {Sound} from './sound.js';
 import {Store} from './store.js';
-import {letGameGo, takeGameOver, turn, whenGameGoes} from './turns.js';
 
 const element = (id) => document.getElementById(id);
 const menu = element('menu'), question = element('question'), starting = element('starting');
@@ -258,7 +258,7 @@ function welcomeController({gamepad}) {
 
 async function start() {
   if (!code) {
-    return; // head.js has said why
+    return; // sentence.js says why
   }
   whenGameGoes(loseTurn);
   addEventListener('error', ({error}) => error instanceof WebAssembly.RuntimeError && fail(error));

@@ -6,14 +6,14 @@ file(REMOVE_RECURSE ${TARGET} ${BUILT}/scripts)
 
 # One script is fetched, compiled and run sooner than eight.
 file(GLOB scripts ${SOURCE}/web/*.js)
-list(REMOVE_ITEM scripts ${SOURCE}/web/worker.js ${SOURCE}/web/head.js)
+list(REMOVE_ITEM scripts ${SOURCE}/web/worker.js ${SOURCE}/web/sentence.js)
 file(COPY ${scripts} ${BUILT}/glimra.js DESTINATION ${BUILT}/scripts)
 execute_process(COMMAND ${ESBUILD} ${BUILT}/scripts/main.js --bundle --minify --format=esm --log-level=warning
                         --outfile=${TARGET}/main.js COMMAND_ERROR_IS_FATAL ANY)
 
 file(SIZE ${BUILT}/glimra.wasm PROGRAM_SIZE)
 configure_file(${SOURCE}/web/index.html ${TARGET}/index.html @ONLY)
-file(GLOB files ${SOURCE}/web/head.js ${SOURCE}/web/*.css ${SOURCE}/web/*.json ${SOURCE}/web/*.svg
+file(GLOB files ${SOURCE}/web/sentence.js ${SOURCE}/web/*.css ${SOURCE}/web/*.json ${SOURCE}/web/*.svg
      ${SOURCE}/web/*.png)
 file(COPY ${files} ${BUILT}/glimra.wasm ${SOURCE}/resources/glimra.htm DESTINATION ${TARGET})
 

@@ -1,4 +1,5 @@
-// The program's code, compiled while it arrives and while the rest of the page is made ready.
+// The program's code, compiled while it arrives and while the rest of the page is made ready: so this is
+// imported first.
 
 /** Reads a whole response, and shows how much of it has come. */
 async function read(response) {
@@ -15,14 +16,16 @@ async function read(response) {
 }
 
 async function compile() {
-  const response = await window.glimraCode;
+  const response = await fetch('glimra.wasm');
   if (!response.ok) {
     throw new Error(`the server has no program (${response.status})`);
   }
-  const bytes = read(response.clone());
+  // What comes from this machine comes at once, and its compiled code may be kept.
+  const bytes = navigator.serviceWorker?.controller ? null : read(response.clone());
   // The long way where a server gives the file a wrong type.
-  return WebAssembly.compileStreaming(response).catch(async () => WebAssembly.compile(await bytes));
+  return WebAssembly.compileStreaming(response).catch(
+    async () => WebAssembly.compile(await bytes ?? await (await fetch('glimra.wasm')).arrayBuffer()));
 }
 
-/** Null where the browser cannot run it: head.js has said so. */
-export const code = window.glimraCode && compile();
+/** Null where the browser cannot run it: sentence.js says so. */
+export const code = typeof WebAssembly === 'object' ? compile() : null;

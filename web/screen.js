@@ -12,6 +12,15 @@ export class Screen {
     this.fit();
     addEventListener('resize', () => this.fit());
     this.face.addEventListener('change', () => this.fit());
+    this.watchDensity();
+  }
+
+  /** A window that is drawn on a display of another density need not change its size. */
+  watchDensity() {
+    matchMedia(`(resolution: ${devicePixelRatio}dppx)`).addEventListener('change', () => {
+      this.fit();
+      this.watchDensity();
+    }, {once: true});
   }
 
   /** Draws a part of the frame whose bytes are `pixels`. */

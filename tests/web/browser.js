@@ -43,7 +43,7 @@ export function copyPage(script = () => {}) {
   const copy = mkdtempSync(join(temporary, 'page-'));
   cpSync(folder, copy, {recursive: true, preserveTimestamps: true});
   const probe = readFileSync(new URL('probe.js', import.meta.url), 'utf8');
-  writeFileSync(join(copy, 'probe.js'), `${probe}(${script})();`);
+  writeFileSync(join(copy, 'probe.js'), `${probe}(${script})();\n`);
   changeFile(join(copy, 'index.html'), '<meta name="viewport"', '<script src="probe.js"></script>$&');
   return copy;
 }
@@ -78,15 +78,15 @@ export async function begin(engine, screen = DESKTOP, script = undefined) {
   const tabs = [];
   return {
     address: server.address, copy, stopServer: server.stop,
-    async open() {
+    async open(address = server.address) {
       const tab = await visit.open();
       tabs.push(tab);
-      await tab.goto(server.address);
+      await tab.goto(address);
       return tab;
     },
     opened: () => visit.opened(),
     async end() {
-      for (const tab of tabs) {
+      for (const tab of tabs.filter((tab) => !tab.closed)) {
         assert.deepEqual(await tab.evaluate('window.problems ?? []'), [], 'no error, nothing refused');
       }
       await visit.end();

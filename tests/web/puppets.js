@@ -12,8 +12,12 @@ class Tab {
 
   goto(address) { return this.page.goto(address); }
   reload() { return this.page.reload(); }
-  close() { return this.page.close(); }
+  close() {
+    this.closed = true;
+    return this.page.close();
+  }
   front() { return this.page.bringToFront(); }
+  resize(screen) { return this.page.setViewport({deviceScaleFactor: 1, ...screen, hasTouch: this.hasTouch}); }
   evaluate(act, ...values) { return this.page.evaluate(act, ...values); }
   keyDown(key) { return this.page.keyboard.down(key); }
   keyUp(key) { return this.page.keyboard.up(key); }

@@ -29,8 +29,10 @@ class Tab {
 
   goto(address) { return this.call('POST', '/url', {url: address}); }
   reload() { return this.call('POST', '/refresh', {}); }
-  close() { return this.call('DELETE', '/window'); }
   front() { return this.visit.turnTo(this.handle); }
+  resize({width, height}) {
+    return this.call('POST', '/window/rect', {x: 0, y: 0, width: Math.max(width, NARROWEST), height: height + FRAME});
+  }
   evaluate(act, ...args) {
     const script = typeof act === 'function' ? `return (${act})(...arguments)` : `return ${act}`;
     return this.call('POST', '/execute/sync', {script, args});
@@ -58,7 +60,7 @@ class Tab {
 class Visit {
   known = new Set();
 
-  constructor(driver, session) { Object.assign(this, {driver, session}); }
+  constructor(driver, session, screen) { Object.assign(this, {driver, session, screen}); }
 
   async call(method, path, body) {
     const response = await fetch(`${this.driver}/session/${this.session}${path}`, {method, body: body && JSON.stringify(body)});
@@ -81,9 +83,11 @@ class Visit {
     return new Tab(this, handle);
   }
 
-  /** The session begins with one tab. */
+  /** The session begins with one window. A tab would stay in the background, where no pointer works. */
   async open() {
-    return await this.opened() ?? this.adopt((await this.call('POST', '/window/new', {type: 'tab'})).handle);
+    const tab = await this.opened() ?? this.adopt((await this.call('POST', '/window/new', {type: 'window'})).handle);
+    await tab.resize(this.screen);
+    return tab;
   }
 
   async opened() {
@@ -123,12 +127,11 @@ export const webkit = {
     }
   },
 
-  async begin({width, height}) {
+  async begin(screen) {
     await this.visit?.end(); // there is one session at a time, and a test that fails has not ended its own
     const response = await fetch(`${this.address}/session`, {method: 'POST', body: '{"capabilities": {}}'});
     const {value} = await response.json();
-    this.visit = new Visit(this.address, value.sessionId);
-    await this.visit.call('POST', '/window/rect', {x: 0, y: 0, width: Math.max(width, NARROWEST), height: height + FRAME});
+    this.visit = new Visit(this.address, value.sessionId, screen);
     return this.visit;
   },
 

@@ -55,7 +55,8 @@ void saveWindowPlace(const std::filesystem::path &folder, const WindowPlace &pla
 bool isOnScreen(const WindowPlace &place, std::span<const host::Area> screens)
 {
     constexpr int grip = 64; // pixels of its upper edge, and of its height
-    const auto [corner, size] = place;
+    const Point corner = place.corner;
+    const Size size = place.size;
     return std::ranges::any_of(screens, [&](const host::Area &screen) {
         const bool hasRoom =
             size.width <= screen.right - screen.left && size.height <= screen.bottom - screen.top;

@@ -1,5 +1,4 @@
-// Begins to fetch the program before anything else of the page is there. Where the page cannot work it
-// says so, in words that every browser understands.
+// Says where the page cannot work, in words that every browser understands.
 (function() {
   var reason = null;
   if (location.protocol === 'file:') {
@@ -7,9 +6,8 @@
   } else if (typeof WebAssembly !== 'object' || !('noModule' in document.createElement('script'))) {
     reason = 'Glimra needs a browser with WebAssembly, which this one lacks.';
   }
-  window.glimraCode = reason ? null : fetch('glimra.wasm');
   if (reason) {
     document.documentElement.setAttribute('data-stopped', '');
-    document.addEventListener('DOMContentLoaded', function() { document.getElementById('sentence').textContent = reason; });
+    document.getElementById('sentence').textContent = reason;
   }
 })();

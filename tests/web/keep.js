@@ -1,0 +1,189 @@
+// What is kept, and what happens where nothing can be kept.
+import assert from 'node:assert/strict';
+import {writeFileSync} from 'node:fs';
+import {join} from 'node:path';
+import {begin, changeFile, eventually, pieces, pixels, press, says, sleep, store, tap, tapOn, temporary, HOLD, PLAY} from './browser.js';
+import {comeBack, hasPieces, isTitle, leave, showsTitle, stands, start} from './game.js';
+
+export function keep(engine, test) {
+  const noLocks = () => Object.defineProperty(navigator, 'locks', {value: undefined}); // as by plain http
+  for (const [script, how] of [[undefined, ''], [noLocks, ', without locks']]) {
+    test(`a second tab takes the game over${how}`, async () => {
+      const visit = await begin(engine, undefined, script);
+      const first = await visit.open();
+      await start(first);
+      const second = await visit.open();
+      await says(second, '#question', /open in another tab/);
+      await tapOn(second, '#question button');
+      const paused = await eventually(() => stands(second), 'the game stands');
+      assert.ok(!isTitle(paused));
+      await eventually(async () => paused.equals(await pixels(first)), 'the same game');
+      await says(first, '#question', /goes on in another tab/);
+      await visit.end();
+    });
+  }
+
+  test('a tab that cannot ask the other does not write over its game', async () => {
+    const visit = await begin(engine, undefined, () => {
+      Object.defineProperty(navigator, 'locks', {value: undefined});
+      window.BroadcastChannel = undefined;
+    });
+    const first = await visit.open();
+    await start(first);
+    await leave(first);
+    const second = await visit.open();
+    await eventually(() => stands(second), 'the game, paused');
+    await tap(second, PLAY);
+    await eventually(() => hasPieces(second), 'plays on');
+    await leave(second);
+    const kept = await store(second);
+    await first.front();
+    await comeBack(first);
+    await press(first, 'Escape');
+    await eventually(() => hasPieces(first), 'plays on, too');
+    await leave(first);
+    await says(first, '#question', /goes on in another tab/);
+    assert.equal(await store(first), kept);
+    await visit.end();
+  });
+
+  const full = () => { Storage.prototype.setItem = () => { throw new DOMException('full', 'QuotaExceededError'); }; };
+  const refused = () => {
+    const refuse = () => { throw new DOMException('refused', 'SecurityError'); };
+    Object.defineProperty(window, 'localStorage', {get: refuse});
+    window.BroadcastChannel = refuse;
+    navigator.locks.request = async () => refuse();
+  };
+  for (const [script, how] of [[full, 'is full'], [refused, 'is refused']]) {
+    test(`where storage ${how} it says so and plays on, with sound`, async () => {
+      const visit = await begin(engine, undefined, `() => {
+        (${script})();
+        window.heard = [];
+        const {start, stop} = AudioBufferSourceNode.prototype;
+        AudioBufferSourceNode.prototype.start = function(...when) {
+          window.heard.push(\`start \${this.buffer.sampleRate} \${this.context.state}\`);
+          start.apply(this, when);
+        };
+        AudioBufferSourceNode.prototype.stop = function() {
+          window.heard.push('stop');
+          stop.call(this);
+        };
+      }`);
+      const tab = await visit.open();
+      await start(tab);
+      await says(tab, '#notice', /does not let the page store/);
+      await sleep(300);
+      for (let i = 0; i < 8; ++i) {
+        await press(tab, i % 2 ? 'x' : 'z', 40);
+        await press(tab, i % 2 ? 'ArrowLeft' : 'ArrowRight', 40);
+      }
+      const heard = await tab.evaluate('heard');
+      assert.ok(heard.includes('start 22050 running') && heard.includes('stop'), `cut off: ${heard}`);
+      const file = join(temporary, 'empty.reg');
+      writeFileSync(file, 'Windows Registry Editor Version 5.00\n');
+      await tab.choose('#file', file);
+      await says(tab, '#notice', /empty.reg cannot be opened/);
+      await press(tab, 'c');
+      await eventually(async () => (await pieces(tab, HOLD)).length > 11, 'and plays on');
+      await visit.end();
+    });
+  }
+
+  test('a file or a store that is far too big stops nothing', async () => {
+    const visit = await begin(engine);
+    const tab = await visit.open();
+    await start(tab);
+    await leave(tab);
+    const big = `${(await store(tab)).trimEnd()}\n"filler"="${'x'.repeat(3 << 20)}"\n`;
+    const file = join(temporary, 'big.reg');
+    writeFileSync(file, big);
+    await tab.choose('#file', file);
+    await says(tab, '#notice', /big.reg cannot be used: it is too big/);
+    await tab.evaluate((length) => localStorage.setItem('registry.reg', localStorage.getItem('registry.reg').trimEnd() +
+      `\n"filler"="${'x'.repeat(length)}"\n`), 3 << 20);
+    await tab.reload();
+    await eventually(async () => !isTitle(await pixels(tab)) && await stands(tab), 'the game, paused');
+    assert.ok((await store(tab)).length > 3 << 20);
+    await visit.end();
+  });
+
+  test('what stops the program is said, and a start afresh keeps the old text', async () => {
+    const visit = await begin(engine, undefined, () => {
+      if (!localStorage.getItem('registry.reg.bad')) {
+        localStorage.setItem('registry.reg', 'old');
+        WebAssembly.instantiate = async () => { throw new Error('broken'); };
+      }
+    });
+    const tab = await visit.open();
+    await says(tab, '#question', /has stopped: broken/);
+    await tapOn(tab, '#question button:nth-child(2)');
+    assert.equal(await tab.evaluate(() => window.blob.text()), 'old');
+    await tapOn(tab, '#question button:nth-child(3)');
+    await showsTitle(tab);
+    assert.equal(await tab.evaluate('localStorage["registry.reg.bad"]'), 'old');
+    await visit.end();
+  });
+
+  test('the text before a damaged one is offered', async () => {
+    const visit = await begin(engine);
+    const tab = await visit.open();
+    await start(tab);
+    await leave(tab);
+    await comeBack(tab);
+    await press(tab, 'Escape');
+    await eventually(() => hasPieces(tab), 'plays on');
+    await press(tab, 'ArrowUp');
+    await leave(tab);
+    await tab.evaluate('localStorage["registry.reg"] = "nonsense", 0');
+    await tab.reload();
+    await says(tab, '#question', /damaged/);
+    assert.equal(await tab.evaluate('localStorage["registry.reg.bad"]'), 'nonsense');
+    await tapOn(tab, '#question button');
+    await eventually(async () => !isTitle(await pixels(tab)) && await stands(tab), 'the earlier game, paused');
+    await visit.end();
+  });
+
+  test('a damaged store is kept, and left in its place where that is refused', async () => {
+    const kept = () => Object.assign(localStorage, {'registry.reg': 'nonsense', 'registry.reg.bad': 'older nonsense'});
+    const refused = () => {
+      localStorage['registry.reg'] = 'nonsense';
+      Storage.prototype.setItem = (name, text) => {
+        if (name.includes('bad')) {
+          throw new DOMException('full', 'QuotaExceededError');
+        }
+        localStorage[name] = text;
+      };
+    };
+    for (const [script, name] of [[kept, 'registry.reg.bad.1'], [refused, 'registry.reg']]) {
+      const visit = await begin(engine, undefined, script);
+      const tab = await visit.open();
+      await start(tab);
+      await leave(tab); // the game is saved, or would be
+      assert.equal(await tab.evaluate((key) => localStorage[key], name), 'nonsense');
+      await visit.end();
+    }
+  });
+
+  test('it starts without a connection after the first visit, and a new version at the next start', async () => {
+    const visit = await begin(engine);
+    const tab = await visit.open();
+    await showsTitle(tab);
+    await eventually(() => tab.evaluate(async () => Boolean((await navigator.serviceWorker.getRegistration())?.active)), 'kept');
+    changeFile(join(visit.copy, 'worker.js'), /glimra-\w+/, 'glimra-next');
+    changeFile(join(visit.copy, 'index.html'), '<html', '<html data-next');
+    await tab.reload();
+    await eventually(() => tab.evaluate(
+      async () => Boolean((await navigator.serviceWorker.getRegistration()).waiting)), 'the new version is fetched');
+    assert.equal(await tab.evaluate('document.documentElement.dataset.next'), undefined, 'nothing changes under a page that runs');
+    await eventually(async () => {
+      await tab.reload();
+      await sleep(1000);
+      return tab.evaluate('document.documentElement.dataset.next === ""');
+    }, 'the next start is the new version');
+    await showsTitle(tab);
+    await visit.stopServer();
+    await tab.reload();
+    await showsTitle(tab);
+    await visit.end();
+  });
+}

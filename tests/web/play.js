@@ -1,0 +1,171 @@
+// Playing: fingers, keys, a controller, menus, the name of a winner.
+import assert from 'node:assert/strict';
+import {writeFileSync} from 'node:fs';
+import {join} from 'node:path';
+import {begin, eventually, finger, pieces, pixels, press, says, sleep, store, tap, tapOn, temporary, textOf, HOLD, PHONE, PLAY, WELL}
+  from './browser.js';
+import {comeBack, falling, hasPieces, leave, left, showsTitle, stands, start} from './game.js';
+
+/** Plugs a controller in. */
+const plug = (tab, mapping) => tab.evaluate((mapping) => {
+  window.pad = {index: 0, id: 'pad', mapping, axes: [0, 0], buttons: Array.from({length: 17}, () => ({pressed: false}))};
+  navigator.getGamepads = () => [window.pad];
+  dispatchEvent(Object.assign(new Event('gamepadconnected'), {gamepad: window.pad}));
+}, mapping);
+const setButton = (tab, button, down) => tab.evaluate((button, down) => { window.pad.buttons[button].pressed = down; }, button, down);
+
+export function play(engine, test, needs) {
+  test('a game is played with a finger, and is there, paused, after a reload', async () => {
+    const visit = await begin(engine, PHONE);
+    const tab = await visit.open();
+    await start(tab);
+    await finger(tab, 'down', 'Left');
+    await eventually(async () => left(await falling(tab)) < WELL[0] + 11, 'Left held moves the piece to the wall');
+    await finger(tab, 'move', 'Right');
+    await eventually(async () => left(await falling(tab)) > WELL[0] + 33, 'the finger slides to Right');
+    await finger(tab, 'up', 'Right');
+    assert.equal(await tab.evaluate('document.querySelectorAll(".pressed").length'), 0);
+
+    await finger(tab, 'down', 'A');
+    await finger(tab, 'up', 'A');
+    await eventually(async () => !await hasPieces(tab), 'A pauses, which hides the pieces');
+    const paused = await eventually(() => stands(tab), 'nothing moves');
+    await tab.reload();
+    await eventually(async () => paused.equals(await pixels(tab)), 'the same game, paused');
+    await visit.end();
+  });
+
+  test('two fingers press two buttons', needs('fingers'), async () => {
+    const visit = await begin(engine, PHONE, () => { Date.now = () => 1000; });
+    const tab = await visit.open();
+    await start(tab);
+    await finger(tab, 'down', 'Left');
+    const lying = await eventually(async () => {
+      const cells = await falling(tab);
+      return left(cells) < WELL[0] + 11 && cells;
+    }, 'Left held moves the piece to the wall');
+    await finger(tab, 'down', 'D', 1);
+    const height = (cells) => Math.max(...cells.map(([, y]) => y)) - Math.min(...cells.map(([, y]) => y));
+    await eventually(async () => {
+      const cells = await falling(tab);
+      return height(cells) > height(lying) + 5 && left(cells) < WELL[0] + 11;
+    }, 'D turns it, and Left, which is still held, takes it back to the wall');
+    await finger(tab, 'up', 'D', 1);
+    await finger(tab, 'up', 'Left');
+    await visit.end();
+  });
+
+  test('the keyboard plays; leaving pauses and saves; the menu saves and opens files', async () => {
+    const visit = await begin(engine);
+    const tab = await visit.open();
+    await start(tab);
+    await press(tab, 'c');
+    await eventually(async () => (await pieces(tab, HOLD)).length > 11, 'C holds the piece');
+
+    await plug(tab, 'standard');
+    const setStart = (down) => setButton(tab, 9, down);
+    await setStart(true);
+    await eventually(async () => !await hasPieces(tab), 'Start of a controller pauses');
+    await setStart(false);
+    await sleep(100);
+    await setStart(true);
+    await eventually(() => hasPieces(tab), 'and plays on');
+    await tab.evaluate(() => { navigator.getGamepads = () => []; });
+
+    const before = await store(tab);
+    await leave(tab);
+    assert.notEqual(await store(tab), before, 'saved within the event');
+    await eventually(async () => !await hasPieces(tab), 'and paused');
+    await comeBack(tab);
+    const paused = await eventually(() => stands(tab), 'still so on the way back');
+    await tap(tab, [25, 307]);
+    await eventually(async () => !paused.equals(await pixels(tab)), 'a menu opens');
+    await press(tab, 'Escape');
+    await eventually(async () => paused.equals(await pixels(tab)), 'Esc closes it, and nothing else');
+
+    const active = () => tab.evaluate('document.activeElement.id');
+    await eventually(async () => {
+      await press(tab, 'Tab');
+      return await active() === 'menu-button';
+    }, 'Tab moves through the page');
+    await press(tab, ' ');
+    await says(tab, '#menu', /Back to the game/);
+    await tapOn(tab, '[data-do=back]');
+    await eventually(async () => await active() === 'screen', 'the space bar is the game\'s again');
+    await tapOn(tab, '#menu-button');
+    await tapOn(tab, '[data-do=save]');
+    const text = await tab.evaluate(() => window.blob.text());
+    assert.equal(text, await store(tab));
+
+    await press(tab, 'Escape'); // plays on
+    await eventually(() => hasPieces(tab), 'Esc resumes the game');
+    await press(tab, 'ArrowUp');
+    const saved = join(temporary, 'saved.reg'), wrong = join(temporary, 'no.reg');
+    writeFileSync(saved, text);
+    writeFileSync(wrong, 'nonsense');
+    await tab.choose('#file', wrong);
+    await says(tab, '#notice', /no.reg cannot be used: line 1/);
+    await tab.choose('#file', saved);
+    await eventually(async () => paused.equals(await pixels(tab)), 'the saved game, paused');
+
+    await press(tab, 'F1');
+    const help = await eventually(() => visit.opened(), 'the help opens in a tab');
+    await eventually(async () => /How to play/.test(await help.evaluate('document.body.textContent')), 'it is the help');
+    await visit.end();
+  });
+
+  test('a lost game takes a name typed with keys and on the input panel', async () => {
+    const visit = await begin(engine, PHONE, () => {
+      addEventListener('keydown', (event) => setTimeout(() => { window.prevented = event.defaultPrevented; }));
+    });
+    const tab = await visit.open();
+    await start(tab);
+    for (let i = 0; i < 30; ++i) {
+      if (i < 21 && i % 3 < 2) {
+        await press(tab, i % 3 === 0 ? 'ArrowLeft' : 'ArrowRight', 500);
+      }
+      await press(tab, 'ArrowUp');
+      await sleep(330);
+    }
+    const panelIsUp = async () => (await pixels(tab)).readUInt32BE((210 * 240 + 10) * 4) >>> 8 > 0xE00000;
+    await eventually(panelIsUp, 'the input panel comes up');
+    await press(tab, "'");
+    assert.ok(await tab.evaluate('window.prevented'), 'a letter that is taken is not for the browser');
+    for (const key of [[50, 267], [10, 250], [90, 250]]) {
+      await tap(tab, key);
+    }
+    await tap(tab, [74, 180]);
+    await showsTitle(tab);
+    assert.match((await store(tab)).replace(/\\\n */g, ''), /27,00,7a,00,61,00,67,00,00/, 'the name stands in a table');
+    await visit.end();
+  });
+
+  test('a controller that the browser does not know is taught', async () => {
+    const visit = await begin(engine);
+    const tab = await visit.open();
+    await start(tab);
+    await plug(tab, '');
+    await says(tab, '#notice', /does not know the buttons/);
+    await tapOn(tab, '#menu-button');
+    await tapOn(tab, '[data-do=teach]');
+    for (const [i, asked] of [/left/, /right/, /soft/, /hard/, /rotate right/, /rotate left/, /hold/, /pause/].entries()) {
+      await says(tab, '#question', asked);
+      await setButton(tab, 16 - i, true);
+      await sleep(60);
+      await setButton(tab, 16 - i, false);
+      await sleep(60);
+    }
+    for (const asked of [/tap/, /stylus right/, /stylus down/]) {
+      await says(tab, '#question', asked);
+      await tapOn(tab, '#question button');
+    }
+    await eventually(async () => !await textOf(tab, '#question'), 'the lesson is over');
+    await tab.reload();
+    await plug(tab, '');
+    await tap(tab, PLAY); // resumes
+    await eventually(() => hasPieces(tab), 'the game goes on');
+    await setButton(tab, 9, true);
+    await eventually(async () => !await hasPieces(tab), 'what was taught pauses');
+    await visit.end();
+  });
+}
