@@ -1,6 +1,6 @@
-// Preloaded into a program, tells on standard output when it has shown its first frame: the
-// machine's clock in nanoseconds. It needs no library but C's, so that the minimal program has no
-// other for its sake.
+// Preloaded into a program, prints on standard output when it has shown its first frame: the
+// machine's clock in nanoseconds. It needs only the C library: any other would also be loaded into
+// the minimal program, and the comparison would not be fair.
 #include <cstdio>
 #include <ctime>
 

@@ -1,5 +1,5 @@
-"""How long after a key its picture is there, seen from another client of the display: the key is sent by the XTest
-extension, and the Damage extension tells of the first pixels that change."""
+"""How long a key takes to change the picture, measured by another client of the display: it sends the key through the
+XTest extension, and the Damage extension reports the first pixels that change."""
 import ctypes
 import random
 import select
@@ -25,7 +25,7 @@ class Eye:
         self.x11.XFlush(self.display)
 
     def next_change(self, seconds):
-        """The moment of the next change, or None when there is none for so long."""
+        """The moment of the next change, or None when there is none within this time."""
         event = (ctypes.c_long * 24)()
         end = time.monotonic() + seconds
         while (left := end - time.monotonic()) > 0:
@@ -41,8 +41,8 @@ class Eye:
 
 
 def key_to_pixels(window, samples):
-    """Milliseconds, in ascending order. By turns a game is paused and goes on, each after a random while that is too
-    short for its piece to fall."""
+    """Milliseconds, in ascending order. The key pauses and resumes a game in turn, each time after a random wait that
+    is too short for the piece to fall."""
     eye, times, dice = Eye(window), [], random.Random(1)
     for _ in range(samples):
         eye.wait_for_rest()

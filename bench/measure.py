@@ -1,4 +1,4 @@
-"""Measures the game and prints each figure beside its goal. Begun by run.
+"""Measures the game and prints each figure beside its goal. bench/run starts it.
 
 measure.py BUILD [speed|start|memory|size|idle|play|latency]...
 """
@@ -18,8 +18,8 @@ SCALE = 3
 missed = []
 
 
-def tell(what, figure, unit="", goal=None):
-    """A line of the table; a figure without a goal is there for comparison."""
+def report(what, figure, unit="", goal=None):
+    """Prints a line of the table; a figure without a goal is there for comparison."""
     met = goal is None or figure <= goal
     missed.extend([] if met else [what])
     goals = "" if goal is None else f"at most {goal:g}: {'met' if met else 'MISSED'}"
@@ -27,7 +27,7 @@ def tell(what, figure, unit="", goal=None):
 
 
 def speed():
-    """Ratios of medians. The repetitions of all benchmarks are shuffled: a busy machine hits them alike."""
+    """Ratios of medians. The repetitions of all benchmarks are shuffled, so a busy machine slows all of them alike."""
     result = subprocess.run([BUILD / "bench/speed", "--benchmark_format=json", "--benchmark_repetitions=25",
                              "--benchmark_min_time=0.03", "--benchmark_enable_random_interleaving=true"],
                             check=True, capture_output=True)
@@ -35,19 +35,20 @@ def speed():
     assert not any(run.get("error_occurred") for run in runs), result.stdout
     ns = {run["run_name"]: run["cpu_time"] for run in runs if run.get("aggregate_name") == "median"}
     copy = ns["copyMemory"]
-    tell("memcpy of 240 x 268 pixels", copy, "ns")
-    tell("a tick, only the piece moved / memcpy", ns["tickPieceMoved"] / copy, goal=1.5)
+    report("memcpy of 240 x 268 pixels", copy, "ns")
+    report("a tick, only the piece moved / memcpy", ns["tickPieceMoved"] / copy, goal=1.5)
     for blocks in range(0, 250, 50):
-        tell(f"full repaint, {blocks} blocks / memcpy", ns[f"repaint/{blocks}"] / copy, goal=5 if blocks == 100 else None)
-    tell("GameSession::update", ns["update"], "ns", 150)
-    tell("BitBlt 240 x 268 / SDL_BlitSurface", ns["blit"] / ns["blitSdl"], goal=1.05)
-    tell("BitBlt 240 x 268 / memcpy", ns["blit"] / copy)
-    tell("TransparentImage 11 x 11 / SDL_BlitSurface with a key", ns["tile"] / ns["tileSdl"], goal=0.8)
-    tell("DrawTextW of a value / BitBlt of its picture", ns["drawValue"] / ns["blitValue"], goal=3)
+        report(f"full repaint, {blocks} blocks / memcpy", ns[f"repaint/{blocks}"] / copy,
+               goal=5 if blocks == 100 else None)
+    report("GameSession::update", ns["update"], "ns", 150)
+    report("BitBlt 240 x 268 / SDL_BlitSurface", ns["blit"] / ns["blitSdl"], goal=1.05)
+    report("BitBlt 240 x 268 / memcpy", ns["blit"] / copy)
+    report("TransparentImage 11 x 11 / SDL_BlitSurface with a key", ns["tile"] / ns["tileSdl"], goal=0.8)
+    report("DrawTextW of a value / BitBlt of its picture", ns["drawValue"] / ns["blitValue"], goal=3)
 
 
 class Running:
-    """A program that has shown its first frame, in a folder of its own."""
+    """A program in a folder of its own, which has shown its first frame."""
 
     def __init__(self, *command):
         self.folder = tempfile.TemporaryDirectory()
@@ -73,8 +74,9 @@ class Running:
     def taken(self):
         """Wake-ups and nanoseconds of a core of all threads so far."""
         tasks = list((self.facts / "task").iterdir())
-        return (sum(int((task / "status").read_text().split("\nvoluntary_ctxt_switches:")[1].split()[0]) for task in tasks),
-                sum(int((task / "schedstat").read_text().split()[0]) for task in tasks))
+        wakes = [(task / "status").read_text().split("\nvoluntary_ctxt_switches:")[1].split()[0] for task in tasks]
+        times = [(task / "schedstat").read_text().split()[0] for task in tasks]
+        return sum(map(int, wakes)), sum(map(int, times))
 
     def over(self, seconds, action=lambda: None):
         """Wake-ups a second and percent of a core."""
@@ -111,8 +113,8 @@ def start():
             with program() as started:
                 measured.append(started.milliseconds)
     minimal, game = (statistics.median(measured) for measured in times.values())
-    tell("minimal program, start to first frame", minimal, "ms")
-    tell("game, start to first frame / minimal program", game / minimal, goal=1.5)
+    report("minimal program, start to first frame", minimal, "ms")
+    report("game, start to first frame / minimal program", game / minimal, goal=1.5)
 
 
 def memory():
@@ -126,25 +128,25 @@ def memory():
             game.xdotool("key", "x")  # the first sound starts SDL's audio
             time.sleep(1)
             with_audio.append(game.resident_mib() - least)
-    tell("minimal program, resident memory", least, "MiB")
-    tell("game, title page: more than that", statistics.median(more), "MiB", 4)
-    tell("game, in play, audio started: more than that", statistics.median(with_audio), "MiB")
+    report("minimal program, resident memory", least, "MiB")
+    report("game, title page: more than that", statistics.median(more), "MiB", 4)
+    report("game, in play, audio started: more than that", statistics.median(with_audio), "MiB")
 
 
 def size():
-    tell("executable", (BUILD / "glimra").stat().st_size / 2**20, "MiB", 2)
+    report("executable", (BUILD / "glimra").stat().st_size / 2**20, "MiB", 2)
 
 
 def idle():
     with Game() as game:
         time.sleep(2)
-        tell("title page, wake-ups", game.over(20)[0], "/s", 2.1)
+        report("title page, wake-ups", game.over(20)[0], "/s", 2.1)
         game.tap(20, 307)
         game.tap(120, 100)
-        tell("a menu was opened and dismissed, wake-ups", game.over(10)[0], "/s", 0)
+        report("a menu was opened and dismissed, wake-ups", game.over(10)[0], "/s", 0)
         with Minimal():
             time.sleep(1)
-            tell("another window is in front, wake-ups", game.over(10)[0], "/s", 0)
+            report("another window is in front, wake-ups", game.over(10)[0], "/s", 0)
 
 
 def play():
@@ -154,18 +156,18 @@ def play():
                  for word in ("keydown", key, "sleep", 0.1, "keyup", key, "sleep", 0.4)]
         wakes, core = game.over(20, lambda: game.xdotool(*moves))
         assert wakes > 1000 / 25, "a game is played"
-        tell("in play, two buttons a second, of a core", core, "%", 1)
-        tell("in play, wake-ups: ticks, buttons, loudspeaker", wakes, "/s")
+        report("in play, two buttons a second, of a core", core, "%", 1)
+        report("in play, wake-ups: ticks, buttons, loudspeaker", wakes, "/s")
 
 
 def latency():
-    """A tick of the game is 25 ms, a display's frame 16.7 ms; this display shows at once what is drawn."""
+    """The goal is a tick of 25 ms and a display's frame of 16.7 ms; this display shows at once what is drawn."""
     with Game() as game:
         game.tap(120, 241)
         times = key_to_pixels(int(game.xdotool("getwindowfocus")), 200)
-        tell("a key to its picture, median of 200", statistics.median(times), "ms")
-        tell("a key to its picture, 95 of 100 are below", times[len(times) * 95 // 100], "ms")
-        tell("a key to its picture, the longest", times[-1], "ms", 41.7)
+        report("a key to its picture, median of 200", statistics.median(times), "ms")
+        report("a key to its picture, 95 of 100 are below", times[len(times) * 95 // 100], "ms")
+        report("a key to its picture, the longest", times[-1], "ms", 41.7)
 
 
 reader, writer = os.pipe()
@@ -176,7 +178,7 @@ os.environ["DISPLAY"] = ":" + os.read(reader, 20).decode().strip()
 try:
     for measure in (speed, start, memory, size, idle, play, latency):
         if measure is idle:
-            os.environ["SDL_AUDIODRIVER"] = "dummy"  # a loudspeaker, whatever this machine has
+            os.environ["SDL_AUDIODRIVER"] = "dummy"  # the same on every machine, with a sound device or without
         if measure.__name__ in (sys.argv[2:] or measure.__name__):
             measure()
 finally:

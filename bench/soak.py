@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Hours of play in one life of the program, all modes, by the player of the rules' model.
+"""Plays for hours of the game's time without restarting the program, in all modes, as tests/model does.
 
     soak.py GLIMRA-PILOT [--seed SEED] [--hours HOURS]
 
-The game object is looked over after every timer; in the end it is what the rules say, and the
-program has not grown.
+The pilot checks the game after every timer message. After each round the game must be what the model of
+the rules says, and in the end the program's memory must not have grown.
 """
 import argparse
 import collections
@@ -22,7 +22,7 @@ MOST_GROWTH = 256  # KiB
 
 
 class Soak(compare.Player):
-    """Plays on a running pilot what it plays on the model."""
+    """Plays on the model, and sends the same script to a running pilot."""
 
     def __init__(self, pilot, seed, folder):
         super().__init__(seed)

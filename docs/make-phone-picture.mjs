@@ -1,36 +1,38 @@
 // Makes phone.png, a game on the page as a phone shows it. After ./play --web has built the page:
 //   npm ci --prefix tests/web && node docs/make-phone-picture.mjs
 import {execFileSync} from 'node:child_process';
+import {writeFileSync} from 'node:fs';
 import {fileURLToPath} from 'node:url';
-import {fingers, launch, serve, tap, Visit, PHONE, PLAY} from '../tests/web/browser.js';
 
 const path = (name) => fileURLToPath(new URL(name, import.meta.url));
+process.chdir(path('..')); // the page and its server are looked for from here
+const {begin, finger, sleep, tap, PHONE, PLAY} = await import('../tests/web/browser.js');
+const {chromium} = await import('../tests/web/puppets.js');
+
 const picture = path('phone.png');
-const browser = await launch();
-const server = await serve(path('../web/serve.py'), path('../build/web'));
-const visit = await Visit.begin(browser, server.address, {...PHONE, deviceScaleFactor: 2}, () => { Date.now = () => 1000; });
-const page = await visit.open();
-const hold = async (key, milliseconds) => {
-  await page.keyboard.down(key);
-  await page.waitForTimeout(milliseconds);
-  await page.keyboard.up(key);
-  await page.waitForTimeout(60);
+await chromium.launch();
+const visit = await begin(chromium, {...PHONE, deviceScaleFactor: 2}, () => { Date.now = () => 1000; }); // the same pieces
+const tab = await visit.open();
+await sleep(2000);
+const hold = async (button, milliseconds) => {
+  await finger(tab, 'down', button);
+  await sleep(milliseconds);
+  await finger(tab, 'up', button);
+  await sleep(60);
 };
-await page.waitForTimeout(1000);
-await tap(page, PLAY);
-await page.waitForTimeout(300);
-await hold('c', 40);
-for (const key of ['ArrowLeft', 'ArrowRight', 'c', 'ArrowLeft']) {
-  await hold(key, 500);
-  await hold('ArrowUp', 40);
-  await page.waitForTimeout(450);
+await tap(tab, PLAY);
+await sleep(300);
+await hold('B', 40);
+for (const button of ['Left', 'Right', 'B', 'Left']) {
+  await hold(button, 500);
+  await hold('Up', 40);
+  await sleep(450);
 }
-const hands = await fingers(page);
-await hands.move(39);
-await page.waitForTimeout(100);
-await hands.move(39, 196);
-await page.waitForTimeout(150);
-await page.screenshot({path: picture});
-await browser.close();
-await server.stop();
+await finger(tab, 'down', 'Right', 1);
+await sleep(100);
+await finger(tab, 'down', 'D', 2);
+await sleep(150);
+writeFileSync(picture, await tab.screenshot());
+await chromium.end();
+await visit.stopServer();
 execFileSync('convert', [picture, '-strip', '-resize', '480x', '-colors', '256', `PNG8:${picture}`]);

@@ -1,5 +1,5 @@
-# What `cmake --install` lays where, and the Debian package of it (cpack -G DEB; packaging/build-deb
-# does all of that). The executables carry everything they need, so the tree may lie anywhere.
+# Where `cmake --install` puts the files, and the Debian package of them (cpack -G DEB; packaging/build-deb
+# does all of that). The executables contain everything they need, so the installed tree can be anywhere.
 if(NOT GLIMRA_DESKTOP)
   return()
 endif()
@@ -7,7 +7,7 @@ endif()
 include(GNUInstallDirs)
 set(here ${CMAKE_CURRENT_LIST_DIR})
 
-# A game is where games are, a tool where tools are.
+# On Debian games are in /usr/games, tools in /usr/bin.
 install(TARGETS glimra RUNTIME DESTINATION games)
 install(TARGETS glimra-pilot RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
@@ -23,7 +23,7 @@ foreach(size 16 32 48 64)
 endforeach()
 install_icon(${PROJECT_SOURCE_DIR}/resources/glimra_128.png 128)
 
-# ---- Texts, compressed so that the same text gives the same bytes -------------------------------
+# ---- Texts, compressed without a time stamp: the same text gives the same bytes ------------------
 
 find_program(GZIP gzip REQUIRED)
 set(texts_folder ${PROJECT_BINARY_DIR}/packaging)

@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Rebuilds the icons of the page from the program's artwork, into this folder."""
+"""Rebuilds the icons of the page from the program's artwork, into this folder (or the given one)."""
+import argparse
 import pathlib
 import struct
 import sys
@@ -49,5 +50,12 @@ def png(rgba):
             chunk(b"IDAT", zlib.compress(data, 9)) + chunk(b"IEND", b""))
 
 
-for size in (192, 512):
-    (HERE / f"icon-{size}.png").write_bytes(png(icon(size)))
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("folder", nargs="?", type=pathlib.Path, default=HERE)
+    folder = parser.parse_args().folder
+    for size in (192, 512):
+        (folder / f"icon-{size}.png").write_bytes(png(icon(size)))
+
+
+main()

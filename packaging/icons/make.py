@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Rebuilds the icons that the desktop shows where 128 pixels are too many, byte for byte, into this folder (or the
-given one). 128 by 128 is resources/glimra_128.png itself."""
+"""Rebuilds the desktop's icons that are smaller than 128 pixels, byte for byte, into this folder (or the given one).
+The icon of 128 pixels is resources/glimra_128.png."""
 import argparse
 import pathlib
 import sys
@@ -14,7 +14,7 @@ from icon import icon  # noqa: E402
 
 
 def shrunk(rgba, by):
-    """Every `by` by `by` pixels made one, each counted as much as it is opaque."""
+    """Makes one pixel of every `by` by `by`; the more opaque a pixel is, the more it counts."""
     size = rgba.shape[0] // by
     cover = rgba[:, :, 3:].astype(np.int64)
     blocks = (size, by, size, by, -1)

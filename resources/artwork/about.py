@@ -1,7 +1,7 @@
 """The picture of the About dialog: pieces of light rise over still water past a great paper lantern.
 
-The version is written in black on the lantern's brightest part, which is plain white there: it reads the same
-whether the text's white background is drawn over the picture or the picture under the text.
+The version is written in black on the lantern's brightest part, which is plain white there, so it does not matter
+whether the text is drawn with a white background or none.
 """
 import numpy as np
 

@@ -1,4 +1,4 @@
-"""Writes the picture, icon and sound files, byte by byte, so that they never depend on a library's version."""
+"""Writes the picture, icon and sound files without a library for them: the bytes depend on no library's version."""
 import struct
 import zlib
 
@@ -44,7 +44,7 @@ def write_bmp_24(path, rgb):
 
 
 def write_ico(path, images):
-    """An icon of 8-bit images, each (indices, palette, opaque); what is not opaque lets the screen through."""
+    """An icon of 8-bit images, each (indices, palette, opaque); the screen shows through where it is not opaque."""
     directory, bodies = b"", b""
     offset = 6 + 16 * len(images)
     for indices, palette, opaque in images:

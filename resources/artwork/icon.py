@@ -7,7 +7,7 @@ from quantize import displayable, to_bytes
 
 
 def icon(size):
-    """The icon as red, green, blue, alpha bytes, `size` by `size`; the small ones have no half-clear pixels."""
+    """The icon as red, green, blue, alpha bytes, `size` by `size`; in the small ones each pixel is opaque or clear."""
     c = Canvas(size, size, 6 if size > 64 else 8)
     u, v = c.x / size, c.y / size
     c.light[:] = blend([(0, "060a34"), (0.6, "0a2468"), (1, "084a70")], v + 0 * u) * 0.9

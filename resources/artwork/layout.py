@@ -32,14 +32,14 @@ def _inside(shape, rectangle):
 
 
 def _dimmed(light, ceiling):
-    """The light pressed smoothly below the luminance `ceiling`, its colours kept."""
+    """Compresses the light smoothly below the luminance `ceiling`; its colours stay."""
     bright = light @ GREY
     pressed = ceiling * bright / (bright + 3.2 * ceiling)
     return light * (pressed / np.maximum(bright, 1e-9))[..., None]
 
 
 def _behind_glass(light, tint):
-    """The picture seen through dark glass of that tint: soft, without its sharp lights, nearly of one colour."""
+    """The picture through dark glass of that tint: blurred, without bright points, nearly of one colour."""
     soft = blurred(np.minimum(light, 0.3), 1)
     grey = (soft @ GREY)[..., None]
     return _dimmed((soft * 0.45 + grey * 0.55) * tint, WELL_LUMINANCE) + tint * 0.0011

@@ -19,7 +19,7 @@ import sounds
 
 
 def icon_image(size):
-    """An icon as indices, palette and what is opaque; the rest is black, index 0."""
+    """An icon as indices, palette and a mask of its opaque pixels; the others are black, index 0."""
     rgba = icon(size)
     opaque = rgba[:, :, 3] > 0
     picture = rgba[:, :, :3].astype(np.int64) * 16

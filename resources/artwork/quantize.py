@@ -1,11 +1,11 @@
 """Turns a rendered picture into a palette of at most 256 display colours and a dithered index per pixel.
 
-The display keeps 5 bits of red, 6 of green and 5 of blue, so the palette holds only colours it can show: what is
-designed is what is seen. All arithmetic past rounding is on integers, so every machine finds the same bytes.
+The display keeps 5 bits of red, 6 of green and 5 of blue, so the palette holds only colours it can show: the
+picture is seen as it was designed. After rounding, arithmetic is on integers, so every machine makes the same bytes.
 """
 import numpy as np
 
-WEIGHTS = np.array([3, 6, 2], dtype=np.int64)  # how much the eye minds an error in red, green, blue
+WEIGHTS = np.array([3, 6, 2], dtype=np.int64)  # how visible an error in red, green, blue is
 STEPS = 12  # colours that a pixel's dithering mixes
 
 
@@ -108,7 +108,7 @@ def dither(picture, palette, where=None, allowed=None):
     """Indices into `palette` for `picture` (16ths): each pixel mixes STEPS colours whose mean is its own.
 
     `where` (bool per pixel) picks the pixels to do, `allowed` (bool per palette colour) the colours to use, which
-    keeps a quiet region dark for certain. Both default to all. The result is one index per picked pixel.
+    ensures that a dark region stays dark. Both default to all. The result is one index per picked pixel.
     """
     height, width, _ = picture.shape
     where = np.ones((height, width), dtype=bool) if where is None else where

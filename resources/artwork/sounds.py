@@ -21,8 +21,8 @@ def _fades(count, attack, release):
 def _samples(signal, peak):
     """Eight-bit samples of a signal scaled to `peak` of full scale.
 
-    A little noise keeps quiet tails from turning harsh; it follows the sound's loudness, and the rounding error is
-    handed on to the next sample, which moves it up to where it is heard least.
+    A little noise, as loud as the sound allows, keeps quiet endings from sounding harsh. The rounding error is carried
+    to the next sample, which moves it to high frequencies, where it is least audible.
     """
     signal = signal * (peak * 127 / np.abs(signal).max())
     steps = np.floor(signal * 65536 + 0.5).astype(np.int64)

@@ -50,7 +50,7 @@ def tile(stops):
     depth = _depth()
     channels = [np.interp(depth, (0, 0.5, 1), [stop[i] for stop in stops]) for i in range(3)]
     shaded = displayable(np.floor(np.stack(channels, axis=-1) + 0.5))
-    if stops in (WHITE, PALE, GREY):  # green has a bit more than the others: without it the greys stay grey
+    if stops in (WHITE, PALE, GREY):  # green has a bit more than red: it follows red, so that greys stay grey
         six = (shaded[..., 0] >> 2) & ~1 | (shaded[..., 0] >> 7)
         shaded[..., 1] = six << 2 | six >> 4
     for at, exact in zip((0, SIZE // 2, SIZE - 1), stops):

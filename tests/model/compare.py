@@ -5,7 +5,7 @@
 
 PILOT is the glimra-pilot executable. A seed makes one script: a start anywhere on the clock, then
 two games, each in some mode from some level, played well, wildly or hardly at all, to its end. The
-first field that differs is told with the moment and both values, and the script is kept.
+first field that differs is reported with its time and both values, and the script is kept.
 """
 
 import argparse
@@ -26,7 +26,7 @@ CLOCKS = [1000, 2**31 - 20000, 2**32 - 20000]
 
 
 class Player:
-    """Writes a script, and does to a model what it says."""
+    """Writes a script, and plays each of its commands on the model."""
 
     def __init__(self, seed):
         self.random = random.Random(seed)
@@ -83,7 +83,7 @@ class Player:
         self.do('wait 1000')
 
     def choose(self):
-        """From the title screen into a game, with detours."""
+        """Starts a game from the title screen, after some random taps and waits."""
         for _ in range(self.random.randrange(4)):
             self.random.choice([lambda: self.wait(12000), self.leave, lambda: self.tap(
                 self.random.randrange(240), self.random.randrange(100, 190))])()
@@ -104,7 +104,7 @@ class Player:
             self.do('back')
 
     def pause(self):
-        """By the button or by a tap, and back by either."""
+        """Pauses and resumes, each by the button or by a tap."""
         for _ in range(2):
             if self.chance(0.5):
                 self.press(PAUSE, 5, 30, 60)
@@ -117,7 +117,7 @@ class Player:
         self.wait(3000)
 
     def fumble(self):
-        """Any key, held, pressed or pressed for less than a tick."""
+        """Presses, holds or releases a random button; some presses are shorter than a tick."""
         action = self.random.choice([LEFT, RIGHT, ROTATE_LEFT, ROTATE_RIGHT, SOFT_DROP] * 3 + list(range(8)))
         held = self.app.buttons.isDown[action]
         if held or self.chance(0.25):
@@ -127,7 +127,7 @@ class Player:
         self.wait(70)
 
     def steer(self):
-        """Brings the piece to a good place and drops it, with a slip now and then."""
+        """Brings the piece to a good place and drops it, with a random mistake now and then."""
         self.release()
         session = self.app.session
         if session.phase == CLEARING:
@@ -148,7 +148,7 @@ class Player:
 
 def goodPlace(session, greedy):
     """The (rotation, x) where the piece, dropped from its height, leaves the best well: low and
-    without holes, and if greedy, its last column kept for four rows while there is room."""
+    without holes. A greedy player keeps the last column free for four rows while there is room."""
     best = (-1e9, session.rotation, session.x)
     for rotation, x in [(rotation, x) for rotation in range(4) for x in range(-2, 9)]:
         y = session.y
@@ -169,7 +169,7 @@ def goodPlace(session, greedy):
 
 
 def difference(theirs, ours):
-    """None, or the first field that differs, with the program's value and that by the rules."""
+    """The first field that differs, with the program's value and the rules' value; None if none does."""
     count = ours[model.NAMES.index('count')]
     for name, program, rules in zip(model.NAMES, model.RECORD.unpack(theirs), ours):
         if name.endswith('name'):

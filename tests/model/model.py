@@ -1,7 +1,7 @@
-"""The rules of the game, stated a second time and apart from the program, one timer tick at a time.
+"""The rules of the game, stated a second time and independently of the program, one timer tick at a time.
 
-An App is the whole program as its stored record shows it: feed it what the player does and let
-time pass, and it keeps the record after every timer message. compare.py holds the program to it.
+An App is the whole program as its stored record shows it: give it the player's actions and let time
+pass, and it keeps the record after every timer message. compare.py compares the program with it.
 """
 
 import ctypes
@@ -23,7 +23,7 @@ ROTATION_SOUND, LOCK_SOUND, ROWS_SOUND, LEVEL_SOUND, SHIFT_SOUND = range(5)
 
 
 def pairs(text):
-    """The (x, y) pairs in a text of numbers."""
+    """Reads a text of numbers as (x, y) pairs."""
     numbers = [int(word) for word in text.split()]
     return list(zip(numbers[::2], numbers[1::2]))
 
@@ -55,7 +55,7 @@ def signed(number):
 
 
 def named(prefix, text):
-    """The fields of a list of formats and names."""
+    """Fields as (name, format), from a text of formats and names by turns."""
     words = text.split()
     return [(prefix + name, form) for form, name in zip(words[::2], words[1::2])]
 
@@ -81,7 +81,7 @@ NAMES = [name for name, form in FIELDS if 'x' not in form]
 
 
 class Buttons:
-    """The eight buttons: what a poll sees of keys that come and go between polls."""
+    """The eight buttons. A poll also sees a key that went down and up again since the last poll."""
 
     def __init__(self):
         self.isDown, self.pressedSince = [False] * 8, [False] * 8
@@ -132,7 +132,7 @@ class Session:
                 self.well[self.x + dx, self.y + dy] = self.type
 
     def markFullRows(self):
-        """Whether there are any. The top row never counts."""
+        """Returns whether there are any. The top row never counts."""
         self.full = [r for r in range(1, 20) if all((c, r) in self.well for c in range(10))]
         return bool(self.full)
 
@@ -359,7 +359,7 @@ def defaults(shorter):
 class App:
     """The program: its screens, its timer and its clock, in 32-bit milliseconds.
 
-    The operations with the names of the pilot's commands do what those do.
+    Operations that are named like commands of the pilot do the same as those.
     """
 
     def __init__(self, clock):

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""A monkey at the handheld: random scripts, on stores of which some are damaged.
+"""A monkey plays: random scripts for the pilot, some of them on damaged stores.
 
     monkey.py GLIMRA-PILOT [--seed SEED] [--commands COUNT] [--keep FOLDER]
 
-The pilot should be built with sanitizers. It fails on a crash, a fault in the game object, a hang,
-and a record that does not play the same game again; the script and the store are then kept.
+The pilot should be built with sanitizers. The test fails on a crash, a fault in the game, a hang, or a
+recording that does not play the same game again, and keeps the script and the store.
 """
 import argparse
 import os
@@ -28,12 +28,12 @@ MENU = ["IDM_NEW_GAME", "IDM_BUTTONS", "IDM_GAME_OPTIONS", "IDM_ABANDON_GAME", "
 TEXTS = ["Ann", "", "  ", "Hällo # Ω", "x" * 60, "\U0001F600", "\"\\"]
 NUMBERS = [0, 1, -1, 2, 6, 7, 10, 255, 25, 2**31 - 1, -2**31, 999, 9999, 10**9]
 ENDING = re.compile("close|hibernate|81")
-# The pilot may refuse these: what a command needs is not there at the moment.
+# Errors that are not faults: the window or item that a random command needs is not there at the moment.
 REFUSED = re.compile(r"pilot: line \d+: (menu|open|click|select|done|tap)?:?.*(has ended|no |did not open|not on).*")
 
 
 class Script:
-    """One run of the pilot, which is looked at before the next move."""
+    """One run of the pilot. Its windows are listed after each move, so that the next one can aim at them."""
 
     def __init__(self, pilot, folder, dice, store, record):
         self.dice, self.folder, self.record = dice, folder, record
@@ -59,7 +59,7 @@ class Script:
         self.process.stdin.write("".join(command + "\n" for command in commands))
 
     def move(self):
-        """A few commands, then a look. False when the pilot has stopped."""
+        """Sends a few commands and reads the list of windows. Returns False when the pilot has stopped."""
         if self.ended and self.record:
             return False  # a record ends with the program
         commands = self.next_commands()
@@ -83,7 +83,7 @@ class Script:
         return False
 
     def next_commands(self):
-        """One command that fits what was seen last, or a burst of any, with what may end the program last."""
+        """One command aimed at a window, or up to eight of any kind; those that may end the program come last."""
         aimed = self.aimed()
         if aimed and self.dice.random() < 0.6:
             return [self.dice.choice(aimed)]
@@ -108,7 +108,7 @@ class Script:
         return dice.choice(rare if dice.random() < 0.1 else common)
 
     def aimed(self):
-        """What can be done with the windows seen last, if they are still there."""
+        """Commands for the windows of the last list, if they are still there."""
         active = next((i for i, line in enumerate(self.windows) if " active" in line), None)
         if active is None:
             return []
@@ -120,11 +120,12 @@ class Script:
                 break
             number = int(re.search(r"id=(-?\d+)", line)[1])
             if number > 0 and "disabled" not in line and "hidden" not in line:
-                commands.append(f"select {number} {self.dice.randrange(6)}" if "ComboBox" in line else f"click {number}")
+                choose = "ComboBox" in line
+                commands.append(f"select {number} {self.dice.randrange(6)}" if choose else f"click {number}")
         return commands
 
     def finish(self):
-        """Returns what is wrong."""
+        """Ends the script and returns what went wrong, or nothing."""
         try:
             self.write("state first.state" if self.record else "close")
             self.process.stdin.close()
@@ -144,7 +145,7 @@ class Script:
 
 
 def replay(pilot, folder):
-    """The record must play the game that was traced; the state after the end is no part of it."""
+    """Plays the recording and compares the traces. The state after the program's end is not compared."""
     lines = (folder / "record").read_text().splitlines()
     header = [line for line in lines if line.startswith("#")]
     (folder / "record").write_text("\n".join(header + ["trace again", *lines[len(header):], "trace off"]) + "\n")

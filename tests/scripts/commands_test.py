@@ -3,10 +3,11 @@
 
     commands_test.py ROOT
 
-Commands of the project must be executable and know --help; presets must exist; other programs are only looked for where
-they are installed.
+Scripts of the project must be executable and know --help, but for those that CTest runs; presets and files that are
+named must exist. What a build makes is left to the manual's test, and other programs are not run.
 """
 import json
+import os
 import pathlib
 import re
 import shlex
@@ -17,10 +18,19 @@ ROOT = pathlib.Path(sys.argv[1]).resolve()
 BUILT = re.compile(r"build/(?:release|sanitize|clang|fuzz)/")
 
 
+def is_script(name):
+    """Whether it is a file that a shell could start, whatever its permissions."""
+    path = ROOT / name
+    return "/" in name and path.is_file() and path.read_bytes()[:2] == b"#!"
+
+
 def command_lines():
-    """The indented lines of both pages, without what follows a #; several commands may share a line."""
+    """The page and the words of each command: the indented lines without what follows a #, and what stands between
+    backticks in a sentence if it begins with a script. Several commands may share a line."""
     for page in ("README.md", "CONTRIBUTING.md"):
-        for line in re.findall(r"^    (?=\S)(.+)$", (ROOT / page).read_text(encoding="utf-8"), re.MULTILINE):
+        text = (ROOT / page).read_text(encoding="utf-8")
+        named = [code for code in re.findall(r"`([^`\n]+)`", text) if is_script(code.split()[0])]
+        for line in re.findall(r"^    (?=\S)(.+)$", text, re.MULTILINE) + named:
             for command in re.split(r"&&|\|", line.split("  #")[0]):
                 words = shlex.split(command.replace("$ ", "", 1).split(">")[0])
                 if words[:1] == ["xargs"]:
@@ -33,17 +43,20 @@ def fault(words):
     program = ROOT / words[0]
     if BUILT.match(words[0]):
         return ""  # a build makes it; its --help is the manual's test
+    if words[0].startswith("tests/scripts/"):
+        return "" if os.access(program, os.X_OK) else "it is not executable"
     if "/" in words[0]:
         result = subprocess.run([program, "--help"], cwd=ROOT, capture_output=True, text=True, timeout=60, check=False)
-        return "" if result.returncode == 0 and result.stdout else f"--help: {result.returncode} {result.stderr}"
+        last = result.stderr.strip().split("\n")[-1]
+        return "" if result.returncode == 0 and result.stdout else f"--help: status {result.returncode}, {last}"
     if words[0] in ("cmake", "ctest") and "--preset" in words:
         presets = json.loads((ROOT / "CMakePresets.json").read_text())
         kind = "test" if words[0] == "ctest" else "build" if "--build" in words else "configure"
         name = words[words.index("--preset") + 1]
         known = [preset["name"] for preset in presets[kind + "Presets"]]
         return "" if name in known else f"there is no {kind} preset {name}"
-    missing = [word for word in words[1:] if re.match(r"(tests|bench|packaging|fuzz|docs|resources|build/web)/", word)
-               and not any(ROOT.glob(word)) and not word.startswith("build/")]
+    missing = [word for word in words[1:] if re.match(r"(tests|bench|packaging|fuzz|docs|resources)/", word)
+               and not any(ROOT.glob(word))]
     return f"there is no {missing[0]}" if missing else ""
 
 

@@ -35,9 +35,11 @@ class ShellTest(store.FolderTest):
     def test_commands(self):
         for script, output, fields in [
                 ("menu IDM_ABANDON_GAME\n", [expand("grayed IDM_ABANDON_GAME")], {"appState": TITLE}),
-                (GAME + "menu IDM_NEW_GAME\nmenu IDM_GAME_OPTIONS\n", expand("grayed IDM_NEW_GAME\ngrayed IDM_GAME_OPTIONS").splitlines(),
+                (GAME + "menu IDM_NEW_GAME\nmenu IDM_GAME_OPTIONS\n",
+                 [expand("grayed IDM_NEW_GAME"), expand("grayed IDM_GAME_OPTIONS")],
                  {"appState": PLAYING, "state": PAUSED}),
-                (GAME + "menu IDM_ABANDON_GAME\nclick IDNO\nwait 100\n", [ABANDON], {"appState": PLAYING, "state": PAUSED}),
+                (GAME + "menu IDM_ABANDON_GAME\nclick IDNO\nwait 100\n", [ABANDON],
+                 {"appState": PLAYING, "state": PAUSED}),
                 (GAME + "menu IDM_ABANDON_GAME\nclick IDYES\n", [ABANDON], {"appState": TITLE, "page": 0}),
                 (GAME + "menu IDM_SHOW_HIGH_SCORES\nclick IDOK\ntap 120 150\n",
                  ['box "Show high scores" "You cannot display the high score table during a game"'],
@@ -69,13 +71,15 @@ class ShellTest(store.FolderTest):
                 expected = [changes.get(action, key) for action, key in enumerate(DEFAULT_KEYS)]
                 self.assertEqual(store.keys(self.read("s")), expected)
         names = ["<A>", "<Right>", "< >", "<p>", "<Select>", "<Key 200>", "(not assigned)", "<Button C>"]
-        tree = self.play("menu IDM_BUTTONS\nclick IDC_ACTION_0\npress 65\nclick IDC_ACTION_0+2\npress 32\nclick IDC_ACTION_0+3\npress 112\nclick IDC_ACTION_0+4\n"
-                         "press 13\nclick IDC_ACTION_0+5\npress 200\nclick IDC_ACTION_0+7\npress 195\nclick IDYES\ntree\n")
+        presses = "".join(f"click IDC_ACTION_0+{action}\npress {key}\n"
+                          for action, key in ((0, 65), (2, 32), (3, 112), (4, 13), (5, 200), (7, 195)))
+        tree = self.play(f"menu IDM_BUTTONS\n{presses}click IDYES\ntree\n")
         self.assertEqual([line.split('"')[1] for line in tree if "id=111" in line], names)
 
     def test_options(self):
         for index, length in enumerate((0, 1, 6)):
-            self.play(f"menu IDM_GAME_OPTIONS\nselect IDC_QUEUE {index}\nselect IDC_GHOST 0\ndone\nkill\n", "--store", "s")
+            self.play(f"menu IDM_GAME_OPTIONS\nselect IDC_QUEUE {index}\nselect IDC_GHOST 0\ndone\nkill\n",
+                      "--store", "s")
             block = store.read_block(self.folder / "s")
             self.assertEqual((store.field(block, "queueLength"), *block[652:655]), (length, 1, 0, 1))
 
@@ -106,8 +110,8 @@ class ShellTest(store.FolderTest):
     def test_orientation(self):
         for options, script, output in [
                 (["--landscape"], "click IDCANCEL\n", [PORTRAIT, "exit 0"]),
-                (["--landscape"], "click IDOK\nminimize\nclick IDYES\nrestore\nclick IDOK\nminimize\nclick IDNO\nrestore\n"
-                 "minimize\n", [PORTRAIT, RETURN, PORTRAIT, RETURN]),
+                (["--landscape"], "click IDOK\nminimize\nclick IDYES\nrestore\n"
+                 "click IDOK\nminimize\nclick IDNO\nrestore\nminimize\n", [PORTRAIT, RETURN, PORTRAIT, RETURN]),
                 ([], "turn 4\naway\nback\nclick IDCANCEL\n", [PORTRAIT, "exit 0"]),
                 ([], "turn 1\naway\nback\nclick IDOK\nminimize\n", [PORTRAIT, RETURN]),
                 ([], "minimize\nrestore\n", [])]:

@@ -35,14 +35,16 @@ class StoreTest(store.FolderTest):
 
     def test_a_game_comes_back(self):
         for end, state in [("chord 81", PAUSED), ("close", PAUSED), ("away\nkill", PAUSED), ("hibernate", RUNNING),
-                           ("open 0\nclose", PAUSED), ("menu IDM_ABANDON_GAME\nclose", PAUSED), ("menu IDM_ABOUT\nhibernate", PAUSED)]:
+                           ("open 0\nclose", PAUSED), ("menu IDM_ABANDON_GAME\nclose", PAUSED),
+                           ("menu IDM_ABOUT\nhibernate", PAUSED)]:
             with self.subTest(end):
                 store.write_block(self.store, self.game(state=PAUSED))
                 self.play(f"tap 120 150\nwait 100\nstate before\n{end}\n")
                 stored = store.read_block(self.store)
                 self.assertEqual([store.field(stored, name) for name in ("requestedState", "state")], [PLAYING, state])
-                output, _ = self.play("state after\nshot 1.png\nmenu IDM_NEW_GAME\nmenu IDM_GAME_OPTIONS\nmenu IDM_ABANDON_GAME\nclick IDNO\nwait 100\n"
-                                      "shot 2.png\ntap 120 150\nwait 50\nstate resumed\n")
+                output, _ = self.play("state after\nshot 1.png\nmenu IDM_NEW_GAME\nmenu IDM_GAME_OPTIONS\n"
+                                      "menu IDM_ABANDON_GAME\nclick IDNO\nwait 100\nshot 2.png\n"
+                                      "tap 120 150\nwait 50\nstate resumed\n")
                 self.assertEqual(output[:2], store.expand("grayed IDM_NEW_GAME\ngrayed IDM_GAME_OPTIONS").splitlines())
                 for part in (WELL_AND_PIECE, RESULTS):
                     self.assertEqual(self.read("before")[part], self.read("after")[part])
