@@ -28,4 +28,4 @@ async function compile() {
 }
 
 /** Null where the browser cannot run it: sentence.js says so. */
-export const code = typeof WebAssembly === 'object' ? compile() : null;
+export const code = typeof WebAssembly === 'object' && location.protocol !== 'file:' ? compile() : null;
