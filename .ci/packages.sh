@@ -1,13 +1,20 @@
-# Which Debian packages the game, its tests and the gate need, and how they get here.
-# Read by play, test, .ci/run and .ci/lint.
+# The Debian packages that the game, its tests and the gate need, and what the scripts share.
+# Read by play, test, .ci/run, .ci/lint and others.
 # shellcheck shell=sh disable=SC2034 # the lists are used there
 
 play_packages='g++ cmake ninja-build llvm libsdl2-dev libpng-dev libfreetype-dev fonts-liberation'
-web_packages="$play_packages emscripten esbuild python3"
+web_packages="$play_packages emscripten esbuild brotli python3"
 test_packages="$play_packages libgtest-dev python3 python3-numpy xvfb xdotool imagemagick"
 lint_packages='git clang clang-tidy cppcheck'
-gate_packages="$test_packages $web_packages $lint_packages chromium nodejs clang-format \
+gate_packages="$test_packages $web_packages $lint_packages chromium firefox-esr \
+    webkit2gtk-driver nodejs clang-format \
     libclang-rt-14-dev lintian appstream"
+
+# With --help as its first argument, a script prints the comment at its top and ends:
+# help_wanted "$0" "$@" && exit
+help_wanted() {
+    [ "${2-}" = --help ] && sed -n '2,/^[^#]/s/^# \{0,1\}//p' "$1"
+}
 
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then
@@ -23,7 +30,7 @@ as_root() {
 # Installs those of the named packages that are missing, and says which.
 need_packages() {
     if ! command -v apt-get >/dev/null; then
-        echo "This is no Debian: what these packages hold must be there: $*" >&2
+        echo "This is not Debian. Please see that these packages' contents are installed: $*" >&2
         return
     fi
     missing=''

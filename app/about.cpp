@@ -3,14 +3,13 @@
 
 #include <aygshell.h>
 
-#include "app/modal_dialog.h"
+#include "resources/module.h"
 #include "resources/resource.h"
 
 namespace {
 
-INT_PTR CALLBACK aboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+INT_PTR CALLBACK aboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM)
 {
-    (void)lParam;
     if (message == WM_INITDIALOG) {
         fillScreen(dialog, SHIDIF_DONEBUTTON | SHIDIF_SIPDOWN);
         return TRUE;
@@ -24,4 +23,4 @@ INT_PTR CALLBACK aboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM
 
 } // namespace
 
-void showAboutDialog(HWND window) { runDialog(IDD_ABOUT, window, aboutProcedure, 0); }
+void showAboutDialog(HWND window) { runDialog(IDD_ABOUT, window, aboutProcedure); }

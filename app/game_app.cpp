@@ -2,11 +2,11 @@
 // the game, whichever is live.
 #include "app/game_app.h"
 
-#include <aygshell.h>
+#include <utility>
 
 #include "app/about.h"
+#include "app/menu_bar.h"
 #include "app/settings.h"
-#include "app/window.h"
 #include "engine/random.h"
 #include "frontend/name_entry.h"
 #include "frontend/options_dialog.h"
@@ -28,39 +28,19 @@ void createScreenSurface(HWND window)
 
 void loadSounds()
 {
-    struct Sound
-    {
-        SoundEvent event;
-        UINT resource;
-    };
-    constexpr Sound sounds[] = {{SoundEvent::Rotate, IDW_ROTATE},
-                                {SoundEvent::Lock, IDW_LOCK},
-                                {SoundEvent::RowsComplete, IDW_ROWS_COMPLETE},
-                                {SoundEvent::LevelUp, IDW_LEVEL_UP},
-                                {SoundEvent::Shift, IDW_SHIFT}};
+    using enum SoundEvent;
+    constexpr std::pair<SoundEvent, UINT> sounds[] = {{Rotate, IDW_ROTATE},
+                                                      {Lock, IDW_LOCK},
+                                                      {RowsComplete, IDW_ROWS_COMPLETE},
+                                                      {LevelUp, IDW_LEVEL_UP},
+                                                      {Shift, IDW_SHIFT}};
     soundPlayer.open();
-    for (const Sound &sound : sounds) {
-        soundPlayer.load(static_cast<int>(sound.event), sound.resource);
+    for (const auto &[event, resource] : sounds) {
+        soundPlayer.load(static_cast<int>(event), resource);
     }
 }
 
-/// A game in progress can be abandoned; a new one, with other options, only begun without one.
-void updateMenuItems(bool playing)
-{
-    const LRESULT result = SendMessageW(menuBar, SHCMBM_GETMENU, 0, 0);
-    const HMENU menu{static_cast<std::uint32_t>(result)};
-    const UINT whilePlaying = playing ? MF_ENABLED : MF_GRAYED;
-    const UINT otherwise = playing ? MF_GRAYED : MF_ENABLED;
-    EnableMenuItem(menu, IDM_GAME_OPTIONS, MF_BYCOMMAND | otherwise);
-    EnableMenuItem(menu, IDM_NEW_GAME, MF_BYCOMMAND | otherwise);
-    EnableMenuItem(menu, IDM_ABANDON_GAME, MF_BYCOMMAND | whilePlaying);
-}
-
 } // namespace
-
-GameApp::GameApp()
-    : appState(AppState::None), requestedState(AppState::None), titleScreen{}, highScores{}
-{}
 
 // Start and end -----------------------------------------------------------------------------------
 
@@ -72,7 +52,7 @@ bool GameApp::init(HWND window)
         const bool fortyLines = i == static_cast<std::size_t>(GameMode::FortyLines);
         highScores[i].loadDefaults(fortyLines ? IDS_DEFAULT_SCORES_40_LINES : IDS_DEFAULT_SCORES);
     }
-    seedRandom(GetTickCount()); // the piece supply draws from it
+    seedRandom(GetTickCount());
     requestedState = AppState::Title;
     loadSettings(*this);
     appState = AppState::None;
@@ -85,22 +65,17 @@ bool GameApp::init(HWND window)
     return true;
 }
 
-/// The state that the settings were saved in: a stored game comes back paused, one that was ending
+/// Continues where the settings were saved: a stored game comes back paused, one that was ending
 /// goes on to its end.
 void GameApp::prepareFirstState(HWND window)
 {
     if (requestedState < AppState::Title || requestedState > AppState::Playing) {
         requestedState = AppState::Title;
     }
-    if (requestedState == AppState::Title) {
-        updateMenuItems(false);
-    } else if (requestedState == AppState::Playing) {
-        updateMenuItems(true);
-        if (session.state == GameState::Running) {
-            session.pause();
-        } else if (session.state == GameState::Ending) {
-            session.continueEnding(window);
-        }
+    if (requestedState == AppState::Playing && session.state == GameState::Running) {
+        session.pause();
+    } else if (requestedState == AppState::Playing && session.state == GameState::Ending) {
+        session.continueEnding(window);
     }
 }
 
@@ -189,7 +164,7 @@ HighScoreTable &GameApp::tableOfMode()
     return highScores[static_cast<std::size_t>(session.mode)];
 }
 
-/// The title screen shows what is chosen in the session.
+/// The title screen highlights the mode and level chosen in the session.
 void GameApp::showChoices()
 {
     titleScreen.selectedMode = static_cast<std::int32_t>(session.mode);

@@ -1,5 +1,5 @@
-// Reads and sets the orientation through a function that older systems do not have, so it is
-// looked up at run time.
+// Older systems lack the function that reads and sets the orientation, so it is looked up at run
+// time.
 #include "app/orientation.h"
 
 namespace {
@@ -13,6 +13,7 @@ DEVMODEW orientationRecord(DWORD orientation)
     return mode;
 }
 
+/// Null where the system cannot turn its display.
 ChangeDisplaySettingsExProc displayFunction(HMODULE library)
 {
     return reinterpret_cast<ChangeDisplaySettingsExProc>(
@@ -31,12 +32,8 @@ DWORD savedOrientation = 0;
 
 int checkPortrait()
 {
-    const HMODULE library = LoadLibraryW(u"coredll.dll");
-    if (!library) {
-        return 0;
-    }
-    const ChangeDisplaySettingsExProc change = displayFunction(library);
-    if (change == nullptr) {
+    const ChangeDisplaySettingsExProc change = displayFunction(LoadLibraryW(u"coredll.dll"));
+    if (!change) {
         return 0;
     }
     DEVMODEW mode = orientationRecord(DMDO_0);
@@ -60,16 +57,13 @@ int checkPortrait()
 void offerOrientationRestore(DWORD orientation)
 {
     const HMODULE library = LoadLibraryW(u"coredll.dll");
-    if (!library) {
-        return;
-    }
     const ChangeDisplaySettingsExProc change = displayFunction(library);
-    if (change != nullptr && orientation != 0) {
+    if (change && orientation != 0) {
         const int answer =
             MessageBoxW(HWND{}, u"Would you like to return to your previous orientation settings?",
                         u"Glimra", MB_YESNO | MB_ICONQUESTION | MB_TOPMOST);
         if (answer == IDYES) {
-            turnDisplay(change, orientation); // and ask again at the next minimising
+            turnDisplay(change, orientation); // the next minimising asks again
         } else {
             savedOrientation = 0;
         }

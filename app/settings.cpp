@@ -1,4 +1,4 @@
-// Writes the GameApp to the registry and reads it back. What it cannot use it keeps beside.
+// Writes the record to the registry and reads it back.
 #include "app/settings.h"
 
 #include <cstdio>
@@ -7,9 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "app/game_app.h"
 #include "app/settings_check.h"
-#include "app/window.h"
+#include "resources/module.h"
 #include "resources/resource.h"
 
 namespace {
@@ -20,13 +19,6 @@ constexpr LPCWSTR appValue = u"app";
 constexpr LPCWSTR versionValue = u"version";
 constexpr LPCWSTR rejectedValue = u"app.rejected";
 
-struct KeyPath
-{
-    WCHAR text[256];
-
-    KeyPath() { LoadStringW(moduleInstance, IDS_REGISTRY_KEY, text, 256); }
-};
-
 DWORD readVersion(HKEY key)
 {
     DWORD version = 0;
@@ -36,7 +28,7 @@ DWORD readVersion(HKEY key)
     return version;
 }
 
-/// The stored bytes, whatever their number; nothing when there is no such value.
+/// The stored bytes, however many; nothing when there is no such value.
 std::optional<std::vector<BYTE>> readApp(HKEY key)
 {
     DWORD size = 0;
@@ -50,18 +42,18 @@ std::optional<std::vector<BYTE>> readApp(HKEY key)
     return bytes;
 }
 
-/// Why stored bytes cannot be used; nothing when they can, and then `app` has them.
-std::optional<std::string> takeBytes(GameApp &app, const std::vector<BYTE> &bytes, DWORD version)
+/// Copies stored bytes to `app`, or returns why they cannot be used.
+std::optional<std::string> takeBytes(AppRecord &app, const std::vector<BYTE> &bytes, DWORD version)
 {
     if (version != formatNumber) {
         return "its version is " + std::to_string(version) + ", not " +
                std::to_string(formatNumber);
     }
-    if (bytes.size() != sizeof(GameApp)) {
+    if (bytes.size() != sizeof(AppRecord)) {
         return "it has " + std::to_string(bytes.size()) + " bytes, not " +
-               std::to_string(sizeof(GameApp));
+               std::to_string(sizeof(AppRecord));
     }
-    GameApp stored = app;
+    AppRecord stored = app;
     std::memcpy(&stored, bytes.data(), sizeof stored);
     std::optional<std::string> fault = findFault(stored);
     if (!fault) {
@@ -82,12 +74,12 @@ void keepRejected(HKEY key, const std::vector<BYTE> &bytes, const std::string &r
 
 } // namespace
 
-bool saveSettings(const GameApp &app)
+bool saveSettings(const AppRecord &app)
 {
-    const KeyPath path;
+    const std::u16string path = loadText(IDS_REGISTRY_KEY);
     HKEY key{};
     DWORD disposition = 0;
-    if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.text, 0, nullptr, 0, 0, nullptr, &key,
+    if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, 0, nullptr, &key,
                         &disposition) != ERROR_SUCCESS)
     {
         return false;
@@ -101,11 +93,11 @@ bool saveSettings(const GameApp &app)
     return true;
 }
 
-bool loadSettings(GameApp &app)
+bool loadSettings(AppRecord &app)
 {
-    const KeyPath path;
+    const std::u16string path = loadText(IDS_REGISTRY_KEY);
     HKEY key{};
-    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.text, 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) {
+    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) {
         return false;
     }
     bool loaded = false;

@@ -1,12 +1,12 @@
-// What the program keeps from one run to the next: the image of the GameApp, 2,496 bytes, in the
-// registry, with a format number beside it.
+// Keeps the program's record, 2,496 bytes, in the registry from one run to the next, with a format
+// number beside it.
 #pragma once
 
-struct GameApp;
+#include "app/app_record.h"
 
-/// Stores the whole object; false when the registry key could not be had.
-bool saveSettings(const GameApp &app);
-/// Replaces the whole object by the stored one. False, and nothing changes, when there is none,
-/// when it has another format, or when the game could not work with it; then it is kept under
-/// another name and the user is told which field is wrong.
-bool loadSettings(GameApp &app);
+/// Stores the whole record; false when the registry key could not be opened or made.
+bool saveSettings(const AppRecord &app);
+/// Replaces the whole record by the stored one. False, and nothing changes, when there is none,
+/// when it has another format, or when the game could not work with it; it is then kept under
+/// another name, and a line on standard error says which field is wrong.
+bool loadSettings(AppRecord &app);

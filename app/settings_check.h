@@ -1,12 +1,12 @@
-// Whether the game can work with a stored block: it may come from another program, or from an
-// editor's hand.
+// Whether the game can work with a stored record: it may come from another program, or have been
+// edited by hand.
 #pragma once
 
 #include <optional>
 #include <string>
 
-struct GameApp;
+#include "app/app_record.h"
 
 /// Names the first field that the game could not work with, with its value and what is allowed;
 /// nothing when there is none.
-std::optional<std::string> findFault(const GameApp &app);
+[[nodiscard]] std::optional<std::string> findFault(const AppRecord &app);

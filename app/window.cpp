@@ -1,43 +1,33 @@
 // The program's frame: entry point and message loop, the single instance, the window and its
-// procedure, the menu bar. It keeps no state of the game: what concerns that goes to GameApp.
+// procedure. It keeps no state of the game: events that concern the game go to GameApp.
 #include "app/window.h"
 
 #include <aygshell.h>
 
 #include "app/game_app.h"
+#include "app/menu_bar.h"
 #include "app/orientation.h"
+#include "render/graphics.h"
+#include "resources/module.h"
 #include "resources/resource.h"
 
-HINSTANCE moduleInstance{};
 HWND mainWindow{};
-HWND menuBar{};
-HDC windowDC{};
 
 namespace {
 
 /// Posted by the window to itself whenever it gets the focus.
 constexpr UINT WM_CHECK_ORIENTATION = WM_USER + 123;
-constexpr int menuBarHeight = 26;
-constexpr int nameCapacity = 100;
+constexpr int menuBarHeight = 26; ///< pixels
 
 SHACTIVATEINFO activateInfo{};
 /// The portrait check has turned the display: the first message brings the window to the front.
 bool bringToFront = false;
-/// A timer's tick is running, perhaps waiting in a dialog: further timer messages are dropped.
+/// A timer message's tick is running, perhaps waiting in a dialog: further timer messages are
+/// dropped.
 bool tickBusy = false;
 
-/// Stands for a window together with those it owns.
+/// The system's form for "this window and those it owns".
 HWND withOwned(HWND window) { return HWND{window.value | 1U}; }
-
-HWND createMenuBar(HWND window)
-{
-    SHMENUBARINFO info{};
-    info.cbSize = sizeof info;
-    info.hwndParent = window;
-    info.nToolBarId = IDM_MENU;
-    info.hInstRes = moduleInstance;
-    return SHCreateMenuBar(&info) ? info.hwndMB : HWND{};
-}
 
 void create(HWND window)
 {
@@ -81,7 +71,7 @@ void timer(HWND window)
     tickBusy = false;
 }
 
-/// Opening a menu pauses the game and shows it so behind the menu.
+/// Opening a menu pauses the game, and the paused game shows behind the menu.
 void menuOpens(HWND window)
 {
     gameApp.activate(window, false);
@@ -123,7 +113,7 @@ void checkOrientation()
     }
 }
 
-/// What the user does with keys, stylus and menus.
+/// The messages of keys, stylus and menus.
 LRESULT handleInput(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
@@ -178,7 +168,7 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     case WM_TIMER:
         timer(window);
         return 0;
-    case WM_HIBERNATE: // the system is short of memory: shut down, the game is kept
+    case WM_HIBERNATE: // the system is short of memory: save and shut down
         SendMessageW(window, WM_DESTROY, 0, 0);
         return 0;
     default:
@@ -210,24 +200,21 @@ void makeRoomForMenuBar(HWND window)
     }
 }
 
-} // namespace
-
+/// Makes the window and starts the program in it. False when another copy runs already, which is
+/// brought to the front, or when the window cannot be made.
 bool initInstance(HINSTANCE instance, int showCommand)
 {
     moduleInstance = instance;
-    WCHAR className[nameCapacity];
-    WCHAR title[nameCapacity];
-    LoadStringW(instance, IDS_WINDOW_CLASS, className, nameCapacity);
-    LoadStringW(instance, IDS_TITLE, title, nameCapacity);
-
-    if (const HWND other = FindWindowW(className, title)) {
+    const std::u16string className = loadText(IDS_WINDOW_CLASS);
+    const std::u16string title = loadText(IDS_TITLE);
+    if (const HWND other = FindWindowW(className.c_str(), title.c_str())) {
         SetForegroundWindow(withOwned(other));
         return false;
     }
-    registerWindowClass(instance, className);
-    const HWND window =
-        CreateWindowExW(0, className, title, WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT,
-                        CW_USEDEFAULT, CW_USEDEFAULT, HWND{}, HMENU{}, instance, nullptr);
+    registerWindowClass(instance, className.c_str());
+    const HWND window = CreateWindowExW(0, className.c_str(), title.c_str(), WS_VISIBLE,
+                                        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                                        HWND{}, HMENU{}, instance, nullptr);
     if (!window) {
         return false;
     }
@@ -241,11 +228,10 @@ bool initInstance(HINSTANCE instance, int showCommand)
     return true;
 }
 
-int WINAPI WinMain(HINSTANCE instance, HINSTANCE previousInstance, LPWSTR commandLine,
-                   int showCommand)
+} // namespace
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int showCommand)
 {
-    (void)previousInstance;
-    (void)commandLine;
     if (checkPortrait() == portraitDeclined) {
         return 0;
     }
@@ -255,12 +241,12 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE previousInstance, LPWSTR comman
     }
     const HACCEL accelerators = LoadAcceleratorsW(instance, MAKEINTRESOURCEW(IDR_ACCELERATORS));
     MSG message{};
-    while (GetMessageW(&message, HWND{}, 0, 0)) {
+    while (GetMessageW(&message, HWND{}, 0, 0) != FALSE) {
         if (bringToFront) {
             SetForegroundWindow(withOwned(message.hwnd));
             bringToFront = false;
         }
-        if (!TranslateAcceleratorW(message.hwnd, accelerators, &message)) {
+        if (TranslateAcceleratorW(message.hwnd, accelerators, &message) == 0) {
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }

@@ -6,7 +6,6 @@
 #include <SDL.h>
 #include <benchmark/benchmark.h>
 
-#include "app/window.h"
 #include "engine/game_session.h"
 #include "render/graphics.h"
 #include "resources/program_resources.h"

@@ -2,8 +2,8 @@
 // the piece to and changes nothing when the piece does not fit there.
 #include "engine/game_session.h"
 
-/// The buttons of one tick, in the order that decides who wins; whether the piece moved or turned.
-/// Without the SoftDrop button, gravity.
+/// Applies the buttons of one tick, and gravity when SoftDrop is not held. The order is part of the
+/// rules. Returns whether the piece moved or turned.
 bool GameSession::applyActions(const InputState &input)
 {
     const bool left = input.held(Action::Left);
@@ -12,7 +12,7 @@ bool GameSession::applyActions(const InputState &input)
         shiftNext = 0;
         shiftRepeating = 0;
     }
-    if (phase == Phase::Clearing) { // the piece is part of the rows already
+    if (phase == Phase::Clearing) { // the piece is already part of the grid
         return false;
     }
     bool moved = false;
@@ -53,9 +53,8 @@ bool GameSession::softDropStep()
 
 bool GameSession::hardDrop()
 {
-    ActivePiece &piece = playfield.piece;
-    while (playfield.fits(playfield.currentState(), piece.x, piece.y + 1)) {
-        ++piece.y;
+    while (playfield.pieceFits(0, 1)) {
+        ++playfield.piece.y;
         score += 2;
     }
     phase = Phase::Landed;
@@ -80,17 +79,16 @@ bool GameSession::hold()
     }
     piece.holdUsed = 1;
     deadline = after(gravityMs);
-    dirty |= dirty::everything; // and so it does not count as a move
-    return false;
+    dirty |= dirty::everything;
+    return false; // a move needs no redraw of its own
 }
 
 bool GameSession::shift(int dx)
 {
-    ActivePiece &piece = playfield.piece;
-    if (!waitOver(shiftNext) || !playfield.fits(playfield.currentState(), piece.x + dx, piece.y)) {
+    if (!waitOver(shiftNext) || !playfield.pieceFits(dx, 0)) {
         return false;
     }
-    piece.x += dx;
+    playfield.piece.x += dx;
     shiftNext = after(shiftRepeating != 0 ? timing::shiftRepeat : timing::firstShiftRepeat);
     shiftRepeating = 1;
     soundEvent = SoundEvent::Shift;

@@ -1,15 +1,6 @@
-// The life of a game and its tick. The order of steps in `tick` and `update` is the rules: what a
-// button does in the tick in which a piece locks follows from nothing else.
+// The life of a game and its tick. The order of steps in `tick` and `update` is part of the rules:
+// it decides, for example, what a button does in the tick in which a piece locks.
 #include "engine/game_session.h"
-
-GameSession::GameSession()
-    : tileDC{}, backDC{}, cellWidth(11), cellHeight(11), boardLeft(22), boardTop(11),
-      state(GameState::Running), holdType(0), phase(Phase::Falling), now(0), deadline(0),
-      clearFrame(0), shiftNext(0), shiftRepeating(0), padding1{}, softDropNext(0), gravityMs(0),
-      lockDelayMs(0), backdrop(0), lines(0), level(0), score(0), timeLeft(0), dirty(0),
-      soundEvent(SoundEvent::None), mode(GameMode::Marathon), startLevel(0), queueLength(6),
-      holdEnabled(1), ghostEnabled(1), soundEnabled(1), backToBack(0), reserved(0), padding2{}
-{}
 
 // The life of a game ------------------------------------------------------------------------------
 
@@ -43,7 +34,7 @@ void GameSession::resume(HWND window)
     dirty = dirty::everything;
     state = GameState::Running;
     SetTimer(window, mainTimer, timing::tick, nullptr);
-    now = static_cast<std::int32_t>(GetTickCount());
+    now = timing::now();
     restartTiming();
 }
 
@@ -54,7 +45,7 @@ void GameSession::pause()
     restartTiming();
 }
 
-/// Whatever was running, a lock delay or a clear too, goes on after one gravity interval.
+/// Every wait, a lock delay or a clear too, becomes one gravity interval.
 void GameSession::restartTiming()
 {
     deadline = after(gravityMs);
@@ -89,7 +80,7 @@ void GameSession::decideGame()
 void GameSession::tick(HWND window, InputState &input)
 {
     soundEvent = SoundEvent::None;
-    now = static_cast<std::int32_t>(GetTickCount());
+    now = timing::now();
     input.poll();
     handlePauseButton(window, input);
     if (state == GameState::Running) {
@@ -119,7 +110,7 @@ void GameSession::handlePauseButton(HWND window, const InputState &input)
     dirty |= dirty::everything;
 }
 
-/// The renderer erases the piece and its ghost there next time.
+/// The next paint erases the piece and its ghost where they are now.
 void GameSession::rememberDrawnPiece()
 {
     ActivePiece &piece = playfield.piece;
@@ -161,7 +152,7 @@ void GameSession::update(const InputState &input)
     updateGhost();
 }
 
-/// Whether the next piece follows at once, no row being complete.
+/// Returns true when no row is complete, so that the next piece follows at once.
 bool GameSession::lockLandedPiece()
 {
     playfield.lockPiece();
@@ -176,7 +167,7 @@ bool GameSession::lockLandedPiece()
     return false;
 }
 
-/// Removes the complete rows; whether the game goes on.
+/// Removes the complete rows; returns whether the game goes on.
 bool GameSession::finishClear()
 {
     const std::int32_t levelBefore = level;
@@ -187,13 +178,12 @@ bool GameSession::finishClear()
     return state == GameState::Running;
 }
 
-/// Brings the next piece in; false, and the game is decided, when it does not fit.
+/// Brings the next piece in. When it does not fit, the game is decided and the result is false.
 bool GameSession::spawnPiece()
 {
-    ActivePiece &piece = playfield.piece;
     dirty |= dirty::well | dirty::queue;
-    piece.takeNext();
-    if (!playfield.fits(playfield.currentState(), piece.x, piece.y)) {
+    playfield.piece.takeNext();
+    if (!playfield.pieceFits(0, 0)) {
         soundEvent = SoundEvent::Lock;
         decideGame();
         return false;
@@ -203,12 +193,11 @@ bool GameSession::spawnPiece()
     return true;
 }
 
-/// A piece lands in the tick in which it can no longer fall, and takes off when it can again;
-/// moving it on the ground does not restart its lock delay.
+/// A piece lands in the tick in which it can no longer fall, and falls again as soon as it can.
+/// Moving it on the ground does not restart its lock delay.
 void GameSession::testLanding()
 {
-    const ActivePiece &piece = playfield.piece;
-    const bool canFall = playfield.fits(playfield.currentState(), piece.x, piece.y + 1);
+    const bool canFall = playfield.pieceFits(0, 1);
     if (phase == Phase::Falling && !canFall) {
         phase = Phase::Landed;
         deadline = after(lockDelayMs);
@@ -218,7 +207,7 @@ void GameSession::testLanding()
     }
 }
 
-/// Counts one tick off; false, and the game is decided, when none is left.
+/// Takes one tick off. When none is left, the game is decided and the result is false.
 bool GameSession::stepUltraClock()
 {
     if (timeLeft % timing::ticksPerSecond == 0) {
@@ -234,11 +223,10 @@ bool GameSession::stepUltraClock()
 
 bool GameSession::stepDown()
 {
-    ActivePiece &piece = playfield.piece;
-    if (!playfield.fits(playfield.currentState(), piece.x, piece.y + 1)) {
+    if (!playfield.pieceFits(0, 1)) {
         return false;
     }
-    ++piece.y;
+    ++playfield.piece.y;
     deadline = after(gravityMs);
     softDropNext = after(timing::softDropStep);
     return true;

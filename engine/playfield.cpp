@@ -33,11 +33,10 @@ bool PieceQueue::addBag()
     if (count + tetrominoCount > capacity) {
         return false;
     }
-    std::array<TetrominoType, tetrominoCount> bag{
-        TetrominoType::J, TetrominoType::L, TetrominoType::S, TetrominoType::O,
-        TetrominoType::Z, TetrominoType::T, TetrominoType::I};
+    using enum TetrominoType;
+    std::array bag{J, L, S, O, Z, T, I};
     for (std::size_t i = 0; i < bag.size(); ++i) {
-        // Never an entry with itself: this shuffle is biased, and the game has always had it.
+        // An entry is never swapped with itself: the game's shuffle has always been biased.
         auto j = static_cast<std::size_t>(drawRandom() % (tetrominoCount - 1));
         if (j == i) {
             j = i + 1;
@@ -86,15 +85,10 @@ const Cell *Playfield::cellAt(int column, int row) const
     return inGrid(column, row) ? &cells[cellIndex(column, row)] : nullptr;
 }
 
-Cell *Playfield::cellAt(int column, int row)
-{
-    return inGrid(column, row) ? &cells[cellIndex(column, row)] : nullptr;
-}
-
 void Playfield::setCell(int column, int row, TetrominoType colour)
 {
-    if (Cell *cell = cellAt(column, row)) {
-        *cell = {1, static_cast<std::uint8_t>(colour)};
+    if (inGrid(column, row)) {
+        cells[cellIndex(column, row)] = {1, static_cast<std::uint8_t>(colour)};
     }
 }
 
@@ -107,7 +101,7 @@ bool Playfield::fits(const RotationState &state, int x, int y) const
             return column >= 0 && column < wellColumns;
         }
         const Cell *cell = cellAt(column, row);
-        return cell != nullptr && cell->occupied == 0;
+        return cell && cell->occupied == 0;
     });
 }
 
@@ -119,11 +113,6 @@ void Playfield::placePiece(const RotationState &state, int x, int y)
 }
 
 void Playfield::lockPiece() { placePiece(currentState(), piece.x, piece.y); }
-
-const RotationState &Playfield::currentState() const
-{
-    return rotationState(piece.type, piece.rotation);
-}
 
 const RotationState &Playfield::previousState() const
 {
@@ -146,7 +135,7 @@ int Playfield::markFullRows()
 int Playfield::removeFullRows()
 {
     int count = 0;
-    // From the top down: removing a row moves only what is above it.
+    // From the top down: removing a row moves only the rows above it.
     for (int row = 1; row < wellRows; ++row) {
         if (fullRows[static_cast<std::size_t>(row)] != 0) {
             removeRow(row);

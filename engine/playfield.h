@@ -1,9 +1,9 @@
 // The well: a grid of 10 by 20 cells, the rows that are complete, the falling piece, and the
 // supply of pieces to come.
 //
-// Columns count from the left, rows from the top, both from 0. Rows above the grid (negative)
-// are not kept: within the columns of the well they are always free, so a piece can enter partly
-// above it. The records are stored byte for byte with the settings, so their layout is fixed.
+// Columns count from the left, rows from the top, both from 0. Rows above the grid (negative) are
+// not stored: within the well's columns they are always free, so a piece can enter partly above the
+// well. The records are stored byte for byte with the settings, so their layout is fixed.
 #pragma once
 
 #include <array>
@@ -21,8 +21,8 @@ struct Cell
     std::uint8_t colour;   ///< the TetrominoType that filled it; means nothing when empty
 };
 
-/// The pieces to come, the next one first. Pieces are supplied in bags of all seven kinds,
-/// shuffled, so every seven pieces counted from the start of a game hold each kind once.
+/// The pieces to come, the next one first. They come in shuffled bags of all seven kinds, so each
+/// seven pieces, counted from the start of a game, hold every kind once.
 struct PieceQueue
 {
     static constexpr int capacity = 16;
@@ -30,12 +30,12 @@ struct PieceQueue
     std::int32_t count; ///< 0 to 16
     std::array<TetrominoType, capacity> entries;
 
-    /// One fresh bag and nothing else.
+    /// Leaves one fresh bag and nothing else.
     void reset();
-    /// Appends a shuffled bag; false, and nothing happens, when seven more do not fit. Draws
-    /// seven random numbers.
+    /// Appends a shuffled bag, drawing seven random numbers; false, and nothing happens, when seven
+    /// more do not fit.
     bool addBag();
-    /// Takes the next piece off, adding a bag before that whenever one fits.
+    /// Removes and returns the next piece, after adding a bag when one fits.
     TetrominoType take();
 };
 
@@ -44,7 +44,7 @@ struct ActivePiece
 {
     std::int32_t x; ///< column of its box origin
     std::int32_t y; ///< row of its box origin
-    /// Where it was at the end of the previous running tick: where the renderer erases it.
+    /// Where the renderer erases it: its place at the end of the previous running tick.
     std::int32_t prevX;
     std::int32_t prevY;
     std::int32_t prevRotation;
@@ -53,18 +53,18 @@ struct ActivePiece
     /// Where it would land if it dropped straight down.
     std::int32_t ghostX;
     std::int32_t ghostY;
-    /// The ghost at the end of the previous running tick; noGhost in both: nothing to erase.
+    /// The ghost at the end of the previous running tick; noGhost in both for nothing to erase.
     std::int32_t prevGhostX;
     std::int32_t prevGhostY;
-    std::uint8_t holdUsed; ///< 1 once this piece went through the hold box
+    std::uint8_t holdUsed; ///< 1 once hold was used for this piece
     std::array<std::uint8_t, 3> padding;
     PieceQueue queue;
 
     static constexpr std::int32_t noGhost = -999;
 
-    /// Becomes the next piece of the queue, at its place of entry; it may be held again.
+    /// Becomes the next piece of the queue, where it enters the well; hold may be used again.
     void takeNext();
-    /// Moves to where its type enters the well, in the rotation it enters in.
+    /// Moves to the place and rotation in which its type enters the well.
     void placeAtSpawn();
 };
 
@@ -82,22 +82,26 @@ struct Playfield
     void clear();
     /// The cell, or null outside the grid.
     const Cell *cellAt(int column, int row) const;
-    Cell *cellAt(int column, int row);
-    /// Fills a cell; nothing outside the grid.
+    /// Fills a cell; does nothing outside the grid.
     void setCell(int column, int row, TetrominoType colour);
 
     /// Whether all four cells of a piece at (x, y) are free.
     bool fits(const RotationState &state, int x, int y) const;
-    /// Writes the four cells of a piece into the grid; those outside it are lost.
+    /// Whether the falling piece fits when it is moved by these columns and rows.
+    bool pieceFits(int columns, int rows) const
+    {
+        return fits(currentState(), piece.x + columns, piece.y + rows);
+    }
+    /// Writes the four cells of a piece into the grid; cells outside it are lost.
     void placePiece(const RotationState &state, int x, int y);
     /// Writes the falling piece into the grid where it is.
     void lockPiece();
 
-    const RotationState &currentState() const;
-    /// The falling piece as it was turned at the end of the previous running tick.
+    const RotationState &currentState() const { return rotationState(piece.type, piece.rotation); }
+    /// The falling piece in its rotation at the end of the previous running tick.
     const RotationState &previousState() const;
 
-    /// Flags the complete rows and returns how many there are. Row 0 is never one of them.
+    /// Flags the complete rows, except row 0, and returns how many there are.
     int markFullRows();
     /// Removes the flagged rows, clears the flags, and returns how many there were.
     int removeFullRows();

@@ -1,5 +1,4 @@
-// The standard library's own generator behind std::rand, with a state that nothing else in the
-// process draws from.
+// The standard library's own generator with a separate state, or std::rand itself.
 #include "engine/random.h"
 
 #include <cstdint>
@@ -9,32 +8,23 @@
 
 namespace {
 
-struct Generator
+/// A function, since the first numbers are drawn before main.
+random_data &generator()
 {
-    char state[128]; // as many bytes as std::rand has
-    random_data data;
-
-    explicit Generator(unsigned seed) : state{}, data{}
-    {
-        initstate_r(seed, state, sizeof state, &data);
-    }
-};
-
-/// Made when it is first wanted, which is before main.
-Generator &generator()
-{
-    static Generator only(1);
-    return only;
+    static char state[128]; // as large as the state of std::rand
+    static random_data data;
+    [[maybe_unused]] static const int result = initstate_r(1, state, sizeof state, &data);
+    return data;
 }
 
 } // namespace
 
-void seedRandom(unsigned seed) { srandom_r(seed, &generator().data); }
+void seedRandom(unsigned seed) { srandom_r(seed, &generator()); }
 
 int drawRandom()
 {
     std::int32_t number = 0;
-    random_r(&generator().data, &number);
+    random_r(&generator(), &number);
     return number;
 }
 

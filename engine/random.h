@@ -1,10 +1,9 @@
-// Chance: the sequences of std::rand, kept apart from the rest of the process where the library can
-// do that. A sound library that draws numbers too would otherwise deal other pieces than a replay
-// of the game.
+// The sequences of std::rand, with a state of their own where the library allows it: a sound
+// library that draws numbers too would otherwise change which pieces a replayed game gets.
 #pragma once
 
-/// Begins the sequence that belongs to `seed`. Until then it is that of 1.
+/// Starts the sequence of `seed`. Before that it is the sequence of 1.
 void seedRandom(unsigned seed);
 
 /// The next number of the sequence, 0 to RAND_MAX.
-int drawRandom();
+[[nodiscard]] int drawRandom();

@@ -1,4 +1,4 @@
-// What cleared rows are worth, when the level rises, and how the modes differ.
+// Points for cleared rows, the rise of the level, and how the modes differ in both.
 #include "engine/game_session.h"
 
 void GameSession::rowsCleared(int count)
@@ -12,7 +12,7 @@ void GameSession::rowsCleared(int count)
     } else {
         lines += count;
     }
-    score += clearPoints(count); // at the level before it rises
+    score += clearPoints(count); // before the level rises
     if (mode == GameMode::Marathon && lines >= levelTarget(level)) {
         setLevel(level + 1);
     }
@@ -21,20 +21,13 @@ void GameSession::rowsCleared(int count)
 
 int GameSession::clearPoints(int count)
 {
-    const bool afterFour = backToBack != 0;
+    constexpr std::array points{40, 100, 300, 1200};
+    const bool fourAgain = count == 4 && backToBack != 0;
     backToBack = count == 4 ? 1 : 0;
-    switch (count) {
-    case 1:
-        return 40 * (level + 1);
-    case 2:
-        return 100 * (level + 1);
-    case 3:
-        return 300 * (level + 1);
-    case 4:
-        return (afterFour ? 1800 : 1200) * (level + 1);
-    default:
+    if (count < 1 || count > 4) {
         return 0;
     }
+    return (fourAgain ? 1800 : points[static_cast<std::size_t>(count - 1)]) * (level + 1);
 }
 
 int GameSession::levelTarget(int ofLevel) const
@@ -50,7 +43,7 @@ void GameSession::setLevel(int newLevel)
 {
     level = newLevel;
     dirty |= dirty::level;
-    if (level < 10) { // faster than level 9 it never gets
+    if (level < 10) { // level 9 is the fastest
         gravityMs = 900 - 80 * level;
     }
     const std::int32_t picture = level / 2 % 3;

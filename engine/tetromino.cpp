@@ -1,4 +1,4 @@
-// The shapes, kicks and places of entry, written out whole: what the tables say is the rule.
+// The shapes, kicks and places of entry. The tables are the rule: nothing is computed by turning.
 #include "engine/tetromino.h"
 
 namespace {
@@ -24,7 +24,7 @@ constexpr PerType<Cells> cellTable{{
       {{{1, 0}, {1, 1}, {1, 2}, {2, 2}}},
       {{{0, 1}, {1, 1}, {2, 1}, {0, 2}}},
       {{{1, 0}, {1, 1}, {1, 2}, {0, 0}}}}},
-    // S: flat in the lower rows of its box first, and turning the other way round
+    // S: starts flat in the lower rows of its box, and turns the other way round
     {{{{{0, 2}, {1, 2}, {1, 1}, {2, 1}}},
       {{{1, 0}, {1, 1}, {2, 1}, {2, 2}}},
       {{{0, 1}, {1, 1}, {1, 0}, {2, 0}}},

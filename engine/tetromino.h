@@ -1,5 +1,5 @@
-// The seven tetrominoes: their cells in four rotations, the kick tests of each turn, and where
-// each one enters the well.
+// The seven tetrominoes: their cells in four rotations, the kick tests of each turn, and the place
+// where each one enters the well.
 #pragma once
 
 #include <array>
@@ -14,14 +14,14 @@ enum class TetrominoType : std::int32_t
     O,
     Z,
     T,
-    I,
+    I
 };
 
 constexpr int tetrominoCount = 7;
 constexpr int rotationCount = 4;
 constexpr int kickCount = 5;
 
-/// Cells, or a step by cells: x to the right, y downward.
+/// A place or a step in cells: x to the right, y downward.
 struct CellOffset
 {
     std::int32_t x;
@@ -34,8 +34,8 @@ struct RotationState
     TetrominoType type;
     /// Relative to the piece's box origin.
     std::array<CellOffset, 4> cells;
-    /// The turn out of this rotation to the next, clockwise for the player: where to try the
-    /// turned piece, in this order. A turn back subtracts them.
+    /// The steps to try, in this order, when RotateRight turns out of this rotation. The turn back
+    /// subtracts them.
     std::array<CellOffset, kickCount> kicks;
 };
 
@@ -48,7 +48,7 @@ inline const RotationState &rotationState(TetrominoType type, int rotation)
                                                    rotation)];
 }
 
-/// Where a piece starts: the cell of its box origin, and its rotation.
+/// Where a piece enters the well: the cell of its box origin, and its rotation.
 struct SpawnPlace
 {
     std::int32_t x;

@@ -1,10 +1,9 @@
 // Layout and drawing of the high-score page: two headings, three column heads, up to eight rows.
 #include "frontend/high_score_page.h"
 
-#include "app/window.h"
-#include "frontend/title_screen.h"
-#include "render/graphics.h"
-#include "render/selection.h"
+#include "frontend/title_background.h"
+#include "render/lettering.h"
+#include "resources/module.h"
 #include "resources/resource.h"
 
 namespace {
@@ -15,7 +14,7 @@ constexpr COLORREF rowColour = RGB(170, 233, 255);
 constexpr COLORREF outlineColour = RGB(0, 0, 0);
 
 constexpr RECT headingRect{0, 54, 96, 98};
-constexpr RECT modeRect{144, 54, 240, 98}; // what lies between them is the background's
+constexpr RECT modeRect{144, 54, 240, 98};
 
 constexpr int rowTop = 122;
 constexpr int rowPitch = 14;
@@ -32,29 +31,22 @@ constexpr Column scoreColumn{100, 150};
 constexpr Column linesColumn{150, 190};
 constexpr Column levelColumn{190, 230};
 
-/// One line of text with an outline of one pixel. The device context's background mode must be
-/// transparent.
+/// One line of text with an outline of one pixel.
 void drawOutlinedText(HDC dc, const RECT &rect, LPCWSTR text, UINT alignment, COLORREF colour,
                       COLORREF outline)
 {
     constexpr POINT neighbours[] = {{-1, 0}, {0, -1}, {1, 0}, {0, 1}};
-    const UINT flags = alignment | DT_VCENTER | DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX;
-    SetTextColor(dc, outline);
     for (const POINT &step : neighbours) {
         RECT moved = rect;
         OffsetRect(&moved, step.x, step.y);
-        DrawTextW(dc, text, -1, &moved, flags);
+        drawText(dc, moved, text, alignment, outline);
     }
-    SetTextColor(dc, colour);
-    RECT place = rect;
-    DrawTextW(dc, text, -1, &place, flags);
+    drawText(dc, rect, text, alignment, colour);
 }
 
 void drawString(HDC dc, const RECT &rect, UINT stringId, UINT alignment)
 {
-    WCHAR text[100];
-    LoadStringW(moduleInstance, stringId, text, 100);
-    drawOutlinedText(dc, rect, text, alignment, headingColour, outlineColour);
+    drawOutlinedText(dc, rect, loadText(stringId).c_str(), alignment, headingColour, outlineColour);
 }
 
 void drawNumber(HDC dc, const RECT &rect, int value)
@@ -84,7 +76,7 @@ void drawHeadings(HDC dc, int mode)
     drawString(dc, {levelColumn.left, 105, levelColumn.right, 123}, IDS_LEVEL, DT_RIGHT);
 }
 
-/// Down to the first empty row.
+/// Draws the rows above the first empty one.
 void drawRows(HDC dc, const HighScoreTable &table)
 {
     for (int row = 0; row < HighScoreTable::size; ++row) {
@@ -98,15 +90,11 @@ void drawRows(HDC dc, const HighScoreTable &table)
 
 } // namespace
 
-void drawHighScorePage(const HighScoreTable &table, HDC source, HDC target)
+bool drawHighScorePage(const HighScoreTable &table, HDC source, HDC target)
 {
     drawTitleBackground(source, target);
-    const HFONT font = createBoldFont(fontHeight);
-    {
-        const Selection selected(target, font);
-        SetBkMode(target, TRANSPARENT);
-        drawHeadings(target, table.mode);
-        drawRows(target, table);
-    }
-    DeleteObject(font);
+    const BoldFont font(target, fontHeight);
+    drawHeadings(target, table.mode);
+    drawRows(target, table);
+    return true;
 }

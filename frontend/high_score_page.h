@@ -5,6 +5,6 @@
 
 #include "frontend/high_score_table.h"
 
-/// Draws the page into `target`, which holds the 240 by 268 bitmap that receives it; the
-/// background is selected into `source` meanwhile.
-void drawHighScorePage(const HighScoreTable &table, HDC source, HDC target);
+/// Draws the page into `target`, which holds a bitmap of 240 by 268; the background is selected
+/// into `source` meanwhile. Returns true.
+bool drawHighScorePage(const HighScoreTable &table, HDC source, HDC target);

@@ -2,40 +2,27 @@
 #include "frontend/high_score_table.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
+#include <vector>
 
-#include "app/window.h"
+#include "resources/module.h"
 
 namespace {
 
-/// Takes the fields of a comma-separated text, one by one; empty ones are passed over.
-class Fields
+/// The fields of a comma-separated text; empty ones are left out.
+std::vector<std::u16string> splitFields(std::u16string_view text)
 {
-public:
-    explicit Fields(LPWSTR text) : rest_(text) {}
-
-    /// The next field, terminated in place; null at the end.
-    LPCWSTR next()
-    {
-        while (*rest_ == u',') {
-            ++rest_;
+    std::vector<std::u16string> fields;
+    while (!text.empty()) {
+        const std::size_t length = std::min(text.find(u','), text.size());
+        if (length > 0) {
+            fields.emplace_back(text.substr(0, length));
         }
-        if (*rest_ == u'\0') {
-            return nullptr;
-        }
-        LPCWSTR field = rest_;
-        while (*rest_ != u',' && *rest_ != u'\0') {
-            ++rest_;
-        }
-        if (*rest_ == u',') {
-            *rest_++ = u'\0';
-        }
-        return field;
+        text.remove_prefix(std::min(length + 1, text.size()));
     }
-
-private:
-    LPWSTR rest_;
-};
+    return fields;
+}
 
 } // namespace
 
@@ -51,29 +38,21 @@ void HighScoreEntry::set(LPCWSTR newName, std::int32_t newScore, std::int32_t ne
 
 void HighScoreTable::loadDefaults(UINT stringId)
 {
-    std::array<WCHAR, 256> text{};
-    LoadStringW(moduleInstance, stringId, text.data(), static_cast<int>(text.size()));
-    Fields fields(text.data());
-    for (HighScoreEntry &entry : entries) {
-        LPCWSTR name = fields.next();
-        LPCWSTR score = fields.next();
-        LPCWSTR lines = fields.next();
-        LPCWSTR level = fields.next();
-        if (level == nullptr) {
-            return;
-        }
-        entry.set(name, _wtoi(score), _wtoi(lines), _wtoi(level));
+    const std::vector<std::u16string> fields = splitFields(loadText(stringId));
+    for (std::size_t i = 0; i < entries.size() && 4 * i + 3 < fields.size(); ++i) {
+        const std::u16string *field = &fields[4 * i];
+        entries[i].set(field[0].c_str(), _wtoi(field[1].c_str()), _wtoi(field[2].c_str()),
+                       _wtoi(field[3].c_str()));
     }
 }
 
 int HighScoreTable::rankOf(std::int32_t score) const
 {
-    if (entries.back().score >= score) {
-        return -1;
+    int rank = size;
+    while (rank > 0 && entries[static_cast<std::size_t>(rank - 1)].score < score) {
+        --rank;
     }
-    const auto below = std::find_if(entries.rbegin() + 1, entries.rend(),
-                                    [&](const HighScoreEntry &e) { return e.score >= score; });
-    return static_cast<int>(entries.rend() - below);
+    return rank < size ? rank : -1;
 }
 
 int HighScoreTable::insert(LPCWSTR name, std::int32_t score, std::int32_t lines, std::int32_t level)
@@ -84,9 +63,4 @@ int HighScoreTable::insert(LPCWSTR name, std::int32_t score, std::int32_t lines,
         entries[static_cast<std::size_t>(rank)].set(name, score, lines, level);
     }
     return rank;
-}
-
-int HighScoreTable::insert(const HighScoreEntry &entry)
-{
-    return insert(entry.name.data(), entry.score, entry.lines, entry.level);
 }

@@ -28,15 +28,18 @@ struct HighScoreTable
     std::int32_t mode; ///< the game mode it serves
     std::array<HighScoreEntry, size> entries;
 
-    /// Fills the entries from a string resource "name,score,lines,level,name,...". Entries that
-    /// the string does not reach stay as they are.
+    /// Fills the entries from a string resource "name,score,lines,level,name,...". When that has
+    /// fewer than eight, the rest of the entries stay as they are.
     void loadDefaults(UINT stringId);
-    /// The index that a result would take, below those with an equal score; -1 when it does not
+    /// The index that a result would get, below those with an equal score; -1 when it does not
     /// beat the eighth.
     int rankOf(std::int32_t score) const;
-    /// Puts a result in its place, the eighth drops out. Returns the index, or -1.
+    /// Puts a result in its place; the eighth drops out. Returns the index, or -1.
     int insert(LPCWSTR name, std::int32_t score, std::int32_t lines, std::int32_t level);
-    int insert(const HighScoreEntry &entry);
+    int insert(const HighScoreEntry &entry)
+    {
+        return insert(entry.name.data(), entry.score, entry.lines, entry.level);
+    }
 };
 
 static_assert(sizeof(HighScoreEntry) == 36);

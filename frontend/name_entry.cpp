@@ -5,7 +5,7 @@
 
 #include <aygshell.h>
 
-#include "app/modal_dialog.h"
+#include "resources/module.h"
 #include "resources/resource.h"
 
 namespace {
@@ -15,7 +15,7 @@ void centre(HWND dialog)
 {
     RECT rect{};
     RECT client{};
-    if (!GetWindowRect(dialog, &rect)) {
+    if (GetWindowRect(dialog, &rect) == FALSE) {
         return;
     }
     GetClientRect(GetParent(dialog), &client);

@@ -8,6 +8,6 @@
 #include "frontend/high_score_table.h"
 
 /// When the score enters the table, asks the player for a name and inserts the result; without a
-/// name the table stays as it is. Returns true, when the dialog has closed.
+/// name the table stays as it is. Returns true once the dialog has closed.
 bool enterHighScore(HighScoreTable &table, HWND parent, std::int32_t score, std::int32_t lines,
                     std::int32_t level);

@@ -5,16 +5,16 @@
 
 #include <aygshell.h>
 
-#include "app/modal_dialog.h"
 #include "engine/game_session.h"
+#include "resources/module.h"
 #include "resources/resource.h"
 
 namespace {
 
-/// Whose options are edited, while the page is open.
+/// The session whose options are edited while the page is open.
 GameSession *edited = nullptr;
 
-/// The queue lengths behind the items of the Queue box.
+/// The queue length of each item of the Queue box.
 constexpr std::int32_t queueLengths[] = {0, 1, 6};
 
 void fillBox(HWND dialog, int id, std::initializer_list<LPCWSTR> items, int selected)
@@ -33,10 +33,8 @@ LRESULT selectionOf(HWND dialog, int id)
 void showOptions(HWND dialog)
 {
     const std::int32_t length = edited->queueLength;
-    fillBox(dialog, IDC_QUEUE, {u"Off", u"1 tetramino", u"6 tetraminoes"},
-            length == 0   ? 0
-            : length == 1 ? 1
-                          : 2);
+    const int queueItem = length == 0 || length == 1 ? length : 2;
+    fillBox(dialog, IDC_QUEUE, {u"Off", u"1 tetramino", u"6 tetraminoes"}, queueItem);
     fillBox(dialog, IDC_HOLD, {u"Off", u"On"}, edited->holdEnabled != 0);
     fillBox(dialog, IDC_GHOST, {u"Off", u"On"}, edited->ghostEnabled != 0);
     fillBox(dialog, IDC_SOUND, {u"Off", u"On"}, edited->soundEnabled != 0);
@@ -51,9 +49,8 @@ void takeOptions(HWND dialog)
     edited->soundEnabled = selectionOf(dialog, IDC_SOUND) != 0;
 }
 
-INT_PTR CALLBACK optionsProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+INT_PTR CALLBACK optionsProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM)
 {
-    (void)lParam;
     if (message == WM_INITDIALOG) {
         fillScreen(dialog, SHIDIF_DONEBUTTON);
         showOptions(dialog);
@@ -72,6 +69,6 @@ INT_PTR CALLBACK optionsProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
 void showOptionsDialog(GameSession &session, HWND parent)
 {
     edited = &session;
-    runDialog(IDD_GAME_OPTIONS, parent, optionsProcedure, 0);
+    runDialog(IDD_GAME_OPTIONS, parent, optionsProcedure);
     SetActiveWindow(parent);
 }

@@ -1,11 +1,13 @@
-// The title page's layout, drawing and taps, and the turns that the two pages take.
+// The title page's layout, drawing and taps, and the change between the two pages.
 #include "frontend/title_screen.h"
 
-#include "app/window.h"
-#include "engine/game_session.h"
+#include "engine/timing.h"
 #include "frontend/high_score_page.h"
+#include "frontend/title_background.h"
 #include "render/graphics.h"
+#include "render/lettering.h"
 #include "render/selection.h"
+#include "resources/module.h"
 #include "resources/resource.h"
 
 namespace {
@@ -13,9 +15,11 @@ namespace {
 constexpr int modeCount = 4;
 constexpr int levelCount = 10;
 constexpr int fontHeight = 14;
+constexpr int pagePeriod = 10000; ///< milliseconds
+constexpr UINT timerPeriod = 500; ///< milliseconds
 constexpr RECT playButton{70, 200, 170, 230};
 
-/// Mode buttons stand two by two.
+/// The mode buttons are in two columns.
 constexpr RECT modeButton(int mode)
 {
     const LONG left = 15 + 105 * (mode % 2);
@@ -29,97 +33,61 @@ constexpr RECT levelButton(int level)
     return {left, 165, left + 20, 184};
 }
 
-/// The moment at which a page that is shown from now on gives way.
-std::int32_t newPageDeadline()
-{
-    return static_cast<std::int32_t>(GetTickCount() + TitleScreen::pagePeriod);
-}
+/// When a page that is shown from now on is replaced by the other one.
+std::int32_t newPageDeadline() { return timing::after(timing::now(), pagePeriod); }
 
 void drawButton(HDC dc, const RECT &button, LPCWSTR label, bool selected)
 {
     if (selected) {
         FillRect(dc, &button, HBRUSH{GetStockObject(WHITE_BRUSH)});
-        SetTextColor(dc, RGB(0, 0, 0));
     } else {
         const Selection brush(dc, GetStockObject(BLACK_BRUSH));
         const Selection pen(dc, GetStockObject(WHITE_PEN));
         Rectangle(dc, button.left, button.top, button.right, button.bottom);
-        SetTextColor(dc, RGB(255, 255, 255));
     }
-    RECT place = button;
-    DrawTextW(dc, label, -1, &place,
-              DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX);
-}
-
-void drawButton(HDC dc, const RECT &button, UINT labelId, bool selected)
-{
-    WCHAR label[200];
-    LoadStringW(moduleInstance, labelId, label, 200);
-    drawButton(dc, button, label, selected);
-}
-
-void drawButtons(HDC dc, int selectedMode, int selectedLevel)
-{
-    for (int mode = 0; mode < modeCount; ++mode) {
-        drawButton(dc, modeButton(mode), IDS_MODE_0 + static_cast<UINT>(mode),
-                   mode == selectedMode);
-    }
-    for (int level = 0; level < levelCount; ++level) {
-        WCHAR digit[33];
-        drawButton(dc, levelButton(level), _itow(level, digit, 10), level == selectedLevel);
-    }
-    drawButton(dc, playButton, IDS_PLAY, false);
+    drawText(dc, button, label, DT_CENTER, selected ? RGB(0, 0, 0) : RGB(255, 255, 255));
 }
 
 void drawTitlePage(const TitleScreen &screen, HDC source, HDC target)
 {
     drawTitleBackground(source, target);
-    const HFONT font = createBoldFont(fontHeight);
-    {
-        const Selection selected(target, font);
-        SetBkMode(target, TRANSPARENT);
-        drawButtons(target, screen.selectedMode, screen.selectedLevel);
+    const BoldFont font(target, fontHeight);
+    for (int mode = 0; mode < modeCount; ++mode) {
+        drawButton(target, modeButton(mode), loadText(IDS_MODE_0 + static_cast<UINT>(mode)).c_str(),
+                   mode == screen.selectedMode);
     }
-    DeleteObject(font);
+    for (int level = 0; level < levelCount; ++level) {
+        WCHAR digit[33];
+        drawButton(target, levelButton(level), _itow(level, digit, 10),
+                   level == screen.selectedLevel);
+    }
+    drawButton(target, playButton, loadText(IDS_PLAY).c_str(), false);
 }
 
 } // namespace
 
-Surface *titleBitmap = nullptr;
-
-void drawTitleBackground(HDC source, HDC target)
-{
-    const Selection background(source, titleBitmap->bitmap);
-    BitBlt(target, 0, 0, screenWidth, screenHeight, source, 0, 0, SRCCOPY);
-}
-
 TableReference &TableReference::operator=(HighScoreTable *table)
 {
     const auto here = reinterpret_cast<std::intptr_t>(this);
-    distance_ = table == nullptr
-                    ? 0
-                    : static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(table) - here);
+    const auto there = reinterpret_cast<std::intptr_t>(table);
+    distance_ = table ? static_cast<std::int32_t>(there - here) : 0;
     return *this;
 }
 
 HighScoreTable *TableReference::get() const
 {
-    if (distance_ == 0) {
-        return nullptr;
-    }
-    return reinterpret_cast<HighScoreTable *>(reinterpret_cast<std::intptr_t>(this) + distance_);
+    const auto here = reinterpret_cast<std::intptr_t>(this);
+    return distance_ == 0 ? nullptr : reinterpret_cast<HighScoreTable *>(here + distance_);
 }
 
-bool TitleScreen::create(HWND window)
+bool TitleScreen::create(HWND)
 {
-    (void)window;
     titleBitmap = loadPicture(windowDC, IDB_TITLE, screenWidth, screenHeight);
     return true;
 }
 
-bool TitleScreen::destroy(HWND window)
+bool TitleScreen::destroy(HWND)
 {
-    (void)window;
     deleteSurface(titleBitmap);
     return true;
 }
@@ -141,10 +109,7 @@ bool TitleScreen::stop(HWND window)
 
 bool TitleScreen::tick(HWND window)
 {
-    // A difference of tick counts is right across their wrap.
-    const auto overdue =
-        static_cast<std::int32_t>(GetTickCount() - static_cast<DWORD>(pageDeadline));
-    if (overdue > 0) {
+    if (timing::between(pageDeadline, timing::now()) > 0) {
         page = page == TitlePage::Title ? TitlePage::HighScores : TitlePage::Title;
         pageDeadline = newPageDeadline();
         paint(window, HDC{});
@@ -152,9 +117,8 @@ bool TitleScreen::tick(HWND window)
     return true;
 }
 
-bool TitleScreen::paint(HWND window, HDC target)
+bool TitleScreen::paint(HWND, HDC target)
 {
-    (void)window;
     const HDC shown = target ? target : windowDC;
     const HDC source = CreateCompatibleDC(shown);
     const HDC composition = CreateCompatibleDC(shown);

@@ -1,5 +1,5 @@
-// Any bytes as the stored block, followed by what a player does: a block that is accepted is loaded
-// and played, whatever it holds, until the program is closed.
+// Takes any bytes as the stored record, followed by what a player does. A record that is accepted
+// is loaded and played until the program is closed.
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -10,6 +10,7 @@
 #include "app/settings.h"
 #include "app/settings_check.h"
 #include "app/window.h"
+#include "resources/module.h"
 #include "resources/program_resources.h"
 #include "support/fake_host.h"
 
@@ -17,7 +18,7 @@ namespace {
 
 constexpr std::size_t longestScript = 48;
 
-/// One thing a player does, by the upper bits of a byte, and how long that takes, by the lower.
+/// One thing a player does: the upper bits of a byte say what, the lower ones how long it takes.
 void addStep(FakeHost &host, std::uint8_t step)
 {
     constexpr std::array<int, 10> keys{37, 38, 39, 40, 193, 194, 195, 196, 13, 27};

@@ -1,5 +1,5 @@
-// Any bytes as the registry's file: they are read or refused, and what was read is written in a
-// form that reads, and writes, the same.
+// Takes any bytes as the registry's file. They are refused, or they are read, written, and read
+// back the same.
 #include <cstdlib>
 
 #include "registry/text.h"
@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         const std::string written = registry::writeText(*hive);
         const auto second = registry::readText(std::as_bytes(std::span(written)));
         const auto *again = std::get_if<registry::Hive>(&second);
-        if (again == nullptr || registry::writeText(*again) != written) {
+        if (!again || registry::writeText(*again) != written) {
             std::abort();
         }
     }

@@ -3,28 +3,29 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 
 #include <aygshell.h>
 
-#include "app/modal_dialog.h"
 #include "input/input_state.h"
+#include "resources/module.h"
 #include "resources/resource.h"
 
 namespace {
 
-/// Keys that can not be assigned.
+/// Keys that cannot be assigned.
 constexpr std::array<std::uint32_t, 2> ignoredKeys{91, 131};
 
-/// What both pages share; only one Buttons dialog is open at a time.
+/// State that both pages share; only one Buttons dialog is open at a time.
 struct ButtonCaptureState
 {
     std::uint32_t capturedKey; ///< the key accepted for the action
-    bool keyAccepted;          ///< there is one, to be assigned
+    bool keyAccepted;          ///< a key was accepted and will be assigned
     bool capturing;            ///< the page "Please press a button" waits for a key
-    std::int32_t actionIndex;  ///< the action whose key is asked for
+    std::int32_t actionIndex;  ///< the action whose key is being changed
     bool conflict;             ///< the key just pressed belongs to another action
     std::uint32_t conflictKey; ///< that key
-    InputState *input;         ///< whose keys are edited
+    InputState *input;         ///< the keys that are edited
 };
 
 ButtonCaptureState capture{};
@@ -44,21 +45,17 @@ constexpr KeyName namedKeys[] = {
     {VK_APP4, u"<Button D>"},
 };
 
-using KeyNameText = std::array<WCHAR, 32>;
-
-KeyNameText keyName(std::uint32_t keyCode)
+std::u16string keyName(std::uint32_t keyCode)
 {
     const std::uint32_t code = LOWORD(keyCode);
-    KeyNameText text{};
     const auto *named = std::find_if(std::begin(namedKeys), std::end(namedKeys),
                                      [code](const KeyName &key) { return key.code == code; });
     if (named != std::end(namedKeys)) {
-        lstrcpynW(text.data(), named->text, static_cast<int>(text.size()));
-    } else if (code >= 32 && code <= 126) {
-        wsprintfW(text.data(), u"<%c>", static_cast<int>(code));
-    } else {
-        wsprintfW(text.data(), u"<Key %d>", static_cast<int>(code));
+        return named->text;
     }
+    WCHAR text[32];
+    const bool printable = code >= 32 && code <= 126;
+    wsprintfW(text, printable ? u"<%c>" : u"<Key %d>", static_cast<int>(code));
     return text;
 }
 
@@ -66,13 +63,13 @@ void refreshKeyNames(HWND page)
 {
     for (std::size_t i = 0; i < actionCount; ++i) {
         SetDlgItemTextW(page, IDC_KEY_NAME_0 + static_cast<int>(i),
-                        keyName(capture.input->slots[i].keyCode).data());
+                        keyName(capture.input->slots[i].keyCode).c_str());
     }
 }
 
 // The page "Please press a button" ----------------------------------------------------------------
 
-/// Whether an action other than the one in hand has this key.
+/// Whether an action other than the one being changed has this key.
 bool assignedElsewhere(std::uint32_t key)
 {
     for (std::size_t i = 0; i < actionCount; ++i) {
@@ -84,8 +81,8 @@ bool assignedElsewhere(std::uint32_t key)
     return false;
 }
 
-/// Asks whether the key may be taken from the action that has it, and takes it. While the question
-/// is open the page loses the activation and so ends itself; a Yes still assigns the key.
+/// Asks whether to take the key from the action that has it, and takes it. The question deactivates
+/// the page, which therefore ends itself meanwhile; a Yes still assigns the key.
 void resolveConflict(HWND page)
 {
     const int answer =
@@ -120,7 +117,7 @@ void considerKey(HWND page, std::uint32_t key)
     }
 }
 
-/// One key press; whether it was assigned and so closed the page.
+/// Considers a pressed key; returns whether it was assigned, which closes the page.
 bool captureStep(HWND page, std::uint32_t key)
 {
     if (!capture.capturing) {
@@ -141,14 +138,14 @@ bool captureStep(HWND page, std::uint32_t key)
     return true;
 }
 
-/// The dialog manager asks which keys the page wants; a key press it shows with the question is
-/// taken there and then, so that the dialog manager has no use for it.
+/// Answers which keys the page wants: all. A key press that comes with the question is considered
+/// right away, before the dialog manager can use it.
 INT_PTR answerDialogCode(HWND page, const MSG *message)
 {
-    if (message != nullptr && message->message == WM_KEYDOWN) {
+    if (message && message->message == WM_KEYDOWN) {
         captureStep(page, static_cast<std::uint32_t>(message->wParam));
     }
-    SetWindowLongW(page, DWL_MSGRESULT, message == nullptr ? DLGC_WANTALLKEYS : 0);
+    SetWindowLongW(page, DWL_MSGRESULT, message ? 0 : DLGC_WANTALLKEYS);
     return TRUE;
 }
 
@@ -156,12 +153,12 @@ INT_PTR CALLBACK captureProcedure(HWND page, UINT message, WPARAM wParam, LPARAM
 {
     switch (message) {
     case WM_INITDIALOG:
-        fillScreen(page, 0);
+        fillScreen(page);
         return TRUE;
     case WM_GETDLGCODE:
         return answerDialogCode(page, reinterpret_cast<const MSG *>(lParam));
     case WM_KEYDOWN:
-        return captureStep(page, static_cast<std::uint32_t>(wParam));
+        return captureStep(page, static_cast<std::uint32_t>(wParam)) ? TRUE : FALSE;
     case WM_ACTIVATE:
         if (wParam == WA_INACTIVE) {
             capture.keyAccepted = false;
@@ -182,7 +179,7 @@ void captureKey(HWND page, int actionIndex)
     capture.actionIndex = actionIndex;
     SetDlgItemTextW(page, IDC_KEY_NAME_0 + actionIndex, u"Press a Button");
     capture.capturing = true;
-    runDialog(IDD_PRESS_A_BUTTON, page, captureProcedure, 0);
+    runDialog(IDD_PRESS_A_BUTTON, page, captureProcedure);
     SetFocus(page);
 }
 
@@ -205,9 +202,8 @@ INT_PTR handleCommand(HWND page, int id)
     return FALSE;
 }
 
-INT_PTR CALLBACK buttonsProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
+INT_PTR CALLBACK buttonsProcedure(HWND page, UINT message, WPARAM wParam, LPARAM)
 {
-    (void)lParam;
     switch (message) {
     case WM_INITDIALOG:
         fillScreen(page, SHIDIF_DONEBUTTON);
@@ -228,6 +224,6 @@ INT_PTR CALLBACK buttonsProcedure(HWND page, UINT message, WPARAM wParam, LPARAM
 void showButtonsDialog(InputState &input, HWND parent)
 {
     capture.input = &input;
-    runDialog(IDD_BUTTONS, parent, buttonsProcedure, 0);
+    runDialog(IDD_BUTTONS, parent, buttonsProcedure);
     SetActiveWindow(parent);
 }

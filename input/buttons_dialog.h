@@ -5,6 +5,6 @@
 
 struct InputState;
 
-/// Lets the player change the keys of `input`; every change is made at once. Returns when the
-/// page has closed.
+/// Lets the player change the keys of `input`, each change at once. Returns when the page has
+/// closed.
 void showButtonsDialog(InputState &input, HWND parent);

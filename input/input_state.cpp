@@ -7,12 +7,9 @@
 
 namespace {
 
-constexpr std::array<std::uint32_t, actionCount> defaultKeys{VK_LEFT, VK_RIGHT, VK_UP,   VK_DOWN,
-                                                             VK_APP1, VK_APP2,  VK_APP3, VK_APP4};
+constexpr KeyMap defaultKeys{VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN, VK_APP1, VK_APP2, VK_APP3, VK_APP4};
 
 } // namespace
-
-InputState::InputState() : slots{} { setDefaults(); }
 
 void InputState::setDefaults()
 {
@@ -28,11 +25,6 @@ void InputState::poll()
         // Any bit of the answer counts, so that a press between two polls is not lost.
         slot.down = GetAsyncKeyState(static_cast<int>(slot.keyCode)) != 0 ? 1 : 0;
     }
-}
-
-bool InputState::held(Action action) const
-{
-    return slots[static_cast<std::size_t>(action)].down != 0;
 }
 
 bool InputState::pressed(Action action) const

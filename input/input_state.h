@@ -15,10 +15,13 @@ enum class Action
     Pause,
     Hold,
     RotateLeft,
-    RotateRight,
+    RotateRight
 };
 
 constexpr std::size_t actionCount = 8;
+
+/// A virtual-key code for each action, 0 for none.
+using KeyMap = std::array<std::uint32_t, actionCount>;
 
 struct ButtonSlot
 {
@@ -33,18 +36,19 @@ struct InputState
     std::array<ButtonSlot, actionCount> slots; ///< indexed by Action
 
     /// The default keys, every button up.
-    InputState();
+    InputState() : slots{} { setDefaults(); }
 
     /// Assigns the default keys; the polled states stay.
     void setDefaults();
     /// Reads the eight keys. A press that began and ended since the last poll counts as down.
     void poll();
     /// Down at the last poll.
-    bool held(Action action) const;
+    bool held(Action action) const { return slots[static_cast<std::size_t>(action)].down != 0; }
     /// Down at the last poll and not at the one before.
     bool pressed(Action action) const;
 
-    /// Takes the hardware buttons for the game, and gives them back.
+    /// Makes the hardware buttons report to the game instead of starting their usual programs,
+    /// until `closeInput`.
     void openInput();
     void closeInput();
 };

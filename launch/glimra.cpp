@@ -1,10 +1,6 @@
 // glimra: the game on the desktop.
-#include <charconv>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <string>
-#include <string_view>
 
 #include <pwd.h>
 #include <unistd.h>
@@ -15,6 +11,7 @@
 #include "host/recording_host.h"
 #include "host/sdl/desktop.h"
 #include "host/store_file.h"
+#include "launch/command_line.h"
 #include "resources/program_resources.h"
 
 namespace {
@@ -42,19 +39,6 @@ Exit status: 0 when the game was closed, 1 when there is no display or DIR or FI
 2 for a wrong option.
 )";
 
-constexpr int largestScale = 16;
-
-int complain(const std::string &problem, int status)
-{
-    std::fprintf(stderr, "glimra: %s\n", problem.c_str());
-    return status;
-}
-
-int complainOfOption(const std::string &problem)
-{
-    return complain(problem + " (--help tells more)", 2);
-}
-
 std::filesystem::path defaultStore()
 {
     const char *data = std::getenv("XDG_DATA_HOME");
@@ -69,69 +53,31 @@ std::filesystem::path defaultStore()
     return std::filesystem::path(home) / ".local/share/glimra";
 }
 
-bool readScale(std::string_view text, std::optional<int> &scale)
-{
-    int number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    scale = number;
-    return error == std::errc() && end == text.data() + text.size() && number >= 1 &&
-           number <= largestScale;
-}
-
-int play(const desktop::Options &options, const std::optional<std::filesystem::path> &record)
-{
-    const auto host = desktop::open(options);
-    if (!host) {
-        return complain("there is no display to open a window on", 1);
-    }
-    const handheld::Program program{WinMain, programResources()};
-    if (!record) {
-        return handheld::run(*host, program, options.landscape ? 1 : 0);
-    }
-    host::RecordingHost recorder(*host, *record, options.landscape);
-    if (!recorder.problem().empty()) {
-        return complain(recorder.problem(), 1);
-    }
-    return handheld::run(recorder, program, options.landscape ? 1 : 0);
-}
-
 } // namespace
 
 int main(int argc, char **argv)
 {
-    desktop::Options options;
-    std::optional<std::filesystem::path> record;
-    for (int i = 1; i < argc; ++i) {
-        const std::string_view word = argv[i];
-        const bool takesValue = word == "--store" || word == "--scale" || word == "--record";
-        if (takesValue && ++i == argc) {
-            return complainOfOption(std::string(word) + " needs a value");
-        }
-        if (word == "--help" || word == "--version") {
-            std::printf("%s", word == "--help" ? usage : "glimra " GLIMRA_VERSION "\n");
-            return 0;
-        }
-        if (word == "--store") {
-            options.storeFolder = argv[i];
-        } else if (word == "--scale") {
-            if (!readScale(argv[i], options.scale)) {
-                return complainOfOption("--scale must be a number from 1 to 16");
-            }
-        } else if (word == "--landscape") {
-            options.landscape = true;
-        } else if (word == "--record") {
-            record = argv[i];
-        } else {
-            return complainOfOption("unknown option " + std::string(word));
+    const CommandLine line(argc, argv, {"glimra", usage, "glimra " GLIMRA_VERSION "\n"},
+                           {{"store"}, {"scale"}, {"landscape", false}, {"record"}});
+    const auto store = line.value("store");
+    const auto record = line.value("record");
+    const desktop::Options options{.storeFolder = store.value_or(defaultStore()),
+                                   .scale = line.number("scale", 1, 16),
+                                   .landscape = line.has("landscape")};
+    const auto problem = host::StoreFile(options.storeFolder).makeFolder();
+    if (problem && store) {
+        return line.complain(*problem);
+    }
+    const auto host = desktop::open(options);
+    if (!host) {
+        return line.complain("there is no display to open a window on");
+    }
+    host::RecordingHost recorder(*host);
+    if (record) {
+        if (const auto unrecorded = recorder.begin(*record, options.landscape)) {
+            return line.complain(*unrecorded);
         }
     }
-    const bool storeGiven = !options.storeFolder.empty();
-    if (!storeGiven) {
-        options.storeFolder = defaultStore();
-    }
-    const std::string problem = host::StoreFile(options.storeFolder).makeFolder();
-    if (!problem.empty() && storeGiven) {
-        return complain(problem, 1);
-    }
-    return play(options, record);
+    host::Host &played = record ? static_cast<host::Host &>(recorder) : *host;
+    return handheld::run(played, {WinMain, programResources()}, options.landscape ? 1 : 0);
 }

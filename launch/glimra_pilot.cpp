@@ -1,13 +1,7 @@
 // glimra-pilot: the game on a virtual handheld, played by a script.
-#include <charconv>
-#include <cstdio>
-#include <cstring>
-#include <span>
-#include <string>
-#include <string_view>
-
 #include "app/game_app.h"
 #include "app/settings_check.h"
+#include "launch/command_line.h"
 #include "pilot/pilot.h"
 #include "resources/program_resources.h"
 
@@ -33,50 +27,18 @@ Exit status: 0 when the script ran to its end, 1 for a file that cannot be read 
 or `check` found a fault.
 )";
 
-int complain(const std::string &problem)
-{
-    std::fprintf(stderr, "pilot: %s (--help tells more)\n", problem.c_str());
-    return 2;
-}
-
-bool readClock(std::string_view text, std::uint32_t &clock)
-{
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), clock);
-    return error == std::errc() && end == text.data() + text.size();
-}
-
 } // namespace
 
 int main(int argc, char **argv)
 {
-    pilot::Options options;
-    bool scriptGiven = false;
-    for (int i = 1; i < argc; ++i) {
-        const std::string_view word = argv[i];
-        const bool takesValue = word == "--store" || word == "--clock" || word == "--record";
-        if (takesValue && ++i == argc) {
-            return complain(std::string(word) + " needs a value");
-        }
-        if (word == "--help" || word == "--version") {
-            std::printf("%s", word == "--help" ? usage : "glimra-pilot " GLIMRA_VERSION "\n");
-            return 0;
-        }
-        if (word == "--store") {
-            options.store = argv[i];
-        } else if (word == "--clock") {
-            if (!readClock(argv[i], options.clock.emplace())) {
-                return complain("--clock must be a number from 0 to 4294967295");
-            }
-        } else if (word == "--landscape") {
-            options.landscape = true;
-        } else if (word == "--record") {
-            options.record = argv[i];
-        } else if ((word.starts_with('-') && word != "-") || scriptGiven) {
-            return complain("unknown option " + std::string(word));
-        } else {
-            options.script = word;
-            scriptGiven = true;
-        }
+    const CommandLine line(argc, argv, {"pilot", usage, "glimra-pilot " GLIMRA_VERSION "\n"},
+                           {{"store"}, {"clock"}, {"landscape", false}, {"record"}}, 1);
+    pilot::Options options{.store = line.value("store"),
+                           .clock = line.number("clock", 0, 4294967295),
+                           .landscape = line.has("landscape"),
+                           .record = line.value("record")};
+    if (!line.words().empty()) {
+        options.script = line.words()[0];
     }
     return pilot::run(options, {WinMain, programResources()},
                       {std::as_bytes(std::span(&gameApp, 1)), [] { return findFault(gameApp); }});

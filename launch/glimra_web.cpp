@@ -2,10 +2,13 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <utility>
 #include <variant>
 
 #include <windows.h>
 
+#include "app/game_app.h"
+#include "app/situation.h"
 #include "handheld.h"
 #include "host/web/web.h"
 #include "registry/text.h"
@@ -22,8 +25,39 @@ extern "C" char *faultInStore(char *text)
                   : nullptr;
 }
 
+namespace {
+
+/// The word that the page has for a situation.
+const char *kindOf(const Situation &before, const Situation &now)
+{
+    switch (now.stage) {
+    case Stage::Title:
+        return "title";
+    case Stage::Playing:
+        return before.stage == Stage::Playing ? "level" : "game";
+    case Stage::Paused:
+        return "paused";
+    case Stage::Over:
+        break;
+    }
+    return "over";
+}
+
+std::optional<web::State> changedState()
+{
+    static std::optional<Situation> last;
+    const Situation now = situationOf(gameApp);
+    if (last == now) {
+        return std::nullopt;
+    }
+    const Situation before = std::exchange(last, now).value_or(Situation{});
+    return web::State{kindOf(before, now), describeChange(before, now)};
+}
+
+} // namespace
+
 int main()
 {
-    const auto host = web::open();
+    const auto host = web::open(changedState);
     return handheld::run(*host, {WinMain, programResources()}, 0);
 }

@@ -27,9 +27,9 @@ static_assert(sizeof(SHMENUBARINFO) == 32);
 BOOL SHCreateMenuBar(SHMENUBARINFO *info);
 
 /// Sent to the menu bar: returns its whole menu as an HMENU's value.
-constexpr UINT SHCMBM_GETMENU = WM_USER + 401;
+constexpr UINT SHCMBM_GETMENU = WM_USER + 402;
 /// Sent to the menu bar: returns the drop-down of button lParam (a command identifier).
-constexpr UINT SHCMBM_GETSUBMENU = WM_USER + 400;
+constexpr UINT SHCMBM_GETSUBMENU = WM_USER + 401;
 
 // Activation and settings --------------------------------------------------------------------
 
@@ -76,8 +76,8 @@ enum SIPSTATE
 /// Raises or lowers the soft keyboard for the program's dialogs.
 BOOL SHSipPreference(HWND window, SIPSTATE state);
 
-/// Registers the window classes CAPEDIT, an edit box that capitalises, and SIPPREF, a control
-/// without a look that raises the input panel while an edit box of its dialog has the focus and
+/// Registers the window classes CAPEDIT, an edit box that capitalises, and SIPPREF, an invisible
+/// control that raises the input panel while an edit box of its dialog has the focus and
 /// lowers it when the focus goes elsewhere.
 BOOL SHInitExtraControls();
 /// Sent to a CAPEDIT: with wParam nonzero the first letter of every word is capitalised, with 0

@@ -22,8 +22,8 @@ struct Program
 /// its end, and returns its exit code. One program a process.
 int run(host::Host &host, const Program &program, int orientation);
 
-/// The two halves of `run` around the entry point, for whoever calls the system without a
-/// program of its own: a test. Switching off leaves nothing behind.
+/// The two halves of `run` around the entry point, for tests, which call the system without a
+/// program. Switching off leaves nothing behind.
 void switchOn(host::Host &host, std::span<const std::byte> resources, int orientation);
 void switchOff();
 

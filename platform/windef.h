@@ -9,7 +9,6 @@ using BYTE = std::uint8_t;
 using WORD = std::uint16_t;
 using DWORD = std::uint32_t;
 using SHORT = std::int16_t;
-using INT = int;
 using UINT = std::uint32_t;
 using LONG = std::int32_t;
 
@@ -40,8 +39,7 @@ struct Handle
     std::uint32_t value = 0;
 
     explicit operator bool() const { return value != 0; }
-    friend bool operator==(Handle a, Handle b) { return a.value == b.value; }
-    friend bool operator!=(Handle a, Handle b) { return a.value != b.value; }
+    friend bool operator==(Handle, Handle) = default;
 };
 
 using HWND = Handle<struct WindowKind>;
@@ -87,6 +85,7 @@ struct POINT
 {
     LONG x;
     LONG y;
+    friend bool operator==(const POINT &, const POINT &) = default;
 };
 
 struct SIZE
@@ -102,6 +101,7 @@ struct RECT
     LONG top;
     LONG right;
     LONG bottom;
+    friend bool operator==(const RECT &, const RECT &) = default;
 };
 
 constexpr WORD LOWORD(std::uintptr_t value) { return static_cast<WORD>(value); }

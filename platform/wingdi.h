@@ -63,10 +63,6 @@ HBITMAP LoadBitmapW(HINSTANCE module, LPCWSTR name);
 
 HBRUSH CreateSolidBrush(COLORREF colour);
 
-constexpr int PS_SOLID = 0;
-/// A pen one pixel wide; `style` is PS_SOLID, `width` is not looked at.
-HPEN CreatePen(int style, int width, COLORREF colour);
-
 constexpr LONG FW_NORMAL = 400;
 constexpr LONG FW_BOLD = 700;
 constexpr int LF_FACESIZE = 32;
@@ -101,10 +97,9 @@ int GetObjectW(HGDIOBJ object, int size, void *description);
 // Filling and copying ------------------------------------------------------------------------
 
 constexpr DWORD SRCCOPY = 0x00CC0020;
-constexpr DWORD BLACKNESS = 0x00000042;
 
 /// Copies a rectangle; the parts outside either device context are left out. `operation` is
-/// SRCCOPY, or BLACKNESS, which needs no source.
+/// SRCCOPY.
 BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
             DWORD operation);
 /// As BitBlt with SRCCOPY, leaving out the pixels whose colour, as the display shows it, is
@@ -118,12 +113,6 @@ int FillRect(HDC dc, const RECT *rect, HBRUSH brush);
 /// Fills with the selected brush and draws a one-pixel border inside the rectangle with the
 /// selected pen. Right and bottom are exclusive.
 BOOL Rectangle(HDC dc, int left, int top, int right, int bottom);
-/// One pixel. Returns the colour as the display shows it.
-COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour);
-constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
-/// CLR_INVALID outside the device context.
-COLORREF GetPixel(HDC dc, int x, int y);
-
 /// Clips later drawing to what lies inside the rectangle (logical coordinates of the dc),
 /// within the clipping in force. Lasts until RestoreDC or the dc's end. Returns 1 when nothing is
 /// left, 2 for a rectangle, 0 on failure.
@@ -136,18 +125,17 @@ BOOL RestoreDC(HDC dc, int level);
 // Text ---------------------------------------------------------------------------------------
 
 constexpr int TRANSPARENT = 1;
-constexpr int OPAQUE = 2;
+constexpr int OPAQUE = 2; ///< a white cell behind each line
 /// Returns the previous mode.
 int SetBkMode(HDC dc, int mode);
-/// Each returns the previous colour.
+/// Returns the previous colour, or CLR_INVALID.
 COLORREF SetTextColor(HDC dc, COLORREF colour);
-COLORREF SetBkColor(HDC dc, COLORREF colour);
+constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
 
 constexpr UINT DT_LEFT = 0x0000;
 constexpr UINT DT_CENTER = 0x0001;
 constexpr UINT DT_RIGHT = 0x0002;
 constexpr UINT DT_VCENTER = 0x0004;
-constexpr UINT DT_BOTTOM = 0x0008;
 constexpr UINT DT_WORDBREAK = 0x0010;
 constexpr UINT DT_SINGLELINE = 0x0020;
 constexpr UINT DT_NOCLIP = 0x0100;
@@ -160,16 +148,6 @@ constexpr UINT DT_NOPREFIX = 0x0800;
 int DrawTextW(HDC dc, LPCWSTR text, int length, RECT *rect, UINT flags);
 /// The width and height of a line of text in the selected font.
 BOOL GetTextExtentPoint32W(HDC dc, LPCWSTR text, int length, SIZE *size);
-
-struct TEXTMETRICW
-{
-    LONG tmHeight; ///< ascent + descent
-    LONG tmAscent;
-    LONG tmDescent;
-    LONG tmAveCharWidth;
-    LONG tmMaxCharWidth;
-};
-BOOL GetTextMetricsW(HDC dc, TEXTMETRICW *metrics);
 
 // Rectangles ---------------------------------------------------------------------------------
 

@@ -22,7 +22,6 @@ constexpr UINT WM_KILLFOCUS = 0x0008;
 constexpr UINT WM_ENABLE = 0x000A;
 constexpr UINT WM_SETTEXT = 0x000C;
 constexpr UINT WM_GETTEXT = 0x000D;
-constexpr UINT WM_GETTEXTLENGTH = 0x000E;
 constexpr UINT WM_PAINT = 0x000F;
 constexpr UINT WM_CLOSE = 0x0010;
 constexpr UINT WM_QUIT = 0x0012;
@@ -69,8 +68,8 @@ struct MSG
 /// then input, then WM_QUIT, WM_PAINT, WM_TIMER. Returns 0 for WM_QUIT, else nonzero. The only
 /// place where the program waits. `window` and the filters are not used.
 BOOL GetMessageW(MSG *message, HWND window, UINT filterMin, UINT filterMax);
-/// Gives the text that a key message stands for as WM_CHAR: control characters only (backspace,
-/// tab, enter), for the host delivers typed text itself.
+/// Posts WM_CHAR for the keys backspace, tab and enter. Other characters come from the host as
+/// text.
 BOOL TranslateMessage(const MSG *message);
 /// Hands a message to its window's procedure and returns what that returns.
 LRESULT DispatchMessageW(const MSG *message);
@@ -144,7 +143,7 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD styl
 /// Destroys a window, first the windows it owns, then its children: WM_DESTROY to each from the
 /// outside in. Its timers and undelivered messages go with it.
 BOOL DestroyWindow(HWND window);
-/// What every window does with a message that it does not care about.
+/// The default handling of a message.
 LRESULT DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 BOOL IsWindow(HWND window);
@@ -175,7 +174,6 @@ constexpr UINT SWP_NOZORDER = 0x0004;
 constexpr UINT SWP_NOREDRAW = 0x0008; ///< nothing becomes invalid
 constexpr UINT SWP_NOACTIVATE = 0x0010;
 constexpr HWND HWND_TOP{0};
-constexpr HWND HWND_TOPMOST{0xFFFFFFFFU};
 /// Moves, sizes and orders a window; without SWP_NOZORDER it goes directly behind `after`, or
 /// to the top of its siblings with HWND_TOP.
 BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, UINT flags);
@@ -187,33 +185,28 @@ BOOL ScreenToClient(HWND window, POINT *point);
 /// A child's parent, a top-level window's owner, or none.
 HWND GetParent(HWND window);
 constexpr UINT GW_HWNDNEXT = 2;
-constexpr UINT GW_OWNER = 4;
 constexpr UINT GW_CHILD = 5;
-/// The next sibling (behind), the owner, or the topmost child. Dialog controls are
+/// The next sibling (behind) or the topmost child. Dialog controls are
 /// created one behind the other, so GW_CHILD and GW_HWNDNEXT give them in template order.
 HWND GetWindow(HWND window, UINT which);
 
-constexpr int GWL_WNDPROC = -4;
 constexpr int GWL_ID = -12;
 constexpr int GWL_STYLE = -16;
 constexpr int GWL_EXSTYLE = -20;
-constexpr int GWL_USERDATA = -21;
 constexpr int DWL_MSGRESULT = 0; ///< of a dialog: what its procedure answers to a message
 constexpr int DWL_DLGPROC = 4;
 constexpr int DWL_USER = 8; ///< of a dialog: free for the program
 /// A value kept with a window; wide enough for an address. 0 when there is none.
 LONG_PTR GetWindowLongW(HWND window, int index);
-/// Returns the previous value.
+/// Sets one of a dialog's three values and returns the previous one; 0 for any other index.
 LONG_PTR SetWindowLongW(HWND window, int index, LONG_PTR value);
 BOOL SetWindowTextW(HWND window, LPCWSTR text);
 /// Copies at most `capacity` - 1 code units and a terminator; returns the number copied.
 int GetWindowTextW(HWND window, LPWSTR buffer, int capacity);
-int GetWindowTextLengthW(HWND window);
 
 // Activation, focus, capture -----------------------------------------------------------------
 
 HWND GetActiveWindow();
-HWND GetForegroundWindow();
 /// Activates a top-level window and brings it to the top: WM_ACTIVATE to the one that loses
 /// activation (lParam the other's handle), to the one that gains it; DefWindowProcW then gives
 /// it the focus. Returns the previously active one.
@@ -246,13 +239,13 @@ HDC GetDC(HWND window);
 int ReleaseDC(HWND window, HDC dc);
 /// Marks a part (null: all) for WM_PAINT.
 BOOL InvalidateRect(HWND window, const RECT *rect, BOOL erase);
-BOOL ValidateRect(HWND window, const RECT *rect);
 
 // Timers -------------------------------------------------------------------------------------
 
 using TIMERPROC = void(CALLBACK *)(HWND, UINT, UINT, DWORD);
 /// Sends WM_TIMER every `period` milliseconds, first that long from now; a timer of the same
-/// window and identifier is replaced. Moments missed while the program was busy are told once.
+/// window and identifier is replaced. Several periods missed while the program was
+/// busy give one message.
 UINT SetTimer(HWND window, UINT id, UINT period, TIMERPROC callback);
 BOOL KillTimer(HWND window, UINT id);
 
@@ -304,7 +297,6 @@ HMENU GetSubMenu(HMENU menu, int position);
 /// Enables or grays an item, found by command anywhere below `menu` or by position in it.
 /// Returns the previous state, or -1 when there is no such item.
 int EnableMenuItem(HMENU menu, UINT item, UINT flags);
-UINT GetMenuState(HMENU menu, UINT item, UINT flags);
 
 // Icons --------------------------------------------------------------------------------------
 
@@ -362,21 +354,17 @@ constexpr LRESULT DLGC_WANTCHARS = 0x0080;
 constexpr DWORD BS_PUSHBUTTON = 0x0000;
 constexpr DWORD BS_DEFPUSHBUTTON = 0x0001;
 constexpr UINT BM_SETSTYLE = 0x00F4;
-constexpr UINT BM_CLICK = 0x00F5;
 constexpr UINT BN_CLICKED = 0;
 
 // Controls: STATIC
 constexpr DWORD SS_LEFT = 0x0000;
 constexpr DWORD SS_CENTER = 0x0001;
-constexpr DWORD SS_RIGHT = 0x0002;
 constexpr DWORD SS_NOPREFIX = 0x0080;
 constexpr DWORD SS_BITMAP = 0x000E;
 
 // Controls: EDIT
 constexpr DWORD ES_AUTOHSCROLL = 0x0080;
-constexpr UINT EM_GETSEL = 0x00B0;
 constexpr UINT EM_SETSEL = 0x00B1;
-constexpr UINT EM_LIMITTEXT = 0x00C5;
 constexpr UINT EN_CHANGE = 0x0300;
 
 // Controls: COMBOBOX
@@ -384,7 +372,6 @@ constexpr DWORD CBS_DROPDOWNLIST = 0x0003;
 constexpr UINT CB_ADDSTRING = 0x0143;
 constexpr UINT CB_GETCURSEL = 0x0147;
 constexpr UINT CB_SETCURSEL = 0x014E;
-constexpr UINT CB_GETDROPPEDSTATE = 0x0157;
 constexpr LRESULT CB_ERR = -1;
 constexpr UINT CBN_SELCHANGE = 1;
 
@@ -393,9 +380,7 @@ constexpr UINT CBN_SELCHANGE = 1;
 constexpr UINT MB_OK = 0x0000;
 constexpr UINT MB_OKCANCEL = 0x0001;
 constexpr UINT MB_YESNO = 0x0004;
-constexpr UINT MB_ICONHAND = 0x0010;
 constexpr UINT MB_ICONQUESTION = 0x0020;
-constexpr UINT MB_ICONEXCLAMATION = 0x0030;
 constexpr UINT MB_ICONINFORMATION = 0x0040;
 constexpr UINT MB_TOPMOST = 0x00040000;
 

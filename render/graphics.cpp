@@ -1,9 +1,8 @@
-// Makes and frees the graphic objects, among them those of a session.
+// Makes and frees the graphic objects, including those of a session.
 #include "render/graphics.h"
 
-#include <string_view>
-
 #include "engine/game_session.h"
+#include "render/lettering.h"
 #include "resources/resource.h"
 
 namespace {
@@ -15,6 +14,7 @@ constexpr int tileSheetHeight = 66;
 
 } // namespace
 
+HDC windowDC{};
 Surface *screenSurface = nullptr;
 std::array<Surface *, 3> backdrops{};
 Surface *tileSheet = nullptr;
@@ -24,20 +24,8 @@ void createStatsFont() { statsFont = createBoldFont(statsFontHeight); }
 
 void deleteStatsFont()
 {
-    if (statsFont) {
-        DeleteObject(statsFont);
-        statsFont = {};
-    }
-}
-
-HFONT createBoldFont(int height)
-{
-    LOGFONTW description{};
-    description.lfHeight = height;
-    description.lfWeight = FW_BOLD;
-    constexpr std::u16string_view face = u"Arial";
-    face.copy(description.lfFaceName, face.size());
-    return CreateFontIndirectW(&description);
+    DeleteObject(statsFont);
+    statsFont = {};
 }
 
 Surface *loadPicture(HDC reference, UINT resource, int width, int height)
@@ -51,7 +39,7 @@ Surface *loadPicture(HDC reference, UINT resource, int width, int height)
 
 void deleteSurface(Surface *&surface)
 {
-    if (surface != nullptr) {
+    if (surface) {
         surface->release();
         delete surface;
         surface = nullptr;
@@ -69,7 +57,7 @@ int GameSession::create(HWND window)
     tileDC = CreateCompatibleDC(reference);
     backDC = CreateCompatibleDC(reference);
     ReleaseDC(window, reference);
-    now = static_cast<std::int32_t>(GetTickCount());
+    now = timing::now();
     return 1;
 }
 

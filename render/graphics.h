@@ -11,6 +11,8 @@
 constexpr int screenWidth = 240;
 constexpr int screenHeight = 268;
 
+/// The main window's own device context, from WM_CREATE to WM_DESTROY. Owned by the window.
+extern HDC windowDC;
 /// The back buffer of every screen, 240 by 268. Owned by the controller.
 extern Surface *screenSurface;
 /// The play screen's three pictures and its block tiles. Owned by GameSession::create/destroy.
@@ -21,10 +23,9 @@ extern HFONT statsFont;
 
 void createStatsFont();
 void deleteStatsFont();
-/// Arial bold of a cell height in pixels. The caller deletes it.
-HFONT createBoldFont(int height);
 
-/// A new surface with a bitmap resource, or when that cannot be had a black one of this size.
-Surface *loadPicture(HDC reference, UINT resource, int width, int height);
-/// Releases and deletes a surface, if there is one, and forgets it.
+/// A new surface with a bitmap resource, or a black one of this size when that cannot be loaded.
+/// The caller deletes it.
+[[nodiscard]] Surface *loadPicture(HDC reference, UINT resource, int width, int height);
+/// Releases and deletes a surface, if there is one, and sets the pointer to null.
 void deleteSurface(Surface *&surface);

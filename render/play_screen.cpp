@@ -1,10 +1,9 @@
-// Draws a game: composes in `screenSurface` only what the session marked dirty, then copies the
+// Draws a game: redraws in `screenSurface` only what the session marked dirty, then copies the
 // whole picture to the window.
 #include "render/play_screen.h"
 
 #include <algorithm>
 
-#include "app/window.h"
 #include "render/selection.h"
 
 namespace {
@@ -19,18 +18,22 @@ constexpr int normalLook = 0; // 1 to 4: a row that is being cleared
 constexpr int lastClearLook = 4;
 constexpr int ghostLook = 5;
 
-/// By how much a piece is drawn left of and above the common place of its box in the next-piece
-/// and hold boxes, in pixels, so that every piece is centred there. Indexed by type.
+/// How many pixels left of and above the common place a piece is drawn in the next-piece and hold
+/// boxes, so that every piece is centred there. Indexed by type.
 constexpr POINT previewShifts[tetrominoCount] = {{-5, 0},  {-5, 0},  {-5, 11}, {0, 0},
                                                  {-5, 11}, {-5, 11}, {11, 16}};
-/// The middle of both boxes is x = 191; a box origin lies two cells left of it.
+/// The middle of both boxes; the common place is two cells left of it.
 constexpr int previewMiddle = 191;
 
-/// Copies a rectangle of the session's backdrop to the same place.
-void copyBackdrop(const GameSession &session, const RECT &rect)
+HBITMAP backdropOf(const GameSession &session)
 {
-    const Selection backdrop(session.tileDC,
-                             backdrops[static_cast<std::size_t>(session.backdrop)]->bitmap);
+    return backdrops[static_cast<std::size_t>(session.backdrop)]->bitmap;
+}
+
+/// Copies a rectangle of the session's backdrop to the same place of the screen.
+void restoreBackdrop(const GameSession &session, const RECT &rect = wholeScreen)
+{
+    const Selection backdrop(session.tileDC, backdropOf(session));
     BitBlt(session.backDC, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
            session.tileDC, rect.left, rect.top, SRCCOPY);
 }
@@ -42,20 +45,18 @@ void drawTile(const GameSession &session, int x, int y, int column, int look)
            column * session.cellWidth, look * session.cellHeight, SRCCOPY);
 }
 
-int cellX(const GameSession &session, int column)
+/// The upper left corner of a cell of the well.
+POINT cornerOf(const GameSession &session, int column, int row)
 {
-    return session.boardLeft + session.cellWidth * column;
-}
-
-int cellY(const GameSession &session, int row)
-{
-    return session.boardTop + session.cellHeight * row;
+    return {session.boardLeft + session.cellWidth * column,
+            session.boardTop + session.cellHeight * row};
 }
 
 void drawCell(const GameSession &session, int column, int row, const Cell &cell, int look)
 {
     if (row >= 0 && cell.occupied != 0) {
-        drawTile(session, cellX(session, column), cellY(session, row), cell.colour, look);
+        const auto [x, y] = cornerOf(session, column, row);
+        drawTile(session, x, y, cell.colour, look);
     }
 }
 
@@ -63,10 +64,18 @@ void drawCell(const GameSession &session, int column, int row, const Cell &cell,
 void eraseCell(const GameSession &session, int column, int row)
 {
     if (row >= 0) {
-        const int x = cellX(session, column);
-        const int y = cellY(session, row);
+        const auto [x, y] = cornerOf(session, column, row);
         BitBlt(session.backDC, x, y, session.cellWidth, session.cellHeight, session.tileDC, x, y,
                SRCCOPY);
+    }
+}
+
+/// Draws a piece that is in no cell of the well, its box origin at a point in pixels.
+void drawPieceAtPixel(const GameSession &session, const RotationState &state, int px, int py)
+{
+    for (const CellOffset &offset : state.cells) {
+        drawTile(session, px + session.cellWidth * offset.x, py + session.cellHeight * offset.y,
+                 static_cast<int>(state.type), normalLook);
     }
 }
 
@@ -85,7 +94,7 @@ void erasePiece(const GameSession &session, const RotationState &state, int x, i
     }
 }
 
-/// Outlines of the cells; nothing while the box of the piece is above the well.
+/// Outlines the cells of the ghost, unless its box origin is above the well.
 void drawGhost(const GameSession &session, const RotationState &state, int x, int y)
 {
     if (y < 0) {
@@ -94,23 +103,20 @@ void drawGhost(const GameSession &session, const RotationState &state, int x, in
     const int width = session.cellWidth;
     const int height = session.cellHeight;
     for (const CellOffset &offset : state.cells) {
-        TransparentImage(session.backDC, cellX(session, x + offset.x), cellY(session, y + offset.y),
-                         width, height, session.tileDC, static_cast<int>(state.type) * width,
-                         ghostLook * height, width, height, RGB(0, 0, 0));
+        const auto [left, top] = cornerOf(session, x + offset.x, y + offset.y);
+        TransparentImage(session.backDC, left, top, width, height, session.tileDC,
+                         static_cast<int>(state.type) * width, ghostLook * height, width, height,
+                         RGB(0, 0, 0));
     }
 }
 
-/// Draws a piece as it enters the well into a box, its slot's upper edge at `top` pixels.
+/// Draws a piece into a box, in the rotation in which it enters the well; `top` is the upper edge
+/// of its slot in pixels.
 void drawPreview(const GameSession &session, TetrominoType type, int top)
 {
-    const RotationState &state = rotationState(type, spawnPlace(type).rotation);
     const POINT &shift = previewShifts[static_cast<std::size_t>(type)];
-    const int x = previewMiddle - 2 * session.cellWidth - shift.x;
-    const int y = top - shift.y;
-    for (const CellOffset &offset : state.cells) {
-        drawTile(session, x + session.cellWidth * offset.x, y + session.cellHeight * offset.y,
-                 static_cast<int>(type), normalLook);
-    }
+    drawPieceAtPixel(session, rotationState(type, spawnPlace(type).rotation),
+                     previewMiddle - 2 * session.cellWidth - shift.x, top - shift.y);
 }
 
 void drawGhostAndPiece(const GameSession &session)
@@ -130,10 +136,10 @@ void drawRow(const GameSession &session, int row, int look)
     }
 }
 
-/// The whole well; without the falling piece once the game is decided.
+/// Draws the whole well, without the falling piece once the game is decided.
 void drawBoard(const GameSession &session)
 {
-    restoreBackdrop(session, boardRect);
+    eraseRect(session, boardRect);
     const Selection tiles(session.tileDC, tileSheet->bitmap);
     for (int row = 0; row < wellRows; ++row) {
         drawRow(session, row, normalLook);
@@ -151,8 +157,7 @@ void drawFallingPiece(const GameSession &session)
     const Playfield &playfield = session.playfield;
     const ActivePiece &piece = playfield.piece;
     {
-        const Selection backdrop(session.tileDC,
-                                 backdrops[static_cast<std::size_t>(session.backdrop)]->bitmap);
+        const Selection backdrop(session.tileDC, backdropOf(session));
         if (wasDrawn(piece.prevGhostX, piece.prevGhostY)) {
             erasePiece(session, playfield.previousState(), piece.prevGhostX, piece.prevGhostY);
         }
@@ -164,8 +169,8 @@ void drawFallingPiece(const GameSession &session)
     drawGhostAndPiece(session);
 }
 
-/// The complete rows in the look of the moment. A clear that goes on after a pause counts up from
-/// far below 0: it shows the normal look until its time has come.
+/// Draws the complete rows in the look of the moment. In a clear that goes on after a pause,
+/// `clearFrame` counts up from far below 0: that shows the normal look.
 void drawClearingRows(const GameSession &session)
 {
     const int look = std::clamp(session.clearFrame, normalLook, lastClearLook);
@@ -179,7 +184,7 @@ void drawClearingRows(const GameSession &session)
 
 void drawQueue(const GameSession &session)
 {
-    restoreBackdrop(session, queueRect);
+    eraseRect(session, queueRect);
     const Selection tiles(session.tileDC, tileSheet->bitmap);
     const PieceQueue &queue = session.playfield.piece.queue;
     for (int slot = 0; slot < std::min(session.queueLength, queue.count); ++slot) {
@@ -190,14 +195,14 @@ void drawQueue(const GameSession &session)
 
 void drawHold(const GameSession &session)
 {
-    restoreBackdrop(session, holdRect);
+    eraseRect(session, holdRect);
     if (session.holdType >= 0) {
         const Selection tiles(session.tileDC, tileSheet->bitmap);
         drawPreview(session, static_cast<TetrominoType>(session.holdType), holdRect.top);
     }
 }
 
-/// The well in what the session marked of it.
+/// Redraws what is dirty in the well.
 void drawWell(const GameSession &session)
 {
     if ((session.dirty & dirty::well) != 0) {
@@ -212,31 +217,15 @@ void drawWell(const GameSession &session)
     }
 }
 
-void drawValues(const GameSession &session)
-{
-    if ((session.dirty & dirty::lines) != 0) {
-        drawLines(session);
-    }
-    if ((session.dirty & dirty::score) != 0) {
-        drawScore(session);
-    }
-    if ((session.dirty & dirty::level) != 0) {
-        drawLevel(session);
-    }
-    if ((session.dirty & dirty::time) != 0) {
-        drawTime(session);
-    }
-}
-
 void compose(const GameSession &session)
 {
     const bool paused = session.state == GameState::Paused;
     const bool ending = session.state == GameState::Ending;
     if (session.dirty == dirty::everything) {
-        copyBackdrop(session, wholeScreen);
+        restoreBackdrop(session);
     }
     if (paused) {
-        drawPausedOverlay(session); // the well is hidden while the game stands still
+        drawPausedOverlay(session); // which hides the well
     } else {
         drawWell(session);
     }
@@ -254,16 +243,15 @@ void compose(const GameSession &session)
 
 } // namespace
 
-void restoreBackdrop(const GameSession &session, const RECT &rect)
+void eraseRect(const GameSession &session, const RECT &rect)
 {
     if (session.dirty != dirty::everything) {
-        copyBackdrop(session, rect);
+        restoreBackdrop(session, rect);
     }
 }
 
-int GameSession::paint(HWND window, HDC target)
+int GameSession::paint(HWND, HDC target)
 {
-    (void)window;
     const Selection back(backDC, screenSurface->bitmap);
     compose(*this);
     BitBlt(target ? target : windowDC, 0, 0, screenWidth, screenHeight, backDC, 0, 0, SRCCOPY);

@@ -1,5 +1,5 @@
-// The parts of the play screen's drawing that its renderer (play_screen.cpp) and its text
-// (play_screen_text.cpp) share. All of it draws into the session's `backDC`.
+// What the play screen's renderer (play_screen.cpp) and its text (play_screen_text.cpp) share. All
+// of it draws into the session's `backDC`.
 #pragma once
 
 #include <windows.h>
@@ -10,19 +10,13 @@
 /// The well: 10 by 20 cells of 11 by 11 pixels.
 constexpr RECT boardRect{22, 11, 132, 231};
 
-/// Puts the backdrop back where something is about to be redrawn. There is nothing to do while all
-/// of the screen is: that begins with a fresh backdrop.
-void restoreBackdrop(const GameSession &session, const RECT &rect);
+/// Puts the backdrop back where something is about to be redrawn. Does nothing while everything is
+/// dirty: then the whole backdrop has just been put back.
+void eraseRect(const GameSession &session, const RECT &rect);
 
-// The values along the bottom, each over a freshly restored backdrop.
-
-void drawScore(const GameSession &session);
-void drawLevel(const GameSession &session);
-void drawLines(const GameSession &session);
-/// The time left, in the Ultra modes; nothing in the others.
-void drawTime(const GameSession &session);
-
-/// PAUSED over an emptied well.
+/// Redraws the dirty values along the bottom.
+void drawValues(const GameSession &session);
+/// PAUSED over an erased well.
 void drawPausedOverlay(const GameSession &session);
 /// GAME OVER or OUT OF TIME! over the well as it is.
 void drawEndOverlay(const GameSession &session);

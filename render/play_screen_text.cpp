@@ -1,8 +1,9 @@
 // The play screen's text: the four values along the bottom and the messages over the well. The
 // captions of the values are part of the backdrops.
-#include "app/window.h"
+#include "render/lettering.h"
 #include "render/play_screen.h"
 #include "render/selection.h"
+#include "resources/module.h"
 #include "resources/resource.h"
 
 namespace {
@@ -17,18 +18,15 @@ constexpr RECT endRect2{22, 121, 132, 149};
 constexpr COLORREF white = RGB(255, 255, 255);
 constexpr COLORREF black = RGB(0, 0, 0);
 
-constexpr UINT textFlags = DT_VCENTER | DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX;
-constexpr int overlayFontHeight = 32;
+constexpr int overlayFontHeight = 32; ///< pixels
 
 void drawString(const GameSession &session, const RECT &rect, LPCWSTR text, UINT alignment,
                 COLORREF colour)
 {
-    restoreBackdrop(session, rect);
+    eraseRect(session, rect);
     const Selection font(session.backDC, statsFont);
-    SetTextColor(session.backDC, colour);
     SetBkMode(session.backDC, TRANSPARENT);
-    RECT place = rect;
-    DrawTextW(session.backDC, text, -1, &place, alignment | textFlags);
+    drawText(session.backDC, rect, text, alignment, colour);
 }
 
 void drawNumber(const GameSession &session, const RECT &rect, int value, UINT alignment,
@@ -37,49 +35,6 @@ void drawNumber(const GameSession &session, const RECT &rect, int value, UINT al
     WCHAR text[33];
     drawString(session, rect, _itow(value, text, 10), alignment, colour);
 }
-
-/// One line of a message: white, with its black shadow 3 pixels below and to the right.
-void drawShadowedText(const GameSession &session, RECT rect, LPCWSTR text)
-{
-    OffsetRect(&rect, 1, 1);
-    SetTextColor(session.backDC, black);
-    DrawTextW(session.backDC, text, -1, &rect, DT_CENTER | textFlags);
-    OffsetRect(&rect, -3, -3);
-    SetTextColor(session.backDC, white);
-    DrawTextW(session.backDC, text, -1, &rect, DT_CENTER | textFlags);
-}
-
-/// The large font of the messages, selected into `backDC` as long as this object lives.
-class OverlayFont
-{
-public:
-    explicit OverlayFont(HDC dc)
-        : dc_(dc), font_(createBoldFont(overlayFontHeight)), previous_(SelectObject(dc, font_))
-    {
-        SetBkMode(dc, TRANSPARENT);
-    }
-    ~OverlayFont()
-    {
-        SelectObject(dc_, previous_);
-        DeleteObject(font_);
-    }
-    OverlayFont(const OverlayFont &) = delete;
-    OverlayFont &operator=(const OverlayFont &) = delete;
-
-private:
-    HDC dc_;
-    HFONT font_;
-    HGDIOBJ previous_;
-};
-
-void drawMessage(const GameSession &session, const RECT &rect, UINT stringId)
-{
-    WCHAR text[64];
-    LoadStringW(moduleInstance, stringId, text, 64);
-    drawShadowedText(session, rect, text);
-}
-
-} // namespace
 
 void drawScore(const GameSession &session)
 {
@@ -96,6 +51,7 @@ void drawLines(const GameSession &session)
     drawNumber(session, linesRect, session.lines, DT_CENTER, white);
 }
 
+/// Draws nothing outside the Ultra modes.
 void drawTime(const GameSession &session)
 {
     if (!session.isUltra()) {
@@ -107,17 +63,46 @@ void drawTime(const GameSession &session)
     drawString(session, timeRect, text, DT_CENTER, white);
 }
 
+/// One line of a message: white, with its black shadow 3 pixels below and to the right.
+void drawShadowedText(const GameSession &session, RECT rect, LPCWSTR text)
+{
+    OffsetRect(&rect, 1, 1);
+    drawText(session.backDC, rect, text, DT_CENTER, black);
+    OffsetRect(&rect, -3, -3);
+    drawText(session.backDC, rect, text, DT_CENTER, white);
+}
+
+} // namespace
+
+void drawValues(const GameSession &session)
+{
+    if ((session.dirty & dirty::lines) != 0) {
+        drawLines(session);
+    }
+    if ((session.dirty & dirty::score) != 0) {
+        drawScore(session);
+    }
+    if ((session.dirty & dirty::level) != 0) {
+        drawLevel(session);
+    }
+    if ((session.dirty & dirty::time) != 0) {
+        drawTime(session);
+    }
+}
+
 void drawPausedOverlay(const GameSession &session)
 {
-    restoreBackdrop(session, boardRect);
-    const OverlayFont font(session.backDC);
-    drawMessage(session, boardRect, IDS_PAUSED);
+    eraseRect(session, boardRect);
+    const BoldFont overlayFont(session.backDC, overlayFontHeight);
+    drawShadowedText(session, boardRect, loadText(IDS_PAUSED).c_str());
 }
 
 void drawEndOverlay(const GameSession &session)
 {
     const bool outOfTime = session.isUltra() && session.timeLeft <= 0;
-    const OverlayFont font(session.backDC);
-    drawMessage(session, endRect1, outOfTime ? IDS_OUT_OF_TIME_1 : IDS_GAME_OVER_1);
-    drawMessage(session, endRect2, outOfTime ? IDS_OUT_OF_TIME_2 : IDS_GAME_OVER_2);
+    const UINT first = outOfTime ? IDS_OUT_OF_TIME_1 : IDS_GAME_OVER_1;
+    const UINT second = outOfTime ? IDS_OUT_OF_TIME_2 : IDS_GAME_OVER_2;
+    const BoldFont overlayFont(session.backDC, overlayFontHeight);
+    drawShadowedText(session, endRect1, loadText(first).c_str());
+    drawShadowedText(session, endRect2, loadText(second).c_str());
 }

@@ -1,5 +1,5 @@
-// An object selected into a device context for one drawing step; the previous one comes back at
-// the step's end.
+// Selects an object into a device context for one drawing step and puts the previous one back at
+// its end.
 #pragma once
 
 #include <windows.h>

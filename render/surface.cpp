@@ -1,18 +1,8 @@
-// Converts pictures to the display's format once, so that every later copy is of like pixels.
+// Converts pictures to the display's format once, so that no later copy has to.
 #include "render/surface.h"
 
-#include "app/window.h"
 #include "render/selection.h"
-
-Surface::Surface(HDC reference, int newWidth, int newHeight) : bitmap{}, width(0), height(0)
-{
-    createBlank(reference, newWidth, newHeight);
-}
-
-Surface::Surface(HDC reference, UINT resource) : bitmap{}, width(0), height(0)
-{
-    loadFromResource(reference, resource);
-}
+#include "resources/module.h"
 
 bool Surface::createBlank(HDC reference, int newWidth, int newHeight)
 {
@@ -43,11 +33,4 @@ bool Surface::loadFromResource(HDC reference, UINT resource)
     DeleteDC(source);
     DeleteObject(loaded);
     return static_cast<bool>(bitmap);
-}
-
-void Surface::release()
-{
-    if (bitmap) {
-        DeleteObject(bitmap);
-    }
 }

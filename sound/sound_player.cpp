@@ -1,12 +1,12 @@
-// One output device, one buffer header: whatever is played next cuts off what still sounds.
+// One output device, one buffer header: playing an effect cuts off the one before.
 #include "sound/sound_player.h"
 
-#include "app/window.h"
+#include "resources/module.h"
 
 namespace {
 
-/// Where the samples of a WAVE resource begin. Its header is not read: every effect is made for
-/// the one format of the device.
+/// Where the samples of a WAVE resource begin, in bytes. Its header is not read: every effect plays
+/// in the one format of the device.
 constexpr DWORD waveHeaderSize = 44;
 
 constexpr WAVEFORMATEX deviceFormat{WAVE_FORMAT_PCM, 1, 22050, 22050, 1, 8, 0};
@@ -16,8 +16,6 @@ bool validSlot(int slot) { return slot >= 0 && slot < SoundPlayer::slotCount; }
 } // namespace
 
 SoundPlayer soundPlayer;
-
-SoundPlayer::SoundPlayer() : device{}, header{} {}
 
 SoundPlayer::~SoundPlayer()
 {
@@ -53,7 +51,7 @@ bool SoundPlayer::load(int slot, UINT resource)
     const HRSRC found = FindResourceW(moduleInstance, MAKEINTRESOURCEW(resource), u"WAVE");
     const auto *image = static_cast<const BYTE *>(LoadResource(moduleInstance, found));
     const DWORD size = SizeofResource(moduleInstance, found);
-    if (image == nullptr || size < waveHeaderSize) {
+    if (!image) {
         return false;
     }
     clip = std::make_unique<SoundClip>(SoundClip{image, size});
@@ -65,8 +63,11 @@ bool SoundPlayer::play(int slot)
     if (!validSlot(slot) || !slots[static_cast<std::size_t>(slot)]) {
         return false;
     }
-    stop();
     const SoundClip &clip = *slots[static_cast<std::size_t>(slot)];
+    if (clip.size <= waveHeaderSize) {
+        return false;
+    }
+    stop();
     header = {};
     header.lpData = clip.image + waveHeaderSize;
     header.dwBufferLength = clip.size - waveHeaderSize;

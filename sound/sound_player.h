@@ -1,4 +1,4 @@
-// Plays the sound effects, one at a time: a new one cuts off the one that still sounds.
+// Plays the sound effects, one at a time: a new one cuts off the one before.
 #pragma once
 
 #include <array>
@@ -20,11 +20,11 @@ struct SoundPlayer
 {
     static constexpr int slotCount = 16;
 
-    HWAVEOUT device;
-    WAVEHDR header;
+    HWAVEOUT device{};
+    WAVEHDR header{};
     std::array<std::unique_ptr<SoundClip>, slotCount> slots; ///< by SoundEvent
 
-    SoundPlayer();
+    SoundPlayer() = default;
     ~SoundPlayer();
     SoundPlayer(const SoundPlayer &) = delete;
     SoundPlayer &operator=(const SoundPlayer &) = delete;
@@ -32,14 +32,15 @@ struct SoundPlayer
     /// Opens the first device that plays 22,050 8-bit samples a second, mono. 0 on success or when
     /// open already, else the last error.
     MMRESULT open();
-    /// Puts WAVE resource `resource` into a slot; true when the slot holds a clip afterwards.
+    /// Puts WAVE resource `resource` into an empty slot, 0 to 15. Returns whether the slot holds a
+    /// clip afterwards.
     bool load(int slot, UINT resource);
-    /// True when the effect was handed to the device.
+    /// Returns whether the device took the effect. Does nothing for a clip without samples.
     bool play(int slot);
     bool stop();
     MMRESULT close();
     bool unloadAll();
 };
 
-/// The one there is.
+/// The only one.
 extern SoundPlayer soundPlayer;

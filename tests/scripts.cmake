@@ -6,6 +6,7 @@ function(add_script_test name script)
 endfunction()
 
 add_script_test(includes scripts/includes_test.py ${PROJECT_SOURCE_DIR})
+add_script_test(commands scripts/commands_test.py ${PROJECT_SOURCE_DIR})
 add_script_test(artwork artwork/check_artwork.py)
 
 # Random games, played on the program and on an independent statement of its rules.

@@ -10,9 +10,6 @@ import {Screen} from './screen.js';
 import {Sound} from './sound.js';
 import {Store} from './store.js';
 
-/** What host::Event::Kind counts. */
-const BACKGROUND = 6, FOREGROUND = 7, HELP = 11;
-
 const element = (id) => document.getElementById(id);
 const menu = element('menu'), question = element('question'), starting = element('starting');
 
@@ -39,11 +36,15 @@ function ask(text, acts) {
 
 const startAgain = () => location.reload();
 
-function post(kind, a = 0, b = 0) {
-  if (program && !over) {
-    program._post(kind, a, b);
-    program.wake();
+/** Calls a function that the program's host has for the page; texts are the host's to free. */
+function send(name, ...values) {
+  if (!program || over) {
+    return 0;
   }
+  const answer = program[`_${name}`](...values.map((value) =>
+    typeof value === 'string' ? program.allocateUTF8(value) : value));
+  program.wake();
+  return answer;
 }
 
 // The program's surroundings ------------------------------------------------------------------------
@@ -55,7 +56,7 @@ const store = new Store({
 });
 const sound = new Sound();
 const screen = new Screen(element('screen'), settings);
-const controls = new Controls(post, screen, () => away, sound);
+const controls = new Controls(send, screen, () => away, sound);
 
 const page = {
   screen, sound, store,
@@ -69,6 +70,7 @@ const page = {
     screen.draw(...frame);
   },
   title: (title) => { document.title = title || document.title; },
+  showButton: (name, down) => controls.showButton(name, down),
   wantText: (wanted) => { controls.wantsText = wanted; },
   /** What the program is at: title, game, level, paused, over, name or dialog; `text` says it to who cannot see. */
   state(kind, text) {
@@ -97,12 +99,12 @@ function lookAround() {
     return;
   }
   if (gone) {
-    controls.releaseAll();
+    controls.forget();
     sound.rest();
   }
   away = gone;
   stayAwake(runs && !away);
-  post(gone ? BACKGROUND : FOREGROUND);
+  send('setAway', gone);
 }
 
 function leave() {
@@ -155,7 +157,7 @@ async function teachController() {
 const items = {
   back: () => {},
   full: () => document.fullscreenElement ? document.exitFullscreen() : document.documentElement.requestFullscreen(),
-  help: () => post(HELP),
+  help: () => send('askForHelp'),
   save: () => store.download(),
   open: () => element('file').click(),
   teach: teachController,

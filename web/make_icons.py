@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Rebuilds the icons of the page from the program's artwork, into this folder."""
 import pathlib
 import struct

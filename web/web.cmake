@@ -2,7 +2,8 @@
 file(GLOB web_sources CONFIGURE_DEPENDS platform/host/web/*.cpp)
 set(page_library ${PROJECT_SOURCE_DIR}/platform/host/web/page.js)
 
-add_executable(glimra-web launch/glimra_web.cpp ${web_sources})
+add_executable(glimra-web launch/glimra_web.cpp ${web_sources} platform/host/held_keys.cpp platform/host/input_mapper.cpp
+               platform/host/key_table.cpp platform/host/pointer_picture.cpp platform/host/stylus_pointer.cpp)
 add_dependencies(glimra-web generators)
 add_dependencies(handheld generators)
 add_dependencies(program generators)
@@ -16,7 +17,7 @@ target_link_options(
   "-sASYNCIFY_REMOVE=['gdi::*','registry::*','resources::*','theme::*','base::*']"
   -sASYNCIFY_STACK_SIZE=65536 -sINITIAL_MEMORY=16777216 -sALLOW_MEMORY_GROWTH -sGLOBAL_BASE=65536 -sMODULARIZE -sEXPORT_ES6
   -sUSE_ES6_IMPORT_META -sENVIRONMENT=web -sFILESYSTEM=0 -sDYNAMIC_EXECUTION=0
-  -sSUPPORT_LONGJMP=0 -sEXPORTED_FUNCTIONS=_main,_free,_post,_faultInStore -sEXPORTED_RUNTIME_METHODS=allocateUTF8,UTF8ToString)
+  -sSUPPORT_LONGJMP=0 -sEXPORTED_FUNCTIONS=_main,_free,_faultInStore,_keyDown,_keyUp,_moveFinger,_stylusDown,_stylusMove,_stylusUp,_controllerButton,_controllerAxis,_controllerGone,_setAway,_askForHelp -sEXPORTED_RUNTIME_METHODS=allocateUTF8,UTF8ToString)
 
 find_program(ESBUILD esbuild REQUIRED)
 file(GLOB page_files CONFIGURE_DEPENDS

@@ -1,6 +1,7 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Rebuilds the icons that the desktop shows where 128 pixels are too many, byte for byte, into this folder (or the
 given one). 128 by 128 is resources/glimra_128.png itself."""
+import argparse
 import pathlib
 import sys
 
@@ -25,7 +26,9 @@ def shrunk(rgba, by):
 
 
 def main():
-    folder = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else HERE
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("folder", nargs="?", type=pathlib.Path, default=HERE)
+    folder = parser.parse_args().folder
     for size in (16, 32):  # drawn for their size, as in glimra.ico
         write_png(folder / f"{size}.png", icon(size))
     for size, by in ((48, 4), (64, 2)):

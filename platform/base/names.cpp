@@ -16,7 +16,6 @@ char16_t upper(char16_t unit)
 
 bool sameName(std::u16string_view a, std::u16string_view b)
 {
-    // The page's standard library has no std::ranges::equal.
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                       [](char16_t x, char16_t y) { return upper(x) == upper(y); });
 }

@@ -1,92 +1,114 @@
 // Conversion between UTF-8 and UTF-16.
 #include "base/utf.h"
 
+#include <cstddef>
+#include <optional>
+
 namespace base {
+
 namespace {
 
 constexpr char32_t replacement = 0xFFFD;
 
-bool isHighSurrogate(char32_t c) { return c >= 0xD800 && c <= 0xDBFF; }
-bool isLowSurrogate(char32_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
+constexpr bool isHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
+constexpr bool isLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
+constexpr bool isSurrogate(char32_t unit) { return unit >= 0xD800 && unit < 0xE000; }
 
-void appendUtf8(std::string &text, char32_t c)
+/// The number of bytes of a character whose first byte is `lead`; 0 when no character begins so.
+std::size_t lengthFrom(unsigned lead)
 {
-    const auto put = [&text](char32_t byte) { text += static_cast<char>(byte); };
-    if (c < 0x80) {
-        put(c);
-    } else if (c < 0x800) {
-        put(0xC0 | c >> 6);
-        put(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-        put(0xE0 | c >> 12);
-        put(0x80 | (c >> 6 & 0x3F));
-        put(0x80 | (c & 0x3F));
-    } else {
-        put(0xF0 | c >> 18);
-        put(0x80 | (c >> 12 & 0x3F));
-        put(0x80 | (c >> 6 & 0x3F));
-        put(0x80 | (c & 0x3F));
-    }
+    return lead < 0x80   ? 1
+           : lead < 0xC2 ? 0
+           : lead < 0xE0 ? 2
+           : lead < 0xF0 ? 3
+           : lead < 0xF5 ? 4
+                         : 0;
 }
 
-/// Takes the first character off `rest`.
-char32_t takeCharacter(std::string_view &rest)
+/// The character that `bytes` begins with, a surrogate perhaps, or none; its bytes are removed.
+std::optional<char32_t> takeCharacter(std::string_view &bytes)
 {
-    const auto lead = static_cast<unsigned char>(rest.front());
-    rest.remove_prefix(1);
-    if (lead < 0x80) {
-        return lead;
+    constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
+    const auto lead = static_cast<unsigned char>(bytes.front());
+    const std::size_t length = lengthFrom(lead);
+    if (length == 0 || length > bytes.size()) {
+        return std::nullopt;
     }
-    const unsigned length = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
-    if (lead < 0xC2 || lead > 0xF4 || rest.size() < length) {
-        return replacement;
-    }
-    char32_t c = lead & (0x3FU >> length);
-    for (unsigned i = 0; i < length; ++i) {
-        const auto byte = static_cast<unsigned char>(rest[i]);
-        if ((byte & 0xC0U) != 0x80) {
-            return replacement;
+    char32_t character = length == 1 ? lead : lead & (0x7FU >> length);
+    for (std::size_t i = 1; i < length; ++i) {
+        const auto byte = static_cast<unsigned char>(bytes[i]);
+        if ((byte & 0xC0U) != 0x80U) {
+            return std::nullopt;
         }
-        c = c << 6 | (byte & 0x3FU);
+        character = character << 6U | (byte & 0x3FU);
     }
-    constexpr char32_t smallest[] = {0, 0x80, 0x800, 0x10000};
-    if (c < smallest[length] || c > 0x10FFFF || isHighSurrogate(c) || isLowSurrogate(c)) {
-        return replacement;
+    if (character < smallest[length] || character > 0x10FFFF) {
+        return std::nullopt;
     }
-    rest.remove_prefix(length);
-    return c;
+    bytes.remove_prefix(length);
+    return character;
+}
+
+void append(char32_t character, std::u16string &text)
+{
+    if (character < 0x10000) {
+        text += static_cast<char16_t>(character);
+    } else {
+        text += static_cast<char16_t>(0xD7C0 + (character >> 10U));
+        text += static_cast<char16_t>(0xDC00 + (character & 0x3FFU));
+    }
 }
 
 } // namespace
 
-std::string toUtf8(std::u16string_view text)
+std::string toUtf8(std::u16string_view text, LoneSurrogate lone)
 {
-    std::string result;
+    std::string bytes;
+    bytes.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t c = text[i];
-        if (isHighSurrogate(c) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
-            c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00U);
-        } else if (isHighSurrogate(c) || isLowSurrogate(c)) {
-            c = replacement;
+        char32_t character = text[i];
+        if (isHighSurrogate(character) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
+            character = 0x10000 + ((character - 0xD800) << 10U) + (text[++i] - 0xDC00U);
+        } else if (isSurrogate(character) && lone == LoneSurrogate::Replaced) {
+            character = replacement;
         }
-        appendUtf8(result, c);
+        if (character < 0x80) {
+            bytes += static_cast<char>(character);
+            continue;
+        }
+        const unsigned length = character < 0x800 ? 2 : character < 0x10000 ? 3 : 4;
+        bytes += static_cast<char>(0xF00U >> length | character >> (6 * (length - 1)));
+        for (unsigned left = length - 1; left-- > 0;) {
+            bytes += static_cast<char>(0x80U | (character >> (6 * left) & 0x3FU));
+        }
     }
-    return result;
+    return bytes;
 }
 
-std::u16string toUtf16(std::string_view text)
+std::u16string toUtf16(std::string_view bytes)
 {
-    std::u16string result;
-    while (!text.empty()) {
-        const char32_t c = takeCharacter(text);
-        if (c >= 0x10000) {
-            result += static_cast<char16_t>(0xD7C0 + (c >> 10));
-            result += static_cast<char16_t>(0xDC00 + (c & 0x3FF));
-        } else {
-            result += static_cast<char16_t>(c);
-        }
+    std::u16string text;
+    while (!bytes.empty()) {
+        std::string_view rest = bytes;
+        const auto character = takeCharacter(rest);
+        const bool valid = character && !isSurrogate(*character);
+        append(valid ? *character : replacement, text);
+        bytes = valid ? rest : bytes.substr(1);
     }
-    return result;
+    return text;
+}
+
+bool appendUtf16(std::string_view bytes, std::u16string &text)
+{
+    text.reserve(text.size() + bytes.size());
+    while (!bytes.empty()) {
+        const auto character = takeCharacter(bytes);
+        if (!character) {
+            return false;
+        }
+        append(*character, text);
+    }
+    return true;
 }
 
 } // namespace base

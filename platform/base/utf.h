@@ -1,4 +1,4 @@
-// Texts cross the line between the handheld, which speaks UTF-16, and the host's UTF-8.
+// Between UTF-16, which the handheld has, and UTF-8, which hosts and files have.
 #pragma once
 
 #include <string>
@@ -6,9 +6,18 @@
 
 namespace base {
 
-/// An unpaired surrogate becomes U+FFFD.
-std::string toUtf8(std::u16string_view text);
+/// What becomes of a surrogate without its other half. Kept, it is encoded like any character, and
+/// `appendUtf16` decodes it again.
+enum class LoneSurrogate
+{
+    Replaced, ///< by U+FFFD
+    Kept
+};
+std::string toUtf8(std::u16string_view text, LoneSurrogate lone = LoneSurrogate::Replaced);
+
 /// Bytes that are no UTF-8 become U+FFFD each.
-std::u16string toUtf16(std::string_view text);
+std::u16string toUtf16(std::string_view bytes);
+/// Appends to `text`; stops at the first byte that is no UTF-8 and returns false.
+[[nodiscard]] bool appendUtf16(std::string_view bytes, std::u16string &text);
 
 } // namespace base

@@ -1,13 +1,15 @@
-// BUTTON: push buttons, pressed by the stylus, the space bar or BM_CLICK; Enter presses the default
-// one, which is the dialog's business.
-#include "controls/controls.h"
+// BUTTON: push buttons, pressed by the stylus or the space bar. Enter presses the default one,
+// which is the dialog's business.
+#include "controls/button.h"
+
+#include "controls/control.h"
 #include "controls/theme.h"
 
 namespace controls {
 
 namespace {
 
-constexpr DWORD typeMask = 0x0F; ///< the bits of the style that tell push buttons apart
+constexpr DWORD typeMask = 0x0F; ///< the style bits with the kind of button
 
 struct ButtonData final : user::WindowData
 {
@@ -91,7 +93,7 @@ LRESULT spaceBar(HWND button, ButtonData &data, bool down)
     return 0;
 }
 
-/// The focus, the stylus or the leave to be pressed has come or gone.
+/// Focus, capture or the enabled state has changed.
 LRESULT stateChanged(HWND button, ButtonData &data, UINT message)
 {
     if (message == WM_KILLFOCUS || message == WM_CAPTURECHANGED) {
@@ -133,27 +135,13 @@ LRESULT handle(HWND button, ButtonData &data, UINT message, WPARAM wParam, LPARA
         return DLGC_BUTTON | (isDefault(button) ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
     case BM_SETSTYLE:
         return setStyle(button, wParam);
-    case BM_CLICK:
-        notify(button, BN_CLICKED);
-        return 0;
     default:
         return DefWindowProcW(button, message, wParam, lParam);
     }
 }
 
-LRESULT CALLBACK buttonProcedure(HWND button, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    if (message == WM_CREATE) {
-        user::find(button)->data = std::make_unique<ButtonData>();
-        return 0;
-    }
-    auto *data = dataOf<ButtonData>(button);
-    return data ? handle(button, *data, message, wParam, lParam)
-                : DefWindowProcW(button, message, wParam, lParam);
-}
-
 } // namespace
 
-void registerButton() { user::registerSystemClass(u"BUTTON", buttonProcedure); }
+void registerButton() { user::registerSystemClass(u"BUTTON", procedureWith<ButtonData, handle>); }
 
 } // namespace controls

@@ -6,32 +6,25 @@
 #include <algorithm>
 #include <utility>
 
-#include "controls/controls.h"
+#include "controls/control.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
-#include "shell/shell.h"
 
-namespace comboboxes {
+namespace controls {
 
 namespace {
 
-using controls::clientRect;
-using controls::dataOf;
-using controls::pointOf;
-
 constexpr int fieldHeight = 19;
 constexpr int itemHeight = 17;
-constexpr int arrowWidth = 17; ///< of the field's arrow and of the scroll bar
+constexpr int arrowWidth = 17; ///< of the field's arrow
 constexpr int padding = 3;     ///< from a frame to the text
 
 struct ComboData final : user::WindowData
 {
     std::vector<std::u16string> items;
     int selected = -1;
-    int droppedHeight = 0; ///< field and list together at most
     HWND list{};           ///< while it is open
-    int marked = -1;       ///< the item of the list that would be taken
-    int firstShown = 0;    ///< the item at the list's top
+    int marked = -1;       ///< the item of the list that Enter would select
     bool tracking = false; ///< the stylus is down on the field or the list
 
     int count() const { return static_cast<int>(items.size()); }
@@ -40,67 +33,20 @@ struct ComboData final : user::WindowData
 /// The combo box whose list is open; there is never more than one.
 HWND openCombo{};
 
-int itemsShown(const ComboData &data)
-{
-    const int room = std::max(1, (data.droppedHeight - fieldHeight - 2) / itemHeight);
-    return std::clamp(data.count(), 1, room);
-}
-
-bool scrolls(const ComboData &data) { return data.count() > itemsShown(data); }
-
 // The list -----------------------------------------------------------------------------------
-
-void scrollTo(ComboData &data, int first)
-{
-    data.firstShown = std::clamp(first, 0, std::max(0, data.count() - itemsShown(data)));
-    InvalidateRect(data.list, nullptr, FALSE);
-}
 
 void mark(ComboData &data, int index)
 {
     data.marked = index;
-    if (index >= 0) {
-        scrollTo(data, std::clamp(data.firstShown, index - itemsShown(data) + 1, index));
-    }
-}
-
-RECT scrollBarRect(const ComboData &data)
-{
-    const RECT list = clientRect(data.list);
-    return {list.right - 1 - arrowWidth, 1, list.right - 1, list.bottom - 1};
+    InvalidateRect(data.list, nullptr, FALSE);
 }
 
 /// The item at a point of the list, or -1.
 int itemAt(const ComboData &data, POINT point)
 {
     RECT list = clientRect(data.list);
-    if (scrolls(data)) {
-        list.right = scrollBarRect(data).left;
-    }
     InflateRect(&list, 0, -1);
-    if (PtInRect(&list, point) == FALSE) {
-        return -1;
-    }
-    return data.firstShown + (point.y - 1) / itemHeight;
-}
-
-void paintScrollBar(HDC dc, const ComboData &data)
-{
-    const RECT bar = scrollBarRect(data);
-    theme::fill(dc, bar, theme::lineSoft);
-    const RECT up{bar.left, bar.top, bar.right, bar.top + arrowWidth};
-    const RECT down{bar.left, bar.bottom - arrowWidth, bar.right, bar.bottom};
-    const LONG middle = (bar.left + bar.right) / 2;
-    for (const RECT &button : {up, down}) {
-        theme::drawFace(dc, button, theme::line, theme::faceUpper, theme::faceLower);
-        theme::drawArrow(dc, {middle, (button.top + button.bottom) / 2}, 4, button.top != up.top,
-                         theme::frame);
-    }
-    const LONG track = down.top - up.bottom;
-    const LONG top = up.bottom + track * data.firstShown / data.count();
-    const LONG bottom = up.bottom + track * (data.firstShown + itemsShown(data)) / data.count();
-    theme::drawFace(dc, {bar.left, top, bar.right, std::max(bottom, top + 6)}, theme::line,
-                    theme::faceUpper, theme::faceLower);
+    return PtInRect(&list, point) != FALSE ? (point.y - 1) / itemHeight : -1;
 }
 
 void paintList(HWND list, const ComboData &data)
@@ -108,29 +54,25 @@ void paintList(HWND list, const ComboData &data)
     const theme::Painting painting(list);
     const RECT rect = clientRect(list);
     theme::fill(painting.dc(), rect, theme::page);
-    for (int i = 0; i < itemsShown(data) && data.firstShown + i < data.count(); ++i) {
-        const int index = data.firstShown + i;
+    for (int i = 0; i < data.count(); ++i) {
         RECT item{1, 1 + i * itemHeight, rect.right - 1, 1 + (i + 1) * itemHeight};
-        const bool marked = index == data.marked;
+        const bool marked = i == data.marked;
         if (marked) {
             theme::fill(painting.dc(), item, theme::accent);
         }
         item.left += padding;
-        theme::drawText(painting.dc(), data.items[static_cast<std::size_t>(index)], item,
+        theme::drawText(painting.dc(), data.items[static_cast<std::size_t>(i)], item,
                         DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX,
                         marked ? theme::accentText : theme::text);
     }
     theme::drawFrame(painting.dc(), rect, theme::frame);
-    if (scrolls(data)) {
-        paintScrollBar(painting.dc(), data);
-    }
 }
 
 void openList(HWND combo, ComboData &data)
 {
     RECT field;
     GetWindowRect(combo, &field);
-    const int height = itemsShown(data) * itemHeight + 2;
+    const int height = std::max(1, data.count()) * itemHeight + 2;
     const bool below = field.bottom + height <= gdi::screen().height;
     const LONG top = below ? field.bottom - 1 : field.top + 1 - height;
     openCombo = combo;
@@ -162,7 +104,7 @@ void select(HWND combo, ComboData &data, int index)
     InvalidateRect(combo, nullptr, FALSE);
 }
 
-/// The user's choice, which the dialog is told of.
+/// Selects what the user chose and notifies the dialog.
 void choose(HWND combo, ComboData &data, int index)
 {
     if (data.list) {
@@ -170,7 +112,7 @@ void choose(HWND combo, ComboData &data, int index)
     }
     if (index >= 0 && index != data.selected) {
         select(combo, data, index);
-        controls::notify(combo, CBN_SELCHANGE);
+        notify(combo, CBN_SELCHANGE);
     }
 }
 
@@ -190,7 +132,7 @@ void paintField(HWND combo, const ComboData &data)
     } else {
         theme::drawFace(dc, arrow, outline, theme::faceUpper, theme::faceLower);
     }
-    theme::drawArrow(dc, {(arrow.left + arrow.right) / 2, rect.bottom / 2}, 4, true,
+    theme::drawArrow(dc, {(arrow.left + arrow.right) / 2, rect.bottom / 2},
                      data.list ? theme::accentText : theme::frame);
     const RECT inner{rect.left + 2, rect.top + 2, arrow.left - 1, rect.bottom - 2};
     const bool marked = focused && !data.list;
@@ -214,8 +156,7 @@ void show(HWND combo, ComboData &data, bool open)
     }
 }
 
-/// The item that a key leads to: Left and Up to the one before, Right and Down to the one after.
-/// None when the key leads nowhere.
+/// The item that a key moves to, if it is a key that moves.
 std::optional<int> itemFor(WPARAM code, int from, int count)
 {
     const int last = count - 1;
@@ -238,13 +179,13 @@ std::optional<int> itemFor(WPARAM code, int from, int count)
     }
 }
 
-/// In an open list the mark moves, Enter takes it and Escape leaves things as they are.
+/// In an open list the keys move the mark, Enter selects the marked item and Esc closes the list.
 void key(HWND combo, ComboData &data, WPARAM code)
 {
     const int from = data.list ? data.marked : data.selected;
     if (code == VK_F4) {
         show(combo, data, !data.list);
-    } else if (code == VK_RETURN) { // comes here only while the list is open
+    } else if (code == VK_RETURN) { // gets here only while the list is open
         choose(combo, data, data.marked);
     } else if (code == VK_ESCAPE) {
         show(combo, data, false);
@@ -291,12 +232,11 @@ LRESULT stylusOnField(HWND combo, ComboData &data, UINT message, LPARAM lParam)
     return 0;
 }
 
+/// The template gives the height of field and list together; the list is as high as its items.
 LRESULT create(HWND combo)
 {
     user::Window *window = user::find(combo);
-    auto data = std::make_unique<ComboData>();
-    data->droppedHeight = window->size().cy;
-    window->data = std::move(data);
+    window->data = std::make_unique<ComboData>();
     window->text.clear();
     SetWindowPos(combo, {}, 0, 0, window->size().cx, fieldHeight,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -313,8 +253,6 @@ LRESULT handleOther(HWND combo, ComboData &data, UINT message, WPARAM wParam, LP
     case CB_SETCURSEL:
         select(combo, data, static_cast<int>(wParam));
         return data.selected;
-    case CB_GETDROPPEDSTATE:
-        return static_cast<bool>(data.list) ? TRUE : FALSE;
     default:
         return DefWindowProcW(combo, message, wParam, lParam);
     }
@@ -355,23 +293,13 @@ LRESULT CALLBACK comboProcedure(HWND combo, UINT message, WPARAM wParam, LPARAM 
     }
 }
 
-/// The stylus on the open list: on its items, or on its scroll bar.
 void stylusOnList(HWND combo, ComboData &data, UINT message, LPARAM lParam)
 {
-    const POINT point = pointOf(lParam);
-    const RECT bar = scrollBarRect(data);
-    if (message == WM_LBUTTONDOWN && scrolls(data) && PtInRect(&bar, point) != FALSE) {
-        const LONG half = (bar.top + bar.bottom) / 2;
-        const bool arrow = point.y < bar.top + arrowWidth || point.y >= bar.bottom - arrowWidth;
-        const int step = arrow ? 1 : itemsShown(data);
-        scrollTo(data, data.firstShown + (point.y < half ? -step : step));
-        return;
-    }
     if (message == WM_LBUTTONDOWN) {
         SetCapture(data.list);
         data.tracking = true;
     }
-    const int item = itemAt(data, point);
+    const int item = itemAt(data, pointOf(lParam));
     if (message != WM_LBUTTONUP) {
         mark(data, data.tracking && item >= 0 ? item : data.marked);
     } else if (std::exchange(data.tracking, false) && item >= 0) {
@@ -401,7 +329,7 @@ LRESULT CALLBACK listProcedure(HWND list, UINT message, WPARAM wParam, LPARAM lP
 
 } // namespace
 
-void registerClasses()
+void registerComboBox()
 {
     openCombo = {};
     user::registerSystemClass(u"COMBOBOX", comboProcedure);
@@ -416,20 +344,17 @@ void closeListUnless(HWND target)
     }
 }
 
-std::optional<RECT> itemRect(HWND combo, int index)
+std::optional<RECT> listItemRect(HWND combo, int index)
 {
     const auto *data = dataOf<ComboData>(combo);
-    if (!data || !data->list || index < data->firstShown ||
-        index >= std::min(data->count(), data->firstShown + itemsShown(*data)))
-    {
+    if (!data || !data->list || index < 0 || index >= data->count()) {
         return std::nullopt;
     }
     RECT rect;
     GetWindowRect(data->list, &rect);
-    rect.top += 1 + (index - data->firstShown) * itemHeight;
+    rect.top += 1 + index * itemHeight;
     rect.bottom = rect.top + itemHeight;
-    rect.right -= scrolls(*data) ? arrowWidth : 0;
     return rect;
 }
 
-} // namespace comboboxes
+} // namespace controls

@@ -1,17 +1,17 @@
-// The lists that combo boxes drop.
+// COMBOBOX: drop-down lists.
 #pragma once
 
 #include <optional>
 
 #include "winuser.h"
 
-namespace comboboxes {
+namespace controls {
 
-void registerClasses();
+void registerComboBox();
 
-/// The stylus came down on `target`: an open list closes, unless it or its combo box was meant.
+/// Closes an open list, unless `target`, where the stylus came down, is the list or its combo box.
 void closeListUnless(HWND target);
-/// Where an item of a combo box's open list is on the screen; none when it is not to be seen.
-std::optional<RECT> itemRect(HWND combo, int index);
+/// The screen rectangle of an item in a combo box's open list; nothing when it is not open.
+std::optional<RECT> listItemRect(HWND combo, int index);
 
-} // namespace comboboxes
+} // namespace controls

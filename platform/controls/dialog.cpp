@@ -1,22 +1,20 @@
-// Dialogs: their making, their modal loop, and what they do with a message when their own
-// procedure does not care.
+// Dialogs: creation, the modal loop, and the default handling of messages.
 #include "controls/dialog.h"
 
 #include <functional>
 
 #include "controls/combobox.h"
-#include "controls/controls.h"
+#include "controls/control.h"
 #include "controls/theme.h"
-#include "gdi/screen.h"
 #include "resources/image.h"
-#include "shell/shell.h"
 #include "user/focus.h"
+#include "user/shell_interface.h"
 
-namespace dialogs {
+namespace controls {
 
 namespace {
 
-/// A template lies in the program's resources; it is read up to their end at most.
+/// The bytes from a template, which is in the program's resources, to the end of the resources.
 std::span<const std::byte> templateBytes(LPCDLGTEMPLATEW address)
 {
     const std::span<const std::byte> image = resources::image();
@@ -28,13 +26,14 @@ std::span<const std::byte> templateBytes(LPCDLGTEMPLATEW address)
     return image.subspan(static_cast<std::size_t>(first - image.data()));
 }
 
-/// What the template's position is told from.
+/// The point that the template's position counts from.
 POINT originFor(const DialogTemplate &description, HWND owner)
 {
     if ((description.style & DS_ABSALIGN) != 0) {
         return {0, 0};
     }
-    POINT origin{0, shell::titleBarHeight};
+    const RECT area = user::shellInUse().workArea();
+    POINT origin{area.left, area.top};
     if (owner) {
         origin = {0, 0};
         ClientToScreen(owner, &origin);
@@ -51,7 +50,7 @@ void createControls(HWND dialog, const DialogTemplate &description, HINSTANCE in
                             control.style | WS_CHILD, rect.left, rect.top, rect.right - rect.left,
                             rect.bottom - rect.top, dialog,
                             HMENU{static_cast<std::uint32_t>(control.id)}, instance, nullptr);
-        DialogData *data = dataOf(dialog);
+        DialogData *data = dialogData(dialog);
         if (data && made && (SendMessageW(made, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) != 0) {
             data->defaultId = control.id;
         }
@@ -65,7 +64,7 @@ HWND createHidden(const DialogTemplate &description, HINSTANCE instance, HWND ow
     const POINT origin = originFor(description, owner);
     const RECT &rect = description.rect;
     const HWND dialog =
-        CreateWindowExW(description.exStyle, className.data(), description.caption.c_str(),
+        CreateWindowExW(description.exStyle, dialogClass.data(), description.caption.c_str(),
                         (description.style | WS_POPUP) & ~(WS_VISIBLE | WS_CHILD),
                         origin.x + rect.left, origin.y + rect.top, rect.right - rect.left,
                         rect.bottom - rect.top, owner, {}, instance, nullptr);
@@ -85,7 +84,7 @@ void open(HWND dialog, LPARAM parameter)
 {
     const HWND first = GetNextDlgTabItem(dialog, {}, FALSE);
     const LRESULT defaultFocus = SendMessageW(dialog, WM_INITDIALOG, first.value, parameter);
-    const DialogData *data = dataOf(dialog);
+    const DialogData *data = dialogData(dialog);
     if (!data || data->result) {
         return;
     }
@@ -99,13 +98,13 @@ void open(HWND dialog, LPARAM parameter)
 /// Handles messages until the dialog is ended or gone.
 INT_PTR loop(HWND dialog, Preview preview)
 {
-    while (const DialogData *data = dataOf(dialog)) {
+    while (const DialogData *data = dialogData(dialog)) {
         if (data->result) {
             return *data->result;
         }
         MSG message;
         if (GetMessageW(&message, {}, 0, 0) == 0) {
-            PostQuitMessage(static_cast<int>(message.wParam)); // for the loop outside of this
+            PostQuitMessage(static_cast<int>(message.wParam)); // for the outer loop
             return 0;
         }
         if ((preview && preview(dialog, message)) || IsDialogMessageW(dialog, &message) != FALSE) {
@@ -117,10 +116,10 @@ INT_PTR loop(HWND dialog, Preview preview)
     return 0;
 }
 
-/// The control that had the focus last gets it back, or the first that can have it.
+/// Gives the focus to the control that had it last, else to the first that can have it.
 void restoreFocus(HWND dialog)
 {
-    DialogData *data = dataOf(dialog);
+    DialogData *data = dialogData(dialog);
     if (!data) {
         return;
     }
@@ -142,7 +141,7 @@ void erase(HWND dialog, HDC dc)
     RECT rect;
     GetClientRect(dialog, &rect);
     theme::fill(dc, rect, theme::page);
-    const DialogData *data = dataOf(dialog);
+    const DialogData *data = dialogData(dialog);
     if (data && !data->fullScreen) {
         theme::drawFrame(dc, rect, theme::frame);
     }
@@ -170,8 +169,8 @@ LRESULT handleByDefault(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
-/// Gives the activation back to the window that had it before the dialog; one that was never shown
-/// has only taken the focus.
+/// Activates the window that was active before the dialog. A dialog that was never shown has only
+/// taken the focus.
 void giveBack(HWND dialog, HWND back)
 {
     const HWND active = GetActiveWindow();
@@ -187,7 +186,7 @@ void giveBack(HWND dialog, HWND back)
 
 } // namespace
 
-DialogData *dataOf(HWND window) { return controls::dataOf<DialogData>(window); }
+DialogData *dialogData(HWND window) { return dataOf<DialogData>(window); }
 
 HWND dialogOf(HWND control)
 {
@@ -222,7 +221,7 @@ INT_PTR runModal(const DialogTemplate &description, HINSTANCE instance, HWND own
 void focusMoved(HWND window)
 {
     const HWND dialog = dialogOf(window);
-    DialogData *data = dataOf(dialog);
+    DialogData *data = dialogData(dialog);
     if (!data) {
         return;
     }
@@ -241,24 +240,25 @@ void focusMoved(HWND window)
 
 void fillScreen(HWND dialog)
 {
-    SetWindowPos(dialog, {}, 0, shell::titleBarHeight, gdi::screen().width,
-                 gdi::screen().height - shell::titleBarHeight, SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT area = user::shellInUse().workArea();
+    SetWindowPos(dialog, {}, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void registerClass() { user::registerSystemClass(className, DefDlgProcW); }
+void registerDialog() { user::registerSystemClass(dialogClass, DefDlgProcW); }
 
-} // namespace dialogs
+} // namespace controls
 
 INT_PTR DialogBoxIndirectParamW(HINSTANCE module, LPCDLGTEMPLATEW dialogTemplate, HWND owner,
                                 DLGPROC procedure, LPARAM parameter)
 {
-    const auto description = dialogs::parseTemplate(dialogs::templateBytes(dialogTemplate));
-    return description ? dialogs::runModal(*description, module, owner, procedure, parameter) : -1;
+    const auto description = controls::parseTemplate(controls::templateBytes(dialogTemplate));
+    return description ? controls::runModal(*description, module, owner, procedure, parameter) : -1;
 }
 
 BOOL EndDialog(HWND dialog, INT_PTR result)
 {
-    dialogs::DialogData *data = dialogs::dataOf(dialog);
+    controls::DialogData *data = controls::dialogData(dialog);
     if (!data) {
         return FALSE;
     }
@@ -282,5 +282,5 @@ LRESULT DefDlgProcW(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
             return GetWindowLongW(dialog, DWL_MSGRESULT);
         }
     }
-    return dialogs::handleByDefault(dialog, message, wParam, lParam);
+    return controls::handleByDefault(dialog, message, wParam, lParam);
 }

@@ -1,32 +1,32 @@
-// The dialog manager's inside: what is kept with a dialog, and how one is made and run.
+// The dialog manager: what is kept with a dialog, and running one.
 #pragma once
 
 #include <optional>
 
 #include "controls/dialog_template.h"
-#include "user/window.h"
+#include "user/table.h"
 
-namespace dialogs {
+namespace controls {
 
-constexpr std::u16string_view className = u"Dialog";
+constexpr std::u16string_view dialogClass = u"Dialog";
 
 struct DialogData final : user::WindowData
 {
-    std::optional<INT_PTR> result; ///< what EndDialog was given first
+    std::optional<INT_PTR> result; ///< of the first EndDialog
     HWND lastFocus{};              ///< the control that has, or had, the focus
-    int defaultId = IDOK;          ///< what Enter stands for when no button has the focus
+    int defaultId = IDOK;          ///< the button that Enter presses when no button has the focus
     bool doneButton = false;       ///< SHIDIF_DONEBUTTON
     bool fullScreen = false;       ///< SHIDIF_SIZEDLGFULLSCREEN
     bool ownCaption = false;       ///< it draws its caption itself: a message box
 };
 
 /// Null when the window is no dialog.
-DialogData *dataOf(HWND window);
+DialogData *dialogData(HWND window);
 
-/// The parent of a control; none for a top-level window, whose owner may be a dialog, too.
+/// The parent of a control; none for a top-level window.
 HWND dialogOf(HWND control);
 
-/// Looks at a message before the dialog does; true when that is all that is to happen to it.
+/// Is called with each message before the dialog; true when the message needs no further handling.
 using Preview = bool (*)(HWND dialog, const MSG &message);
 
 /// Runs a dialog as DialogBoxIndirectParamW does. A dialog that is destroyed before its end, or
@@ -34,12 +34,12 @@ using Preview = bool (*)(HWND dialog, const MSG &message);
 INT_PTR runModal(const DialogTemplate &description, HINSTANCE instance, HWND owner,
                  DLGPROC procedure, LPARAM parameter, Preview preview = nullptr);
 
-/// The focus has come to this window: its dialog will give it back there, and its default push
-/// button may have changed.
+/// Notes that this window has the focus: its dialog restores it there later, and its default push
+/// button may change.
 void focusMoved(HWND window);
-/// Gives a full-screen dialog its place: the screen below the title bar.
+/// Makes a dialog fill the work area.
 void fillScreen(HWND dialog);
 
-void registerClass();
+void registerDialog();
 
-} // namespace dialogs
+} // namespace controls

@@ -1,5 +1,5 @@
-// What keys do in a dialog: they move the focus, press the default push button, or cancel, unless
-// the control with the focus wants them for itself.
+// Keys in a dialog: they move the focus, press the default push button, or cancel, unless the
+// control with the focus wants them.
 #include "controls/combobox.h"
 #include "controls/dialog.h"
 
@@ -34,11 +34,12 @@ void pressDefaultButton(HWND dialog)
             return;
         }
     }
-    const dialogs::DialogData *data = dialogs::dataOf(dialog);
+    const controls::DialogData *data = controls::dialogData(dialog);
     command(dialog, data ? data->defaultId : IDOK);
 }
 
-/// Returns false when the key is for the control, which is asked first, with the message at hand.
+/// Returns false when the key is for the control. WM_GETDLGCODE carries the message, so that the
+/// control can decide by it.
 bool handleKey(HWND dialog, const MSG &message)
 {
     const LRESULT wants = SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam,
@@ -56,7 +57,7 @@ bool handleKey(HWND dialog, const MSG &message)
     case VK_LEFT:
     case VK_UP:
     case VK_RIGHT:
-    case VK_DOWN: // the pad is all that most handhelds have to go round the controls with
+    case VK_DOWN: // most handhelds have no Tab key, only the pad
         if ((wants & DLGC_WANTARROWS) != 0) {
             return false;
         }
@@ -78,9 +79,9 @@ bool handleKey(HWND dialog, const MSG &message)
 BOOL IsDialogMessageW(HWND dialog, MSG *message)
 {
     if (message->message == WM_LBUTTONDOWN) {
-        comboboxes::closeListUnless(message->hwnd);
+        controls::closeListUnless(message->hwnd);
     }
-    if (message->hwnd != dialog && dialogs::dialogOf(message->hwnd) != dialog) {
+    if (message->hwnd != dialog && controls::dialogOf(message->hwnd) != dialog) {
         return FALSE;
     }
     if (message->message != WM_KEYDOWN || !handleKey(dialog, *message)) {

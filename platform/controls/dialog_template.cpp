@@ -1,15 +1,15 @@
-// Reads dialog templates: DLGTEMPLATE with its DLGITEMTEMPLATEs, and their extended forms.
+// Reads dialog templates: DLGTEMPLATE with its DLGITEMTEMPLATEs.
 #include "controls/dialog_template.h"
 
 #include <array>
 
 #include "base/byte_reader.h"
+#include "resources/image.h"
+#include "winbase.h"
 
-namespace dialogs {
+namespace controls {
 
 namespace {
-
-constexpr std::uint16_t ordinalFollows = 0xFFFF;
 
 constexpr int divided(int value, int multiplier, int divisor)
 {
@@ -21,41 +21,22 @@ constexpr int divided(int value, int multiplier, int divisor)
 constexpr std::array<std::u16string_view, 6> numberedClasses = {
     u"BUTTON", u"EDIT", u"STATIC", u"LISTBOX", u"SCROLLBAR", u"COMBOBOX"};
 
-struct TextOrNumber
+std::u16string className(const resources::Name &read)
 {
-    std::u16string text;
-    std::optional<std::uint16_t> number;
-};
-
-TextOrNumber readTextOrNumber(base::ByteReader &reader)
-{
-    const std::uint16_t first = reader.word();
-    if (first == ordinalFollows) {
-        return {{}, reader.word()};
-    }
-    return {first == 0 ? std::u16string{} : static_cast<char16_t>(first) + reader.text(), {}};
+    const std::size_t index = read.number - std::size_t{0x80};
+    return read.text.empty() && index < numberedClasses.size()
+               ? std::u16string(numberedClasses[index])
+               : read.text;
 }
 
-std::u16string className(const TextOrNumber &read)
+/// The number of a picture's resource becomes a text, "#" and its digits.
+std::u16string controlText(const resources::Name &read)
 {
-    if (!read.number) {
+    if (read.number == 0) {
         return read.text;
     }
-    const std::size_t index = *read.number - std::size_t{0x80};
-    return index < numberedClasses.size() ? std::u16string(numberedClasses[index])
-                                          : std::u16string{};
-}
-
-std::u16string controlText(const TextOrNumber &read)
-{
-    if (!read.number) {
-        return read.text;
-    }
-    std::u16string text = u"#";
-    for (const char digit : std::to_string(*read.number)) {
-        text += static_cast<char16_t>(digit);
-    }
-    return text;
+    WCHAR digits[33];
+    return u'#' + std::u16string(_itow(read.number, digits, 10));
 }
 
 RECT readRect(base::ByteReader &reader)
@@ -67,30 +48,18 @@ RECT readRect(base::ByteReader &reader)
     return {x, y, x + width, y + height};
 }
 
-ControlTemplate readControl(base::ByteReader &reader, bool extended)
+ControlTemplate readControl(base::ByteReader &reader)
 {
     ControlTemplate control;
     reader.align(4);
-    if (extended) {
-        reader.doubleWord(); // help identifier
-        control.exStyle = reader.doubleWord();
-        control.style = reader.doubleWord();
-    } else {
-        control.style = reader.doubleWord();
-        control.exStyle = reader.doubleWord();
-    }
+    control.style = reader.doubleWord();
+    control.exStyle = reader.doubleWord();
     control.rect = readRect(reader);
-    control.id = extended ? static_cast<int>(reader.doubleWord()) : reader.signedWord();
-    control.className = className(readTextOrNumber(reader));
-    control.text = controlText(readTextOrNumber(reader));
+    control.id = reader.signedWord();
+    control.className = className(resources::Name::read(reader));
+    control.text = controlText(resources::Name::read(reader));
     reader.skip(reader.word()); // creation data
     return control;
-}
-
-void skipFont(base::ByteReader &reader, bool extended)
-{
-    reader.skip(extended ? 6 : 2); // size; weight, italics and character set
-    reader.text();                 // there is only the system font
 }
 
 } // namespace
@@ -102,31 +71,21 @@ std::optional<DialogTemplate> parseTemplate(std::span<const std::byte> bytes)
 {
     base::ByteReader reader(bytes);
     DialogTemplate dialog;
-    const std::uint32_t first = reader.doubleWord();
-    const bool extended = first == 0xFFFF0001U;
-    if (extended) {
-        reader.doubleWord(); // help identifier
-        dialog.exStyle = reader.doubleWord();
-        dialog.style = reader.doubleWord();
-    } else {
-        dialog.style = first;
-        dialog.exStyle = reader.doubleWord();
-    }
+    dialog.style = reader.doubleWord();
+    dialog.exStyle = reader.doubleWord();
     const int count = reader.word();
     dialog.rect = readRect(reader);
-    readTextOrNumber(reader); // menu
-    readTextOrNumber(reader); // class
-    dialog.caption = readTextOrNumber(reader).text;
+    resources::Name::read(reader); // menu
+    resources::Name::read(reader); // class
+    dialog.caption = resources::Name::read(reader).text;
     if ((dialog.style & DS_SETFONT) != 0) {
-        skipFont(reader, extended);
+        reader.skip(2); // its size
+        reader.text();  // its name; there is only the system font
     }
     for (int i = 0; i < count && reader.good(); ++i) {
-        dialog.controls.push_back(readControl(reader, extended));
+        dialog.controls.push_back(readControl(reader));
     }
-    if (!reader.good()) {
-        return std::nullopt;
-    }
-    return dialog;
+    return reader.good() ? std::optional(dialog) : std::nullopt;
 }
 
-} // namespace dialogs
+} // namespace controls

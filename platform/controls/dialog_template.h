@@ -9,7 +9,7 @@
 
 #include "winuser.h"
 
-namespace dialogs {
+namespace controls {
 
 struct ControlTemplate
 {
@@ -35,7 +35,7 @@ struct DialogTemplate
 int pixelsAcross(int units);
 int pixelsDown(int units);
 
-/// Reads a template, of either form, at the beginning of `bytes`; none when it is cut short.
+/// Reads a template at the beginning of `bytes`; none when it is cut short.
 std::optional<DialogTemplate> parseTemplate(std::span<const std::byte> bytes);
 
-} // namespace dialogs
+} // namespace controls

@@ -1,9 +1,11 @@
 // EDIT and CAPEDIT: one line of text that scrolls sideways, with a caret and a selection. The text
-// itself is the window's; a CAPEDIT turns small letters to capitals as they come in.
+// itself is the window's. A CAPEDIT makes capitals of small letters as they are typed.
+#include "controls/edit.h"
+
 #include <algorithm>
 
 #include "aygshell.h"
-#include "controls/controls.h"
+#include "controls/control.h"
 #include "controls/theme.h"
 #include "controls/upper_case.h"
 
@@ -11,7 +13,8 @@ namespace controls {
 
 namespace {
 
-constexpr int margin = 4; ///< from the edge to the text, pixels
+constexpr int margin = 4;                  ///< from the edge to the text, pixels
+constexpr std::size_t longestText = 30000; ///< code units
 constexpr UINT caretTimer = 1;
 constexpr UINT caretPeriod = 500; ///< shown, and hidden, for so many milliseconds
 
@@ -19,8 +22,7 @@ struct EditData final : user::WindowData
 {
     std::size_t caret = 0;
     std::size_t anchor = 0; ///< the selection is between this and the caret
-    int scroll = 0;         ///< pixels of the text that have gone out to the left
-    std::size_t limit = 30000;
+    int scroll = 0;         ///< pixels of the text left of the visible part
     bool capitalises = false;
     bool everyWord = true;
     bool caretShown = false;
@@ -30,7 +32,7 @@ struct EditData final : user::WindowData
     std::size_t last() const { return std::max(caret, anchor); }
 };
 
-/// An edit box with all that its procedure's steps work on.
+/// An edit box as its procedure uses it.
 struct Edit
 {
     HWND handle;
@@ -64,7 +66,7 @@ std::size_t positionAt(const Edit &edit, LONG x)
     return edit.text.size();
 }
 
-/// Scrolls until the caret is in sight, and shows it.
+/// Scrolls until the caret is visible, and shows it.
 void update(Edit &edit)
 {
     EditData &data = edit.data;
@@ -124,11 +126,11 @@ void insert(Edit &edit, char16_t unit)
         return;
     }
     const std::size_t kept = edit.text.size() - (data.last() - data.first());
-    if (unit < u' ' || unit == 0x7F || kept >= data.limit) {
+    if (unit < u' ' || unit == 0x7F || kept >= longestText) {
         return;
     }
     if (data.capitalises && beginsWord(edit, data.first())) {
-        unit = user::upperCase(unit);
+        unit = upperCase(unit);
     }
     replaceSelection(edit, {&unit, 1});
 }
@@ -174,7 +176,7 @@ void stylus(Edit &edit, UINT message, LPARAM lParam)
     }
 }
 
-/// The text between two positions, which begins at `x`; returns where the next one begins.
+/// Draws the text between two positions, on the accent colour when it is selected.
 void paintRun(const Edit &edit, HDC dc, std::size_t from, std::size_t to, COLORREF colour)
 {
     const RECT client = clientRect(edit.handle);
@@ -244,14 +246,8 @@ void focusChanged(Edit &edit, bool gained)
 LRESULT handleOwn(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case EM_GETSEL:
-        return static_cast<LRESULT>(MAKELONG(static_cast<unsigned>(edit.data.first()),
-                                             static_cast<unsigned>(edit.data.last())));
     case EM_SETSEL:
         return select(edit, wParam, lParam);
-    case EM_LIMITTEXT:
-        edit.data.limit = wParam;
-        return 0;
     case CEM_UPCASEALLWORDS:
         edit.data.everyWord = wParam != 0;
         return 0;

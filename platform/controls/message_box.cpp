@@ -1,4 +1,4 @@
-// Message boxes: dialogs made up on the spot, as large as their text needs.
+// Message boxes: dialogs as large as their text needs.
 #include <algorithm>
 #include <array>
 #include <span>
@@ -7,8 +7,8 @@
 #include "controls/theme.h"
 #include "gdi/screen.h"
 #include "host/current.h"
-#include "shell/shell.h"
 #include "user/message.h"
+#include "user/shell_interface.h"
 
 namespace {
 
@@ -48,13 +48,13 @@ std::span<const Button> buttonsOf(UINT type)
 
 // Layout -------------------------------------------------------------------------------------
 
-dialogs::ControlTemplate control(const char16_t *className, std::u16string text, DWORD style,
-                                 int id, const RECT &rect)
+controls::ControlTemplate control(const char16_t *className, std::u16string text, DWORD style,
+                                  int id, const RECT &rect)
 {
     return {className, std::move(text), style | WS_VISIBLE, 0, id, rect};
 }
 
-void addButtons(dialogs::DialogTemplate &box, std::span<const Button> buttons, LONG top)
+void addButtons(controls::DialogTemplate &box, std::span<const Button> buttons, LONG top)
 {
     const int count = static_cast<int>(buttons.size());
     const LONG row = count * buttonWidth + (count - 1) * buttonGap;
@@ -68,8 +68,10 @@ void addButtons(dialogs::DialogTemplate &box, std::span<const Button> buttons, L
     }
 }
 
-/// Caption, picture and text side by side, and a row of buttons, in the middle of the screen.
-dialogs::DialogTemplate layOut(const std::u16string &text, const std::u16string &caption, UINT type)
+/// Lays out the caption, the icon beside the text, and a row of buttons, in the middle of the
+/// screen.
+controls::DialogTemplate layOut(const std::u16string &text, const std::u16string &caption,
+                                UINT type)
 {
     const gdi::Screen &screen = gdi::screen();
     const int textLeft = padding + ((type & iconMask) != 0 ? iconSize + padding : 0);
@@ -84,12 +86,13 @@ dialogs::DialogTemplate layOut(const std::u16string &text, const std::u16string 
     const LONG buttonsTop = bodyTop + body + padding;
     const LONG height = buttonsTop + buttonHeight + padding;
 
-    dialogs::DialogTemplate box;
+    controls::DialogTemplate box;
     box.caption = caption;
     box.style = WS_POPUP | WS_CAPTION | DS_ABSALIGN;
     box.exStyle = (type & MB_TOPMOST) != 0 ? WS_EX_TOPMOST : 0;
     const LONG left = (screen.width - width) / 2;
-    const LONG top = shell::titleBarHeight + (screen.height - shell::titleBarHeight - height) / 2;
+    const RECT area = user::shellInUse().workArea();
+    const LONG top = area.top + (area.bottom - area.top - height) / 2;
     box.rect = {left, top, left + width, top + height};
     const LONG textTop = bodyTop + (body - size.cy) / 2;
     box.controls.push_back(control(u"STATIC", text, SS_LEFT | SS_NOPREFIX, -1,
@@ -113,36 +116,17 @@ void drawSign(HDC dc, const RECT &rect, const char16_t *sign, COLORREF colour)
     DeleteObject(font);
 }
 
-void drawPicture(HDC dc, UINT type)
+void drawIcon(HDC dc, UINT type)
 {
     const LONG top = captionHeight + padding;
     const RECT rect{padding, top, padding + iconSize, top + iconSize};
     const POINT centre{rect.left + iconSize / 2, rect.top + iconSize / 2};
-    switch (type & iconMask) {
-    case MB_ICONQUESTION:
+    if ((type & iconMask) == MB_ICONQUESTION) {
         theme::drawDisc(dc, centre, iconSize / 2, theme::question);
         drawSign(dc, rect, u"?", theme::accentText);
-        break;
-    case MB_ICONINFORMATION:
+    } else if ((type & iconMask) == MB_ICONINFORMATION) {
         theme::drawDisc(dc, centre, iconSize / 2, theme::information);
         drawSign(dc, rect, u"i", theme::accentText);
-        break;
-    case MB_ICONHAND:
-        theme::drawDisc(dc, centre, iconSize / 2, theme::stop);
-        theme::fill(dc, {rect.left + 6, centre.y - 2, rect.right - 6, centre.y + 3},
-                    theme::accentText);
-        break;
-    case MB_ICONEXCLAMATION:
-        for (LONG row = 0; row < iconSize - 2; ++row) {
-            theme::fill(dc,
-                        {centre.x - row / 2, rect.top + 1 + row, centre.x + row / 2 + 1,
-                         rect.top + 2 + row},
-                        theme::warning);
-        }
-        drawSign(dc, {rect.left, rect.top + 8, rect.right, rect.bottom}, u"!", theme::text);
-        break;
-    default:
-        break;
     }
 }
 
@@ -157,7 +141,7 @@ void paint(HWND box, UINT type)
     theme::drawText(
         painting.dc(), user::find(box)->text, {padding, 1, rect.right - padding, captionHeight},
         DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX, theme::titleText, theme::Weight::Bold);
-    drawPicture(painting.dc(), type);
+    drawIcon(painting.dc(), type);
 }
 
 // Behaviour ----------------------------------------------------------------------------------
@@ -178,7 +162,7 @@ INT_PTR CALLBACK boxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lPar
     switch (message) {
     case WM_INITDIALOG:
         SetWindowLongW(box, DWL_USER, lParam);
-        dialogs::dataOf(box)->ownCaption = true;
+        controls::dialogData(box)->ownCaption = true;
         return TRUE;
     case WM_PAINT:
         paint(box, static_cast<UINT>(GetWindowLongW(box, DWL_USER)));
@@ -191,12 +175,12 @@ INT_PTR CALLBACK boxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lPar
     }
 }
 
-/// Y and N answer a question of Yes and No.
+/// Y and N answer a Yes-No question.
 bool previewKey(HWND box, const MSG &message)
 {
     const int id = message.wParam == 'Y' ? IDYES : message.wParam == 'N' ? IDNO : 0;
     if (message.message != WM_KEYDOWN || id == 0 || !GetDlgItem(box, id) ||
-        dialogs::dialogOf(message.hwnd) != box)
+        controls::dialogOf(message.hwnd) != box)
     {
         return false;
     }
@@ -213,11 +197,11 @@ int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
     }
     const std::u16string textShown = text ? text : u"";
     const std::u16string captionShown = caption ? caption : u"";
-    dialogs::DialogTemplate box = layOut(textShown, captionShown, type);
+    controls::DialogTemplate box = layOut(textShown, captionShown, type);
     if (!owner) { // nothing of the program is disabled, so the box must stay in sight
         box.exStyle |= WS_EX_TOPMOST;
     }
     host::current().messageBoxOpened(captionShown, textShown);
     return static_cast<int>(
-        dialogs::runModal(box, {}, owner, boxProcedure, static_cast<LPARAM>(type), previewKey));
+        controls::runModal(box, {}, owner, boxProcedure, static_cast<LPARAM>(type), previewKey));
 }

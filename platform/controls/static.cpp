@@ -1,5 +1,7 @@
 // STATIC: a text, or a picture of the program's resources.
-#include "controls/controls.h"
+#include "controls/static.h"
+
+#include "controls/control.h"
 #include "controls/theme.h"
 
 namespace controls {
@@ -58,7 +60,7 @@ void paint(const user::Window &window, const StaticData &data)
     }
     const DWORD type = window.style & typeMask;
     UINT flags = DT_WORDBREAK;
-    flags |= type == SS_CENTER ? DT_CENTER : type == SS_RIGHT ? DT_RIGHT : DT_LEFT;
+    flags |= type == SS_CENTER ? DT_CENTER : DT_LEFT;
     flags |= (window.style & SS_NOPREFIX) != 0 ? DT_NOPREFIX : 0;
     theme::drawText(painting.dc(), window.text, rect, flags,
                     window.enabled() ? theme::text : theme::textGrayed);

@@ -1,12 +1,12 @@
-// The strokes of the handheld's look. Brushes and fonts live for one stroke only, so that nothing
-// of the system is among the objects that a program may have forgotten.
+// Drawing in the handheld's look. Brushes and fonts live for one call only, so that a list of
+// objects that a program forgot to delete shows none of the system's.
 #include "controls/theme.h"
 
 namespace theme {
 
 namespace {
 
-/// The system font of a weight, selected for the life of this.
+/// Selects the system font in a weight, and the previous font at its end.
 class SelectedFont
 {
 public:
@@ -82,11 +82,10 @@ void drawDisc(HDC dc, POINT centre, int radius, COLORREF colour)
     }
 }
 
-void drawArrow(HDC dc, POINT centre, int rows, bool down, COLORREF colour)
+void drawArrow(HDC dc, POINT centre, COLORREF colour)
 {
-    for (int row = 0; row < rows; ++row) {
-        const int half = down ? rows - 1 - row : row;
-        const LONG y = centre.y - rows / 2 + row;
+    for (int half = 3; half >= 0; --half) {
+        const LONG y = centre.y + 1 - half;
         fill(dc, {centre.x - half, y, centre.x + half + 1, y + 1}, colour);
     }
 }

@@ -1,4 +1,4 @@
-// The look of the handheld: every colour of its windows and the few strokes they are drawn with.
+// The look of the handheld: the colours of its windows and the functions that draw them.
 #pragma once
 
 #include <string_view>
@@ -12,7 +12,7 @@ constexpr COLORREF titleUpper = RGB(40, 88, 176); ///< the title bar's upper hal
 constexpr COLORREF titleLower = RGB(24, 60, 140); ///< and its lower half
 constexpr COLORREF titleEdge = RGB(8, 24, 72);    ///< the line below it
 constexpr COLORREF titleText = RGB(255, 255, 255);
-constexpr COLORREF gleam = RGB(160, 208, 255); ///< a light upon deep blue
+constexpr COLORREF gleam = RGB(160, 208, 255); ///< of the star in the title bar
 
 constexpr COLORREF page = RGB(255, 255, 255);
 constexpr COLORREF text = RGB(16, 20, 40);
@@ -28,8 +28,6 @@ constexpr COLORREF accentText = RGB(255, 255, 255);
 
 constexpr COLORREF question = RGB(32, 88, 192);
 constexpr COLORREF information = RGB(24, 120, 168);
-constexpr COLORREF warning = RGB(248, 184, 24);
-constexpr COLORREF stop = RGB(200, 32, 40);
 
 enum class Weight
 {
@@ -44,15 +42,15 @@ void drawFrame(HDC dc, const RECT &rect, COLORREF colour);
 void drawFace(HDC dc, const RECT &rect, COLORREF outline, COLORREF upper, COLORREF lower);
 /// A filled circle.
 void drawDisc(HDC dc, POINT centre, int radius, COLORREF colour);
-/// A triangle that points down (or up), `2 * rows - 1` pixels wide, its middle at `centre`.
-void drawArrow(HDC dc, POINT centre, int rows, bool down, COLORREF colour);
-/// The light that stands for the shell: a star of four rays.
+/// A triangle that points down, 7 pixels wide and 4 high, its middle at `centre`.
+void drawArrow(HDC dc, POINT centre, COLORREF colour);
+/// The star of four rays at the left of the title bar.
 void drawGleam(HDC dc, POINT centre, COLORREF colour);
 
-/// In the system font, on what is there already; `flags` as DrawTextW takes them.
+/// In the system font, without a background; `flags` as DrawTextW takes them.
 void drawText(HDC dc, std::u16string_view string, RECT rect, UINT flags, COLORREF colour,
               Weight weight = Weight::Regular);
-/// What a text needs when its lines are broken to be at most `width` pixels long.
+/// The size of a text whose lines are broken at `width` pixels.
 SIZE measureText(std::u16string_view string, int width, UINT flags,
                  Weight weight = Weight::Regular);
 

@@ -1,9 +1,9 @@
 // Capital letters of the scripts that the handheld's fonts have: Latin, Greek, Cyrillic.
 #pragma once
 
-namespace user {
+namespace controls {
 
-/// Small letters that are as far behind their capitals; `step` 2: every other one of them.
+/// A run of small letters at the same distance from their capitals; `step` 2: every other one.
 struct SmallLetters
 {
     char16_t first;
@@ -12,7 +12,7 @@ struct SmallLetters
     int step = 1;
 };
 
-/// In an order in which the first match counts.
+/// The first match counts.
 inline constexpr SmallLetters smallLetters[] = {
     {u'a', u'z', 32},     {0xE0, 0xF6, 32},     {0xF8, 0xFE, 32},     {0xFF, 0xFF, -121},
     {0x131, 0x131, 232},  {0x101, 0x137, 1, 2}, {0x13A, 0x148, 1, 2}, {0x14B, 0x177, 1, 2},
@@ -32,4 +32,4 @@ constexpr char16_t upperCase(char16_t unit)
     return unit;
 }
 
-} // namespace user
+} // namespace controls

@@ -1,4 +1,4 @@
-// Making, loading and describing bitmaps, brushes and pens.
+// Creating, loading and describing bitmaps and brushes.
 #include <cstring>
 #include <new>
 #include <utility>
@@ -70,14 +70,6 @@ HBITMAP LoadBitmapW(HINSTANCE, LPCWSTR name)
 HBRUSH CreateSolidBrush(COLORREF colour)
 {
     return {{gdi::insert(std::make_unique<gdi::Brush>(gdi::toPixel(colour)))}};
-}
-
-HPEN CreatePen(int style, int, COLORREF colour)
-{
-    if (style != PS_SOLID) {
-        return {};
-    }
-    return {{gdi::insert(std::make_unique<gdi::Pen>(gdi::toPixel(colour)))}};
 }
 
 int GetObjectW(HGDIOBJ object, int size, void *description)

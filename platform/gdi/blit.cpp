@@ -12,14 +12,14 @@ struct Size
 };
 
 /// Calls `draw(raster, part, source raster, source corner)` for every rectangle that can be
-/// copied: inside what the source has and where the target may draw.
+/// copied: inside the source and where the target may draw.
 template <class Draw>
 void transfer(const DeviceContext &target, POINT to, Size size, const DeviceContext &source,
               POINT from, const Draw &draw)
 {
     const Extent picture = extentOf(source);
     const RECT asked{to.x, to.y, to.x + size.width, to.y + size.height};
-    // What the source has, seen in the target's coordinates.
+    // The source in the target's coordinates.
     const RECT there =
         moved(picture.bounds, to.x - from.x - picture.origin.x, to.y - from.y - picture.origin.y);
     paint(target, intersection(asked, there),
@@ -30,13 +30,6 @@ void transfer(const DeviceContext &target, POINT to, Size size, const DeviceCont
           });
 }
 
-BOOL blacken(const DeviceContext &dc, int x, int y, Size size)
-{
-    paint(dc, {x, y, x + size.width, y + size.height},
-          [](const Raster &raster, POINT, const RECT &part) { fill(raster, part, 0); });
-    return TRUE;
-}
-
 } // namespace
 
 } // namespace gdi
@@ -45,14 +38,9 @@ BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sou
             DWORD operation)
 {
     const auto *to = gdi::find<gdi::DeviceContext>(target.value);
-    if (!to || !gdi::inReach(x, y, width, height, sourceX, sourceY)) {
-        return FALSE;
-    }
-    if (operation == BLACKNESS) {
-        return gdi::blacken(*to, x, y, {width, height});
-    }
     const auto *from = gdi::find<gdi::DeviceContext>(source.value);
-    if (!from || operation != SRCCOPY) {
+    if (!to || !from || operation != SRCCOPY ||
+        !gdi::inReach(x, y, width, height, sourceX, sourceY)) {
         return FALSE;
     }
     gdi::transfer(*to, {x, y}, {width, height}, *from, {sourceX, sourceY}, gdi::copy);

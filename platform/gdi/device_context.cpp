@@ -1,4 +1,6 @@
-// Device contexts: their making and end, what is selected in them, their settings.
+// Device contexts: creation, selection, settings.
+#include "gdi/device_context.h"
+
 #include <utility>
 
 #include "gdi/canvas.h"
@@ -9,7 +11,7 @@ namespace {
 
 void retain(Object &object, const DeviceContext &by)
 {
-    object.selections++;
+    ++object.selections;
     if (object.kind == Kind::Bitmap) {
         static_cast<Bitmap &>(object).selectedIn = &by;
     }
@@ -28,12 +30,12 @@ void releaseAll(const Settings &settings)
 {
     for (Object *object : settings.selected) {
         if (object) {
-            object->selections--;
+            --object->selections;
         }
     }
 }
 
-/// Selects what a new device context starts with; `bitmap` is null for the screen.
+/// Selects the objects that a new device context starts with; `bitmap` is null for the screen.
 HDC open(std::unique_ptr<DeviceContext> dc, Object *bitmap)
 {
     DeviceContext &opened = *dc;
@@ -56,7 +58,7 @@ void close(const DeviceContext &dc)
     erase(dc.handle.value);
 }
 
-/// A bitmap has one place only: one device context at a time, and never the screen.
+/// A bitmap can be selected in one device context at a time, and never in one on the screen.
 bool mayTake(const DeviceContext &dc, const Object &object)
 {
     if (object.kind != Kind::Bitmap) {
@@ -110,7 +112,7 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ object)
     }
     gdi::Object *&place = context->settings.selected[static_cast<std::size_t>(chosen->kind)];
     gdi::retain(*chosen, *context);
-    place->selections--;
+    --place->selections;
     return std::exchange(place, chosen)->handle;
 }
 
@@ -179,10 +181,4 @@ COLORREF SetTextColor(HDC dc, COLORREF colour)
 {
     auto *context = gdi::find<gdi::DeviceContext>(dc.value);
     return context ? std::exchange(context->settings.textColour, colour) : CLR_INVALID;
-}
-
-COLORREF SetBkColor(HDC dc, COLORREF colour)
-{
-    auto *context = gdi::find<gdi::DeviceContext>(dc.value);
-    return context ? std::exchange(context->settings.backgroundColour, colour) : CLR_INVALID;
 }

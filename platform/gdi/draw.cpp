@@ -1,4 +1,4 @@
-// Filled rectangles and single pixels.
+// Filled and framed rectangles.
 #include "gdi/canvas.h"
 
 namespace gdi {
@@ -11,11 +11,6 @@ void fillRect(const DeviceContext &dc, const RECT &rect, std::optional<Pixel> pi
         paint(dc, rect,
               [=](const Raster &raster, POINT, const RECT &part) { fill(raster, part, *pixel); });
     }
-}
-
-void setPixel(const DeviceContext &dc, LONG x, LONG y, Pixel pixel)
-{
-    fillRect(dc, {x, y, x + 1, y + 1}, pixel);
 }
 
 /// A border one pixel wide, inside the rectangle.
@@ -54,29 +49,4 @@ BOOL Rectangle(HDC dc, int left, int top, int right, int bottom)
     gdi::fillRect(*context, rect, context->selected<gdi::Brush>().pixel);
     gdi::frameRect(*context, rect, context->selected<gdi::Pen>().pixel);
     return TRUE;
-}
-
-COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour)
-{
-    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
-    if (!context || !gdi::inReach(x, y)) {
-        return CLR_INVALID;
-    }
-    gdi::setPixel(*context, x, y, gdi::toPixel(colour));
-    return gdi::toColour(gdi::toPixel(colour));
-}
-
-COLORREF GetPixel(HDC dc, int x, int y)
-{
-    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
-    if (!context || !gdi::inReach(x, y)) {
-        return CLR_INVALID;
-    }
-    const gdi::Extent extent = gdi::extentOf(*context);
-    const LONG column = x + extent.origin.x;
-    const LONG row = y + extent.origin.y;
-    if (!PtInRect(&extent.bounds, {column, row})) {
-        return CLR_INVALID;
-    }
-    return gdi::toColour(*extent.raster.at(column, row));
 }

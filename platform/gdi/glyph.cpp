@@ -20,8 +20,8 @@ using Group = std::array<std::uint64_t, 2>;
 constexpr std::array<Group, 256> makeMasks()
 {
     std::array<Group, 256> masks{};
-    for (unsigned byte = 0; byte < masks.size(); byte++) {
-        for (unsigned i = 0; i < pixelsPerByte; i++) {
+    for (unsigned byte = 0; byte < masks.size(); ++byte) {
+        for (unsigned i = 0; i < pixelsPerByte; ++i) {
             const std::uint64_t mask = (byte << i & 0x80U) != 0 ? 0xFFFF : 0;
             masks[byte][i / 4] |= mask << i % 4 * 16;
         }
@@ -50,9 +50,9 @@ void drawWhole(const Raster &raster, const Glyph &glyph, const std::uint8_t *bit
     const std::uint64_t inks = ink * std::uint64_t{0x0001'0001'0001'0001};
     const LONG bytes = rowBytes(glyph);
     const int pitch = raster.width;
-    for (LONG i = 0; i < bytes; i++) {
+    for (LONG i = 0; i < bytes; ++i) {
         Pixel *target = raster.at(corner.x + i * pixelsPerByte, corner.y);
-        for (int row = 0; row < glyph.height; row++) {
+        for (int row = 0; row < glyph.height; ++row) {
             inkGroup(target + row * pitch, masks[bits[row * bytes + i]], inks);
         }
     }
@@ -63,9 +63,9 @@ void drawPart(const Raster &raster, const RECT &part, const Glyph &glyph, const 
 {
     const RECT box{corner.x, corner.y, corner.x + glyph.width, corner.y + glyph.height};
     const RECT inside = intersection(box, part);
-    for (LONG y = inside.top; y < inside.bottom; y++) {
+    for (LONG y = inside.top; y < inside.bottom; ++y) {
         const std::uint8_t *row = bits + std::ptrdiff_t{y - corner.y} * rowBytes(glyph);
-        for (LONG x = inside.left; x < inside.right; x++) {
+        for (LONG x = inside.left; x < inside.right; ++x) {
             const LONG column = x - corner.x;
             if ((row[column / pixelsPerByte] << column % pixelsPerByte & 0x80) != 0) {
                 *raster.at(x, y) = ink;

@@ -85,7 +85,7 @@ void erase(std::uint32_t handle)
     slot.object.reset();
     // A slot that has used up its generations stays empty for good.
     if (slot.generation < lastGeneration) {
-        slot.generation++;
+        ++slot.generation;
         freeSlot(index);
     }
 }

@@ -1,7 +1,7 @@
 // The objects behind the drawing handles, and the one table that finds them.
 //
-// A handle is a slot of the table and the slot's generation at that time, so a handle that has
-// outlived its object never names the next one in the slot.
+// A handle is a slot of the table and the slot's generation at that time, so the handle of a
+// deleted object never finds the next one in the slot.
 #pragma once
 
 #include <array>
@@ -19,7 +19,7 @@
 
 namespace gdi {
 
-/// The kinds that can be selected come first: a device context keeps one of each.
+/// The selectable kinds come first: a device context has one of each selected.
 enum class Kind : std::uint8_t
 {
     Bitmap,
@@ -35,7 +35,7 @@ struct Object
     Kind kind;
     bool stock = false; ///< always there, never deleted
     HGDIOBJ handle{};   ///< given by the table
-    int selections = 0; ///< in how many places of device contexts, saved ones included
+    int selections = 0; ///< by device contexts, saved states included
 
     explicit Object(Kind itsKind) : kind(itsKind) {}
     virtual ~Object() = default;
@@ -43,8 +43,7 @@ struct Object
     Object &operator=(const Object &) = delete;
 };
 
-/// Every bitmap holds pixels of the display's format; one that came from a resource remembers
-/// how the resource stored them, which is what programs are told.
+/// Every bitmap holds pixels of the display's format. `storedBits` is what GetObjectW reports.
 struct Bitmap final : Object
 {
     static constexpr Kind kindOf = Kind::Bitmap;
@@ -68,7 +67,7 @@ private:
 struct Brush final : Object
 {
     static constexpr Kind kindOf = Kind::Brush;
-    std::optional<Pixel> pixel; ///< none: it leaves no trace
+    std::optional<Pixel> pixel; ///< none: it draws nothing
 
     explicit Brush(std::optional<Pixel> itsPixel) : Object(kindOf), pixel(itsPixel) {}
 };
@@ -76,7 +75,7 @@ struct Brush final : Object
 struct Pen final : Object
 {
     static constexpr Kind kindOf = Kind::Pen;
-    std::optional<Pixel> pixel; ///< none: it leaves no trace
+    std::optional<Pixel> pixel; ///< none: it draws nothing
 
     explicit Pen(std::optional<Pixel> itsPixel) : Object(kindOf), pixel(itsPixel) {}
 };
@@ -97,7 +96,6 @@ struct Settings
 {
     std::array<Object *, selectableKinds> selected{}; ///< by kind; no bitmap on the screen
     COLORREF textColour = RGB(0, 0, 0);
-    COLORREF backgroundColour = RGB(255, 255, 255);
     int backgroundMode = OPAQUE;
     RECT clip = everywhere; ///< logical coordinates
 };
@@ -113,19 +111,19 @@ struct DeviceContext final : Object
     DeviceContext(const ScreenArea *itsArea, const std::optional<Region> &itsWithin)
         : Object(kindOf), area(itsArea), within(itsWithin)
     {}
-    /// The selected object of a kind: never none, but for a bitmap on the screen.
+    /// The selected object of a kind. There is always one, except a bitmap on the screen.
     template <class T>
     const T &selected() const;
 };
 
 // The table ----------------------------------------------------------------------------------
 
-/// Takes an object in and returns the number for its handle; 0 when the table is full.
+/// Adds an object and returns the value of its handle; 0 when the table is full.
 std::uint32_t insert(std::unique_ptr<Object> object);
 /// The object of a handle; null when there is none.
 Object *findObject(std::uint32_t handle);
 void erase(std::uint32_t handle);
-/// Goes through the objects. The visitor may erase the one it is given.
+/// Calls `visitor` for each object, which it may erase.
 void visitObjects(const std::function<void(const Object &)> &visitor);
 
 /// The object of that kind behind a handle; null when there is none.

@@ -26,7 +26,7 @@ struct Pitches
 /// a call or a loop.
 void copyNarrow(Pixel *target, const Pixel *picture, LONG width, LONG height, Pitches pitches)
 {
-    for (LONG y = 0; y < height; y++) {
+    for (LONG y = 0; y < height; ++y) {
         Pixel *to = target + y * pitches.target;
         const Pixel *from = picture + y * pitches.picture;
         Group left;
@@ -45,7 +45,7 @@ void copyGroup(Pixel *target, const Pixel *picture, Pixel transparent)
     Group fresh;
     std::memcpy(old.data(), target, sizeof old);
     std::memcpy(fresh.data(), picture, sizeof fresh);
-    for (std::size_t i = 0; i < fresh.size(); i++) {
+    for (std::size_t i = 0; i < fresh.size(); ++i) {
         const auto keep = static_cast<Pixel>(fresh[i] == transparent ? 0xFFFF : 0);
         fresh[i] = static_cast<Pixel>((old[i] & keep) | (fresh[i] & ~keep));
     }
@@ -56,7 +56,7 @@ void copyGroup(Pixel *target, const Pixel *picture, Pixel transparent)
 
 void fill(const Raster &raster, const RECT &part, Pixel pixel)
 {
-    for (LONG y = part.top; y < part.bottom; y++) {
+    for (LONG y = part.top; y < part.bottom; ++y) {
         std::fill(raster.at(part.left, y), raster.at(part.right, y), pixel);
     }
 }
@@ -81,7 +81,7 @@ void copy(const Raster &to, const RECT &part, const Raster &from, POINT source)
         copyNarrow(target, picture, width, height, pitches);
         return;
     }
-    for (LONG y = 0; y < height; y++) {
+    for (LONG y = 0; y < height; ++y) {
         std::memmove(target + y * pitches.target, picture + y * pitches.picture, bytes(width));
     }
 }
@@ -100,7 +100,7 @@ void copyTransparent(const Raster &to, const RECT &part, const Raster &from, POI
         for (; x <= width - groupSize; x += groupSize) {
             copyGroup(target + x, picture + x, transparent);
         }
-        for (; x < width; x++) {
+        for (; x < width; ++x) {
             target[x] = picture[x] == transparent ? target[x] : picture[x];
         }
     }

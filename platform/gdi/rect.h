@@ -7,7 +7,7 @@
 
 namespace gdi {
 
-/// Coordinates that drawing accepts: far beyond any bitmap, and sums of a few of them still fit.
+/// The largest coordinate that drawing accepts: beyond any bitmap, and sums of a few still fit.
 constexpr LONG farthest = 1 << 27;
 constexpr RECT everywhere{-farthest, -farthest, farthest, farthest};
 
@@ -41,11 +41,6 @@ constexpr RECT moved(const RECT &r, LONG dx, LONG dy)
 constexpr RECT grown(const RECT &r, LONG by)
 {
     return {r.left - by, r.top - by, r.right + by, r.bottom + by};
-}
-
-constexpr bool same(const RECT &a, const RECT &b)
-{
-    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
 
 /// Whether all of `inner`, which is not empty, lies in `outer`.

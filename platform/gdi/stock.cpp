@@ -1,4 +1,5 @@
-// The stock objects.
+// The stock objects, all of the system's: their number decides which handles a program gets, and a
+// game's record holds two.
 #include "gdi/font.h"
 #include "gdi/objects.h"
 

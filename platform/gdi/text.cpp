@@ -16,8 +16,8 @@ struct Letter
     bool underlined = false;
 };
 
-/// Goes through a text letter by letter. With prefixes an ampersand is none of them: it
-/// underlines the next, and two stand for one.
+/// Goes through a text letter by letter. With prefixes '&' underlines the next letter, and "&&" is
+/// a literal '&'.
 class Letters
 {
 public:
@@ -34,7 +34,7 @@ public:
         return Letter{character, marked && character != u'&'};
     }
 
-    /// How many code units have been gone through.
+    /// The code units read so far.
     std::size_t position() const { return at_; }
 
 private:
@@ -43,7 +43,7 @@ private:
     std::size_t at_ = 0;
 };
 
-/// How a text is to be laid out and with what.
+/// The font and layout of a text.
 struct Style
 {
     const Strike &strike;
@@ -62,15 +62,15 @@ LONG widthOf(const Style &style, std::u16string_view text)
     return width;
 }
 
-/// Cuts the end of a line off: CR LF, or one of them.
+/// Removes the end of a line: CR LF, or one of them.
 void skipLineEnd(std::u16string_view &text)
 {
     const std::size_t units = text.substr(0, 2) == u"\r\n" ? 2 : 1;
     text.remove_prefix(std::min(units, text.size()));
 }
 
-/// How many code units of the line fit the width: up to a space, or to the end of the line.
-/// A word wider than that is not cut.
+/// The number of code units of the line that fit the width: up to a space, or to the end of the
+/// line. A word that is wider is not cut.
 std::size_t fittingLength(const Style &style, std::u16string_view line)
 {
     std::size_t wordsEnd = 0;
@@ -92,7 +92,7 @@ std::size_t fittingLength(const Style &style, std::u16string_view line)
     return line.size();
 }
 
-/// Takes the next line off the text.
+/// Removes the next line from the text and returns it.
 std::u16string_view takeLine(const Style &style, std::u16string_view &text)
 {
     if (style.oneLine) {
@@ -105,7 +105,7 @@ std::u16string_view takeLine(const Style &style, std::u16string_view &text)
         skipLineEnd(text);
         return line;
     }
-    // The spaces at which it breaks belong to neither line.
+    // The spaces at the break belong to neither line.
     text.remove_prefix(std::min(text.find_first_not_of(u' ', fitting), text.size()));
     return line.substr(0, fitting);
 }
@@ -136,13 +136,13 @@ void drawLine(const DeviceContext &dc, const Style &style, std::u16string_view l
     paint(dc, reach, [&](const Raster &raster, POINT origin, const RECT &part) {
         const RECT there = moved(cell, origin.x, origin.y);
         if (dc.settings.backgroundMode == OPAQUE) {
-            fill(raster, intersection(part, there), toPixel(dc.settings.backgroundColour));
+            fill(raster, intersection(part, there), toPixel(RGB(255, 255, 255)));
         }
         drawLetters(raster, part, style, line, there, ink);
     });
 }
 
-/// Where a line of that size begins inside the rectangle.
+/// The upper left corner of a line of that size in the rectangle.
 POINT lineCorner(const RECT &rect, SIZE line, UINT flags)
 {
     POINT corner{rect.left, rect.top};
@@ -151,12 +151,8 @@ POINT lineCorner(const RECT &rect, SIZE line, UINT flags)
     } else if (flags & DT_CENTER) {
         corner.x += (rect.right - rect.left - line.cx) / 2;
     }
-    if (flags & DT_SINGLELINE) {
-        if (flags & DT_BOTTOM) {
-            corner.y = rect.bottom - line.cy;
-        } else if (flags & DT_VCENTER) {
-            corner.y += (rect.bottom - rect.top - line.cy) / 2;
-        }
+    if ((flags & DT_SINGLELINE) && (flags & DT_VCENTER)) {
+        corner.y += (rect.bottom - rect.top - line.cy) / 2;
     }
     return corner;
 }
@@ -210,16 +206,5 @@ BOOL GetTextExtentPoint32W(HDC dc, LPCWSTR text, int length, SIZE *size)
     }
     const gdi::Style style{context->selected<gdi::Font>().strike, false, true, std::nullopt};
     *size = {gdi::widthOf(style, gdi::viewOf(text, length)), style.strike.height()};
-    return TRUE;
-}
-
-BOOL GetTextMetricsW(HDC dc, TEXTMETRICW *metrics)
-{
-    const auto *context = gdi::find<gdi::DeviceContext>(dc.value);
-    if (!context || !metrics) {
-        return FALSE;
-    }
-    const gdi::Strike &strike = context->selected<gdi::Font>().strike;
-    *metrics = {strike.height(), strike.ascent, strike.descent, strike.averageWidth, strike.widest};
     return TRUE;
 }

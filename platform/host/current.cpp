@@ -1,4 +1,4 @@
-// Keeps the host in use, and gives programs its clock.
+// Keeps the host in use, whose clock is the program's.
 #include "host/current.h"
 
 #include "winbase.h"

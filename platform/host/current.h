@@ -5,9 +5,9 @@
 
 namespace host {
 
-/// The host that the handheld was switched on with; it must be on.
+/// The host that the handheld was switched on with; only while it is on.
 Host &current();
-/// Called when the handheld is switched on, and with null when it is switched off.
+/// Called when the handheld is switched on, and with nullptr when it is switched off.
 void setCurrent(Host *host);
 
 } // namespace host

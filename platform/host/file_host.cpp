@@ -1,8 +1,8 @@
-// The part of a host that is made of files and processes.
+// Reports the first problem with the store.
 #include "host/file_host.h"
 
 #include <cstdio>
-#include <string>
+#include <utility>
 
 namespace host {
 
@@ -12,22 +12,9 @@ FileHost::FileHost(const std::filesystem::path &storeFolder)
 
 std::optional<std::vector<std::byte>> FileHost::loadStore()
 {
-    auto bytes = store_.load();
-    reportStoreOnce();
+    auto [bytes, problem] = store_.load();
+    worked(problem);
     return bytes;
-}
-
-bool FileHost::saveStore(std::span<const std::byte> bytes)
-{
-    const bool saved = store_.save(bytes);
-    reportStoreOnce();
-    return saved;
-}
-
-void FileHost::setStoreAside()
-{
-    store_.setAside();
-    reportStoreOnce();
 }
 
 void FileHost::report(std::string_view line)
@@ -35,12 +22,12 @@ void FileHost::report(std::string_view line)
     std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());
 }
 
-void FileHost::reportStoreOnce()
+bool FileHost::worked(const Problem &problem)
 {
-    if (!store_.problem().empty() && !storeReported_) {
-        storeReported_ = true;
-        report("the settings and the game are not kept: " + store_.problem());
+    if (problem && !std::exchange(problemReported_, true)) {
+        report("the settings and the game are not kept: " + *problem);
     }
+    return !problem;
 }
 
 } // namespace host

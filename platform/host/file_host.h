@@ -1,5 +1,5 @@
-// What all hosts have in common that run on a system with files and processes: the store, the
-// lock on it, and the standard error stream.
+// What the hosts with files and processes share: the store, its lock, and the standard error
+// stream.
 #pragma once
 
 #include <filesystem>
@@ -14,12 +14,12 @@ namespace host {
 class FileHost : public Host
 {
 public:
-    /// The folder should exist; without it the program runs and nothing outlives it.
+    /// The folder should exist; without it the program runs, but nothing is kept.
     explicit FileHost(const std::filesystem::path &storeFolder);
 
     std::optional<std::vector<std::byte>> loadStore() final;
-    bool saveStore(std::span<const std::byte> bytes) final;
-    void setStoreAside() final;
+    bool saveStore(std::span<const std::byte> bytes) final { return worked(store_.save(bytes)); }
+    void setStoreAside() final { worked(store_.setAside()); }
     bool runsElsewhere() final { return !lock_.take(); }
     void raiseOther() final { lock_.nudgeHolder(); }
     void report(std::string_view line) final;
@@ -28,11 +28,11 @@ protected:
     const std::filesystem::path &storeFolder() const { return store_.folder(); }
 
 private:
-    void reportStoreOnce();
+    bool worked(const Problem &problem);
 
     StoreFile store_;
     ProcessLock lock_;
-    bool storeReported_ = false;
+    bool problemReported_ = false;
 };
 
 } // namespace host

@@ -1,9 +1,8 @@
-// Help by way of xdg-open. The browser reads the page when it likes, so the file stays.
+// Help through xdg-open. The browser may read the page at any time, so the file stays.
 #include "host/help_page.h"
 
 #include <cctype>
 #include <csignal>
-#include <cstring>
 #include <fstream>
 
 #include <spawn.h>
@@ -27,15 +26,15 @@ std::string fileUrl(const std::filesystem::path &file)
     return url;
 }
 
-/// Starts a program that goes its own way. Returns an error number, 0 for none.
+/// Starts a program that nobody waits for. Returns an error number, 0 for none.
 int start(const char *program, const std::string &argument)
 {
-    struct sigaction reapThemselves
+    struct sigaction action
     {
     };
-    reapThemselves.sa_handler = SIG_DFL;
-    reapThemselves.sa_flags = SA_NOCLDWAIT;
-    sigaction(SIGCHLD, &reapThemselves, nullptr);
+    action.sa_handler = SIG_DFL;
+    action.sa_flags = SA_NOCLDWAIT;
+    sigaction(SIGCHLD, &action, nullptr);
     std::string words[] = {program, argument};
     char *const arguments[] = {words[0].data(), words[1].data(), nullptr};
     pid_t process = 0;
@@ -44,8 +43,8 @@ int start(const char *program, const std::string &argument)
 
 } // namespace
 
-std::string openHelpPage(const std::filesystem::path &folder, std::span<const std::byte> page,
-                         std::string_view anchor)
+Problem openHelpPage(const std::filesystem::path &folder, std::span<const std::byte> page,
+                     std::string_view anchor)
 {
     const std::filesystem::path file = folder / "help.html";
     std::ofstream out(file, std::ios::binary);
@@ -56,10 +55,9 @@ std::string openHelpPage(const std::filesystem::path &folder, std::span<const st
         return "the help page could not be written to " + file.string();
     }
     const int error = start("xdg-open", fileUrl(file) + '#' + std::string(anchor));
-    if (error != 0) {
-        return "the help page is " + file.string() + " (xdg-open: " + std::strerror(error) + ")";
-    }
-    return {};
+    return error == 0 ? std::nullopt
+                      : Problem("the help page is " + file.string() + " (" +
+                                fileProblem("xdg-open", error) + ")");
 }
 
 } // namespace host

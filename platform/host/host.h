@@ -1,10 +1,10 @@
 // The host: everything that the handheld needs from the machine it runs on, and that differs
-// between a desktop, a test and a browser. Below this line the handheld knows nothing; above it
-// a host knows nothing of the program.
+// between a desktop, a test and a browser. The handheld knows nothing else of the machine, and a
+// host knows nothing of the program.
 //
-// A host gives: a clock and events to wait for, a screen, a loudspeaker, one file of bytes that
-// outlives the process, a way to show a help page, and a word to the user. All calls come from
-// one thread.
+// A host has a clock and events to wait for, a screen, a loudspeaker, one file of bytes that
+// outlives the process, a way to show a help page, and a way to report to the user. All calls come
+// from one thread.
 #pragma once
 
 #include <cstddef>
@@ -23,7 +23,7 @@ struct Event
     {
         KeyDown,    ///< `key`, `control`, `shift`
         KeyUp,      ///< `key`
-        Text,       ///< `text`: a character typed, whatever keys made it
+        Text,       ///< `text`: a character was typed, with whatever keys
         StylusDown, ///< `x`, `y`
         StylusMove, ///< `x`, `y`, only while the stylus is down
         StylusUp,   ///< `x`, `y`
@@ -41,7 +41,7 @@ struct Event
     std::uint16_t key = 0; ///< virtual-key code, 1 to 254
     bool control = false;  ///< the Ctrl key is held as well
     bool shift = false;    ///< the Shift key is held as well
-    bool escape = false;   ///< `key` is what a keyboard's Esc stands for; a dialog takes it as Esc
+    bool escape = false;   ///< the key is a keyboard's Esc, which cancels dialogs and menus
     char16_t text = 0;
     int x = 0;           ///< screen pixels, from the left
     int y = 0;           ///< screen pixels, from the top
@@ -99,16 +99,17 @@ public:
     virtual void describeProgram(std::u16string_view title, const Icon &icon) = 0;
     /// Brings the host's own window to the front, out of the task bar if need be.
     virtual void raise() = 0;
-    /// Typed characters are wanted as Text events (an edit box has the focus), or no longer.
+    /// An edit box has got or lost the focus. While one has it, typed characters are wanted as Text
+    /// events.
     virtual void wantText(bool wanted) = 0;
 
     // Sound: unsigned 8-bit mono samples, 22,050 a second -----------------------------------------
 
     virtual bool hasLoudspeaker() = 0;
-    /// False when the loudspeaker cannot be had.
+    /// False when there is no loudspeaker to open.
     virtual bool openLoudspeaker() = 0;
     virtual void closeLoudspeaker() = 0;
-    /// Queues samples behind those that still play. They stay in place until they were played.
+    /// Queues samples behind those that still play. The caller keeps the memory until then.
     virtual void playSamples(std::span<const std::uint8_t> samples) = 0;
     /// Silence at once; nothing stays queued.
     virtual void dropSamples() = 0;
@@ -117,18 +118,18 @@ public:
 
     // The store: one file, registry.reg ----------------------------------------------------------
 
-    /// What was stored last; nothing when there is no store yet.
+    /// What was stored last; none when there is no store yet.
     virtual std::optional<std::vector<std::byte>> loadStore() = 0;
     /// Replaces the store: afterwards, whatever happens, it holds the old bytes or the new ones.
-    /// False when it could not; the host has then told the user, the first time.
+    /// False when that failed; the host then reports it to the user, the first time.
     virtual bool saveStore(std::span<const std::byte> bytes) = 0;
-    /// Keeps the present store under the name registry.reg.bad, out of the way of the next save.
+    /// Keeps the present store under the name registry.reg.bad, so that no save replaces it.
     virtual void setStoreAside() = 0;
 
     // Other processes -----------------------------------------------------------------------------
 
-    /// Whether another process is running the program on the same store. When none is, this one
-    /// holds the store from now on.
+    /// Whether another process runs the program on the same store. When none does, this one holds
+    /// the store from now on.
     virtual bool runsElsewhere() = 0;
     /// Brings that other process's window to the front.
     virtual void raiseOther() = 0;
@@ -136,19 +137,15 @@ public:
     /// name and `anchor` the place in it. False when it cannot be shown.
     virtual bool showHelp(std::u16string_view program, std::u16string_view arguments,
                           std::span<const std::byte> document, std::u16string_view anchor) = 0;
-    /// Tells the user something about the program's surroundings, one line of UTF-8 without its
-    /// end: on a terminal the standard error stream.
+    /// Reports to the user what went wrong around the program, one line of UTF-8 without its end:
+    /// on a terminal, on the standard error stream.
     virtual void report(std::string_view line) = 0;
 
-    // For hosts that watch the program; nothing needs to be done
-    // -----------------------------------
+    // For hosts that watch the program; the others do nothing
+    // ---------------------------------------
 
-    /// A message box has opened.
-    virtual void messageBoxOpened(std::u16string_view caption, std::u16string_view text)
-    {
-        (void)caption;
-        (void)text;
-    }
+    /// A message box has opened, with that caption and text.
+    virtual void messageBoxOpened(std::u16string_view, std::u16string_view) {}
     /// The program's main window, the first it made, has handled a WM_TIMER.
     virtual void timerHandled() {}
 };

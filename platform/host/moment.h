@@ -2,6 +2,7 @@
 // their signed distance, so they must be less than 2^31 ms, some 24 days, apart.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 namespace host {
@@ -13,5 +14,11 @@ constexpr std::int32_t distance(std::uint32_t from, std::uint32_t to)
 }
 
 constexpr bool isBefore(std::uint32_t a, std::uint32_t b) { return distance(b, a) < 0; }
+
+/// Milliseconds from now until a moment; 0 when it has passed.
+constexpr std::int32_t remaining(std::uint32_t now, std::uint32_t moment)
+{
+    return std::max(0, distance(now, moment));
+}
 
 } // namespace host

@@ -1,5 +1,4 @@
-// The screen's pixel format, 5-6-5 bits of red, green and blue, and its way to and from 8 bits
-// each.
+// The screen's pixel format, 5-6-5 bits of red, green and blue, to and from 8 bits each.
 #pragma once
 
 #include <cstdint>

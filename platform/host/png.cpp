@@ -3,9 +3,6 @@
 
 #include "host/pixel.h"
 
-#include <cerrno>
-#include <cstring>
-
 #include <png.h>
 
 namespace host {
@@ -26,17 +23,16 @@ std::vector<png_byte> expand(const Frame &frame)
 
 } // namespace
 
-std::string writePng(const std::filesystem::path &file, const Frame &frame)
+Problem writePng(const std::filesystem::path &file, const Frame &frame)
 {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(frame.width);
     image.height = static_cast<png_uint_32>(frame.height);
     image.format = PNG_FORMAT_RGB;
-    if (png_image_write_to_file(&image, file.c_str(), 0, expand(frame).data(), 0, nullptr) != 0) {
-        return {};
-    }
-    return file.string() + ": " + image.message;
+    const int written =
+        png_image_write_to_file(&image, file.c_str(), 0, expand(frame).data(), 0, nullptr);
+    return written != 0 ? std::nullopt : Problem(file.string() + ": " + image.message);
 }
 
 } // namespace host

@@ -2,14 +2,13 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
 
 #include "host/host.h"
+#include "host/problem.h"
 
 namespace host {
 
-/// Writes the frame as an 8-bit RGB PNG, always the same bytes for the same pixels. Returns why
-/// it could not, or an empty text.
-std::string writePng(const std::filesystem::path &file, const Frame &frame);
+/// Writes the frame as an 8-bit RGB PNG, always the same bytes for the same pixels.
+[[nodiscard]] Problem writePng(const std::filesystem::path &file, const Frame &frame);
 
 } // namespace host

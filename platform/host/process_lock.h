@@ -1,33 +1,32 @@
 // One process at a time on a store: a lock that ends with the process that holds it, however
-// that ends, and a nudge for whoever holds it.
+// that ends, and a signal that asks that process to show itself.
 #pragma once
 
 #include <csignal>
 #include <filesystem>
 
+#include "host/descriptor.h"
+
 namespace host {
 
-/// What a nudged process gets. A process that is not prepared for it does not notice.
+/// What nudgeHolder sends. A process that does not listen for it ignores it.
 constexpr int nudgeSignal = SIGURG;
 
 class ProcessLock
 {
 public:
     /// The lock is on the file "lock" in `folder`; nothing is touched yet.
-    explicit ProcessLock(const std::filesystem::path &folder);
-    ProcessLock(const ProcessLock &) = delete;
-    ProcessLock &operator=(const ProcessLock &) = delete;
-    ~ProcessLock();
+    explicit ProcessLock(const std::filesystem::path &folder) : file_(folder / "lock") {}
 
-    /// Takes the lock unless another process holds it. False only then: where locks cannot be
-    /// had at all (a folder that cannot be written), this process may as well go on.
+    /// Takes the lock unless another process holds it, and only then returns false: in a folder
+    /// that cannot be locked at all, every process may go on.
     bool take();
     /// Sends nudgeSignal to the process that holds the lock.
     void nudgeHolder();
 
 private:
     std::filesystem::path file_;
-    int descriptor_ = -1;
+    Descriptor descriptor_;
 };
 
 } // namespace host

@@ -1,9 +1,7 @@
-// Writing the script. Its last line may be a `wait` that grows in place while time passes, so that
-// every moment is told before the program works in it.
+// Writes the script. Its last line may be a `wait` that grows in place while time passes, so that a
+// moment is in the file before the program does anything in it.
 #include "host/recording_host.h"
 
-#include <cerrno>
-#include <cstring>
 #include <utility>
 
 #include "host/moment.h"
@@ -15,15 +13,15 @@ std::string keyDown(const Event &event)
 {
     std::string line = "key " + std::to_string(event.key) + " down";
     char joint = ' ';
-    const auto add = [&](bool is, const char *name) {
-        if (is) {
+    for (const auto &[isSet, name] :
+         {std::pair(event.control, "ctrl"), std::pair(event.shift, "shift"),
+          std::pair(event.escape, "esc")})
+    {
+        if (isSet) {
             line += std::exchange(joint, '+');
             line += name;
         }
-    };
-    add(event.control, "ctrl");
-    add(event.shift, "shift");
-    add(event.escape, "esc");
+    }
     return line;
 }
 
@@ -71,23 +69,20 @@ std::string commandFor(const Event &event)
 
 } // namespace
 
-RecordingHost::RecordingHost(Host &inner, std::filesystem::path file, bool turned)
-    : inner_(inner), name_(std::move(file)), told_(inner.ticks())
+Problem RecordingHost::begin(const std::filesystem::path &file, bool turned)
 {
-    std::error_code ignored;
-    if (std::filesystem::exists(name_, ignored)) {
-        problem_ = name_.string() + ": is there already";
-        return;
+    name_ = file;
+    written_ = inner_.ticks();
+    if (std::error_code ignored; std::filesystem::exists(file, ignored)) {
+        return name_ + ": exists already";
     }
-    file_.open(name_, std::ios::binary);
-    file_ << "# clock " << told_ << (turned ? "\n# landscape\n" : "\n") << std::flush;
+    file_.open(file, std::ios::binary);
+    file_ << "# clock " << written_ << (turned ? "\n# landscape\n" : "\n") << std::flush;
     end_ = file_.tellp();
-    if (!file_) {
-        problem_ = name_.string() + ": " + std::strerror(errno);
-    }
+    return file_ ? std::nullopt : Problem(fileProblem(name_));
 }
 
-/// A machine that was held up skips moments, and the timers that were due in them.
+/// After a long delay the host skips moments, and the timers that were due in them.
 std::optional<Event> RecordingHost::wait(std::optional<std::uint32_t> deadline)
 {
     const std::uint32_t before = ticks();
@@ -96,64 +91,62 @@ std::optional<Event> RecordingHost::wait(std::optional<std::uint32_t> deadline)
     }
     const auto event = inner_.wait(deadline);
     if (event) {
-        tellTime(ticks());
-        tell(commandFor(*event));
+        writeTime(ticks());
+        writeCommand(commandFor(*event));
     } else if (ticks() == *deadline) {
-        tellTime(ticks());
+        writeTime(ticks());
     } else {
-        tellTime(before);
-        tell("jump " + std::to_string(ticks() - before));
+        writeTime(before);
+        writeCommand("jump " + std::to_string(ticks() - before));
     }
     return event;
 }
 
-/// What the program reads first is what was there when it started.
 std::optional<std::vector<std::byte>> RecordingHost::loadStore()
 {
     auto bytes = inner_.loadStore();
     if (bytes && !storeCopied_) {
-        std::ofstream copy(name_.string() + ".reg", std::ios::binary);
+        std::ofstream copy(name_ + ".reg", std::ios::binary);
         copy.write(reinterpret_cast<const char *>(bytes->data()),
                    static_cast<std::streamsize>(bytes->size()));
         copy.close();
         if (!copy) {
-            report(name_.string() + ".reg: " + std::strerror(errno));
+            report(fileProblem(name_ + ".reg"));
         }
     }
     storeCopied_ = true;
     return bytes;
 }
 
-/// Passed time is told by one line that is written anew while nothing happens. The clock wraps, so
-/// one line tells less than half of its range.
-void RecordingHost::tellTime(std::uint32_t moment)
+/// While nothing happens, one line grows. The clock wraps, so a line ends before half of its range
+/// has passed.
+void RecordingHost::writeTime(std::uint32_t moment)
 {
     constexpr std::uint32_t longest = 1U << 30U;
     file_.seekp(end_);
-    if (moment != told_) {
-        file_ << "wait " << moment - told_ << '\n';
+    if (moment != written_) {
+        file_ << "wait " << moment - written_ << '\n';
     }
-    if (moment - told_ >= longest) {
+    if (moment - written_ >= longest) {
         end_ = file_.tellp();
-        told_ = moment;
+        written_ = moment;
     }
     finishWriting();
 }
 
-void RecordingHost::tell(const std::string &command)
+void RecordingHost::writeCommand(const std::string &command)
 {
     file_ << command << '\n';
     end_ = file_.tellp();
-    told_ = ticks();
+    written_ = ticks();
     finishWriting();
 }
 
 void RecordingHost::finishWriting()
 {
     file_.flush();
-    if (!file_ && problem_.empty()) {
-        problem_ = name_.string() + ": " + std::strerror(errno);
-        report("the record ends here: " + problem_);
+    if (!file_ && !std::exchange(failed_, true)) {
+        report("the record ends here: " + fileProblem(name_));
     }
 }
 

@@ -1,5 +1,5 @@
-// Tells a game exactly: a host around another one that writes what the user does, and when, as a
-// script for the pilot, on which the program then does the same again.
+// Records a game exactly: a host around another one that writes what the user does, and when, as a
+// script with which the pilot does the same again.
 #pragma once
 
 #include <filesystem>
@@ -7,24 +7,25 @@
 #include <string>
 
 #include "host/host.h"
+#include "host/problem.h"
 
 namespace host {
 
 class RecordingHost final : public Host
 {
 public:
-    /// Records what happens on `inner` from its present moment on. `file` must not exist yet. It
-    /// begins with the clock, and with the display when that is turned, as comments that the pilot
-    /// reads; the store as the program found it goes to the same name with ".reg" behind it. The
-    /// file is whole at every moment at which the program works, so also when it crashes.
-    RecordingHost(Host &inner, std::filesystem::path file, bool turned);
+    explicit RecordingHost(Host &inner) : inner_(inner) {}
 
-    /// Why nothing is recorded, or an empty text.
-    const std::string &problem() const { return problem_; }
+    /// Begins the record, before the program runs; on failure the host must not be used. `file`
+    /// must not exist yet. It begins with the clock, and with the display when that is turned, as
+    /// comments that the pilot reads; the store as the program first reads it goes to the same
+    /// name with ".reg" behind it. The file is complete whenever the program works, so it survives
+    /// a crash.
+    [[nodiscard]] Problem begin(const std::filesystem::path &file, bool turned);
 
     std::uint32_t ticks() const override { return inner_.ticks(); }
-    /// Events come only when the program has done all it could, as they do on the pilot: a look
-    /// for one that is there already finds none.
+    /// Gives an event only when the program has nothing left to do, as the pilot does: with a
+    /// deadline that is not ahead it returns none.
     std::optional<Event> wait(std::optional<std::uint32_t> deadline) override;
     std::optional<std::vector<std::byte>> loadStore() override;
 
@@ -64,17 +65,17 @@ public:
     void timerHandled() override { inner_.timerHandled(); }
 
 private:
-    void tellTime(std::uint32_t moment);
-    void tell(const std::string &command);
+    void writeTime(std::uint32_t moment);
+    void writeCommand(const std::string &command);
     void finishWriting();
 
     Host &inner_;
-    std::filesystem::path name_;
+    std::string name_;
     std::ofstream file_;
-    std::string problem_;
-    std::streampos end_; ///< of the lines that will not change any more
-    std::uint32_t told_; ///< the moment up to which they tell
+    std::streampos end_;        ///< of the lines that will not change any more
+    std::uint32_t written_ = 0; ///< the moment that those lines reach
     bool storeCopied_ = false;
+    bool failed_ = false;
 };
 
 } // namespace host

@@ -1,55 +1,33 @@
-// The store on disk. Plain POSIX calls, for the order of events on the disk is the point.
+// The store on disk. POSIX calls, because the order in which things reach the disk matters.
 #include "host/store_file.h"
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
-#include <fstream>
 #include <system_error>
 #include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "host/descriptor.h"
+
 namespace host {
 namespace {
 
-/// An open file descriptor.
-class Descriptor
-{
-public:
-    Descriptor(const std::filesystem::path &file, int flags)
-        : number_(open(file.c_str(), flags | O_CLOEXEC, 0666))
-    {}
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-    ~Descriptor() { close(); }
-
-    int number() const { return number_; }
-    bool close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
-
-private:
-    int number_;
-};
-
-bool writeAll(int descriptor, std::span<const std::byte> bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t count = write(descriptor, bytes.data(), bytes.size());
-        if (count < 0 && errno != EINTR) {
-            return false;
-        }
-        bytes = bytes.subspan(static_cast<std::size_t>(count < 0 ? 0 : count));
-    }
-    return true;
-}
-
-/// Leaves errno of the step that failed.
+/// errno is that of the step that failed.
 bool writeToDisk(const std::filesystem::path &file, std::span<const std::byte> bytes)
 {
     Descriptor target(file, O_WRONLY | O_CREAT | O_TRUNC);
-    return target.number() >= 0 && writeAll(target.number(), bytes) &&
-           fsync(target.number()) == 0 && target.close();
+    return target && target.writeAll(bytes) && fsync(target.number()) == 0 && target.close();
+}
+
+/// A name that no file has: `name` with the first free number behind it.
+std::string numbered(const std::string &name)
+{
+    int number = 1;
+    while (std::filesystem::exists(name + '.' + std::to_string(number))) {
+        ++number;
+    }
+    return name + '.' + std::to_string(number);
 }
 
 } // namespace
@@ -58,83 +36,62 @@ StoreFile::StoreFile(std::filesystem::path folder)
     : folder_(std::move(folder)), file_(folder_ / "registry.reg")
 {}
 
-std::string StoreFile::makeFolder() const
+Problem StoreFile::makeFolder() const
 {
     std::error_code error;
     std::filesystem::create_directories(folder_, error);
     if (!error && !std::filesystem::is_directory(folder_, error) && !error) {
         error = std::make_error_code(std::errc::not_a_directory);
     }
-    return error ? folder_.string() + ": " + error.message() : std::string();
+    return error ? Problem(fileProblem(folder_, error.value())) : std::nullopt;
 }
 
-std::optional<std::vector<std::byte>> StoreFile::load()
+Result<std::optional<std::vector<std::byte>>> StoreFile::load()
 {
-    std::error_code error;
-    const auto status = std::filesystem::status(file_, error);
-    if (status.type() == std::filesystem::file_type::not_found) {
-        return std::nullopt;
+    const Descriptor file(file_, O_RDONLY);
+    if (!file && errno == ENOENT) {
+        return {};
     }
-    std::ifstream in(file_, std::ios::binary);
-    std::vector<std::byte> bytes;
-    char block[4096];
-    while (in.read(block, sizeof block) || in.gcount() > 0) {
-        const auto part = std::as_bytes(std::span(block, static_cast<std::size_t>(in.gcount())));
-        bytes.insert(bytes.end(), part.begin(), part.end());
-    }
-    if (!in.is_open() || in.bad()) {
+    const auto text = file ? file.readAll() : std::nullopt;
+    if (!text) {
         protected_ = true;
-        fail(file_, errno);
-        return std::nullopt;
+        return {{}, fileProblem(file_)};
     }
-    return bytes;
+    const auto bytes = std::as_bytes(std::span(*text));
+    return {std::vector(bytes.begin(), bytes.end()), {}};
 }
 
-bool StoreFile::save(std::span<const std::byte> bytes)
+Problem StoreFile::save(std::span<const std::byte> bytes)
 {
     if (protected_) {
-        problem_ = file_.string() + ": left alone, for it could not be kept";
-        return false;
+        return file_.string() + ": left as it is, because no copy of it could be kept";
     }
     const std::filesystem::path fresh = file_.string() + ".new";
     if (!writeToDisk(fresh, bytes) || std::rename(fresh.c_str(), file_.c_str()) != 0) {
         const int error = errno;
         unlink(fresh.c_str());
-        return fail(file_, error);
+        return fileProblem(file_, error);
     }
-    // The name is safe only once the folder is; where that cannot be had, the bytes still are.
-    const Descriptor folder(folder_, O_RDONLY | O_DIRECTORY);
-    if (folder.number() >= 0) {
+    // The new name is safe once the folder is on the disk. Some file systems cannot do that; the
+    // bytes are safe all the same.
+    if (const Descriptor folder(folder_, O_RDONLY | O_DIRECTORY); folder) {
         fsync(folder.number());
     }
-    return true;
+    return std::nullopt;
 }
 
-bool StoreFile::setAside()
+Problem StoreFile::setAside()
 {
     const std::string bad = file_.string() + ".bad";
     std::error_code error;
     if (std::filesystem::exists(bad)) {
-        int number = 1;
-        while (std::filesystem::exists(bad + '.' + std::to_string(number))) {
-            ++number;
-        }
-        std::filesystem::rename(bad, bad + '.' + std::to_string(number), error);
+        std::filesystem::rename(bad, numbered(bad), error);
     }
     if (!error) {
         std::filesystem::rename(file_, bad, error);
     }
-    if (error) {
-        protected_ = true;
-        return fail(file_, error.value());
-    }
-    return true;
-}
-
-bool StoreFile::fail(const std::filesystem::path &file, int error)
-{
-    problem_ = file.string() + ": " + std::strerror(error);
-    return false;
+    protected_ = protected_ || error;
+    return error ? Problem(fileProblem(file_, error.value())) : std::nullopt;
 }
 
 } // namespace host

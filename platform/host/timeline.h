@@ -1,5 +1,5 @@
-// What has happened and what is due, in the order of time: the wait that every host with a real
-// clock has. Moments are milliseconds of the host's clock, whose count wraps.
+// Gives the program its events and deadlines in the order of time: the wait of every host with a
+// real clock. Moments are milliseconds of the host's clock, whose count wraps.
 #pragma once
 
 #include <cstdint>
@@ -16,12 +16,12 @@ class Timeline
 public:
     explicit Timeline(std::uint32_t now) : clock_(now) {}
 
-    /// The moment at which the program is.
+    /// The program's clock.
     std::uint32_t ticks() const { return clock_.ticks(); }
 
     void add(const Event &event, std::uint32_t moment) { events_.push_back({event, moment}); }
 
-    /// Host::wait. `now()` tells the host's clock; `sleep()` returns when an event was added or the
+    /// Host::wait. `now()` reads the host's clock; `sleep()` returns when an event was added or the
     /// deadline has come, or sooner.
     template <class Now, class Sleep>
     std::optional<Event> wait(std::optional<std::uint32_t> deadline, Now now, Sleep sleep)
@@ -48,13 +48,13 @@ private:
         std::uint32_t moment;
     };
 
-    /// Events and deadlines come in the order of their moments, even when both have passed.
+    /// Events and deadlines keep their order even when both have passed.
     bool hasEventBefore(std::optional<std::uint32_t> deadline) const
     {
         return !events_.empty() && (!deadline || isBefore(events_.front().moment, *deadline));
     }
 
-    /// A program that does not sleep stays where it is.
+    /// The clock moves on to the event only when the program sleeps.
     Event takeEvent(bool movesOn)
     {
         const Dated first = events_.front();

@@ -1,5 +1,5 @@
-// What a host that plays the user's part may look at: which windows there are and where on the
-// screen a tap reaches a control, a menu item, a button of the shell. Nothing is changed here.
+// A look at the windows for scripts and tests: which there are, and where on the screen a tap
+// reaches a control, a menu item or a button of the shell. Nothing is changed here.
 #pragma once
 
 #include <optional>
@@ -27,7 +27,7 @@ struct WindowView
 /// Every window, front to back, each followed by its children in template order.
 std::vector<WindowView> windows();
 
-/// A place that a tap reaches.
+/// Something that can be tapped.
 struct Target
 {
     POINT centre;
@@ -49,7 +49,8 @@ bool menuOpen();
 std::optional<Target> openListItem(int comboId, int index);
 /// The OK button of the title bar.
 std::optional<Target> okButton();
-/// What exists of the program's: "window CLASS", "timer 1 of CLASS", "menu", one line each.
+/// The program's windows, timers and menus: "window CLASS", "timer 1 of CLASS", "menu", a line
+/// each.
 std::vector<std::string> liveObjects();
 
 } // namespace inspect

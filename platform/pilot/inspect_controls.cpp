@@ -5,7 +5,7 @@
 #include "shell/menu_bar.h"
 #include "shell/title_bar.h"
 #include "user/menu.h"
-#include "user/window.h"
+#include "user/table.h"
 
 namespace inspect {
 
@@ -18,11 +18,11 @@ POINT centreOf(const RECT &rect)
 
 bool holds(HMENU menu, UINT command)
 {
-    const menus::Menu *found = menus::find(menu);
+    const user::Menu *found = user::findMenu(menu);
     if (!found) {
         return false;
     }
-    for (const menus::Item &item : found->items) {
+    for (const user::MenuItem &item : found->items) {
         if (!item.separator() && (item.id == command || holds(item.dropDown, command))) {
             return true;
         }
@@ -78,7 +78,7 @@ bool menuOpen() { return shell::menuIsOpen(); }
 
 std::optional<Target> openListItem(int comboId, int index)
 {
-    const auto rect = comboboxes::itemRect(GetDlgItem(GetActiveWindow(), comboId), index);
+    const auto rect = controls::listItemRect(GetDlgItem(GetActiveWindow(), comboId), index);
     return rect ? std::optional(Target{centreOf(*rect), true}) : std::nullopt;
 }
 

@@ -1,9 +1,9 @@
-// A look at the windows, and at what is left of the program's.
+// Lists the windows, and what exists of the program's objects.
 #include "pilot/inspect.h"
 
 #include "base/names.h"
-#include "user/manager.h"
 #include "user/menu.h"
+#include "user/table.h"
 #include "user/timer.h"
 
 namespace inspect {
@@ -42,7 +42,7 @@ std::vector<WindowView> windows()
     for (const user::Window *window : user::everyWindow()) {
         views.push_back({window->handle, depthOf(*window), window->windowClass->name, window->id,
                          window->rect, window->text, window->handle == GetActiveWindow(),
-                         !window->enabled(), !user::reallyShown(*window), selectionOf(*window)});
+                         !window->enabled(), !window->reallyShown(), selectionOf(*window)});
     }
     return views;
 }

@@ -1,60 +1,58 @@
-// Sets a run of the pilot up: the script, the store, the lives.
+// Sets a run up: the script, the store, the processes.
 #include "pilot/pilot.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <system_error>
 
 #include <fcntl.h>
 #include <unistd.h>
 
 #include "host/recording_host.h"
-#include "pilot/lives.h"
+#include "host/store_file.h"
 #include "pilot/player.h"
+#include "pilot/run_process.h"
+#include "pilot/script.h"
 
 namespace pilot {
 namespace {
 
-/// The folder of the store; one that was not asked for goes away in the end.
+/// The folder of the store; a temporary one is removed at the end.
 class StoreFolder
 {
 public:
-    explicit StoreFolder(const std::optional<std::filesystem::path> &wanted) : temporary_(!wanted)
-    {
-        if (wanted) {
-            path_ = *wanted;
-            problem_ = host::StoreFile(path_).makeFolder();
-            return;
-        }
-        std::string name = std::filesystem::temp_directory_path() / "glimra-pilot-XXXXXX";
-        if (!mkdtemp(name.data())) {
-            problem_ = name + ": " + std::strerror(errno);
-        }
-        path_ = name;
-    }
+    StoreFolder() = default;
     StoreFolder(const StoreFolder &) = delete;
     StoreFolder &operator=(const StoreFolder &) = delete;
     ~StoreFolder()
     {
-        if (temporary_ && problem_.empty()) {
-            std::error_code ignored;
-            std::filesystem::remove_all(path_, ignored);
+        std::error_code ignored;
+        std::filesystem::remove_all(temporary_, ignored);
+    }
+
+    /// Makes the folder; none: a temporary one.
+    host::Problem make(const std::optional<std::filesystem::path> &folder)
+    {
+        if (folder) {
+            path_ = *folder;
+            return host::StoreFile(path_).makeFolder();
         }
+        std::string name = std::filesystem::temp_directory_path() / "glimra-pilot-XXXXXX";
+        if (!mkdtemp(name.data())) {
+            return host::fileProblem(name);
+        }
+        path_ = temporary_ = name;
+        return std::nullopt;
     }
 
     const std::filesystem::path &path() const { return path_; }
-    const std::string &problem() const { return problem_; }
 
 private:
-    bool temporary_;
     std::filesystem::path path_;
-    std::string problem_;
+    std::filesystem::path temporary_; ///< empty: there is none
 };
 
-/// How the script begins, without taking it from the one who plays it; of a pipe, nothing.
+/// The first lines of the script, which stay to be read; of a pipe, none.
 std::string startOf(int script)
 {
     std::string start(256, '\0');
@@ -65,7 +63,7 @@ std::string startOf(int script)
 
 void copyRecordedStore(const std::string &script, const std::filesystem::path &folder)
 {
-    std::error_code ignored; // there need not be one
+    std::error_code ignored; // a script need not have one
     std::filesystem::copy_file(script + ".reg", folder / "registry.reg", ignored);
 }
 
@@ -82,31 +80,30 @@ int run(const Options &options, const handheld::Program &program, const Subject 
     const int script =
         options.script == "-" ? STDIN_FILENO : open(options.script.c_str(), O_RDONLY | O_CLOEXEC);
     if (script < 0) {
-        return complain(options.script + ": " + std::strerror(errno));
+        return complain(host::fileProblem(options.script));
     }
-    const StoreFolder store(options.store);
-    if (!store.problem().empty()) {
-        return complain(store.problem());
+    StoreFolder store;
+    if (const auto problem = store.make(options.store)) {
+        return complain(*problem);
     }
     if (!options.store) {
         copyRecordedStore(options.script, store.path());
     }
-    const Beginning beginning = readBeginning(startOf(script));
-    World first;
-    first.clock = options.clock.value_or(beginning.clock.value_or(1000));
-    first.orientation = options.landscape || beginning.landscape ? 1 : 0;
-    return runLives(first, [&](World &world, const Will &will) {
-        const bool isFirst = world.line == 0;
-        Player player(script, world, will, store.path(), subject);
-        std::optional<host::RecordingHost> recorder;
-        if (options.record && isFirst) {
-            recorder.emplace(player.host(), *options.record, first.orientation != 0);
-            if (!recorder->problem().empty()) {
-                will.finish(complain(recorder->problem()));
+    const ScriptHeader header = readHeader(startOf(script));
+    RunState first;
+    first.clock = options.clock.value_or(header.clock.value_or(1000));
+    first.orientation = options.landscape || header.landscape ? 1 : 0;
+    return runUntilFinished(first, [&](RunState &state, const Outcome &outcome) {
+        play(script, state, outcome, store.path(), subject, [&](host::Host &host) {
+            host::RecordingHost recorder(host);
+            const bool records = options.record && state.line == 0;
+            if (records) {
+                if (const auto problem = recorder.begin(*options.record, state.orientation != 0)) {
+                    outcome.finish(complain(*problem));
+                }
             }
-        }
-        host::Host &host = recorder ? *recorder : player.host();
-        player.programEnded(handheld::run(host, program, world.orientation));
+            return handheld::run(records ? recorder : host, program, state.orientation);
+        });
     });
 }
 

@@ -1,25 +1,13 @@
-// glimra-pilot's works: a program on the virtual handheld, played by a script.
+// Runs a program on the virtual handheld by a script.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <functional>
-#include <optional>
-#include <span>
-#include <string>
 
 #include "handheld.h"
+#include "pilot/subject.h"
 
 namespace pilot {
-
-/// What is known of the program: the object that the commands `state` and `trace` write and
-/// `check` looks over.
-struct Subject
-{
-    std::span<const std::byte> image;
-    std::function<std::optional<std::string>()> findFault; ///< what is wrong in it, if anything
-};
 
 struct Options
 {
@@ -32,7 +20,7 @@ struct Options
 
 /// Runs the script to its end. What the options leave open a recorded script says itself: the
 /// clock (else 1000), the display (else upright), and the store beside it, which is copied. A
-/// record ends where the program does or is started anew. Returns the exit status: 0, 1 for a file
+/// record ends where the program ends or restarts. Returns the exit status: 0, 1 for a file
 /// that cannot be read or written, 2 for a mistake in the script, 3 when the program crashed or a
 /// check found a fault.
 int run(const Options &options, const handheld::Program &program, const Subject &subject);

@@ -1,91 +1,20 @@
-// The player: carries out a script on the virtual handheld, one command at a time, each when the
-// program has done all it could and sleeps.
+// Carries out a script on the virtual handheld, one command at a time, each when the program has
+// nothing left to do and sleeps.
 #pragma once
 
-#include <cstddef>
-#include <deque>
-#include <fstream>
+#include <filesystem>
 #include <functional>
-#include <string>
 
-#include "host/pilot/pilot_host.h"
-#include "pilot/lives.h"
-#include "pilot/pilot.h"
-#include "pilot/script.h"
-#include "windef.h"
+#include "host/host.h"
+#include "pilot/run_process.h"
+#include "pilot/subject.h"
 
 namespace pilot {
 
-class Player
-{
-public:
-    /// Plays from the file descriptor `script` in `world`.
-    Player(int script, World &world, const Will &will, const std::filesystem::path &storeFolder,
-           const Subject &subject);
-
-    host::Host &host() { return host_; }
-    /// Goes on when the program has ended by itself: to the end of the script or its next start.
-    [[noreturn]] void programEnded(int exitCode);
-
-private:
-    struct Command;
-    static const Command *findCommand(std::string_view name);
-
-    void act();
-    void readCommand();
-    void then(std::function<void()> step) { steps_.push_back(std::move(step)); }
-    [[noreturn]] void fail(int status, const std::string &reason);
-    void requireWritten(const std::string &problem);
-
-    void openTrace();
-    void writeImage(std::ostream &file);
-    void timerHandled();
-
-    void send(host::Event::Kind kind, std::uint16_t key = 0, long modifiers = 0);
-    void tapPoint(POINT point);
-    void tapMenuItem(int id);
-
-    // The commands.
-    template <host::Event::Kind kind>
-    void systemEvent(const Arguments &)
-    {
-        send(kind);
-    }
-    void wait(const Arguments &arguments);
-    void jump(const Arguments &arguments);
-    void key(const Arguments &arguments);
-    void press(const Arguments &arguments);
-    void tap(const Arguments &arguments);
-    void stylus(const Arguments &arguments);
-    void text(const Arguments &arguments);
-    void type(const Arguments &arguments);
-    void menu(const Arguments &arguments);
-    void open(const Arguments &arguments);
-    void dismiss(const Arguments &arguments);
-    void click(const Arguments &arguments);
-    void select(const Arguments &arguments);
-    void done(const Arguments &arguments);
-    void chord(const Arguments &arguments);
-    void turn(const Arguments &arguments);
-    void kill(const Arguments &arguments);
-    void restart(const Arguments &arguments);
-    void shot(const Arguments &arguments);
-    void state(const Arguments &arguments);
-    void trace(const Arguments &arguments);
-    void check(const Arguments &arguments);
-    void tree(const Arguments &arguments);
-    void objects(const Arguments &arguments);
-    void sounds(const Arguments &arguments);
-    void echo(const Arguments &arguments);
-
-    int script_;
-    World &world_;
-    const Will &will_;
-    const Subject &subject_;
-    PilotHost host_;
-    bool programEnded_ = false;
-    std::deque<std::function<void()>> steps_; ///< of the command in hand, what is still to do
-    std::ofstream trace_;
-};
+/// Has `runProgram` run the program on a host that plays the file descriptor `script`; it returns
+/// the program's exit code. A program that ends by itself does not end the script.
+[[noreturn]] void play(int script, RunState &state, const Outcome &outcome,
+                       const std::filesystem::path &storeFolder, const Subject &subject,
+                       const std::function<int(host::Host &)> &runProgram);
 
 } // namespace pilot

@@ -1,8 +1,7 @@
-// Reading scripts.
+// Reads scripts.
 #include "pilot/script.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
 
 #include <unistd.h>
@@ -16,8 +15,8 @@ struct NumberKind
 {
     Argument kind;
     std::string_view name;
-    long smallest;
-    long largest;
+    int smallest;
+    int largest;
 };
 
 constexpr NumberKind numberKinds[] = {
@@ -31,45 +30,46 @@ constexpr NumberKind numberKinds[] = {
     {Argument::Orientation, "N", 0, 4},
 };
 
-std::string readNumber(std::string_view word, const NumberKind &kind, long &number)
+host::Problem readNumber(std::string_view word, Argument kind, int &number)
 {
+    const auto *range = std::ranges::find(numberKinds, kind, &NumberKind::kind);
     const char *end = word.data() + word.size();
     const auto [stop, error] = std::from_chars(word.data(), end, number);
-    const bool inRange =
-        error == std::errc() && stop == end && number >= kind.smallest && number <= kind.largest;
-    if (kind.kind == Argument::Orientation && (!inRange || number == 3)) {
+    const bool inRange = error == std::errc() && stop == end && number >= range->smallest &&
+                         number <= range->largest;
+    if (kind == Argument::Orientation && (!inRange || number == 3)) {
         return "N must be 0, 1, 2 or 4";
     }
     if (!inRange) {
-        return std::string(kind.name) + " must be a number from " + std::to_string(kind.smallest) +
-               " to " + std::to_string(kind.largest);
+        return std::string(range->name) + " must be a number from " +
+               std::to_string(range->smallest) + " to " + std::to_string(range->largest);
     }
-    return {};
+    return std::nullopt;
 }
 
-/// Names joined by '+', each the bit of its place.
-std::string readModifiers(std::string_view word, long &number)
+/// Names joined by '+'; the first stands for 1, the second for 2, the third for 4.
+host::Problem readModifiers(std::string_view word, int &number)
 {
     constexpr std::string_view names[] = {"ctrl", "shift", "esc"};
     while (!word.empty()) {
         const std::string_view name = word.substr(0, word.find('+'));
-        const auto found = std::find(std::begin(names), std::end(names), name);
+        const auto *found = std::ranges::find(names, name);
         if (found == std::end(names)) {
             return "only ctrl, shift and esc, joined by +, may follow";
         }
-        number |= 1L << (found - std::begin(names));
+        number |= 1 << (found - std::begin(names));
         word.remove_prefix(std::min(name.size() + 1, word.size()));
     }
-    return {};
+    return std::nullopt;
 }
 
-std::string readWord(std::string_view word, Argument kind, Arguments &result, long &number)
+host::Problem readWord(std::string_view word, Argument kind, Arguments &result, int &number)
 {
-    if (kind == Argument::UpOrDown || kind == Argument::StylusAction) {
-        const bool mayMove = kind == Argument::StylusAction;
+    const bool mayMove = kind == Argument::StylusAction;
+    if (kind == Argument::UpOrDown || mayMove) {
         result.text = word;
         if (word == "up" || word == "down" || (mayMove && word == "move")) {
-            return {};
+            return std::nullopt;
         }
         return mayMove ? "\"down\", \"move\" or \"up\" must follow"
                        : "\"down\" or \"up\" must follow";
@@ -78,12 +78,9 @@ std::string readWord(std::string_view word, Argument kind, Arguments &result, lo
         return readModifiers(word, number);
     }
     if (kind == Argument::OptionalMilliseconds && word.empty()) {
-        number = 25;
-        return {};
+        word = "25";
     }
-    const auto *found = std::find_if(std::begin(numberKinds), std::end(numberKinds),
-                                     [kind](const NumberKind &each) { return each.kind == kind; });
-    return readNumber(word, *found, number);
+    return readNumber(word, kind, number);
 }
 
 /// The rest of the line without the blanks around it and without a comment.
@@ -101,7 +98,7 @@ std::string_view fileName(std::string_view rest)
 
 } // namespace
 
-std::optional<std::string> readLine(int descriptor, bool &readable)
+host::Result<std::optional<std::string>> readLine(int descriptor)
 {
     std::string line;
     for (;;) {
@@ -110,24 +107,26 @@ std::optional<std::string> readLine(int descriptor, bool &readable)
         if (count < 0 && errno == EINTR) {
             continue;
         }
-        readable = count >= 0;
-        if (count < 0 || (count == 0 && line.empty())) {
-            return std::nullopt;
+        if (count < 0) {
+            return {{}, host::fileProblem("the script cannot be read")};
+        }
+        if (count == 0 && line.empty()) {
+            return {};
         }
         if (count == 0 || c == '\n') {
-            if (!line.empty() && line.back() == '\r') {
+            if (line.ends_with('\r')) {
                 line.pop_back();
             }
-            return line;
+            return {line, {}};
         }
         line += c;
     }
 }
 
-Beginning readBeginning(std::string_view start)
+ScriptHeader readHeader(std::string_view start)
 {
     constexpr std::string_view clock = "# clock ";
-    Beginning beginning;
+    ScriptHeader header;
     while (start.starts_with('#')) {
         const std::string_view line = start.substr(0, start.find('\n'));
         start.remove_prefix(std::min(line.size() + 1, start.size()));
@@ -136,11 +135,11 @@ Beginning readBeginning(std::string_view start)
             std::from_chars(line.data() + clock.size(), line.data() + line.size(), ticks).ec ==
                 std::errc())
         {
-            beginning.clock = ticks;
+            header.clock = ticks;
         }
-        beginning.landscape = beginning.landscape || line == "# landscape";
+        header.landscape = header.landscape || line == "# landscape";
     }
-    return beginning;
+    return header;
 }
 
 std::string_view takeWord(std::string_view &rest)
@@ -154,24 +153,26 @@ std::string_view takeWord(std::string_view &rest)
     return word;
 }
 
-std::string readArguments(std::string_view rest, const ArgumentList &kinds, Arguments &result)
+host::Result<Arguments> readArguments(std::string_view rest, const ArgumentList &kinds)
 {
+    Arguments result;
     for (std::size_t i = 0; i < kinds.size() && kinds[i] != Argument::None; ++i) {
         if (kinds[i] == Argument::Text) {
             result.text = rest.substr(std::min<std::size_t>(1, rest.size()));
-            return {};
+            return {result, {}};
         }
         if (kinds[i] == Argument::File) {
             result.text = fileName(rest);
-            return result.text.empty() ? "a file name must follow" : "";
+            return {result,
+                    result.text.empty() ? host::Problem("a file name must follow") : std::nullopt};
         }
-        std::string problem = readWord(takeWord(rest), kinds[i], result, result.numbers[i]);
-        if (!problem.empty()) {
-            return problem;
+        if (auto problem = readWord(takeWord(rest), kinds[i], result, result.numbers[i])) {
+            return {{}, problem};
         }
     }
     const std::string_view excess = takeWord(rest);
-    return excess.empty() ? "" : "\"" + std::string(excess) + "\" is too much";
+    return {result, excess.empty() ? std::nullopt
+                                   : host::Problem("\"" + std::string(excess) + "\" is too much")};
 }
 
 } // namespace pilot

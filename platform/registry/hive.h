@@ -1,7 +1,6 @@
-// The registry in memory: keys, and values of any type, in the order they came.
+// The registry in memory: keys, and values of any type, in the order of insertion.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <list>
 #include <map>
@@ -11,8 +10,8 @@
 
 namespace registry {
 
-/// Items with a `name`, in the order they came, found by it whether in upper or lower case (of
-/// the Latin alphabet). The spelling of the first to come stays.
+/// Items with a `name`, in the order of insertion, found by name without regard to the case of A to
+/// Z. An item keeps the spelling that it was inserted with.
 template <class Item>
 class NamedList
 {
@@ -77,9 +76,9 @@ private:
     static std::u16string folded(std::u16string_view name)
     {
         std::u16string result(name);
-        std::transform(result.begin(), result.end(), result.begin(), [](char16_t unit) {
-            return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
-        });
+        for (char16_t &unit : result) {
+            unit = unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
+        }
         return result;
     }
 
@@ -100,7 +99,7 @@ struct Key
     NamedList<Value> values;
 };
 
-/// Every key that was named; a key above such a one exists as well, without values.
+/// Every key that was named. The keys above it exist too, without values.
 using Hive = NamedList<Key>;
 
 } // namespace registry

@@ -1,5 +1,5 @@
-// Reads the registry's file: one pass over the text, line by line, that stops at the first thing
-// it does not understand.
+// Reads the registry's file in one pass, line by line, and stops at the first line it does not
+// understand.
 #include "registry/text.h"
 
 #include <algorithm>
@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-#include "registry/encoding.h"
+#include "base/utf.h"
 #include "winreg.h"
 
 namespace registry {
@@ -62,7 +62,7 @@ public:
     }
 
 private:
-    // Every step returns whether it went well; if not, the damage is noted.
+    // Every step returns false when it failed, with the damage noted.
 
     bool fail(std::string reason)
     {
@@ -172,7 +172,7 @@ private:
 
     bool readValue()
     {
-        if (key_ == nullptr) {
+        if (!key_) {
             return fail("the value belongs to no key");
         }
         std::u16string name;
@@ -318,7 +318,7 @@ private:
     std::optional<Damage> damage_;
 };
 
-/// The file's text, whatever its encoding. Older files are taken for Latin-1.
+/// The file's text, whatever its encoding. REGEDIT4 files count as Latin-1.
 std::optional<Damage> decode(std::string_view bytes, std::u16string &text)
 {
     const auto append = [&text](unsigned unit) { text += static_cast<char16_t>(unit); };
@@ -335,12 +335,12 @@ std::optional<Damage> decode(std::string_view bytes, std::u16string &text)
         }
     } else {
         bytes.remove_prefix(bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0);
-        reason = appendUtf8(bytes, text) ? nullptr : "it is not UTF-8";
+        reason = base::appendUtf16(bytes, text) ? nullptr : "it is not UTF-8";
     }
-    if (reason == nullptr) {
+    if (!reason) {
         return std::nullopt;
     }
-    const auto lineEnds = std::count(text.begin(), text.end(), u'\n');
+    const auto lineEnds = std::count(std::begin(text), std::end(text), u'\n');
     return Damage{static_cast<std::size_t>(lineEnds) + 1, reason};
 }
 

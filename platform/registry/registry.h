@@ -1,4 +1,4 @@
-// The registry's place in the life of the handheld.
+// The registry as a part of the handheld.
 #pragma once
 
 namespace registry {

@@ -1,7 +1,7 @@
 // The registry as text, in the syntax of ordinary registry editors.
 //
-// Read are UTF-8 and UTF-16LE files of version 5 and the older REGEDIT4 ones, with either line
-// end. Written is UTF-8 with LF, the keys and values in their order.
+// Reads UTF-8 and UTF-16LE files of version 5 and the older REGEDIT4 ones, with LF or CR LF. Writes
+// UTF-8 with LF, the keys and values in their order.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +20,7 @@ struct Damage
     std::string reason;
 };
 
-std::variant<Hive, Damage> readText(std::span<const std::byte> bytes);
+[[nodiscard]] std::variant<Hive, Damage> readText(std::span<const std::byte> bytes);
 std::string writeText(const Hive &hive);
 
 } // namespace registry

@@ -75,7 +75,7 @@ OpenKey *openKey(HKEY key)
     return found == theRegistry().openKeys.end() ? nullptr : &found->second;
 }
 
-std::u16string_view textOf(LPCWSTR text) { return text == nullptr ? u"" : text; }
+std::u16string_view textOf(LPCWSTR text) { return text ? text : u""; }
 
 /// Names stand on one line of the store.
 bool isName(std::u16string_view name)
@@ -115,49 +115,48 @@ HKEY addOpenKey(std::u16string path, bool changed)
 bool exists(const std::u16string &path)
 {
     Hive &hive = theRegistry().hive;
-    return hive.find(path) != nullptr || hive.holdsAny(path + u'\\');
+    return hive.find(path) || hive.holdsAny(path + u'\\');
 }
 
 /// The value of an opened key; null when there is none.
 Value *findValue(const OpenKey &open, LPCWSTR name)
 {
     Key *key = theRegistry().hive.find(open.path);
-    return key == nullptr ? nullptr : key->values.find(textOf(name));
+    return key ? key->values.find(textOf(name)) : nullptr;
 }
 
 } // namespace
 
 void registry::reset() { loaded.reset(); }
 
-LONG RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD /*reserved*/, LPWSTR /*className*/,
-                     DWORD /*options*/, DWORD /*access*/, SECURITY_ATTRIBUTES * /*attributes*/,
+LONG RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD, LPWSTR, DWORD, DWORD, SECURITY_ATTRIBUTES *,
                      HKEY *result, DWORD *disposition)
 {
     std::optional<std::u16string> whole = wholePath(key, path);
     if (!whole) {
         return ERROR_INVALID_HANDLE;
     }
-    if (result == nullptr || !isName(*whole)) {
+    if (!result || !isName(*whole)) {
         return ERROR_INVALID_PARAMETER;
     }
     const bool isNew = !exists(*whole);
     if (isNew) {
         theRegistry().hive.obtain(*whole);
     }
-    if (disposition != nullptr) {
+    if (disposition) {
         *disposition = isNew ? REG_CREATED_NEW_KEY : REG_OPENED_EXISTING_KEY;
     }
     *result = addOpenKey(std::move(*whole), isNew);
     return ERROR_SUCCESS;
 }
 
-LONG RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD /*options*/, DWORD /*access*/, HKEY *result)
+LONG RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD, DWORD, HKEY *result)
 {
     std::optional<std::u16string> whole = wholePath(key, path);
     if (!whole) {
         return ERROR_INVALID_HANDLE;
     }
-    if (result == nullptr) {
+    if (!result) {
         return ERROR_INVALID_PARAMETER;
     }
     if (!exists(*whole)) {
@@ -170,7 +169,7 @@ LONG RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD /*options*/, DWORD /*access*/, 
 LONG RegCloseKey(HKEY key)
 {
     const OpenKey *open = openKey(key);
-    if (open == nullptr) {
+    if (!open) {
         return ERROR_INVALID_HANDLE;
     }
     if (open->changed) {
@@ -180,29 +179,28 @@ LONG RegCloseKey(HKEY key)
     return ERROR_SUCCESS;
 }
 
-LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD * /*reserved*/, DWORD *type, BYTE *data,
-                      DWORD *size)
+LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD *, DWORD *type, BYTE *data, DWORD *size)
 {
     const OpenKey *open = openKey(key);
-    if (open == nullptr) {
+    if (!open) {
         return ERROR_INVALID_HANDLE;
     }
-    if (data != nullptr && size == nullptr) {
+    if (data && !size) {
         return ERROR_INVALID_PARAMETER;
     }
     const Value *value = findValue(*open, name);
-    if (value == nullptr) {
+    if (!value) {
         return ERROR_FILE_NOT_FOUND;
     }
-    if (type != nullptr) {
+    if (type) {
         *type = value->type;
     }
-    if (size == nullptr) {
+    if (!size) {
         return ERROR_SUCCESS;
     }
     const DWORD capacity = *size;
     *size = static_cast<DWORD>(value->data.size());
-    if (data == nullptr) {
+    if (!data) {
         return ERROR_SUCCESS;
     }
     if (value->data.size() > capacity) {
@@ -212,14 +210,13 @@ LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD * /*reserved*/, DWORD *type,
     return ERROR_SUCCESS;
 }
 
-LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD /*reserved*/, DWORD type, const BYTE *data,
-                    DWORD size)
+LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD, DWORD type, const BYTE *data, DWORD size)
 {
     OpenKey *open = openKey(key);
-    if (open == nullptr) {
+    if (!open) {
         return ERROR_INVALID_HANDLE;
     }
-    if ((data == nullptr && size > 0) || !isName(textOf(name))) {
+    if ((!data && size > 0) || !isName(textOf(name))) {
         return ERROR_INVALID_PARAMETER;
     }
     Value &value = theRegistry().hive.obtain(open->path).values.obtain(textOf(name));
@@ -232,11 +229,11 @@ LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD /*reserved*/, DWORD type, cons
 LONG RegDeleteValueW(HKEY key, LPCWSTR name)
 {
     OpenKey *open = openKey(key);
-    if (open == nullptr) {
+    if (!open) {
         return ERROR_INVALID_HANDLE;
     }
     Key *holder = theRegistry().hive.find(open->path);
-    if (holder == nullptr || !holder->values.erase(textOf(name))) {
+    if (!holder || !holder->values.erase(textOf(name))) {
         return ERROR_FILE_NOT_FOUND;
     }
     open->changed = true;

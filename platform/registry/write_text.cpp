@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "registry/encoding.h"
+#include "base/utf.h"
 #include "winreg.h"
 
 namespace registry {
@@ -20,10 +20,16 @@ void appendHex(std::string &out, std::uint32_t number, int digits)
     }
 }
 
+/// Every name survives, even one with half a surrogate pair.
+std::string encode(std::u16string_view text)
+{
+    return base::toUtf8(text, base::LoneSurrogate::Kept);
+}
+
 void appendQuoted(std::string &out, std::u16string_view text)
 {
     out += '"';
-    for (const char unit : toUtf8(text)) {
+    for (const char unit : encode(text)) {
         if (unit == '"' || unit == '\\') {
             out += '\\';
         }
@@ -106,7 +112,7 @@ std::string writeText(const Hive &hive)
 {
     std::string out = "Windows Registry Editor Version 5.00\n";
     for (const Key &key : hive) {
-        out += "\n[" + toUtf8(key.name) + "]\n";
+        out += "\n[" + encode(key.name) + "]\n";
         for (const Value &value : key.values) {
             appendValue(out, value);
         }

@@ -4,8 +4,8 @@
 #include "resources/image.h"
 
 #include <algorithm>
-#include <cstring>
 
+#include "base/byte_reader.h"
 #include "base/names.h"
 
 namespace resources {
@@ -27,38 +27,6 @@ struct Entry
 
 std::size_t aligned(std::size_t offset) { return (offset + 3) / 4 * 4; }
 
-template <class Integer>
-Integer read(Bytes bytes, std::size_t offset)
-{
-    Integer value = 0;
-    std::memcpy(&value, bytes.data() + offset, sizeof value);
-    return value;
-}
-
-/// The name or type at `offset`, which is moved behind it; nothing when the header ends before.
-std::optional<Name> readName(Bytes header, std::size_t &offset)
-{
-    constexpr std::uint16_t numberFollows = 0xFFFF;
-    Name name;
-    while (offset + 2 <= header.size()) {
-        const auto unit = read<std::uint16_t>(header, offset);
-        offset += 2;
-        if (unit == 0) {
-            return name;
-        }
-        if (unit == numberFollows && name.text.empty()) {
-            if (offset + 2 > header.size()) {
-                break;
-            }
-            name.number = read<std::uint16_t>(header, offset);
-            offset += 2;
-            return name;
-        }
-        name.text += static_cast<char16_t>(unit);
-    }
-    return std::nullopt;
-}
-
 std::optional<Entry> readEntry(Bytes image, std::size_t start)
 {
     constexpr std::size_t smallestHeader = 32;
@@ -66,24 +34,21 @@ std::optional<Entry> readEntry(Bytes image, std::size_t start)
         return std::nullopt;
     }
     const Bytes rest = image.subspan(start);
-    const std::size_t dataSize = read<std::uint32_t>(rest, 0);
-    const std::size_t headerSize = read<std::uint32_t>(rest, 4);
+    base::ByteReader sizes(rest);
+    const std::size_t dataSize = sizes.doubleWord();
+    const std::size_t headerSize = sizes.doubleWord();
     if (headerSize < smallestHeader || headerSize % 4 != 0 || headerSize > rest.size() ||
         dataSize > rest.size() - headerSize)
     {
         return std::nullopt;
     }
+    base::ByteReader header(rest.first(headerSize));
+    header.skip(sizes.position());
     Entry entry{start, start + aligned(headerSize + dataSize), {}, {}, {}};
-    std::size_t offset = 8;
-    auto type = readName(rest.first(headerSize), offset);
-    auto name = type ? readName(rest.first(headerSize), offset) : std::nullopt;
-    if (!name) {
-        return std::nullopt;
-    }
-    entry.type = std::move(*type);
-    entry.name = std::move(*name);
+    entry.type = Name::read(header);
+    entry.name = Name::read(header);
     entry.data = rest.subspan(headerSize, dataSize);
-    return entry;
+    return header.good() ? std::optional(std::move(entry)) : std::nullopt;
 }
 
 /// The first entry that `matches`.
@@ -126,6 +91,16 @@ Name Name::from(LPCWSTR name)
     return isNumber(name) ? Name{number, {}} : Name{0, name};
 }
 
+Name Name::read(base::ByteReader &reader)
+{
+    constexpr std::uint16_t numberFollows = 0xFFFF;
+    const std::uint16_t first = reader.word();
+    if (first == numberFollows) {
+        return {reader.word(), {}};
+    }
+    return first == 0 ? Name{} : Name{0, static_cast<char16_t>(first) + reader.text()};
+}
+
 bool operator==(const Name &a, const Name &b)
 {
     return a.text.empty() ? b.text.empty() && a.number == b.number : base::sameName(a.text, b.text);
@@ -156,19 +131,16 @@ std::u16string_view string(unsigned id)
     constexpr std::uint16_t stringTable = 6;
     const Bytes block =
         find({stringTable, {}}, {static_cast<std::uint16_t>(id / blockSize + 1), {}});
-    std::size_t offset = 0;
-    for (unsigned index = 0; offset + 2 <= block.size(); ++index) {
-        const std::size_t length = read<std::uint16_t>(block, offset);
-        offset += 2;
-        if (length > (block.size() - offset) / 2) {
-            break;
-        }
-        if (index == id % blockSize) {
-            return {reinterpret_cast<const char16_t *>(block.data() + offset), length};
-        }
-        offset += length * 2;
+    base::ByteReader reader(block);
+    for (unsigned index = 0; index < id % blockSize; ++index) {
+        reader.skip(std::size_t{2} * reader.word());
     }
-    return {};
+    const std::size_t length = reader.word();
+    const std::size_t start = reader.position();
+    reader.skip(2 * length);
+    return reader.good() ? std::u16string_view(
+                               reinterpret_cast<const char16_t *>(block.data() + start), length)
+                         : std::u16string_view{};
 }
 
 } // namespace resources

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/byte_reader.h"
 #include "windef.h"
 
 namespace resources {
@@ -19,8 +20,8 @@ std::span<const std::byte> image();
 /// Whether a pointer in the place of a name is MAKEINTRESOURCEW of a number, or null.
 bool isNumber(LPCWSTR name);
 
-/// A name or type of a resource as the image and the callers write it: a number below 65,536, or
-/// a text, compared without regard to case.
+/// The name or type of a resource: a number below 65,536, or a text, compared without regard to
+/// case.
 struct Name
 {
     std::uint16_t number = 0; ///< counts when `text` is empty
@@ -28,18 +29,20 @@ struct Name
 
     /// From a pointer that may be MAKEINTRESOURCEW of a number.
     static Name from(LPCWSTR name);
+    /// From the form that resources have: a terminated text, or 0xFFFF and a number.
+    static Name read(base::ByteReader &reader);
     friend bool operator==(const Name &a, const Name &b);
 };
 
-/// The bytes of a resource of the program; empty when there is none, or the image is damaged there.
-/// They begin at a multiple of four bytes, as the image itself must.
+/// The bytes of a resource; empty when there is none, or the image is damaged there. They begin at
+/// a multiple of four bytes, as the image itself must.
 std::span<const std::byte> find(const Name &type, const Name &name);
 /// String `id` of the string table, in place; empty when there is none.
 std::u16string_view string(unsigned id);
 
-/// The place of a resource in the image, to find it again without its name; 0 when there is none.
+/// A number that `at` finds the resource by; 0 when there is none.
 std::uint32_t locate(const Name &type, const Name &name);
-/// The bytes of the resource at a place; empty when none is there.
+/// The bytes of the resource with that number; empty when there is none.
 std::span<const std::byte> at(std::uint32_t place);
 
 } // namespace resources

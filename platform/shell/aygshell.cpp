@@ -66,12 +66,12 @@ BOOL SHHandleWMActivate(HWND window, WPARAM wParam, LPARAM, SHACTIVATEINFO *info
 
 BOOL SHHandleWMSettingChange(HWND, WPARAM, LPARAM, SHACTIVATEINFO *)
 {
-    return TRUE; // the input panel lies over windows here; none has to make room for it
+    return TRUE; // the input panel covers windows, so none has to make room
 }
 
 BOOL SHInitDialog(SHINITDLGINFO *info)
 {
-    dialogs::DialogData *data = dialogs::dataOf(info->hDlg);
+    controls::DialogData *data = controls::dialogData(info->hDlg);
     if (!data) {
         return FALSE;
     }
@@ -81,7 +81,7 @@ BOOL SHInitDialog(SHINITDLGINFO *info)
     data->doneButton = (info->dwFlags & SHIDIF_DONEBUTTON) != 0;
     if ((info->dwFlags & SHIDIF_SIZEDLGFULLSCREEN) != 0) {
         data->fullScreen = true;
-        dialogs::fillScreen(info->hDlg);
+        controls::fillScreen(info->hDlg);
     }
     if ((info->dwFlags & SHIDIF_SIPDOWN) != 0) {
         shell::setInputPanel(false);

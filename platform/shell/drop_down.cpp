@@ -1,10 +1,10 @@
-// Menu tracking. The loop takes keys and stylus for the menu; everything else goes on meanwhile:
-// timers run, and what they bring about may close the menu, the bar or the program.
+// Menu tracking. Its message loop takes keys and stylus for the menu and dispatches everything
+// else: a timer's handler may close the menu, the bar or the program.
 #include "shell/drop_down.h"
 
 #include <algorithm>
 
-#include "controls/controls.h"
+#include "controls/control.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
 #include "shell/menu_bar.h"
@@ -26,7 +26,7 @@ struct Tracking
     int button = -1;
     HMENU menu{};
     HWND window{};
-    int marked = -1;        ///< the item under the stylus, or that the keys have gone to
+    int marked = -1;        ///< the item chosen by stylus or keys so far
     bool stylusDown = true; ///< it went down on the bar or the drop-down
     bool done = false;
     UINT command = 0; ///< chosen
@@ -34,16 +34,16 @@ struct Tracking
 
 Tracking *tracking = nullptr;
 
-const std::vector<menus::Item> &itemsOf(HMENU menu)
+const std::vector<user::MenuItem> &itemsOf(HMENU menu)
 {
-    static const std::vector<menus::Item> none;
-    const menus::Menu *found = menus::find(menu);
+    static const std::vector<user::MenuItem> none;
+    const user::Menu *found = user::findMenu(menu);
     return found ? found->items : none;
 }
 
 // Places and looks ---------------------------------------------------------------------------
 
-int heightOf(const menus::Item &item) { return item.separator() ? separatorHeight : itemHeight; }
+int heightOf(const user::MenuItem &item) { return item.separator() ? separatorHeight : itemHeight; }
 
 /// Pixels of the drop-down.
 RECT itemRect(HMENU menu, std::size_t index, LONG width)
@@ -60,7 +60,7 @@ RECT windowRect(HMENU menu, const RECT &button)
 {
     int width = leastWidth;
     int height = 2;
-    for (const menus::Item &item : itemsOf(menu)) {
+    for (const user::MenuItem &item : itemsOf(menu)) {
         const SIZE text = theme::measureText(item.text, gdi::screen().width, DT_SINGLELINE);
         width = std::max<int>(width, text.cx + 2 * padding);
         height += heightOf(item);
@@ -69,7 +69,7 @@ RECT windowRect(HMENU menu, const RECT &button)
     return {left, button.top - height, left + width, button.top};
 }
 
-void paintItem(HDC dc, const menus::Item &item, RECT rect, bool marked)
+void paintItem(HDC dc, const user::MenuItem &item, RECT rect, bool marked)
 {
     if (item.separator()) {
         const LONG y = (rect.top + rect.bottom) / 2;
@@ -138,7 +138,8 @@ void finish(Tracking &state, UINT command)
     hide(state);
 }
 
-/// Tells the program, which may gray items or even close the bar, and shows the drop-down.
+/// Sends WM_INITMENUPOPUP, on which the program may gray items or even close the bar, and shows the
+/// drop-down.
 void open(Tracking &state, int button)
 {
     hide(state);
@@ -169,7 +170,7 @@ void mark(Tracking &state, int index)
     }
 }
 
-bool canBeChosen(const menus::Item &item) { return !item.separator() && !item.grayed(); }
+bool canBeChosen(const user::MenuItem &item) { return !item.separator() && !item.grayed(); }
 
 void choose(Tracking &state, int index)
 {
@@ -241,7 +242,7 @@ void stylusUp(Tracking &state, POINT point)
     }
 }
 
-/// Goes to the next item that can be chosen, up or down and round.
+/// Moves the mark to the next item that can be chosen, up (-1) or down (1), wrapping around.
 void moveMark(Tracking &state, int step)
 {
     const auto &items = itemsOf(state.menu);
@@ -282,7 +283,7 @@ void key(Tracking &state, WPARAM code)
         choose(state, state.marked);
         break;
     case VK_ESCAPE:
-    case VK_APP1: // the application buttons get rid of a menu, too
+    case VK_APP1: // the application buttons close a menu, too
     case VK_APP2:
     case VK_APP3:
     case VK_APP4:
@@ -293,7 +294,7 @@ void key(Tracking &state, WPARAM code)
     }
 }
 
-/// Keys and stylus are the menu's alone while it is open; true for those.
+/// Handles keys and stylus, which are the menu's alone while it is open; false for other messages.
 bool handleInput(Tracking &state, const MSG &message)
 {
     POINT point = controls::pointOf(message.lParam);
@@ -338,12 +339,12 @@ void trackMenu(HWND bar, int button)
     Tracking state;
     state.bar = bar;
     tracking = &state;
-    SetCapture(bar); // so that every move and the lift are told, wherever they are
+    SetCapture(bar); // stylus messages come from anywhere on the screen
     open(state, button);
     while (!state.done && IsWindow(state.bar) != FALSE) {
         MSG message;
         if (GetMessageW(&message, {}, 0, 0) == 0) {
-            PostQuitMessage(static_cast<int>(message.wParam)); // for the loop outside of this
+            PostQuitMessage(static_cast<int>(message.wParam)); // for the outer loop
             break;
         }
         if (!handleInput(state, message)) {

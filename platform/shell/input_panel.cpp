@@ -1,9 +1,9 @@
-// Watches the focus for the input panel, and what programs want of it; the panel itself is the soft
-// keyboard.
+// Raises and lowers the soft keyboard.
 #include "shell/input_panel.h"
 
-#include "controls/controls.h"
+#include "controls/edit.h"
 #include "shell/soft_keyboard.h"
+#include "user/table.h"
 
 namespace shell {
 

@@ -1,12 +1,12 @@
-// Menu bars are windows of their own, above all others, owned by the windows they serve.
+// Menu bars are topmost windows, owned by the windows they belong to.
 #include "shell/menu_bar.h"
 
 #include "aygshell.h"
-#include "controls/controls.h"
+#include "controls/control.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
-#include "shell/drop_down.h"
-#include "shell/shell.h"
+#include "shell/metrics.h"
+#include "user/order.h"
 
 namespace shell {
 
@@ -14,6 +14,8 @@ namespace {
 
 constexpr std::u16string_view className = u"MenuBar";
 constexpr int buttonPadding = 9; ///< on either side of a button's text
+
+ButtonPressed buttonPressed = nullptr;
 
 struct MenuBar final : user::WindowData
 {
@@ -87,7 +89,7 @@ void stylusDown(HWND window, const MenuBar &bar, POINT point)
     }
     for (std::size_t i = 0; i < bar.buttons.size(); ++i) {
         if (PtInRect(&bar.buttons[i].rect, point) != FALSE) {
-            trackMenu(window, static_cast<int>(i));
+            buttonPressed(window, static_cast<int>(i));
             return;
         }
     }
@@ -130,7 +132,11 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 
 } // namespace
 
-void registerMenuBar() { user::registerSystemClass(className, procedure); }
+void registerMenuBar(ButtonPressed pressed)
+{
+    buttonPressed = pressed;
+    user::registerSystemClass(className, procedure);
+}
 
 HWND createMenuBar(HWND parent, HMENU menu, std::vector<MenuBarButton> buttons)
 {
@@ -152,7 +158,7 @@ HWND createMenuBar(HWND parent, HMENU menu, std::vector<MenuBarButton> buttons)
 void updateMenuBars()
 {
     if (!GetActiveWindow()) {
-        return; // another program is at the front; nobody sees the bars
+        return; // another program is in front and nobody sees the bars
     }
     for (const HWND bar : allBars()) {
         const user::Window *window = user::find(bar);

@@ -17,9 +17,11 @@ struct MenuBarButton
     RECT rect{}; ///< pixels of the bar
 };
 
-void registerMenuBar();
-/// A hidden menu bar for `parent`, which owns it; it owns `menu` in turn. None, and the menu stays
-/// the caller's, when its window cannot be made.
+/// Called when the stylus comes down on button `index` of a bar.
+using ButtonPressed = void (*)(HWND bar, int index);
+void registerMenuBar(ButtonPressed pressed);
+/// Makes a hidden menu bar, owned by `parent`; it destroys `menu` with itself. Returns none when
+/// the window cannot be made, and the menu stays the caller's.
 HWND createMenuBar(HWND parent, HMENU menu, std::vector<MenuBarButton> buttons);
 /// Shows the bar of the active window, or of the window that owns it, and hides the others.
 void updateMenuBars();

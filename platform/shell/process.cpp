@@ -1,4 +1,4 @@
-// Starting another program: the help viewer, which is the host's to show.
+// Starting another program. There is one, the help viewer, and the host shows it.
 #include <string_view>
 
 #include "base/names.h"

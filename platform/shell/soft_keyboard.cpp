@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "controls/controls.h"
+#include "controls/control.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
-#include "shell/shell.h"
+#include "shell/metrics.h"
 
 namespace shell {
 
@@ -20,14 +20,14 @@ constexpr int rowCount = 5;
 constexpr int panelHeight = rowCount * rowHeight + 2;
 constexpr int unitsAcross = 24; ///< half keys in a row
 
-/// What a key gives: a character, another with Shift, or a key of its own.
+/// A key: a character and one with Shift, or a virtual key.
 struct Key
 {
     char16_t plain = 0;
     char16_t shifted = 0;
-    WORD code = 0;               ///< without characters
-    const char16_t *label = u""; ///< of a key without characters
-    int units = 2;               ///< its width
+    WORD code = 0;               ///< the virtual key; 0 for a character
+    const char16_t *label = u""; ///< of a virtual key
+    int units = 2;               ///< width in half keys
 };
 
 constexpr Key special(WORD code, const char16_t *label, int units)
@@ -155,8 +155,8 @@ const Key *keyAt(POINT point)
     return found;
 }
 
-/// A key is typed when the stylus is lifted from it: the panel may be gone after that, and what
-/// lies below it must get nothing of the tap.
+/// A key is typed when the stylus is lifted. Typing may close the panel, and the window under it
+/// must not get the rest of the tap.
 void stylus(HWND window, SoftKeyboard &keyboard, UINT message, LPARAM lParam)
 {
     const Key *key = keyAt(controls::pointOf(lParam));
@@ -169,20 +169,15 @@ void stylus(HWND window, SoftKeyboard &keyboard, UINT message, LPARAM lParam)
     InvalidateRect(window, nullptr, FALSE);
 }
 
-LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT handle(HWND window, SoftKeyboard &keyboard, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_CREATE) {
-        user::find(window)->data = std::make_unique<SoftKeyboard>();
-        return 0;
-    }
-    auto *keyboard = controls::dataOf<SoftKeyboard>(window);
     switch (message) {
     case WM_PAINT:
-        paint(window, *keyboard);
+        paint(window, keyboard);
         return 0;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONUP:
-        stylus(window, *keyboard, message, lParam);
+        stylus(window, keyboard, message, lParam);
         return 0;
     default:
         return DefWindowProcW(window, message, wParam, lParam);
@@ -194,7 +189,7 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 void registerSoftKeyboard()
 {
     panel = {};
-    user::registerSystemClass(u"SoftKeyboard", procedure);
+    user::registerSystemClass(u"SoftKeyboard", controls::procedureWith<SoftKeyboard, handle>);
 }
 
 void raiseSoftKeyboard()

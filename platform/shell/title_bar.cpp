@@ -1,11 +1,11 @@
-// The title bar is a window of its own that never becomes active.
+// The title bar is a window that never becomes active.
 #include "shell/title_bar.h"
 
-#include "controls/controls.h"
+#include "controls/control.h"
 #include "controls/dialog.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
-#include "shell/shell.h"
+#include "shell/metrics.h"
 
 namespace shell {
 
@@ -28,12 +28,13 @@ HWND titleBar{};
 
 TitleBar *data() { return controls::dataOf<TitleBar>(titleBar); }
 
-/// A page without a caption, and a message box, which has its own, stand below their owner's.
+/// A page without a caption shows its owner's, and so does a message box, which draws its own
+/// itself.
 std::u16string captionFor(HWND active)
 {
     const user::Window *window = user::find(active);
     const auto standsBelow = [](const user::Window &page) {
-        const dialogs::DialogData *dialog = dialogs::dataOf(page.handle);
+        const controls::DialogData *dialog = controls::dialogData(page.handle);
         return page.text.empty() || (dialog && dialog->ownCaption);
     };
     while (window && window->owner && standsBelow(*window)) {
@@ -44,7 +45,7 @@ std::u16string captionFor(HWND active)
 
 bool wantsOkButton(HWND window)
 {
-    const dialogs::DialogData *dialog = dialogs::dataOf(window);
+    const controls::DialogData *dialog = controls::dialogData(window);
     const auto exStyle = static_cast<DWORD>(GetWindowLongW(window, GWL_EXSTYLE));
     return (dialog && dialog->doneButton) || (exStyle & WS_EX_CAPTIONOKBTN) != 0;
 }
@@ -107,21 +108,16 @@ void stylus(HWND window, TitleBar &bar, UINT message, LPARAM lParam)
     }
 }
 
-LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT handle(HWND window, TitleBar &bar, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_CREATE) {
-        user::find(window)->data = std::make_unique<TitleBar>();
-        return 0;
-    }
-    auto *bar = controls::dataOf<TitleBar>(window);
     switch (message) {
     case WM_PAINT:
-        paint(window, *bar);
+        paint(window, bar);
         return 0;
     case WM_LBUTTONDOWN:
     case WM_MOUSEMOVE:
     case WM_LBUTTONUP:
-        stylus(window, *bar, message, lParam);
+        stylus(window, bar, message, lParam);
         return 0;
     default:
         return DefWindowProcW(window, message, wParam, lParam);
@@ -132,7 +128,7 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 
 void createTitleBar()
 {
-    user::registerSystemClass(u"TitleBar", procedure);
+    user::registerSystemClass(u"TitleBar", controls::procedureWith<TitleBar, handle>);
     titleBar =
         CreateWindowExW(WS_EX_TOPMOST | WS_EX_NOACTIVATE, u"TitleBar", u"", WS_POPUP | WS_VISIBLE,
                         0, 0, gdi::screen().width, titleBarHeight, {}, {}, {}, nullptr);
@@ -144,7 +140,7 @@ void updateTitleBar()
     if (!bar) {
         return;
     }
-    // While another program is at the front the bar keeps what it shows.
+    // While another program is in front, the bar keeps what it shows.
     if (const HWND active = GetActiveWindow()) {
         bar->active = active;
     }

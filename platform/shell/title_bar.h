@@ -8,11 +8,11 @@
 namespace shell {
 
 void createTitleBar();
-/// Shows what has become of the active window.
+/// Shows the active window's caption and OK button as they are now.
 void updateTitleBar();
 /// Gives the bar the screen's width.
 void placeTitleBar();
-/// Where the OK button is on the screen; none when the active window has no use for one.
+/// The screen rectangle of the OK button; nothing when there is none.
 std::optional<RECT> okButtonRect();
 
 } // namespace shell

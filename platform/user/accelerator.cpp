@@ -9,7 +9,7 @@
 #include "resources/image.h"
 #include "user/accelerator.h"
 #include "user/keys.h"
-#include "user/window.h"
+#include "user/table.h"
 
 namespace user {
 

@@ -1,4 +1,4 @@
-// The accelerators' place in the life of the handheld.
+// Accelerator tables.
 #pragma once
 
 namespace user {

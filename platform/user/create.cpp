@@ -1,23 +1,23 @@
-// The beginning and the end of windows.
+// Creating and destroying windows. Window procedures run on the way and may destroy any window, so
+// each step looks its window up anew.
 #include <algorithm>
 
-#include "host/current.h"
 #include "resources/image.h"
 #include "user/focus.h"
-#include "user/icon.h"
-#include "user/manager.h"
 #include "user/message.h"
+#include "user/order.h"
+#include "user/program_window.h"
+#include "user/shell_interface.h"
+#include "user/table.h"
 #include "user/timer.h"
 
 namespace user {
 
 namespace {
 
-HWND firstProgramWindow;
-
 RECT initialRect(const Window *parent, int x, int y, int width, int height)
 {
-    RECT rect = defaultRect();
+    RECT rect = shellInUse().workArea();
     if (parent) {
         rect = {parent->rect.left, parent->rect.top, parent->rect.left, parent->rect.top};
         OffsetRect(&rect, x == CW_USEDEFAULT ? 0 : x, y == CW_USEDEFAULT ? 0 : y);
@@ -32,16 +32,7 @@ RECT initialRect(const Window *parent, int x, int y, int width, int height)
     return rect;
 }
 
-void announceProgram(const Window &window)
-{
-    if (firstProgramWindow || window.windowClass->system || window.parent) {
-        return;
-    }
-    firstProgramWindow = window.handle;
-    host::current().describeProgram(window.text, iconPicture(window.windowClass->icon));
-}
-
-/// Tells a new window that it exists and where. False when it refuses or is gone.
+/// Sends a new window its first messages. False when it refuses or is gone.
 bool announceCreation(HWND handle, CREATESTRUCTW &creation)
 {
     constexpr LRESULT refusal = -1;
@@ -54,7 +45,7 @@ bool announceCreation(HWND handle, CREATESTRUCTW &creation)
         SendMessageW(handle, WM_SIZE, SIZE_RESTORED, MAKELPARAM(size.cx, size.cy));
     }
     if (const Window *window = find(handle)) {
-        const POINT place = placeOf(*window);
+        const POINT place = window->place();
         SendMessageW(handle, WM_MOVE, 0, MAKELPARAM(place.x, place.y));
     }
     return find(handle) != nullptr;
@@ -84,7 +75,7 @@ void announceDestruction(HWND handle)
     }
 }
 
-/// Takes a window and its children out of existence, the children first.
+/// Removes a window and its children, the children first.
 void release(HWND handle)
 {
     Window *window = find(handle);
@@ -100,10 +91,6 @@ void release(HWND handle)
 }
 
 } // namespace
-
-HWND programWindow() { return find(firstProgramWindow) ? firstProgramWindow : HWND{}; }
-
-void forgetProgramWindow() { firstProgramWindow = {}; }
 
 } // namespace user
 
@@ -129,9 +116,9 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD styl
     record.rect = user::initialRect(record.parent, x, y, width, height);
     record.text = resources::isNumber(title) ? u"" : title;
     user::insertWindow(record);
-    user::announceProgram(record);
+    user::noteCreation(record);
     const SIZE size = record.size();
-    const POINT place = user::placeOf(record);
+    const POINT place = record.place();
     CREATESTRUCTW creation{parameter, instance, menu,  parent, size.cy,   size.cx,
                            place.y,   place.x,  style, title,  className, exStyle};
     if (!user::announceCreation(window, creation)) {

@@ -1,6 +1,6 @@
-// What every window does with a message that it does not care about.
-#include "shell/shell.h"
-#include "user/manager.h"
+// The default window procedure.
+#include "user/shell_interface.h"
+#include "user/table.h"
 
 namespace user {
 
@@ -10,7 +10,7 @@ LRESULT setText(Window &window, LPCWSTR text)
 {
     window.text = text ? text : u"";
     if (window.handle == GetActiveWindow()) {
-        shell::activeWindowChanged();
+        shellInUse().activeWindowChanged();
     }
     return TRUE;
 }
@@ -67,8 +67,6 @@ LRESULT DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
         return user::setText(*record, reinterpret_cast<LPCWSTR>(lParam));
     case WM_GETTEXT:
         return user::getText(*record, wParam, lParam);
-    case WM_GETTEXTLENGTH:
-        return static_cast<LRESULT>(record->text.size());
     case WM_PAINT:
         return user::paintNothing(window);
     case WM_ERASEBKGND:

@@ -6,10 +6,10 @@
 
 #include "gdi/rect.h"
 #include "gdi/screen.h"
-#include "shell/shell.h"
-#include "user/manager.h"
+#include "user/order.h"
 #include "user/paint.h"
-#include "user/visible.h"
+#include "user/shell_interface.h"
+#include "user/table.h"
 
 namespace user {
 
@@ -30,12 +30,12 @@ SIZE sizeIn(DWORD orientation)
     return upright ? SIZE{shortSide, longSide} : SIZE{longSide, shortSide};
 }
 
-/// Where a window of the old screen goes on the new one: what filled the screen below the title
-/// bar does so again, anything else stays and is only moved as far as it would stick out.
+/// The place of a window after the turn. One that filled the work area does so again; any other is
+/// moved only as far as it would stick out of the screen.
 RECT placeOnScreen(const RECT &rect, const RECT &oldDefault)
 {
-    const RECT place = defaultRect();
-    if (gdi::same(rect, oldDefault)) {
+    const RECT place = shellInUse().workArea();
+    if (rect == oldDefault) {
         return place;
     }
     RECT moved = rect;
@@ -73,10 +73,10 @@ void turnDisplay(int orientation)
     if (wanted == current || !isOrientation(wanted)) {
         return;
     }
-    const RECT oldDefault = defaultRect();
+    const RECT oldDefault = shellInUse().workArea();
     setOrientation(orientation);
-    visibilityChanged();
-    shell::displayTurned();
+    arrangementChanged();
+    shellInUse().displayTurned();
     placeWindows(oldDefault);
     for (const HWND window : handlesOf(topLevelWindows())) {
         SendMessageW(window, WM_SETTINGCHANGE, 0, 0);

@@ -5,9 +5,9 @@
 
 namespace user {
 
-/// Gives the screen an orientation, its size in that, and nothing on it.
+/// Sets the orientation (0, 1, 2 or 4; others count as 0) and clears the screen in its new size.
 void setOrientation(int orientation);
-/// Turns the display and everything on it. Nothing happens when it is in that orientation already.
+/// Turns the display and moves the windows with it; does nothing for the present orientation.
 void turnDisplay(int orientation);
 
 /// "ChangeDisplaySettingsEx" of the system library.

@@ -1,14 +1,14 @@
-// Activation, focus and capture, and who may have them: a disabled window may not. Every message
-// that is sent on the way may change all three or destroy any window, so handles are looked up anew
-// after each.
+// Activation, focus and capture. A disabled window can have none of them. Every message sent on the
+// way may change all three or destroy any window, so handles are looked up anew after each.
 #include "user/focus.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "shell/shell.h"
 #include "user/keys.h"
-#include "user/manager.h"
+#include "user/order.h"
+#include "user/shell_interface.h"
+#include "user/table.h"
 #include "user/visible.h"
 
 namespace user {
@@ -22,7 +22,7 @@ struct Attention
     HWND capture;
     HWND activeBefore; ///< the active window when another program came to the front
     bool inForeground = true;
-    unsigned activations = 0; ///< counts, to notice one inside another
+    unsigned activations = 0; ///< so far, to notice one inside another
     unsigned captures = 0;
 };
 
@@ -33,8 +33,8 @@ bool canBeActivated(const Window &window)
     return window.shown() && window.enabled() && window.activatable() && !window.destroying;
 }
 
-/// The window to be active when `leaving` no longer is: its nearest owner that can be, else the
-/// topmost window that can be.
+/// The next active window after `leaving`: its nearest owner that can be active, else the topmost
+/// window that can.
 HWND successorOf(const Window &leaving)
 {
     for (const Window *owner = leaving.owner; owner; owner = owner->owner) {
@@ -43,13 +43,13 @@ HWND successorOf(const Window &leaving)
         }
     }
     const auto &all = topLevelWindows();
-    const auto found = std::find_if(all.begin(), all.end(), [&](const Window *each) {
+    const auto found = std::find_if(std::begin(all), std::end(all), [&](const Window *each) {
         return each != &leaving && canBeActivated(*each);
     });
     return found == all.end() ? HWND{} : (*found)->handle;
 }
 
-/// The focus goes from a control that can no longer have it to its parent.
+/// Moves the focus from a control that cannot have it any more to its parent.
 void leaveFocus(const Window &window)
 {
     if (isWithin(attention.focus, window.handle)) {
@@ -74,7 +74,7 @@ bool activate(HWND window, WPARAM how)
     }
     if (!next) {
         moveFocus({});
-        shell::activeWindowChanged();
+        shellInUse().activeWindowChanged();
         return true;
     }
     {
@@ -82,7 +82,7 @@ bool activate(HWND window, WPARAM how)
         bringToTop(*next);
     }
     attention.active = window;
-    shell::activeWindowChanged();
+    shellInUse().activeWindowChanged();
     SendMessageW(window, WM_ACTIVATE, how, static_cast<LPARAM>(previous.value));
     if (attention.active == window && !isWithin(attention.focus, window)) {
         moveFocus(window);
@@ -116,7 +116,7 @@ void moveFocus(HWND window)
     if (attention.focus != window) {
         return;
     }
-    shell::focusMoved(window);
+    shellInUse().focusMoved(window);
     if (attention.focus == window) {
         SendMessageW(window, WM_SETFOCUS, previous.value, 0);
     }
@@ -125,7 +125,7 @@ void moveFocus(HWND window)
 HWND keyWindow()
 {
     const Window *window = find(attention.focus ? attention.focus : attention.active);
-    return window && attention.inForeground && reallyEnabled(*window) ? window->handle : HWND{};
+    return window && attention.inForeground && window->reallyEnabled() ? window->handle : HWND{};
 }
 
 void leaveForeground()
@@ -147,7 +147,7 @@ void comeToForeground()
     }
     attention.inForeground = true;
     if (attention.active) {
-        return; // a window that opened meanwhile
+        return; // a window opened meanwhile
     }
     const Window *window = find(attention.activeBefore);
     if (window && canBeActivated(*window)) {
@@ -155,7 +155,7 @@ void comeToForeground()
         return;
     }
     const auto &all = topLevelWindows();
-    const auto topmost = std::find_if(all.begin(), all.end(),
+    const auto topmost = std::find_if(std::begin(all), std::end(all),
                                       [](const Window *each) { return canBeActivated(*each); });
     if (topmost != all.end()) {
         activate((*topmost)->handle, WA_ACTIVE);
@@ -173,8 +173,6 @@ void forgetFocus() { attention = {}; }
 using user::attention;
 
 HWND GetActiveWindow() { return attention.active; }
-
-HWND GetForegroundWindow() { return attention.inForeground ? attention.active : HWND{}; }
 
 HWND SetActiveWindow(HWND window)
 {
@@ -202,9 +200,8 @@ HWND SetFocus(HWND window)
         return previous;
     }
     user::Window *record = user::find(window);
-    if (!record || record->destroying || !user::reallyEnabled(*record) ||
-        !record->topLevel().activatable())
-    {
+    if (!record || record->destroying || !record->reallyEnabled() ||
+        !record->topLevel().activatable()) {
         return {};
     }
     if (!user::activate(record->topLevel().handle, WA_ACTIVE)) {

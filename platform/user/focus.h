@@ -5,13 +5,13 @@
 
 namespace user {
 
-/// Makes a top-level window the active one (none: no window is), with `how` told in WM_ACTIVATE.
+/// Makes a top-level window the active one (none: no window is); `how` goes into WM_ACTIVATE.
 /// False when the window is gone or a window procedure has activated another one meanwhile.
 bool activate(HWND window, WPARAM how);
-/// Takes activation, focus and capture away from a window that can no longer have them and from
-/// its children: it was hidden or is to be removed.
+/// Takes activation, focus and capture away from a window that was hidden or is being removed, and
+/// from its children.
 void leaveWindow(HWND handle);
-/// Moves the focus without a look at activation; none: nowhere.
+/// Moves the focus (none: nowhere) without changing the active window.
 void moveFocus(HWND window);
 /// The window that gets the keys: the one with the focus, else the active one. None while another
 /// program is in front, or when that window is disabled.

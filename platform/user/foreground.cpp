@@ -1,17 +1,18 @@
-// Finding windows and bringing them to the front, also those of another process: a second copy of
-// the program, about which only its host knows.
+// Finding windows and bringing them to the front. The host knows whether another process runs the
+// program too.
 #include <algorithm>
 
 #include "base/names.h"
 #include "host/current.h"
 #include "user/focus.h"
-#include "user/manager.h"
+#include "user/order.h"
+#include "user/table.h"
 
 namespace user {
 
 namespace {
 
-/// Stands for the window of the program in that other process.
+/// Stands for the main window of the program in the other process.
 constexpr HWND otherProcess{0xFFFFFFF0U};
 
 bool matches(const Window &window, LPCWSTR className, LPCWSTR title)
@@ -20,11 +21,11 @@ bool matches(const Window &window, LPCWSTR className, LPCWSTR title)
            (!title || window.text == title);
 }
 
-/// The topmost of a window and those that it owns that is shown and enabled.
+/// The topmost window, among a window and those it owns, that is shown and enabled.
 HWND topmostOf(const Window &window)
 {
     const auto &all = topLevelWindows();
-    const auto found = std::find_if(all.begin(), all.end(), [&](const Window *each) {
+    const auto found = std::find_if(std::begin(all), std::end(all), [&](const Window *each) {
         return belongsTo(*each, window) && each->shown() && each->enabled() && each->activatable();
     });
     return found == all.end() ? window.handle : (*found)->handle;
@@ -37,7 +38,7 @@ HWND topmostOf(const Window &window)
 HWND FindWindowW(LPCWSTR className, LPCWSTR title)
 {
     const auto &all = user::topLevelWindows();
-    const auto found = std::find_if(all.begin(), all.end(), [&](const user::Window *each) {
+    const auto found = std::find_if(std::begin(all), std::end(all), [&](const user::Window *each) {
         return user::matches(*each, className, title);
     });
     if (found != all.end()) {

@@ -35,70 +35,56 @@ std::optional<std::uint16_t> largestOf(std::span<const std::byte> group)
     return largest;
 }
 
-/// Sizes and palette of a picture: a DIB whose height counts the pixels and the mask below them.
+/// A picture of 8 bits a pixel: a DIB whose stated height counts both the pixels and the mask that
+/// follows them.
 struct Picture
 {
     std::uint32_t width = 0;
     std::uint32_t height = 0;
-    unsigned bits = 0; ///< of a pixel: 1, 4, 8, 24 or 32
     std::vector<std::uint32_t> palette;
     std::span<const std::byte> pixels;
 
     std::size_t stride(unsigned bitsOfPixel) const { return (width * bitsOfPixel + 31) / 32 * 4; }
-    std::size_t size() const { return (stride(bits) + stride(1)) * height; }
     unsigned byte(std::size_t offset) const { return std::to_integer<unsigned>(pixels[offset]); }
 };
 
 std::optional<Picture> parse(std::span<const std::byte> bytes)
 {
+    constexpr std::uint32_t headerSize = 40;
+    constexpr std::uint32_t paletteSize = 256;
     base::ByteReader reader(bytes);
     Picture picture;
     const std::uint32_t header = reader.doubleWord();
     picture.width = reader.doubleWord();
     picture.height = reader.doubleWord() / 2;
     reader.skip(2);
-    picture.bits = reader.word();
+    const unsigned bits = reader.word();
     const std::uint32_t compression = reader.doubleWord();
     reader.skip(12);
-    std::uint32_t colours = reader.doubleWord();
-    if (header != 40 || compression != 0 || picture.width - 1 >= largestSide ||
-        picture.height - 1 >= largestSide)
+    const std::uint32_t colours = reader.doubleWord();
+    reader.skip(4);
+    if (header != headerSize || bits != 8 || compression != 0 || colours > paletteSize ||
+        picture.width - 1 >= largestSide || picture.height - 1 >= largestSide)
     {
         return std::nullopt;
     }
-    reader.skip(4);
-    if (picture.bits <= 8) {
-        colours = colours == 0 ? 1U << picture.bits : colours;
-        for (std::uint32_t i = 0; i < colours && reader.good(); ++i) {
-            picture.palette.push_back(reader.doubleWord());
-        }
+    picture.palette.resize(paletteSize);
+    for (std::uint32_t i = 0; i < (colours == 0 ? paletteSize : colours); ++i) {
+        picture.palette[i] = reader.doubleWord();
     }
     picture.pixels = bytes.subspan(reader.position());
-    const bool known = picture.bits == 1 || picture.bits == 4 || picture.bits == 8 ||
-                       picture.bits == 24 || picture.bits == 32;
-    return known && reader.good() && picture.pixels.size() >= picture.size()
-               ? std::optional(picture)
-               : std::nullopt;
+    const std::size_t needed = (picture.stride(8) + picture.stride(1)) * picture.height;
+    return reader.good() && picture.pixels.size() >= needed ? std::optional(picture) : std::nullopt;
 }
 
 /// A pixel as 0xAARRGGBB; `row` counts from the top.
 std::uint32_t pixelAt(const Picture &picture, std::uint32_t x, std::uint32_t row)
 {
     const std::size_t line = picture.height - 1 - row;
-    const std::size_t start = line * picture.stride(picture.bits);
-    const std::size_t mask =
-        picture.height * picture.stride(picture.bits) + line * picture.stride(1) + x / 8;
-    const std::uint32_t opaque = (picture.byte(mask) >> (7 - x % 8) & 1U) == 0 ? 0xFF000000U : 0;
-    if (picture.bits <= 8) {
-        const std::size_t bit = std::size_t{x} * picture.bits;
-        const unsigned packed = picture.byte(start + bit / 8);
-        const unsigned index = packed >> (8 - picture.bits - bit % 8) & ((1U << picture.bits) - 1);
-        return (index < picture.palette.size() ? picture.palette[index] & 0xFFFFFFU : 0) | opaque;
-    }
-    const std::size_t at = start + std::size_t{x} * (picture.bits / 8);
-    const std::uint32_t colour =
-        picture.byte(at) | picture.byte(at + 1) << 8U | picture.byte(at + 2) << 16U;
-    return picture.bits == 32 ? colour | picture.byte(at + 3) << 24U : colour | opaque;
+    const std::size_t mask = picture.height * picture.stride(8) + line * picture.stride(1) + x / 8;
+    const bool transparent = (picture.byte(mask) >> (7 - x % 8) & 1U) != 0;
+    const std::uint32_t colour = picture.palette[picture.byte(line * picture.stride(8) + x)];
+    return (colour & 0xFFFFFFU) | (transparent ? 0 : 0xFF000000U);
 }
 
 } // namespace

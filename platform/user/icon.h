@@ -1,4 +1,4 @@
-// What the window manager asks of the icons.
+// Icons of the program.
 #pragma once
 
 #include "host/host.h"

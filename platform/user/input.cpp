@@ -4,8 +4,10 @@
 #include "user/display.h"
 #include "user/focus.h"
 #include "user/keys.h"
+#include "user/program_window.h"
+#include "user/shell_interface.h"
 #include "user/stylus.h"
-#include "user/window.h"
+#include "user/table.h"
 
 namespace user {
 
@@ -16,8 +18,7 @@ std::optional<MSG> messageTo(HWND window, UINT message, WPARAM wParam)
     return find(window) ? std::optional(MSG{window, message, wParam, 0, 0, {}}) : std::nullopt;
 }
 
-/// The window that the system addresses when it wants something of the program as a whole: its
-/// main window, or what there is before that exists.
+/// The window that gets what concerns the program as a whole: its main window, else the active one.
 HWND mainWindow() { return programWindow() ? programWindow() : GetActiveWindow(); }
 
 std::optional<MSG> handleClose()
@@ -34,7 +35,29 @@ std::optional<MSG> handleHelp()
     return messageTo(keyWindow() ? keyWindow() : mainWindow(), WM_HELP, 0);
 }
 
-/// The deactivation comes before the new size, and the other way round on the way back.
+/// Returns nothing for a key that is not for the program.
+std::optional<MSG> handleKey(const host::Event &event)
+{
+    constexpr LPARAM pressedOnce = 1;
+    constexpr LPARAM wasDown = 1 << 30;
+    constexpr LPARAM released = LPARAM{1} << 31;
+    const bool press = event.kind == host::Event::Kind::KeyDown;
+    if (!inForeground()) {
+        return std::nullopt;
+    }
+    if (press && event.escape && shellInUse().escapeCancels(keyWindow())) {
+        return MSG{keyWindow(), WM_KEYDOWN, VK_ESCAPE, pressedOnce, 0, {}};
+    }
+    const KeyChange change = noteKey(event.key, press);
+    const HWND target = keyWindow();
+    if (!change.counts || !target) {
+        return std::nullopt;
+    }
+    const LPARAM details = press ? (change.repeated ? wasDown : 0) : wasDown | released;
+    return MSG{target, press ? WM_KEYDOWN : WM_KEYUP, event.key, pressedOnce | details, 0, {}};
+}
+
+/// Deactivation first, then the new size; `restore` does the opposite.
 void minimize()
 {
     leaveForeground();
@@ -54,7 +77,7 @@ void restore()
 std::optional<MSG> handleEvent(const host::Event &event)
 {
     using Kind = host::Event::Kind;
-    noteModifiers(event);
+    noteModifiers(event.control, event.shift);
     switch (event.kind) {
     case Kind::KeyDown:
     case Kind::KeyUp:

@@ -1,4 +1,4 @@
-// What events of the host mean to the windows.
+// From events of the host to messages.
 #pragma once
 
 #include <optional>
@@ -8,8 +8,7 @@
 
 namespace user {
 
-/// Carries out what an event does by itself; the message to be given to the program for it, if
-/// there is one.
+/// Does what the event changes by itself and returns the message for the program, if there is one.
 std::optional<MSG> handleEvent(const host::Event &event);
 
 } // namespace user

@@ -1,13 +1,10 @@
-// The state of the keys, for messages and for polling. A press is remembered until it is asked
-// for, so that a tap between two polls is not lost.
+// Which keys are down, and which were pressed since they were last polled.
 #include "user/keys.h"
 
 #include <bitset>
 #include <cstddef>
 
-#include "controls/dialog.h"
-#include "shell/drop_down.h"
-#include "user/focus.h"
+#include "winuser.h"
 
 namespace user {
 
@@ -33,48 +30,20 @@ bool isApplicationButton(std::size_t key) { return key >= firstButton && key <= 
 
 bool isKey(int key) { return key > 0 && static_cast<std::size_t>(key) < keyCount; }
 
-/// Whether the user has something before him that can be cancelled: a menu, or a dialog that does
-/// not ask for every key.
-bool canCancel()
-{
-    const HWND target = keyWindow();
-    const bool inDialog = dialogs::dataOf(target) || dialogs::dataOf(dialogs::dialogOf(target));
-    return shell::menuIsOpen() ||
-           (inDialog && (SendMessageW(target, WM_GETDLGCODE, 0, 0) & DLGC_WANTALLKEYS) == 0);
-}
-
 } // namespace
 
-std::optional<MSG> handleKey(const host::Event &event)
+KeyChange noteKey(std::uint16_t key, bool down)
 {
-    constexpr LPARAM pressedOnce = 1;
-    constexpr LPARAM wasDown = 1 << 30;
-    constexpr LPARAM released = LPARAM{1} << 31;
-    const std::size_t key = event.key;
-    const bool press = event.kind == host::Event::Kind::KeyDown;
-    if (!isKey(event.key) || !inForeground()) {
-        return std::nullopt;
+    if (!isKey(key) || (isApplicationButton(key) && !keys.buttonsHeld)) {
+        return {};
     }
-    if (press && event.escape && canCancel()) {
-        return MSG{keyWindow(), WM_KEYDOWN, VK_ESCAPE, pressedOnce, 0, {}};
+    const bool wasDown = keys.down[key];
+    if (!down && !wasDown) {
+        return {};
     }
-    if (isApplicationButton(key) && !keys.buttonsHeld) {
-        return std::nullopt;
-    }
-    const bool repeated = keys.down[key];
-    if (!press && !repeated) {
-        return std::nullopt;
-    }
-    keys.down[key] = press;
-    if (press && !repeated) {
-        keys.pressed[key] = true;
-    }
-    const HWND target = keyWindow();
-    if (!target) {
-        return std::nullopt;
-    }
-    const LPARAM change = press ? (repeated ? wasDown : 0) : wasDown | released;
-    return MSG{target, press ? WM_KEYDOWN : WM_KEYUP, key, pressedOnce | change, 0, {}};
+    keys.down[key] = down;
+    keys.pressed[key] = keys.pressed[key] || (down && !wasDown);
+    return {true, wasDown};
 }
 
 void releaseAllKeys()
@@ -83,10 +52,10 @@ void releaseAllKeys()
     keys.pressed.reset();
 }
 
-void noteModifiers(const host::Event &event)
+void noteModifiers(bool control, bool shift)
 {
-    keys.control = event.control;
-    keys.shift = event.shift;
+    keys.control = control;
+    keys.shift = shift;
 }
 
 bool controlDown() { return keys.control || keys.down[VK_CONTROL]; }

@@ -1,24 +1,28 @@
-// Which keys are down.
+// The state of the keys, for messages and for polling. A press is remembered until it is polled, so
+// that one between two polls is not lost.
 #pragma once
 
-#include <optional>
-
-#include "host/host.h"
-#include "winuser.h"
+#include <cstdint>
 
 namespace user {
 
-/// Takes note of a key event; the key message for the window that gets the keys, if it is one for
-/// the program: not so an application button that the program does not hold, nor the release of a
-/// key that was not pressed here.
-std::optional<MSG> handleKey(const host::Event &event);
-/// Every key counts as up and not pressed.
-void releaseAllKeys();
+/// What a key event does to the state.
+struct KeyChange
+{
+    bool counts = false;   ///< the program is to get a message
+    bool repeated = false; ///< the key was down already
+};
+
+/// Notes that a key went down or up. Neither an application button that the program does not hold
+/// nor the release of a key that was not pressed here counts.
+KeyChange noteKey(std::uint16_t key, bool down);
 /// The Ctrl and Shift keys as they were in the last event of the host.
-void noteModifiers(const host::Event &event);
+void noteModifiers(bool control, bool shift);
 bool controlDown();
 bool shiftDown();
-/// From now on the application buttons reach the program, or no longer.
+/// Every key counts as up and not pressed.
+void releaseAllKeys();
+/// Whether the application buttons reach the program from now on.
 void holdButtons(bool held);
 void forgetKeys();
 

@@ -6,14 +6,13 @@
 
 #include "base/byte_reader.h"
 #include "resources/image.h"
-#include "user/window.h"
 
-namespace menus {
+namespace user {
 
 namespace {
 
-constexpr unsigned lastItem = 0x80; ///< of its menu, in the binary form
-constexpr int deepest = 8;          ///< menus within menus, in a resource worth reading
+constexpr unsigned lastItem = 0x80; ///< flag of a menu's last item in the binary form
+constexpr int deepest = 8;          ///< level of nesting that is still read
 
 std::map<std::uint32_t, Menu> table;
 std::uint32_t nextHandle = 1;
@@ -37,7 +36,7 @@ void remove(HMENU menu)
     if (found != table.end()) {
         const Menu removed = std::move(found->second);
         table.erase(found);
-        for (const Item &item : removed.items) {
+        for (const MenuItem &item : removed.items) {
             remove(item.dropDown);
         }
     }
@@ -45,9 +44,9 @@ void remove(HMENU menu)
 
 HMENU readMenu(base::ByteReader &reader, int depth);
 
-Item readItem(base::ByteReader &reader, unsigned flags, int depth)
+MenuItem readItem(base::ByteReader &reader, unsigned flags, int depth)
 {
-    Item item;
+    MenuItem item;
     item.flags = flags & (MF_GRAYED | MF_CHECKED | MF_POPUP | MF_SEPARATOR);
     item.id = (flags & MF_POPUP) != 0 ? 0 : reader.word();
     item.text = reader.text();
@@ -59,7 +58,7 @@ Item readItem(base::ByteReader &reader, unsigned flags, int depth)
     return item;
 }
 
-/// The items up to the one that is marked as the last.
+/// Reads items up to the one with the flag `lastItem`.
 HMENU readMenu(base::ByteReader &reader, int depth)
 {
     Menu menu;
@@ -73,15 +72,15 @@ HMENU readMenu(base::ByteReader &reader, int depth)
 }
 
 /// The item with a command, in a menu or any below it.
-Item *findCommand(HMENU menu, UINT id)
+MenuItem *findCommand(HMENU menu, UINT id)
 {
     Menu *found = lookUp(menu);
     if (!found) {
         return nullptr;
     }
-    for (Item &item : found->items) {
+    for (MenuItem &item : found->items) {
         if (item.dropDown) {
-            if (Item *inside = findCommand(item.dropDown, id)) {
+            if (MenuItem *inside = findCommand(item.dropDown, id)) {
                 return inside;
             }
         } else if (item.id == id && !item.separator()) {
@@ -91,7 +90,7 @@ Item *findCommand(HMENU menu, UINT id)
     return nullptr;
 }
 
-Item *findItem(HMENU menu, UINT item, UINT flags)
+MenuItem *findItem(HMENU menu, UINT item, UINT flags)
 {
     if ((flags & MF_BYPOSITION) == 0) {
         return findCommand(menu, item);
@@ -102,18 +101,18 @@ Item *findItem(HMENU menu, UINT item, UINT flags)
 
 } // namespace
 
-const Menu *find(HMENU menu) { return lookUp(menu); }
+const Menu *findMenu(HMENU menu) { return lookUp(menu); }
 
-} // namespace menus
-
-std::size_t user::liveMenus()
+std::size_t liveMenus()
 {
     return static_cast<std::size_t>(
-        std::count_if(menus::table.begin(), menus::table.end(),
+        std::count_if(std::begin(table), std::end(table),
                       [](const auto &entry) { return !entry.second.isDropDown; }));
 }
 
-void user::forgetMenus() { menus::table.clear(); }
+void forgetMenus() { table.clear(); }
+
+} // namespace user
 
 HMENU LoadMenuW(HINSTANCE, LPCWSTR name)
 {
@@ -124,9 +123,9 @@ HMENU LoadMenuW(HINSTANCE, LPCWSTR name)
     if (bytes.empty() || version != 0) {
         return {};
     }
-    const HMENU menu = menus::readMenu(reader, 0);
+    const HMENU menu = user::readMenu(reader, 0);
     if (!reader.good()) {
-        menus::remove(menu);
+        user::remove(menu);
         return {};
     }
     return menu;
@@ -134,31 +133,25 @@ HMENU LoadMenuW(HINSTANCE, LPCWSTR name)
 
 BOOL DestroyMenu(HMENU menu)
 {
-    const BOOL existed = menus::find(menu) ? TRUE : FALSE;
-    menus::remove(menu);
+    const BOOL existed = user::findMenu(menu) ? TRUE : FALSE;
+    user::remove(menu);
     return existed;
 }
 
 HMENU GetSubMenu(HMENU menu, int position)
 {
-    const menus::Item *item =
-        position < 0 ? nullptr : menus::findItem(menu, static_cast<UINT>(position), MF_BYPOSITION);
+    const user::MenuItem *item =
+        position < 0 ? nullptr : user::findItem(menu, static_cast<UINT>(position), MF_BYPOSITION);
     return item ? item->dropDown : HMENU{};
 }
 
 int EnableMenuItem(HMENU menu, UINT item, UINT flags)
 {
-    menus::Item *found = menus::findItem(menu, item, flags);
+    user::MenuItem *found = user::findItem(menu, item, flags);
     if (!found) {
         return -1;
     }
     const UINT previous = found->flags & MF_GRAYED;
     found->flags = (found->flags & ~MF_GRAYED) | (flags & MF_GRAYED);
     return static_cast<int>(previous);
-}
-
-UINT GetMenuState(HMENU menu, UINT item, UINT flags)
-{
-    const menus::Item *found = menus::findItem(menu, item, flags);
-    return found ? found->flags : static_cast<UINT>(-1);
 }

@@ -7,9 +7,9 @@
 
 #include "winuser.h"
 
-namespace menus {
+namespace user {
 
-struct Item
+struct MenuItem
 {
     std::u16string text;
     UINT id = 0;      ///< the command; 0 of a separator or drop-down
@@ -22,17 +22,12 @@ struct Item
 
 struct Menu
 {
-    std::vector<Item> items;
+    std::vector<MenuItem> items;
     bool isDropDown = false; ///< it belongs to another menu
 };
 
 /// Null when there is no such menu.
-const Menu *find(HMENU menu);
-
-} // namespace menus
-
-namespace user {
-
+const Menu *findMenu(HMENU menu);
 /// How many menus the program has loaded and not destroyed.
 std::size_t liveMenus();
 void forgetMenus();

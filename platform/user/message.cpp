@@ -9,16 +9,17 @@
 #include "user/focus.h"
 #include "user/input.h"
 #include "user/paint.h"
+#include "user/program_window.h"
 #include "user/stylus.h"
+#include "user/table.h"
 #include "user/timer.h"
-#include "user/window.h"
 
 namespace user {
 
 namespace {
 
-/// Posted messages in order. What was taken stays in front until it is worth removing, so that
-/// nothing is allocated or moved while messages come and go.
+/// Posted messages in order. Messages already taken stay in the vector until it is full, so that
+/// usually nothing is allocated or moved.
 class PostedMessages
 {
 public:
@@ -76,18 +77,10 @@ std::optional<MSG> takeQuitMessage()
     return message;
 }
 
-/// Input and the rest of what is there without waiting, in the order in which it is given out.
-/// Nothing also when an event of the host was handled that makes no message.
-std::optional<MSG> takePresent(bool &eventHandled)
+/// What comes after posted messages and input: quit, paint, timer. The frame is shown before a
+/// timer may draw the next one, and before the process sleeps.
+std::optional<MSG> takeGeneratedMessage()
 {
-    if (auto message = posted.take()) {
-        return message;
-    }
-    host::Host &host = host::current();
-    if (const auto event = host.wait(host.ticks())) {
-        eventHandled = true;
-        return handleEvent(*event);
-    }
     if (auto message = takeQuitMessage()) {
         return message;
     }
@@ -95,23 +88,25 @@ std::optional<MSG> takePresent(bool &eventHandled)
         return message;
     }
     presentFrame();
-    return takeTimerMessage(host.ticks());
+    return takeTimerMessage(GetTickCount());
 }
 
 MSG waitForMessage()
 {
+    host::Host &host = host::current();
     for (;;) {
-        bool eventHandled = false;
-        if (auto message = takePresent(eventHandled)) {
+        if (auto message = posted.take()) {
             return *message;
         }
-        if (eventHandled) {
-            continue;
-        }
-        if (const auto event = host::current().wait(nextTimerMoment())) {
-            if (auto message = handleEvent(*event)) {
+        auto event = host.wait(host.ticks());
+        if (!event) {
+            if (auto message = takeGeneratedMessage()) {
                 return *message;
             }
+            event = host.wait(nextTimerMoment());
+        }
+        if (auto message = event ? handleEvent(*event) : std::nullopt) {
+            return *message;
         }
     }
 }

@@ -7,7 +7,7 @@ namespace user {
 
 /// Drops what is posted to a window and not taken yet.
 void dropMessagesOf(HWND window);
-/// PostQuitMessage was called, and the program has not been told yet.
+/// PostQuitMessage was called, and WM_QUIT is still to be taken.
 bool quitPosted();
 void forgetMessages();
 

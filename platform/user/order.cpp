@@ -1,12 +1,8 @@
-// Which window is in front of which.
-//
-// Top-level windows stand in one list, front to back: first those with WS_EX_TOPMOST and what they
-// own, then the others. A window that is owned is always before its owner.
+// The list of top-level windows, and the changes of order.
+#include "user/order.h"
+
 #include <algorithm>
 #include <iterator>
-
-#include "user/manager.h"
-#include "user/visible.h"
 
 namespace user {
 
@@ -19,7 +15,7 @@ bool isTopmost(const Window &window)
     return (window.exStyle & WS_EX_TOPMOST) != 0 || (window.owner && isTopmost(*window.owner));
 }
 
-std::vector<Window *> &siblingsOf(const Window &window)
+std::vector<Window *> &listOf(const Window &window)
 {
     return window.parent ? window.parent->children : topLevels;
 }
@@ -27,60 +23,61 @@ std::vector<Window *> &siblingsOf(const Window &window)
 /// Restores the first rule of the order after a change.
 void putTopmostFirst()
 {
-    std::stable_partition(topLevels.begin(), topLevels.end(),
+    std::stable_partition(std::begin(topLevels), std::end(topLevels),
                           [](Window *each) { return isTopmost(*each); });
-    visibilityChanged();
+    arrangementChanged();
 }
 
 } // namespace
 
 const std::vector<Window *> &topLevelWindows() { return topLevels; }
 
-void forgetOrder()
-{
-    topLevels.clear();
-    visibilityChanged();
-}
+const std::vector<Window *> &siblingsOf(const Window &window) { return listOf(window); }
 
-void removeFromSiblings(Window &window)
+bool belongsTo(const Window &window, const Window &ancestor)
 {
-    std::erase(siblingsOf(window), &window);
-    visibilityChanged();
+    return &window == &ancestor || (window.owner && belongsTo(*window.owner, ancestor));
 }
 
 void insertWindow(Window &window)
 {
-    auto &siblings = siblingsOf(window);
+    auto &siblings = listOf(window);
     siblings.insert(window.parent ? siblings.end() : siblings.begin(), &window);
     putTopmostFirst();
 }
 
+void removeFromSiblings(Window &window)
+{
+    std::erase(listOf(window), &window);
+    arrangementChanged();
+}
+
 void bringToTop(Window &window)
 {
-    auto &siblings = siblingsOf(window);
-    std::stable_partition(siblings.begin(), siblings.end(),
+    std::stable_partition(listOf(window).begin(), listOf(window).end(),
                           [&](Window *each) { return belongsTo(*each, window); });
     putTopmostFirst();
 }
 
 void placeBehind(Window &window, Window &sibling)
 {
-    auto &siblings = siblingsOf(window);
     if (sibling.parent != window.parent || belongsTo(sibling, window)) {
         return;
     }
+    auto &siblings = listOf(window);
     const auto moves = [&](Window *each) { return belongsTo(*each, window); };
     std::vector<Window *> group;
-    std::copy_if(siblings.begin(), siblings.end(), std::back_inserter(group), moves);
+    std::copy_if(std::begin(siblings), std::end(siblings), std::back_inserter(group), moves);
     std::erase_if(siblings, moves);
-    const auto place = std::find(siblings.begin(), siblings.end(), &sibling);
+    const auto place = std::find(std::begin(siblings), std::end(siblings), &sibling);
     siblings.insert(std::next(place), group.begin(), group.end());
     putTopmostFirst();
 }
 
-bool belongsTo(const Window &window, const Window &ancestor)
+void forgetOrder()
 {
-    return &window == &ancestor || (window.owner && belongsTo(*window.owner, ancestor));
+    topLevels.clear();
+    arrangementChanged();
 }
 
 } // namespace user

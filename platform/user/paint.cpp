@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "gdi/device_context.h"
 #include "gdi/rect.h"
 #include "host/current.h"
-#include "user/manager.h"
+#include "user/order.h"
+#include "user/table.h"
 
 namespace user {
 
@@ -37,7 +39,7 @@ RECT toClient(const Window &window, const RECT &rect)
     return gdi::moved(rect, -window.rect.left, -window.rect.top);
 }
 
-/// Whether anything that can be seen of the window is invalid.
+/// Whether a visible part of the window is invalid.
 bool needsPaint(Window &window)
 {
     if (!window.invalid.empty()) {
@@ -46,7 +48,7 @@ bool needsPaint(Window &window)
     return !window.invalid.empty();
 }
 
-/// The first of a list of windows and their children, in order, that is to be painted.
+/// The first window to be painted in a list of windows and their children.
 Window *findToPaint(const std::vector<Window *> &windows)
 {
     for (Window *window : windows) {
@@ -162,17 +164,6 @@ BOOL InvalidateRect(HWND window, const RECT *rect, BOOL erase)
         return FALSE;
     }
     user::invalidate(*record, gdi::Region(user::toScreen(*record, rect)), erase != FALSE);
-    return TRUE;
-}
-
-BOOL ValidateRect(HWND window, const RECT *rect)
-{
-    user::Window *record = user::find(window);
-    if (!record) {
-        return FALSE;
-    }
-    record->invalid.subtract(user::toScreen(*record, rect));
-    record->erasePending = record->erasePending && !record->invalid.empty();
     return TRUE;
 }
 

@@ -1,13 +1,14 @@
-// Where windows are, whether they are shown, and how that changes.
+// Showing, hiding, moving and sizing windows.
 #include <algorithm>
 #include <utility>
 #include <vector>
 
 #include "gdi/rect.h"
-#include "shell/shell.h"
 #include "user/focus.h"
-#include "user/manager.h"
+#include "user/order.h"
 #include "user/paint.h"
+#include "user/shell_interface.h"
+#include "user/table.h"
 #include "user/visible.h"
 
 namespace user {
@@ -38,7 +39,7 @@ RECT requestedRect(const Window &window, int x, int y, int width, int height, UI
     return rect;
 }
 
-/// Takes a new rectangle. What the window showed does not move with it: it is drawn again.
+/// Takes a new rectangle. The window's pixels are not moved: a moved window is painted again.
 void takeRect(Window &window, const RECT &rect)
 {
     const SIZE before = window.size();
@@ -47,7 +48,7 @@ void takeRect(Window &window, const RECT &rect)
     window.rect = rect;
     window.invalid.offset(dx, dy);
     moveChildren(window, dx, dy);
-    visibilityChanged();
+    arrangementChanged();
     const SIZE after = window.size();
     const UINT style = window.windowClass->style;
     const bool moved = dx != 0 || dy != 0;
@@ -60,17 +61,14 @@ void takeRect(Window &window, const RECT &rect)
     }
 }
 
-/// Changes place and order at once.
+/// Changes rectangle and order.
 void rearrange(Window &window, HWND after, const RECT &rect, UINT flags)
 {
-    if (!gdi::same(rect, window.rect)) {
+    if (rect != window.rect) {
         takeRect(window, rect);
     }
     if ((flags & SWP_NOZORDER) != 0) {
         return;
-    }
-    if (after == HWND_TOPMOST) {
-        window.exStyle |= WS_EX_TOPMOST;
     }
     if (Window *sibling = find(after)) {
         placeBehind(window, *sibling);
@@ -79,7 +77,7 @@ void rearrange(Window &window, HWND after, const RECT &rect, UINT flags)
     }
 }
 
-/// The invalid parts of a window and of those in it, in the order of a walk through them.
+/// Collects the invalid parts of a window and its children.
 void noteInvalid(const Window &window, std::vector<gdi::Region> &parts)
 {
     parts.push_back(window.invalid);
@@ -88,7 +86,7 @@ void noteInvalid(const Window &window, std::vector<gdi::Region> &parts)
     }
 }
 
-/// Puts them back after a move that is not to draw anything again.
+/// Puts them back, in the same order, after a move that must not cause painting.
 void restoreInvalid(Window &window, std::vector<gdi::Region>::iterator &part, POINT moved)
 {
     part->offset(moved.x, moved.y);
@@ -102,7 +100,7 @@ void announceRect(HWND handle, const RECT &before)
 {
     const Window *window = find(handle);
     if (window && (window->rect.left != before.left || window->rect.top != before.top)) {
-        const POINT place = placeOf(*window);
+        const POINT place = window->place();
         SendMessageW(handle, WM_MOVE, 0, MAKELPARAM(place.x, place.y));
     }
     window = find(handle);
@@ -115,7 +113,7 @@ void announceRect(HWND handle, const RECT &before)
     }
 }
 
-/// Shows or hides, without a look at activation.
+/// Shows or hides a window without changing the active one.
 void setShown(HWND handle, bool shown)
 {
     SendMessageW(handle, WM_SHOWWINDOW, shown ? TRUE : FALSE, 0);
@@ -123,8 +121,20 @@ void setShown(HWND handle, bool shown)
     if (window && window->shown() != shown) {
         const VisibilityChange change;
         window->style ^= WS_VISIBLE;
-        visibilityChanged();
+        arrangementChanged();
     }
+}
+
+/// Replaces `value` by what `compute` makes of the window and it. FALSE when either is missing.
+template <class Value, class Compute>
+BOOL answer(HWND window, Value *value, Compute compute)
+{
+    const Window *record = find(window);
+    if (!record || !value) {
+        return FALSE;
+    }
+    *value = compute(*record, *value);
+    return TRUE;
 }
 
 } // namespace
@@ -153,7 +163,7 @@ BOOL ShowWindow(HWND window, int command)
         SetActiveWindow(self);
     }
     if (canActivate && shown != wasShown) {
-        shell::activeWindowChanged();
+        user::shellInUse().activeWindowChanged();
     }
     return wasShown ? TRUE : FALSE;
 }
@@ -169,7 +179,7 @@ BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, 
     const RECT rect = user::requestedRect(*record, x, y, width, height, flags);
     std::vector<gdi::Region> invalid;
     user::noteInvalid(*record, invalid);
-    if (!gdi::same(rect, before) || (flags & SWP_NOZORDER) == 0) {
+    if (rect != before || (flags & SWP_NOZORDER) == 0) {
         const user::VisibilityChange change;
         user::rearrange(*record, after, rect, flags);
     }
@@ -183,8 +193,8 @@ BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, 
     if (record && record->shown() && !record->parent && activates) {
         SetActiveWindow(self);
     }
-    if (GetActiveWindow() == self && !gdi::same(rect, before)) {
-        shell::activeWindowChanged();
+    if (GetActiveWindow() == self && rect != before) {
+        user::shellInUse().activeWindowChanged();
     }
     return TRUE;
 }
@@ -197,41 +207,27 @@ BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint)
 
 BOOL GetWindowRect(HWND window, RECT *rect)
 {
-    const user::Window *record = user::find(window);
-    if (!record || !rect) {
-        return FALSE;
-    }
-    *rect = record->rect;
-    return TRUE;
+    return user::answer(window, rect, [](const user::Window &record, RECT) { return record.rect; });
 }
 
 BOOL GetClientRect(HWND window, RECT *rect)
 {
-    const user::Window *record = user::find(window);
-    if (!record || !rect) {
-        return FALSE;
-    }
-    const SIZE size = record->size();
-    *rect = {0, 0, size.cx, size.cy};
-    return TRUE;
+    return user::answer(window, rect, [](const user::Window &record, RECT) {
+        const SIZE size = record.size();
+        return RECT{0, 0, size.cx, size.cy};
+    });
 }
 
 BOOL ClientToScreen(HWND window, POINT *point)
 {
-    const user::Window *record = user::find(window);
-    if (!record || !point) {
-        return FALSE;
-    }
-    *point = {point->x + record->rect.left, point->y + record->rect.top};
-    return TRUE;
+    return user::answer(window, point, [](const user::Window &record, POINT inside) {
+        return POINT{inside.x + record.rect.left, inside.y + record.rect.top};
+    });
 }
 
 BOOL ScreenToClient(HWND window, POINT *point)
 {
-    const user::Window *record = user::find(window);
-    if (!record || !point) {
-        return FALSE;
-    }
-    *point = {point->x - record->rect.left, point->y - record->rect.top};
-    return TRUE;
+    return user::answer(window, point, [](const user::Window &record, POINT onScreen) {
+        return POINT{onScreen.x - record.rect.left, onScreen.y - record.rect.top};
+    });
 }

@@ -1,10 +1,10 @@
-// What can be asked and set of a window: its relations, its values, its text.
+// A window's relations, values and text.
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
-#include "shell/shell.h"
-#include "user/manager.h"
-#include "user/visible.h"
+#include "user/order.h"
+#include "user/table.h"
 
 namespace user {
 
@@ -15,29 +15,19 @@ HWND handleOf(const Window *window) { return window ? window->handle : HWND{}; }
 /// The sibling directly behind.
 HWND nextSiblingOf(const Window &window)
 {
-    const auto &siblings = window.parent ? window.parent->children : topLevelWindows();
-    const auto next = std::next(std::find(siblings.begin(), siblings.end(), &window));
+    const auto &siblings = siblingsOf(window);
+    const auto next = std::next(std::find(std::begin(siblings), std::end(siblings), &window));
     return next == siblings.end() ? HWND{} : (*next)->handle;
 }
 
-/// The place of a value that is kept as an address or a number of that width; null for others.
-LONG_PTR *wideValue(Window &window, int index)
+/// The place of a value that a dialog keeps for its procedure; null for others.
+LONG_PTR *dialogValue(Window &window, int index)
 {
-    if (index == GWL_USERDATA) {
-        return &window.userData;
-    }
     constexpr int indexStep = 4;
-    const bool ofDialog =
-        window.isDialog && (index == DWL_MSGRESULT || index == DWL_DLGPROC || index == DWL_USER);
-    return ofDialog ? &window.dialogData[static_cast<std::size_t>(index / indexStep)] : nullptr;
-}
-
-void setStyles(Window &window, DWORD style, DWORD exStyle)
-{
-    const VisibilityChange change;
-    window.style = style;
-    window.exStyle = exStyle;
-    visibilityChanged();
+    const bool known = index == DWL_MSGRESULT || index == DWL_DLGPROC || index == DWL_USER;
+    return window.isDialog && known
+               ? &window.dialogData[static_cast<std::size_t>(index / indexStep)]
+               : nullptr;
 }
 
 } // namespace
@@ -49,7 +39,7 @@ BOOL IsWindow(HWND window) { return user::find(window) ? TRUE : FALSE; }
 BOOL IsWindowVisible(HWND window)
 {
     const user::Window *record = user::find(window);
-    return record && user::reallyShown(*record) ? TRUE : FALSE;
+    return record && record->reallyShown() ? TRUE : FALSE;
 }
 
 BOOL IsWindowEnabled(HWND window)
@@ -73,8 +63,6 @@ HWND GetWindow(HWND window, UINT which)
     switch (which) {
     case GW_HWNDNEXT:
         return user::nextSiblingOf(*record);
-    case GW_OWNER:
-        return user::handleOf(record->owner);
     case GW_CHILD:
         return record->children.empty() ? HWND{} : record->children.front()->handle;
     default:
@@ -88,12 +76,7 @@ LONG_PTR GetWindowLongW(HWND window, int index)
     if (!record) {
         return 0;
     }
-    if (const LONG_PTR *value = user::wideValue(*record, index)) {
-        return *value;
-    }
     switch (index) {
-    case GWL_WNDPROC:
-        return reinterpret_cast<LONG_PTR>(record->procedure);
     case GWL_ID:
         return record->id;
     case GWL_STYLE:
@@ -101,32 +84,16 @@ LONG_PTR GetWindowLongW(HWND window, int index)
     case GWL_EXSTYLE:
         return static_cast<LONG>(record->exStyle);
     default:
-        return 0;
+        const LONG_PTR *value = user::dialogValue(*record, index);
+        return value ? *value : 0;
     }
 }
 
 LONG_PTR SetWindowLongW(HWND window, int index, LONG_PTR value)
 {
     user::Window *record = user::find(window);
-    if (!record) {
-        return 0;
-    }
-    const LONG_PTR previous = GetWindowLongW(window, index);
-    if (LONG_PTR *place = user::wideValue(*record, index)) {
-        *place = value;
-    } else if (index == GWL_WNDPROC && value != 0) {
-        record->procedure = reinterpret_cast<WNDPROC>(value);
-    } else if (index == GWL_ID) {
-        record->id = static_cast<int>(value);
-    } else if (index == GWL_STYLE) {
-        user::setStyles(*record, static_cast<DWORD>(value), record->exStyle);
-    } else if (index == GWL_EXSTYLE) {
-        user::setStyles(*record, record->style, static_cast<DWORD>(value));
-    }
-    if ((index == GWL_STYLE || index == GWL_EXSTYLE) && record->handle == GetActiveWindow()) {
-        shell::activeWindowChanged();
-    }
-    return previous;
+    LONG_PTR *place = record ? user::dialogValue(*record, index) : nullptr;
+    return place ? std::exchange(*place, value) : 0;
 }
 
 BOOL SetWindowTextW(HWND window, LPCWSTR text)
@@ -146,9 +113,4 @@ int GetWindowTextW(HWND window, LPWSTR buffer, int capacity)
     buffer[0] = 0;
     return static_cast<int>(SendMessageW(window, WM_GETTEXT, static_cast<WPARAM>(capacity),
                                          reinterpret_cast<LPARAM>(buffer)));
-}
-
-int GetWindowTextLengthW(HWND window)
-{
-    return static_cast<int>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0));
 }

@@ -4,7 +4,8 @@
 #include <algorithm>
 
 #include "user/focus.h"
-#include "user/manager.h"
+#include "user/order.h"
+#include "user/table.h"
 
 namespace user {
 
@@ -12,13 +13,13 @@ namespace {
 
 POINT position{};
 
-/// The frontmost window of a list, front to back, at a point of the screen, or the child of it
-/// that is there.
+/// The frontmost window of a list at a point of the screen, or its child at that point.
 Window *windowAt(const std::vector<Window *> &siblings, POINT point)
 {
-    const auto found = std::find_if(siblings.begin(), siblings.end(), [&](const Window *each) {
-        return each->shown() && PtInRect(&each->rect, point);
-    });
+    const auto found =
+        std::find_if(std::begin(siblings), std::end(siblings), [&](const Window *each) {
+            return each->shown() && PtInRect(&each->rect, point);
+        });
     if (found == siblings.end()) {
         return nullptr;
     }
@@ -44,7 +45,7 @@ std::optional<MSG> handleStylus(const host::Event &event)
     if (!captured) {
         target = windowAt(topLevelWindows(), position);
     }
-    if (!target || !reallyEnabled(*target)) {
+    if (!target || !target->reallyEnabled()) {
         return std::nullopt;
     }
     const HWND handle = target->handle;

@@ -1,4 +1,4 @@
-// The stylus on the windows.
+// Stylus messages.
 #pragma once
 
 #include <optional>
@@ -8,8 +8,8 @@
 
 namespace user {
 
-/// The stylus message for the window that holds the capture or is under the pen. A press first
-/// activates that window. Nothing when there is no window, or a disabled one.
+/// The stylus message for the window that holds the capture, else the one under the stylus. A press
+/// first activates that window. Returns nothing when there is none or it is disabled.
 std::optional<MSG> handleStylus(const host::Event &event);
 /// Where the stylus was last, in screen pixels.
 POINT stylusPosition();

@@ -1,4 +1,4 @@
-// The one system library, with the one function that programs look up in it by name.
+// The system library "coredll.dll", with the one function that programs look up in it by name.
 #include <string_view>
 
 #include "base/names.h"

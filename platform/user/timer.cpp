@@ -1,10 +1,10 @@
-// Timers.
+// The list of timers.
 #include "user/timer.h"
 
 #include <algorithm>
 
 #include "host/moment.h"
-#include "user/window.h"
+#include "user/table.h"
 
 namespace user {
 
@@ -43,7 +43,7 @@ std::optional<MSG> takeTimerMessage(DWORD now)
     if (timer == timers.end() || host::isBefore(now, timer->due)) {
         return std::nullopt;
     }
-    // The moments that passed meanwhile are told with this one.
+    // Moments missed meanwhile are skipped.
     timer->due += ((now - timer->due) / timer->period + 1) * timer->period;
     return MSG{timer->window, WM_TIMER, timer->id, reinterpret_cast<LPARAM>(timer->callback),
                now,           {}};

@@ -9,9 +9,9 @@
 
 namespace user {
 
-/// WM_TIMER of the timer that was due first, if any is due. Its next moment is ahead then.
+/// WM_TIMER of the timer that was due first, if any is due; the timer is set to its next moment.
 std::optional<MSG> takeTimerMessage(DWORD now);
-/// When the next timer is due; nothing when there is none.
+/// The moment at which the next timer is due; nothing when there is none.
 std::optional<DWORD> nextTimerMoment();
 void dropTimersOf(HWND window);
 void forgetTimers();

@@ -1,18 +1,15 @@
-// Visible regions. They are worked out when asked for and hold until the windows change.
+// Visible regions. They are computed when asked for and hold until the arrangement changes.
 #include "user/visible.h"
 
 #include <algorithm>
 
-#include "shell/shell.h"
-#include "user/manager.h"
+#include "user/order.h"
 #include "user/paint.h"
+#include "user/table.h"
 
 namespace user {
 
 namespace {
-
-/// Counts the changes of windows; never 0, which marks a region that was never worked out.
-unsigned state = 1;
 
 /// The part of the screen that belongs to a window and its children.
 gdi::Region areaOf(const Window &window)
@@ -22,8 +19,7 @@ gdi::Region areaOf(const Window &window)
     }
     gdi::Region area = window.parent ? areaOf(*window.parent) : gdi::Region(screenRect());
     area.intersect(window.rect);
-    const auto &siblings = window.parent ? window.parent->children : topLevelWindows();
-    for (const Window *sibling : siblings) {
+    for (const Window *sibling : siblingsOf(window)) {
         if (sibling == &window || area.empty()) {
             break;
         }
@@ -36,29 +32,18 @@ gdi::Region areaOf(const Window &window)
 
 } // namespace
 
-void visibilityChanged() { ++state; }
-
 const gdi::Region &Window::visible() const
 {
-    if (visibleAsOf != state) {
+    if (visibleAsOf != arrangement()) {
         visibleRegion = areaOf(*this);
         for (const Window *child : children) {
             if (child->shown()) {
                 visibleRegion.subtract(child->rect);
             }
         }
-        visibleAsOf = state;
+        visibleAsOf = arrangement();
     }
     return visibleRegion;
-}
-
-RECT screenRect() { return {0, 0, gdi::screen().width, gdi::screen().height}; }
-
-RECT defaultRect()
-{
-    RECT rect = screenRect();
-    rect.top = shell::titleBarHeight;
-    return rect;
 }
 
 VisibilityChange::VisibilityChange()
@@ -70,15 +55,15 @@ VisibilityChange::VisibilityChange()
 
 VisibilityChange::~VisibilityChange()
 {
-    visibilityChanged();
+    arrangementChanged();
     for (Window *window : everyWindow()) {
         gdi::Region uncovered = window->visible();
         if (uncovered.empty()) {
             continue;
         }
-        const auto before = std::find_if(before_.begin(), before_.end(), [&](const auto &each) {
-            return each.first == window->handle;
-        });
+        const auto before =
+            std::find_if(std::begin(before_), std::end(before_),
+                         [&](const auto &each) { return each.first == window->handle; });
         if (before != before_.end()) {
             uncovered.subtract(before->second);
         }

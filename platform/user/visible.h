@@ -1,18 +1,15 @@
-// What can be seen of the windows, and what a change of the windows uncovers.
+// Repainting what a change of the windows uncovers.
 #pragma once
 
 #include <utility>
 #include <vector>
 
-#include "user/window.h"
+#include "gdi/region.h"
+#include "winuser.h"
 
 namespace user {
 
-/// To be called after every change of a window's place, order or visibility: regions worked out
-/// before it no longer hold.
-void visibilityChanged();
-
-/// Lives around a change of windows. What can be seen of any window after it and could not before
+/// An object of this class lives around a change of windows. At its end, whatever became visible
 /// becomes invalid.
 class VisibilityChange
 {

@@ -1,4 +1,4 @@
-// The windows behind the handles: what the window manager, the dialogs and the shell know of them.
+// The windows behind the handles: what the window manager, the controls and the shell know of them.
 // Programs see only handles (winuser.h).
 #pragma once
 
@@ -6,24 +6,14 @@
 #include <cstddef>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "gdi/region.h"
 #include "gdi/screen.h"
+#include "user/classes.h"
 #include "winuser.h"
 
 namespace user {
-
-struct WindowClass
-{
-    std::u16string name; ///< compared without regard to case
-    WNDPROC procedure = nullptr;
-    UINT style = 0;
-    HBRUSH background{}; ///< none: nothing is erased
-    HICON icon{};
-    bool system = false; ///< one of the system's own, not of the program
-};
 
 /// What a class of the system keeps with each of its windows: a control's state, a dialog's
 /// focus and result. Deleted with the window, after its WM_NCDESTROY.
@@ -45,7 +35,6 @@ struct Window final : gdi::ScreenArea
     std::vector<Window *> children; ///< front to back, which is the order of creation
     RECT rect{};                    ///< screen pixels; may be set only by SetWindowPos
     std::u16string text;
-    LONG_PTR userData = 0;                ///< GWL_USERDATA
     std::array<LONG_PTR, 3> dialogData{}; ///< DWL_MSGRESULT, DWL_DLGPROC, DWL_USER
     bool isDialog = false;                ///< dialogData is in use
     std::unique_ptr<WindowData> data;
@@ -54,31 +43,34 @@ struct Window final : gdi::ScreenArea
 
     POINT origin() const override { return {rect.left, rect.top}; }
     SIZE size() const override { return {rect.right - rect.left, rect.bottom - rect.top}; }
+    /// What can be seen of the window itself, without its children: screen pixels.
     const gdi::Region &visible() const override;
 
     bool shown() const { return (style & WS_VISIBLE) != 0; }
     bool enabled() const { return (style & WS_DISABLED) == 0; }
-    /// Whether it can be active: not so the bars and drop-downs of the shell.
+    /// Shown or enabled, and so are all its parents.
+    bool reallyShown() const { return shown() && (!parent || parent->reallyShown()); }
+    bool reallyEnabled() const { return enabled() && (!parent || parent->reallyEnabled()); }
+    /// Whether it can become active; the shell's bars and drop-downs cannot.
     bool activatable() const { return (exStyle & WS_EX_NOACTIVATE) == 0; }
     Window &topLevel() { return parent ? parent->topLevel() : *this; }
+    /// Its place as messages give it: a child's in its parent's client area, others' on the screen.
+    POINT place() const;
 
     // Of the window manager alone:
     bool destroying = false;  ///< DestroyWindow has begun
     std::vector<HDC> openDCs; ///< closed with the window
     mutable gdi::Region visibleRegion;
-    mutable unsigned visibleAsOf = 0; ///< the state of the windows that visibleRegion holds for
+    mutable unsigned visibleAsOf = 0; ///< the arrangement that visibleRegion holds for
 };
 
-/// The window of a handle, its lowest bit ignored; null when there is none.
-Window *find(HWND handle);
+/// Every change of a window's place, order or visibility makes a new arrangement: regions computed
+/// for an earlier one are out of date.
+void arrangementChanged();
+/// Counts the arrangements; never 0, which marks a region that was never computed.
+unsigned arrangement();
 
-/// Every top-level window, front to back. Windows with WS_EX_TOPMOST are before all others.
-const std::vector<Window *> &topLevelWindows();
-
-/// Registers one of the system's own classes; not with a program's icon or background.
-void registerSystemClass(std::u16string_view name, WNDPROC procedure);
-
-/// The first window that the program made, or none.
-HWND programWindow();
+/// The whole screen in pixels.
+RECT screenRect();
 
 } // namespace user

@@ -1,7 +1,7 @@
 // Sound output over the host's queue of samples: the one device and the buffers it holds.
 //
-// The host only tells whether samples are left, not which, so buffers become done together, when
-// the last of them was played.
+// The host only reports whether samples are left, not which, so the buffers become done together,
+// when the last of them was played.
 #include "wave/wave.h"
 
 #include <span>
@@ -42,7 +42,7 @@ MMRESULT checkHeader(HWAVEOUT device, const WAVEHDR *header, UINT size)
     if (result != MMSYSERR_NOERROR) {
         return result;
     }
-    return header != nullptr && size >= sizeof(WAVEHDR) ? MMSYSERR_NOERROR : MMSYSERR_INVALPARAM;
+    return header && size >= sizeof(WAVEHDR) ? MMSYSERR_NOERROR : MMSYSERR_INVALPARAM;
 }
 
 bool isTheFormat(const WAVEFORMATEX &format)
@@ -66,13 +66,12 @@ void wave::reset()
 
 UINT waveOutGetNumDevs() { return host::current().hasLoudspeaker() ? 1 : 0; }
 
-MMRESULT waveOutOpen(HWAVEOUT *device, UINT id, const WAVEFORMATEX *format, DWORD /*callback*/,
-                     DWORD /*instance*/, DWORD /*flags*/)
+MMRESULT waveOutOpen(HWAVEOUT *device, UINT id, const WAVEFORMATEX *format, DWORD, DWORD, DWORD)
 {
     if (id >= waveOutGetNumDevs()) {
         return MMSYSERR_BADDEVICEID;
     }
-    if (device == nullptr || format == nullptr) {
+    if (!device || !format) {
         return MMSYSERR_INVALPARAM;
     }
     if (!isTheFormat(*format)) {

@@ -1,4 +1,4 @@
-// Sound output's place in the life of the handheld.
+// Sound output as a part of the handheld.
 #pragma once
 
 namespace wave {

@@ -1,7 +1,7 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Rebuilds every picture, icon and sound of the program, byte for byte, into resources/ (or the given folder)."""
+import argparse
 import pathlib
-import sys
 
 import numpy as np
 
@@ -30,7 +30,9 @@ def icon_image(size):
 
 
 def main():
-    folder = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else pathlib.Path(__file__).resolve().parent.parent
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("folder", nargs="?", type=pathlib.Path, default=pathlib.Path(__file__).resolve().parent.parent)
+    folder = parser.parse_args().folder
     for index, scene in enumerate((lake, harbour, deep)):
         write_bmp_8(folder / f"backdrop_{index}.bmp", *backdrop(*scene()))
     write_bmp_8(folder / "title.bmp", *title())

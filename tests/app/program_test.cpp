@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "app/window.h"
-#include "gdi/screen.h"
+#include "gdi/inventory.h"
 #include "resources/program_resources.h"
 #include "resources/resource.h"
 #include "user/user_script.h"
@@ -13,17 +13,19 @@ TEST(Program, LeavesNothingBehind)
 {
     SwitchedOn handheld(programResources());
     UserScript user(handheld.host);
+    constexpr int gameMenu = 0; // the buttons of the menu bar
+    constexpr int toolsMenu = 1;
     const auto choose = [&](int button, int command) {
         user.tapMenuButton(button);
         user.tapMenuItem(command);
     };
-    choose(1, IDM_GAME_OPTIONS);
+    choose(toolsMenu, IDM_GAME_OPTIONS);
     user.click(IDC_QUEUE);
     user.tapListItem(IDC_QUEUE, 1);
     user.tapOk();
-    choose(1, IDM_ABOUT);
+    choose(toolsMenu, IDM_ABOUT);
     user.tapOk();
-    choose(0, IDM_NEW_GAME);
+    choose(gameMenu, IDM_NEW_GAME);
     user.then([&] {
         handheld.host.key(VK_UP, true, 500);
         handheld.host.key(VK_UP, false, 2000);
@@ -32,7 +34,7 @@ TEST(Program, LeavesNothingBehind)
         EXPECT_FALSE(inspect::liveObjects().empty());
         EXPECT_FALSE(gdi::liveObjects().empty());
     });
-    choose(0, IDM_ABANDON_GAME);
+    choose(gameMenu, IDM_ABANDON_GAME);
     user.give({.kind = host::Event::Kind::Close});
 
     WCHAR commandLine[] = u"";

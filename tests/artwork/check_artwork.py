@@ -1,9 +1,10 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Checks the pictures, icon and sounds of resources/: formats, layouts, colours, contrast, spectra.
 
 check_artwork.py [--rebuild]     --rebuild also runs the generator and compares every file byte for byte.
 Exits 0 when all is well, else 1 after naming each fault.
 """
+import argparse
 import pathlib
 import struct
 import subprocess
@@ -162,6 +163,9 @@ def check_rebuild():
 
 
 def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--rebuild", action="store_true")
+    options = parser.parse_args()
     sheet = read_bmp("tiles.bmp", 77, 66, 24)
     check_tiles(sheet)
     pictures = [read_bmp(name, 240, 268, 8) for name in BACKDROPS]
@@ -183,7 +187,7 @@ def main():
     for name, (count, low, high) in SOUNDS.items():
         print(f"{name}.wav: centre of gravity {check_sound(name, count, low, high):.0f} Hz")
     check_icon()
-    if "--rebuild" in sys.argv[1:]:
+    if options.rebuild:
         check_rebuild()
     print("\n".join(faults) or "artwork: all is well")
     return 1 if faults else 0

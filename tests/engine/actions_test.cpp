@@ -38,7 +38,7 @@ TEST(Actions, HoldShowsAtOnceAndCanBeDisabled)
     EXPECT_EQ(game.session.dirty, dirty::everything);
 }
 
-/// In a well that is full but for the piece and one of the places of its turn; and back.
+/// The well is full except for the piece and one of the places of its turn.
 TEST(Actions, TurnsTryFivePlaces)
 {
     struct Turn
@@ -52,7 +52,9 @@ TEST(Actions, TurnsTryFivePlaces)
         {J, 1, {{4, 10}, {5, 10}, {5, 11}, {4, 8}, {5, 8}}},
         {J, 2, {{4, 10}, {5, 10}, {5, 9}, {4, 12}, {5, 12}}},
         {J, 3, {{4, 10}, {3, 10}, {3, 11}, {4, 8}, {3, 8}}},
-        {I, 0, {{5, 10}, {3, 10}, {6, 10}, {3, 11}, {6, 8}}}, // its box moves in the open, too
+        {I,
+         0,
+         {{5, 10}, {3, 10}, {6, 10}, {3, 11}, {6, 8}}}, // its box moves even with free space around
         {I, 1, {{4, 11}, {3, 11}, {6, 11}, {3, 9}, {6, 12}}},
         {I, 2, {{3, 10}, {5, 10}, {2, 10}, {5, 9}, {2, 12}}},
         {I, 3, {{4, 9}, {5, 9}, {2, 9}, {5, 11}, {2, 8}}},

@@ -1,4 +1,4 @@
-// A game without a window: its rules are run tick by tick, with buttons held as a test says.
+// A game without a window: a test runs its rules tick by tick and says which buttons are held.
 #pragma once
 
 #include <algorithm>
@@ -23,7 +23,7 @@ public:
 
     ActivePiece &piece() { return session.playfield.piece; }
 
-    /// Puts another falling piece in place of the present one.
+    /// Replaces the falling piece.
     void put(TetrominoType type, int x, int y, int rotation)
     {
         piece().type = type;
@@ -35,7 +35,7 @@ public:
     {
         return piece().x == x && piece().y == y && piece().rotation == rotation;
     }
-    /// Fills a row but for some columns.
+    /// Fills a row except some columns.
     void fillRow(int row, std::initializer_list<int> gaps = {})
     {
         for (int column = 0; column < wellColumns; ++column) {
@@ -48,7 +48,8 @@ public:
     void empty(const RotationState &state, int x, int y)
     {
         for (const CellOffset &cell : state.cells) {
-            *session.playfield.cellAt(x + cell.x, y + cell.y) = {};
+            const int index = (y + cell.y) * wellColumns + x + cell.x;
+            session.playfield.cells[static_cast<std::size_t>(index)] = {};
         }
     }
     bool filled(int column, int row)

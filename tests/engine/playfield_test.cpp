@@ -1,4 +1,4 @@
-// The well: what is free, what is full, what falls when rows go.
+// The well: what is free, what is full, what falls when rows are removed.
 #include "engine/playfield.h"
 
 #include <cstdlib>
@@ -53,7 +53,7 @@ TEST(Playfield, NeverRemovesTheTopRow)
     EXPECT_EQ(field.removeFullRows(), 0);
 }
 
-/// The generator draws what the GNU C library's would.
+/// The generator draws the same numbers as std::rand.
 TEST(PieceQueue, ShufflesAsEver)
 {
     for (const unsigned seed : {0U, 1U, 2U, 1000U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {

@@ -7,7 +7,7 @@ namespace {
 
 using enum TetrominoType;
 
-/// The marks at which a piece on the ground locks, a clear is shown and the next piece comes.
+/// When a piece on the ground locks, the rows are cleared and the next piece comes.
 TEST(Session, LocksASecondAfterLandingAndClearsRowsIn200Milliseconds)
 {
     PlayedGame game;

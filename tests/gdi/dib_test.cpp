@@ -49,7 +49,7 @@ TEST(Dib, Reads24Bits)
 
 TEST(Dib, RefusesMalformedOnes)
 {
-    for (std::size_t size = 0; size < paletted.size(); size++) {
+    for (std::size_t size = 0; size < paletted.size(); ++size) {
         // A copy of its own, so that a sanitizer sees any step beyond the end.
         EXPECT_FALSE(
             gdi::readDib(Bytes(paletted.begin(), paletted.begin() + static_cast<int>(size))));

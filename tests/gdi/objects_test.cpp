@@ -59,7 +59,7 @@ TEST(Objects, AHandleNeverNamesALaterObject)
 {
     const HBRUSH old = CreateSolidBrush(red);
     DeleteObject(old);
-    for (int i = 0; i < 200'000; i++) { // more than one slot has generations
+    for (int i = 0; i < 200'000; ++i) { // more than one slot has generations
         const HBRUSH brush = CreateSolidBrush(red);
         ASSERT_TRUE(brush);
         ASSERT_NE(brush, old);

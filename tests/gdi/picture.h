@@ -5,8 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "gdi/screen.h"
-#include "support/rect.h"
+#include "gdi/device_context.h"
+#include "gdi/inventory.h"
+#include "support/pixel.h"
 #include "wingdi.h"
 
 constexpr COLORREF black = RGB(0, 0, 0);
@@ -78,9 +79,9 @@ private:
     template <class Look>
     void visit(const Look &look) const
     {
-        for (int y = 0; y < height_; y++) {
-            for (int x = 0; x < width_; x++) {
-                look(x, y, GetPixel(dc, x, y));
+        for (int y = 0; y < height_; ++y) {
+            for (int x = 0; x < width_; ++x) {
+                look(x, y, getPixel(dc, x, y));
             }
         }
     }

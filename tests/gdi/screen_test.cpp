@@ -39,8 +39,8 @@ struct Screen : testing::Test
     /// What is not black must be in both.
     static void expectDrawn(const gdi::Region &a, const gdi::Region &b)
     {
-        for (int y = 0; y < 20; y++) {
-            for (int x = 0; x < 20; x++) {
+        for (int y = 0; y < 20; ++y) {
+            for (int x = 0; x < 20; ++x) {
                 ASSERT_EQ(at(x, y) != 0, a.contains(x, y) && b.contains(x, y)) << x << ' ' << y;
             }
         }
@@ -53,18 +53,18 @@ TEST(Region, AgreesWithASetOfPixels)
 {
     constexpr int side = 12;
     std::mt19937 random(1);
-    for (int round = 0; round < 300; round++) {
+    for (int round = 0; round < 300; ++round) {
         gdi::Region region;
         bool expected[side][side] = {};
-        for (int step = 0; step < 6; step++) {
+        for (int step = 0; step < 6; ++step) {
             const auto pick = [&] { return static_cast<int>(random() % (side + 1)); };
             const RECT rect{pick(), pick(), pick(), pick()};
             const unsigned operation = random() % 4;
             operation == 0   ? region.subtract(rect)
             : operation == 1 ? region.intersect(gdi::Region(RECT{0, 0, rect.right, side}))
                              : region.add(rect);
-            for (int y = 0; y < side; y++) {
-                for (int x = 0; x < side; x++) {
+            for (int y = 0; y < side; ++y) {
+                for (int x = 0; x < side; ++x) {
                     const bool in = PtInRect(&rect, {x, y}) != FALSE;
                     bool &pixel = expected[y][x];
                     pixel = operation == 0   ? pixel && !in
@@ -77,8 +77,8 @@ TEST(Region, AgreesWithASetOfPixels)
         for (const RECT &rect : region.rects()) {
             area += (rect.right - rect.left) * (rect.bottom - rect.top);
         }
-        for (int y = 0; y < side; y++) {
-            for (int x = 0; x < side; x++) {
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x) {
                 ASSERT_EQ(region.contains(x, y), expected[y][x]) << round;
                 area -= expected[y][x] ? 1 : 0;
             }
@@ -100,9 +100,9 @@ TEST_F(Screen, DrawingStaysInsideTheVisibleRegionAndTellsWhatChanged)
     area.corner = {1, 2, 6, 6};
     area.seen = gdi::Region(area.corner);
     gdi::screen().changed = {};
-    SetPixel(dc, 0, 0, red);
+    setPixel(dc, 0, 0, red);
     EXPECT_EQ(at(1, 2), 0xF800);
-    EXPECT_EQ(GetPixel(dc, 0, 0), red);
+    EXPECT_EQ(getPixel(dc, 0, 0), red);
     EXPECT_EQ(gdi::screen().changed, (RECT{1, 2, 2, 3}));
     gdi::closeScreenDC(dc);
 }

@@ -17,14 +17,13 @@ TEST(Shapes, RectangleHasItsBorderInside)
               (Rows{"...#...", ".#####.", ".#g####", ".#ggg#.", ".#####.", "......."}));
 }
 
-TEST(Shapes, PixelsShowTheDisplaysColours)
+TEST(Shapes, ColoursAreTheDisplays)
 {
     const Picture picture(2, 1);
-    EXPECT_EQ(SetPixel(picture.dc, 0, 0, RGB(255, 255, 7)), RGB(255, 255, 0));
-    EXPECT_EQ(SetPixel(picture.dc, 1, 0, RGB(74, 85, 222)), RGB(74, 85, 222));
-    EXPECT_EQ(GetPixel(picture.dc, 1, 0), RGB(74, 85, 222));
-    EXPECT_EQ(GetPixel(picture.dc, 2, 0), CLR_INVALID);
-    EXPECT_EQ(GetPixel(picture.dc, 0, -1), CLR_INVALID);
+    picture.fill({0, 0, 1, 1}, RGB(255, 255, 7));
+    picture.fill({1, 0, 2, 1}, RGB(74, 85, 222));
+    EXPECT_EQ(getPixel(picture.dc, 0, 0), RGB(255, 255, 0));
+    EXPECT_EQ(getPixel(picture.dc, 1, 0), RGB(74, 85, 222));
 }
 
 TEST(Shapes, TheClipRectangleOnlyShrinksUntilItIsRestored)

@@ -1,4 +1,4 @@
-// The parts of the desktop host that need no desktop: its clock, its keys, its enlarged picture.
+// The parts of the desktop host that need no desktop: its clock, its enlarged picture.
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -7,14 +7,12 @@
 #include <gtest/gtest.h>
 
 #include "host/program_clock.h"
-#include "host/sdl/held_keys.h"
 #include "host/sdl/picture.h"
 #include "host/sdl/window_place.h"
 
 namespace {
 
 using desktop::Canvas;
-using desktop::HeldKeys;
 using desktop::Placement;
 using desktop::Point;
 using desktop::Size;
@@ -40,24 +38,6 @@ TEST(ProgramClock, StepsThroughDueMomentsAndGivesUpLongStalls)
         clock.reachEvent(c.shown + 3);
         EXPECT_EQ(clock.ticks(), c.shown + 3);
     }
-}
-
-TEST(HeldKeys, ButtonIsDownWhileAnyOfItsKeysIs)
-{
-    HeldKeys keys;
-    EXPECT_TRUE(keys.press(1, 195));
-    EXPECT_FALSE(keys.press(1, 195)) << "the same key again";
-    EXPECT_FALSE(keys.press(2, 195));
-    EXPECT_TRUE(keys.press(3, 37));
-    EXPECT_EQ(keys.release(1), 0);
-    EXPECT_EQ(keys.release(1), 0) << "a key that is not down";
-    EXPECT_EQ(keys.release(2), 195);
-    EXPECT_TRUE(keys.press(2, 195));
-    EXPECT_FALSE(keys.press(4, 195));
-    auto released = keys.releaseAll();
-    std::sort(released.begin(), released.end());
-    EXPECT_EQ(released, (std::vector<std::uint16_t>{37, 195})) << "each button once";
-    EXPECT_EQ(keys.release(4), 0);
 }
 
 TEST(Picture, LiesInTheMiddleAtTheLargestWholeScale)

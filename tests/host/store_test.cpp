@@ -46,31 +46,33 @@ TEST_F(StoreTest, MakesItsFolderAndReplacesItsFileAsAWhole)
 {
     const fs::path deep = folder / "a" / "b";
     host::StoreFile store(deep);
-    EXPECT_EQ(store.makeFolder(), "");
-    EXPECT_FALSE(store.load());
-    EXPECT_TRUE(store.save(bytes("first, and longer")));
-    EXPECT_TRUE(store.save(bytes("second")));
+    EXPECT_FALSE(store.makeFolder());
+    const auto nothing = store.load();
+    EXPECT_FALSE(nothing.value || nothing.problem);
+    EXPECT_FALSE(store.save(bytes("first, and longer")));
+    EXPECT_FALSE(store.save(bytes("second")));
     EXPECT_EQ(content("a/b/registry.reg"), "second");
     EXPECT_EQ(std::distance(fs::directory_iterator(deep), {}), 1) << "nothing else stays";
-    const auto loaded = store.load();
+    const auto loaded = store.load().value;
     ASSERT_TRUE(loaded);
     EXPECT_EQ(loaded->size(), 6U);
-    EXPECT_NE(host::StoreFile(deep / "registry.reg").makeFolder(), "");
+    EXPECT_TRUE(host::StoreFile(deep / "registry.reg").makeFolder());
 }
 
 TEST_F(StoreTest, FullDiskLeavesTheOldFileWhole)
 {
     host::StoreFile store(folder);
-    ASSERT_TRUE(store.save(bytes("old")));
+    ASSERT_FALSE(store.save(bytes("old")));
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     const rlimit small{100, before.rlim_max};
     setrlimit(RLIMIT_FSIZE, &small);
-    EXPECT_FALSE(store.save(bytes(std::string(1000, 'x'))));
+    const auto problem = store.save(bytes(std::string(1000, 'x')));
     setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handler);
-    EXPECT_NE(store.problem().find("registry.reg"), std::string::npos);
+    ASSERT_TRUE(problem);
+    EXPECT_NE(problem->find("registry.reg"), std::string::npos);
     EXPECT_EQ(content("registry.reg"), "old");
     EXPECT_EQ(count(), 1) << "the unfinished file is gone";
 }
@@ -79,23 +81,22 @@ TEST_F(StoreTest, WhatIsSetAsideIsNeverLost)
 {
     host::StoreFile store(folder);
     for (const char *text : {"one", "two", "three"}) {
-        ASSERT_TRUE(store.save(bytes(text)));
-        ASSERT_TRUE(store.setAside());
+        ASSERT_FALSE(store.save(bytes(text)));
+        ASSERT_FALSE(store.setAside());
     }
     EXPECT_EQ(content("registry.reg.bad"), "three");
     EXPECT_EQ(content("registry.reg.bad.1"), "one");
     EXPECT_EQ(content("registry.reg.bad.2"), "two");
-    EXPECT_FALSE(store.setAside()) << "there is nothing to set aside";
-    EXPECT_FALSE(store.save(bytes("four"))) << "what could not be set aside is not replaced";
+    EXPECT_TRUE(store.setAside()) << "there is nothing to set aside";
+    EXPECT_TRUE(store.save(bytes("four"))) << "what could not be set aside is not replaced";
 }
 
 TEST_F(StoreTest, WhatCannotBeReadIsNotReplaced)
 {
     fs::create_directory(folder / "registry.reg");
     host::StoreFile store(folder);
-    EXPECT_FALSE(store.load());
-    EXPECT_FALSE(store.save(bytes("new")));
-    EXPECT_NE(store.problem(), "");
+    EXPECT_TRUE(store.load().problem);
+    EXPECT_TRUE(store.save(bytes("new")));
 }
 
 TEST(Text, ConvertsBothWaysAndSurvivesNonsense)

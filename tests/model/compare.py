@@ -16,7 +16,9 @@ import subprocess
 import sys
 import tempfile
 
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / 'support'))
 import model
+from names import expand
 from model import CLEARING, ENDING, HARD_DROP, HOLD, KEYS, LEFT, PAUSE, PAUSED, PLAYING, RIGHT
 from model import ROTATE_LEFT, ROTATE_RIGHT, RUNNING, SOFT_DROP, TITLE, TITLE_BAR
 
@@ -77,7 +79,7 @@ class Player:
                 self.wait(2000)
                 if self.chance(0.8):
                     self.do('type ' + self.random.choice(['ada', 'Noor', 'jo van dyk', 'elisabeth m']))
-                self.do(self.random.choice(['click 1', 'click 1', 'click 2']))
+                self.do(expand(self.random.choice(['click IDOK', 'click IDOK', 'click IDCANCEL'])))
         self.do('wait 1000')
 
     def choose(self):

@@ -7,6 +7,8 @@ time pass, and it keeps the record after every timer message. compare.py holds t
 import ctypes
 import struct
 
+from names import NUMBERS
+
 libc = ctypes.CDLL(None)  # the piece supply draws from the C library's rand, as the program's does
 
 NONE, TITLE, STARTING, PLAYING = range(4)  # states of the app
@@ -476,9 +478,9 @@ class App:
         self.typed += text
 
     def click(self, button):
-        """Button 1 takes the name, unless it is empty; 2 cancels."""
+        """OK takes the name, unless it is empty; Cancel does not."""
         session, name = self.session, self.typed[:1].upper() + self.typed[1:11]
-        if button == 1 and name:
+        if button == NUMBERS['IDOK'] and name:
             table = self.tables[session.mode]
             rank = sum(entry[0] >= session.score for entry in table)
             lines = 40 - session.lines if session.mode == FORTY_LINES else session.lines

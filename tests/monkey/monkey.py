@@ -18,10 +18,13 @@ import tempfile
 import threading
 import time
 
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "support"))
+from names import expand  # noqa: E402, it is found by the line above
+
 SCRIPT_COMMANDS = 400
 HANG_SECONDS = 60
 KEYS = [8, 9, 13, 27, 37, 38, 39, 40, 46, 65, 75, 81, 112, 193, 194, 195, 196, 254]
-MENU = [40008, 40009, 40010, 40014, 40016, 40017]
+MENU = ["IDM_NEW_GAME", "IDM_BUTTONS", "IDM_GAME_OPTIONS", "IDM_ABANDON_GAME", "IDM_SHOW_HIGH_SCORES", "IDM_ABOUT"]
 TEXTS = ["Ann", "", "  ", "Hällo # Ω", "x" * 60, "\U0001F600", "\"\\"]
 NUMBERS = [0, 1, -1, 2, 6, 7, 10, 255, 25, 2**31 - 1, -2**31, 999, 9999, 10**9]
 ENDING = re.compile("close|hibernate|81")
@@ -51,6 +54,7 @@ class Script:
             self.write("trace first")
 
     def write(self, *commands):
+        commands = [expand(command) for command in commands]
         self.written += commands
         self.process.stdin.write("".join(command + "\n" for command in commands))
 
@@ -109,7 +113,7 @@ class Script:
         if active is None:
             return []
         if self.windows[active].startswith("GLIMRAPPC"):
-            return [f"menu {self.dice.choice(MENU)}", f"open {self.dice.randrange(2)}", "menu 40008"]
+            return [f"menu {self.dice.choice(MENU)}", f"open {self.dice.randrange(2)}", "menu IDM_NEW_GAME"]
         commands = ["done"] if "rect=0,26,240,320" in self.windows[active] else ["press 13"]
         for line in self.windows[active + 1:]:
             if not line.startswith(" "):

@@ -1,12 +1,12 @@
 // The play screen by its pixels: what is drawn where, and what is left alone.
 #include <gtest/gtest.h>
 
-#include "app/window.h"
 #include "engine/game_session.h"
-#include "gdi/screen.h"
+#include "gdi/inventory.h"
 #include "render/graphics.h"
 #include "resources/program_resources.h"
 #include "support/fake_host.h"
+#include "support/pixel.h"
 
 namespace {
 
@@ -46,18 +46,18 @@ struct PlayScreen : testing::Test
         session.paint(HWND{}, HDC{});
     }
 
-    static COLORREF shown(int x, int y) { return GetPixel(windowDC, x, y); }
+    static COLORREF shown(int x, int y) { return getPixel(windowDC, x, y); }
     /// A pixel of a surface, as the display shows it.
     static COLORREF pixelOf(const Surface *surface, int x, int y)
     {
         const HDC dc = CreateCompatibleDC(windowDC);
         const HGDIOBJ previous = SelectObject(dc, surface->bitmap);
-        const COLORREF colour = GetPixel(dc, x, y);
+        const COLORREF colour = getPixel(dc, x, y);
         SelectObject(dc, previous);
         DeleteDC(dc);
         return colour;
     }
-    /// Whether the tile of a kind and look stands with its corner at a point.
+    /// Whether a tile of this kind and look has its corner at a point.
     static bool tileAt(int x, int y, TetrominoType type, int look)
     {
         for (int i = 0; i < 11; ++i) {
@@ -115,7 +115,7 @@ TEST_F(PlayScreen, MovesThePieceWithoutTouchingTheRest)
 {
     paint(dirty::everything);
     InputState input;
-    session.tick(HWND{}, input);         // after which it knows what was drawn
+    session.tick(HWND{}, input);         // which remembers where the piece was drawn
     session.playfield.setCell(0, 19, I); // not marked: must not show
     put(T, 4, 6, 1);
     paint(dirty::movedPiece);

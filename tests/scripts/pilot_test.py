@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Plays scripts with glimra-pilot and looks at what comes out: statuses, output, files, time.
+"""Plays scripts with glimra-pilot and checks what comes out: statuses, output, files, time.
 
 pilot_test.py GLIMRA-PILOT
 """
@@ -42,10 +42,10 @@ class PilotTest(store.FolderTest):
             self.run_pilot("", *options, status=1)
             self.assertRegex(self.errors, r"\Apilot: .+\n\Z")
 
-    def test_one_that_is_ended_from_outside_leaves_nothing_behind(self):
+    def test_a_signal_ends_it_and_leaves_nothing_behind(self):
         pilot = subprocess.Popen([PILOT], env={**os.environ, "TMPDIR": str(self.folder)}, text=True,
                                  stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-        pilot.stdin.write("restart\nmenu 40008\naway\necho goes on\n")
+        pilot.stdin.write(store.expand("restart\nmenu IDM_NEW_GAME\naway\necho goes on\n"))
         pilot.stdin.flush()
         self.assertEqual(pilot.stdout.readline(), "goes on\n")
         self.assertTrue(list(self.folder.glob("*/registry.reg")))
@@ -55,7 +55,7 @@ class PilotTest(store.FolderTest):
         self.assertEqual(list(self.folder.iterdir()), [])
 
     def test_same_script_and_clock_give_the_same_bytes(self):
-        script = "menu 40008\ntrace {0}.trace\npress 37\nwait 3000\npress 38\nwait 900\nshot {0}.png\nstate {0}\n"
+        script = "menu IDM_NEW_GAME\ntrace {0}.trace\npress 37\nwait 3000\npress 38\nwait 900\nshot {0}.png\nstate {0}\n"
         for name, clock in (("a", "77"), ("b", "77"), ("c", "78")):
             self.run_pilot(script.format(name), "--clock", clock)
         for suffix in ("", ".trace", ".png"):
@@ -65,15 +65,15 @@ class PilotTest(store.FolderTest):
 
     def test_time_passes_only_where_it_should(self):
         """A game has a timer of 25 ms; one that is due at the end of a wait fires."""
-        self.run_pilot("menu 40008\ntrace t\nwait 24\nwait 1\nwait 100\nwait 0\ntap 120 150\ntrace off\nwait 25\n"
+        self.run_pilot("menu IDM_NEW_GAME\ntrace t\nwait 24\nwait 1\nwait 100\nwait 0\ntap 120 150\ntrace off\nwait 25\n"
                        "trace t\npress 37 50\n")
         self.assertEqual((self.folder / "t").stat().st_size, (1 + 4 + 2) * RECORD)
-        self.run_pilot("menu 40008\ntrace t\nwait 1000\n", "--clock", "4294967000")
+        self.run_pilot("menu IDM_NEW_GAME\ntrace t\nwait 1000\n", "--clock", "4294967000")
         self.assertEqual((self.folder / "t").stat().st_size, 40 * RECORD)
 
-    def test_restart_is_a_fresh_process_in_the_same_world(self):
+    def test_restart_is_a_fresh_process_with_the_same_clock_and_keys(self):
         output = self.run_pilot(
-            "menu 40008\nwait 500\nkey 37 down\ntrace t\nrestart\nstate s\nwait 100\ntap 120 150\nwait 1000\n"
+            "menu IDM_NEW_GAME\nwait 500\nkey 37 down\ntrace t\nrestart\nstate s\nwait 100\ntap 120 150\nwait 1000\n"
             "trace off\nstate s2\ntree\nkill\nbogus\n")
         self.assertEqual(self.field("s", "appState"), PLAYING)
         self.assertEqual(self.field("s", "state"), PAUSED)
@@ -87,16 +87,16 @@ class PilotTest(store.FolderTest):
         self.assertIn("line 7", self.errors)
         self.assertEqual(self.field("s", "appState"), TITLE)
 
-    def test_sounds_are_told_with_their_time_length_and_end(self):
+    def test_sounds_are_listed_with_their_time_length_and_end(self):
         """Turning takes 2,230 samples, 102 ms: a second turn within that time cuts the first one off."""
-        output = self.run_pilot("menu 40008\nwait 75\npress 196\nwait 50\npress 196\nwait 200\npress 196\nwait 150\n"
+        output = self.run_pilot("menu IDM_NEW_GAME\nwait 75\npress 196\nwait 50\npress 196\nwait 200\npress 196\nwait 150\n"
                                 "sounds\nsounds\n")
         self.assertEqual([line.split()[2:] for line in output], [["2230", "cut"], ["2230"], ["2230"]])
         times = [int(line.split()[1]) for line in output]
         self.assertEqual([later - earlier for earlier, later in zip(times, times[1:])], [75, 225])
 
-    def test_a_crash_is_no_success(self):
-        """And a store is one program's, until that ends."""
+    def test_a_crash_is_reported(self):
+        """And a store belongs to one program until that ends."""
         first = subprocess.Popen([PILOT, "--store", "s"], cwd=self.folder, stdin=subprocess.PIPE,
                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
         first.stdin.write("echo ready\n")
@@ -112,7 +112,7 @@ class PilotTest(store.FolderTest):
 
     def test_three_minutes_take_less_than_two_seconds(self):
         before = time.monotonic()
-        self.run_pilot("tap 180 170\nmenu 40008\ntrace t\n" + "press 37\nwait 25\n" * 3600)
+        self.run_pilot("tap 180 170\nmenu IDM_NEW_GAME\ntrace t\n" + "press 37\nwait 25\n" * 3600)
         limit = 2 if os.environ.get("GLIMRA_TIMED") else 60
         self.assertLess(time.monotonic() - before, limit)
         self.assertGreater((self.folder / "t").stat().st_size, 4000 * RECORD)

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Goes through menus, dialogs and questions with glimra-pilot: what they say, what they change, what is kept.
+"""Goes through menus, dialogs and message boxes with glimra-pilot: their texts, what they change, what is kept.
 
 shell_test.py GLIMRA-PILOT
 """
@@ -8,10 +8,10 @@ import sys
 import unittest
 
 import store
-from store import OVER, PAUSED, PLAYING, RUNNING, TITLE
+from store import expand, OVER, PAUSED, PLAYING, RUNNING, TITLE
 
 PILOT = os.path.abspath(sys.argv.pop(1))
-GAME = "menu 40008\nwait 500\n"
+GAME = "menu IDM_NEW_GAME\nwait 500\n"
 ABANDON = 'box "Abandon Game" "Do you want to abandon the current game?"'
 PORTRAIT = ('box "Glimra" "This program is designed to run in portrait mode. Tap Ok to switch to portrait mode or '
             'Cancel to close this program."')
@@ -34,19 +34,19 @@ class ShellTest(store.FolderTest):
 
     def test_commands(self):
         for script, output, fields in [
-                ("menu 40014\n", ["grayed 40014"], {"appState": TITLE}),
-                (GAME + "menu 40008\nmenu 40010\n", ["grayed 40008", "grayed 40010"],
+                ("menu IDM_ABANDON_GAME\n", [expand("grayed IDM_ABANDON_GAME")], {"appState": TITLE}),
+                (GAME + "menu IDM_NEW_GAME\nmenu IDM_GAME_OPTIONS\n", expand("grayed IDM_NEW_GAME\ngrayed IDM_GAME_OPTIONS").splitlines(),
                  {"appState": PLAYING, "state": PAUSED}),
-                (GAME + "menu 40014\nclick 7\nwait 100\n", [ABANDON], {"appState": PLAYING, "state": PAUSED}),
-                (GAME + "menu 40014\nclick 6\n", [ABANDON], {"appState": TITLE, "page": 0}),
-                (GAME + "menu 40016\nclick 1\ntap 120 150\n",
+                (GAME + "menu IDM_ABANDON_GAME\nclick IDNO\nwait 100\n", [ABANDON], {"appState": PLAYING, "state": PAUSED}),
+                (GAME + "menu IDM_ABANDON_GAME\nclick IDYES\n", [ABANDON], {"appState": TITLE, "page": 0}),
+                (GAME + "menu IDM_SHOW_HIGH_SCORES\nclick IDOK\ntap 120 150\n",
                  ['box "Show high scores" "You cannot display the high score table during a game"'],
                  {"appState": PLAYING, "state": RUNNING}),
-                ("menu 40016\nwait 9900\n", [], {"page": 1}),
-                ("menu 40016\nwait 100\ntap 180 150\n", [], {"page": 0, "mode": 0}),
+                ("menu IDM_SHOW_HIGH_SCORES\nwait 9900\n", [], {"page": 1}),
+                ("menu IDM_SHOW_HIGH_SCORES\nwait 100\ntap 180 150\n", [], {"page": 0, "mode": 0}),
                 ("open 0\ndismiss\nwait 30000\n", [], {"page": 0}),
                 (GAME + "away\nback\nwait 1000\n", [], {"state": PAUSED, "y": -2}),
-                (GAME + "menu 40017\npress 27\ndone\nhelp\n", ["exec peghelp.exe file:glimra.htm#Main_Contents"],
+                (GAME + "menu IDM_ABOUT\npress 27\ndone\nhelp\n", ["exec peghelp.exe file:glimra.htm#Main_Contents"],
                  {"state": PAUSED})]:
             with self.subTest(script):
                 self.assertEqual(self.play(script + "state s\n"), output)
@@ -55,36 +55,36 @@ class ShellTest(store.FolderTest):
 
     def test_buttons(self):
         for script, output, changes in [
-                ("click 1100\npress 91\npress 131\npress 65\n", [], {0: 65}),
-                ("click 1104\npress 13\nclick 1103\npress 200\n", [], {4: 13, 3: 200}),
-                ("click 1105\npress 37\nclick 6\n", [CONFLICT], {5: 37, 0: 0}),
-                ("click 1105\npress 37\nclick 7\n", [CONFLICT], {}),
-                ("click 1100\npress 37\n", [], {}),
-                ("click 1100\naway\nback\npress 66\n", [], {}),
-                ("click 1107\npress 65\nclick 1011\n", [], {})]:
+                ("click IDC_ACTION_0\npress 91\npress 131\npress 65\n", [], {0: 65}),
+                ("click IDC_ACTION_0+4\npress 13\nclick IDC_ACTION_0+3\npress 200\n", [], {4: 13, 3: 200}),
+                ("click IDC_ACTION_0+5\npress 37\nclick IDYES\n", [CONFLICT], {5: 37, 0: 0}),
+                ("click IDC_ACTION_0+5\npress 37\nclick IDNO\n", [CONFLICT], {}),
+                ("click IDC_ACTION_0\npress 37\n", [], {}),
+                ("click IDC_ACTION_0\naway\nback\npress 66\n", [], {}),
+                ("click IDC_ACTION_0+7\npress 65\nclick IDC_RESET_BUTTONS\n", [], {})]:
             with self.subTest(script):
-                lines = self.play("menu 40009\n" + script + "state s\ntree\ndone\n")
+                lines = self.play("menu IDM_BUTTONS\n" + script + "state s\ntree\ndone\n")
                 self.assertEqual([line for line in lines if line.startswith("box")], output)
                 self.assertFalse(any("Please press" in line for line in lines), "that page is gone")
                 expected = [changes.get(action, key) for action, key in enumerate(DEFAULT_KEYS)]
                 self.assertEqual(store.keys(self.read("s")), expected)
         names = ["<A>", "<Right>", "< >", "<p>", "<Select>", "<Key 200>", "(not assigned)", "<Button C>"]
-        tree = self.play("menu 40009\nclick 1100\npress 65\nclick 1102\npress 32\nclick 1103\npress 112\nclick 1104\n"
-                         "press 13\nclick 1105\npress 200\nclick 1107\npress 195\nclick 6\ntree\n")
+        tree = self.play("menu IDM_BUTTONS\nclick IDC_ACTION_0\npress 65\nclick IDC_ACTION_0+2\npress 32\nclick IDC_ACTION_0+3\npress 112\nclick IDC_ACTION_0+4\n"
+                         "press 13\nclick IDC_ACTION_0+5\npress 200\nclick IDC_ACTION_0+7\npress 195\nclick IDYES\ntree\n")
         self.assertEqual([line.split('"')[1] for line in tree if "id=111" in line], names)
 
     def test_options(self):
         for index, length in enumerate((0, 1, 6)):
-            self.play(f"menu 40010\nselect 1006 {index}\nselect 1003 0\ndone\nkill\n", "--store", "s")
+            self.play(f"menu IDM_GAME_OPTIONS\nselect IDC_QUEUE {index}\nselect IDC_GHOST 0\ndone\nkill\n", "--store", "s")
             block = store.read_block(self.folder / "s")
             self.assertEqual((store.field(block, "queueLength"), *block[652:655]), (length, 1, 0, 1))
 
     def test_names(self):
         for script, fields, table, row in [
-                ("type abc defghijklmno\nclick 1\n", {"score": 501, "lines": 57, "level": 4}, 0,
+                ("type abc defghijklmno\nclick IDOK\n", {"score": 501, "lines": 57, "level": 4}, 0,
                  ("Abc defghij", 501, 57, 4)),
                 ("type zoë\npress 13\n", {"score": 501, "lines": 12, "mode": 1}, 1, ("Zoë", 501, 28, 0)),
-                ("click 1\n", {"score": 501}, 0, LAST_ROW),
+                ("click IDOK\n", {"score": 501}, 0, LAST_ROW),
                 ("type zed\npress 27\n", {"score": 501}, 0, LAST_ROW),
                 ("", {"score": 500}, 0, LAST_ROW)]:
             with self.subTest(script):
@@ -95,21 +95,21 @@ class ShellTest(store.FolderTest):
                 self.assertEqual(store.field(self.read("s2"), "appState"), TITLE)
 
     def test_what_is_behind_a_dialog_stands_still(self):
-        """No tick while a tick's dialog is open; nothing drawn over a menu or a box by the window behind."""
+        """While a tick's dialog is open there is no tick; the window behind draws nothing over a menu or a box."""
         self.ended_game(score=900)
         self.play("trace t\nwait 5000\nkey 13 down\ntrace off\n", "--store", "s")
         self.assertEqual(self.read("t"), b"")
-        for opened in ("open 0\n", "open 1\n", "menu 40014\n", "menu 40017\n"):
+        for opened in ("open 0\n", "open 1\n", "menu IDM_ABANDON_GAME\n", "menu IDM_ABOUT\n"):
             self.play(f"{GAME}{opened}wait 25\nshot a.png\nwait 12000\nshot b.png\n")
             self.assertEqual(self.read("a.png"), self.read("b.png"), opened)
 
     def test_orientation(self):
         for options, script, output in [
-                (["--landscape"], "click 2\n", [PORTRAIT, "exit 0"]),
-                (["--landscape"], "click 1\nminimize\nclick 6\nrestore\nclick 1\nminimize\nclick 7\nrestore\n"
+                (["--landscape"], "click IDCANCEL\n", [PORTRAIT, "exit 0"]),
+                (["--landscape"], "click IDOK\nminimize\nclick IDYES\nrestore\nclick IDOK\nminimize\nclick IDNO\nrestore\n"
                  "minimize\n", [PORTRAIT, RETURN, PORTRAIT, RETURN]),
-                ([], "turn 4\naway\nback\nclick 2\n", [PORTRAIT, "exit 0"]),
-                ([], "turn 1\naway\nback\nclick 1\nminimize\n", [PORTRAIT, RETURN]),
+                ([], "turn 4\naway\nback\nclick IDCANCEL\n", [PORTRAIT, "exit 0"]),
+                ([], "turn 1\naway\nback\nclick IDOK\nminimize\n", [PORTRAIT, RETURN]),
                 ([], "minimize\nrestore\n", [])]:
             with self.subTest(script):
                 self.assertEqual(self.play(script, *options), output)

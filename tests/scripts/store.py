@@ -3,8 +3,12 @@ import pathlib
 import re
 import struct
 import subprocess
+import sys
 import tempfile
 import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "support"))
+from names import expand  # noqa: E402, it is found by the line above
 
 KEY = r"HKEY_LOCAL_MACHINE\Software\Apps\Orvendel Glimra"
 FIRST_LINE = "Windows Registry Editor Version 5.00"
@@ -30,8 +34,8 @@ class FolderTest(unittest.TestCase):
 
 
 def play(pilot, script, *options, status=0, folder=None):
-    """Runs a script to its end; what it printed, as lines, and what it said on standard error."""
-    result = subprocess.run([pilot, *map(str, options)], input=script, cwd=folder, capture_output=True, text=True,
+    """Runs a script to its end; returns the lines that it printed and its standard error."""
+    result = subprocess.run([pilot, *map(str, options)], input=expand(script), cwd=folder, capture_output=True, text=True,
                             timeout=120)
     assert result.returncode == status, f"{script}\n{result.stdout}{result.stderr}"
     return result.stdout.splitlines(), result.stderr

@@ -17,7 +17,7 @@ from store import ENDING, OVER, PAUSED, PLAYING, RUNNING, TITLE
 
 KILLS = int(sys.argv.pop(2)) if len(sys.argv) > 2 else 40
 PILOT = os.path.abspath(sys.argv.pop(1))
-GAME = "menu 40008\nwait 1500\npress 37\nwait 60\npress 38\nwait 700\npress 194\nwait 300\n"
+GAME = "menu IDM_NEW_GAME\nwait 1500\npress 37\nwait 60\npress 38\nwait 700\npress 194\nwait 300\n"
 WELL_AND_PIECE, RESULTS = slice(36, 576), slice(604, 656)
 
 
@@ -35,15 +35,15 @@ class StoreTest(store.FolderTest):
 
     def test_a_game_comes_back(self):
         for end, state in [("chord 81", PAUSED), ("close", PAUSED), ("away\nkill", PAUSED), ("hibernate", RUNNING),
-                           ("open 0\nclose", PAUSED), ("menu 40014\nclose", PAUSED), ("menu 40017\nhibernate", PAUSED)]:
+                           ("open 0\nclose", PAUSED), ("menu IDM_ABANDON_GAME\nclose", PAUSED), ("menu IDM_ABOUT\nhibernate", PAUSED)]:
             with self.subTest(end):
                 store.write_block(self.store, self.game(state=PAUSED))
                 self.play(f"tap 120 150\nwait 100\nstate before\n{end}\n")
                 stored = store.read_block(self.store)
                 self.assertEqual([store.field(stored, name) for name in ("requestedState", "state")], [PLAYING, state])
-                output, _ = self.play("state after\nshot 1.png\nmenu 40008\nmenu 40010\nmenu 40014\nclick 7\nwait 100\n"
+                output, _ = self.play("state after\nshot 1.png\nmenu IDM_NEW_GAME\nmenu IDM_GAME_OPTIONS\nmenu IDM_ABANDON_GAME\nclick IDNO\nwait 100\n"
                                       "shot 2.png\ntap 120 150\nwait 50\nstate resumed\n")
-                self.assertEqual(output[:2], ["grayed 40008", "grayed 40010"])
+                self.assertEqual(output[:2], store.expand("grayed IDM_NEW_GAME\ngrayed IDM_GAME_OPTIONS").splitlines())
                 for part in (WELL_AND_PIECE, RESULTS):
                     self.assertEqual(self.read("before")[part], self.read("after")[part])
                 self.assertEqual(store.field(self.read("after"), "state"), PAUSED)
@@ -51,7 +51,7 @@ class StoreTest(store.FolderTest):
                 self.assertEqual(self.read("1.png"), self.read("2.png"), "it was drawn at once")
 
     def test_an_ending_game_ends(self):
-        """Once its moment has come: at once, later, or after 3 seconds when that moment cannot be meant."""
+        """At its deadline: at once, later, or after 3 seconds when the stored deadline is further ahead."""
         ready = self.game(state=ENDING, score=900)
         for deadline, asked in [(8000, [1, 1, 1]), (10000, [0, 1, 1]), (2_000_000_000, [0, 0, 1])]:
             store.write_block(self.store, store.changed(ready, deadline=deadline))
@@ -60,7 +60,7 @@ class StoreTest(store.FolderTest):
             parts = "\n".join(output).split("\n\n")
             self.assertEqual([int("New High Score" in part) for part in parts], asked)
             self.assertEqual(store.field(store.read_block(self.store), "state"), OVER)
-            self.play("type eve\nclick 1\nclose\n")  # asked again
+            self.play("type eve\nclick IDOK\nclose\n")  # asked again
             block = store.read_block(self.store)
             self.assertEqual(store.scores(block, 0)[7], ("Eve", 900, 0, 0))
             self.assertEqual(store.field(block, "requestedState"), TITLE)
@@ -84,7 +84,7 @@ class StoreTest(store.FolderTest):
     def test_an_export_of_a_device_is_taken_over(self):
         more = '"other"="kept"\n\n[HKEY_CURRENT_USER\\Elsewhere]\n@=dword:00000007\n'
         store.write_block(self.store, self.game(state=PAUSED), more=more.replace("\n", "\r\n"), encoding="utf-16")
-        output, errors = self.play("menu 40014\nclick 6\nclose\n")
+        output, errors = self.play("menu IDM_ABANDON_GAME\nclick IDYES\nclose\n")
         self.assertEqual((len(output), errors), (2, ""))
         found = store.read(self.store / "registry.reg")
         self.assertEqual(found["HKEY_CURRENT_USER\\Elsewhere"], {"@": "dword:00000007"})

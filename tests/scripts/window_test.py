@@ -23,7 +23,7 @@ WELL, QUEUE, HOLD = (22, 37, 132, 257), (168, 36, 214, 186), (168, 209, 197, 240
 VALUES = ((0, 275, 80, 293), (100, 275, 140, 293), (146, 275, 186, 293), (192, 275, 232, 293))
 ULTRA, PLAY = (60, 170), (120, 241)
 GAME_MENU, TOOLS_MENU, OK_BUTTON = (25, 307), (75, 307), (226, 13)
-# What runs across each cell of a piece from corner to corner, 11 pixels.
+# The colours on the diagonal of each piece's cells.
 PIECES = {(74, 85, 222), (198, 117, 0), (74, 190, 0), (206, 199, 24), (206, 32, 33), (206, 0, 198), (0, 158, 231)}
 CELL = 11
 
@@ -64,7 +64,7 @@ class WindowTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         reader, writer = os.pipe()
-        # Without -noreset the server starts anew when its last client leaves, and refuses who comes just then.
+        # Without -noreset the server restarts when its last client leaves, and refuses others meanwhile.
         options = ["-noreset", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"]
         cls.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), *options], pass_fds=[writer],
                                       stderr=subprocess.DEVNULL)
@@ -147,37 +147,41 @@ class WindowTest(unittest.TestCase):
         self.assertIn('"app"=hex:03,', (self.folder / "store/registry.reg").read_text())
 
     def test_a_name_is_typed_and_listed(self):
-        store.play(PILOT, "menu 40008\nwait 100\nstate game\n", folder=self.folder)
+        store.play(PILOT, "menu IDM_NEW_GAME\nwait 100\nstate game\n", folder=self.folder)
         lost = store.changed((self.folder / "game").read_bytes(), state=store.OVER, score=900)
         for folder in ("store", "copy"):
             store.write_block(self.folder / folder, lost)
         game = self.start()
         self.expect(game, "", "--store", "copy")
-        xdotool("type", "--delay", 40, "ann Zoe")
+        xdotool("type", "--delay", 40, "pax Zoe")
         xdotool("key", "Return")
         for point in (GAME_MENU, (60, 281)):
             self.click(game, point)
-        self.expect(game, "type ann Zoe\nclick 1\nmenu 40016\n", "--store", "copy")
-        self.assertEqual(store.scores(store.read_block(self.folder / "store"), 0)[7], ("Ann Zoe", 900, 0, 0))
+        self.expect(game, "type pax Zoe\nclick IDOK\nmenu IDM_SHOW_HIGH_SCORES\n", "--store", "copy")
+        self.assertEqual(store.scores(store.read_block(self.folder / "store"), 0)[7], ("Pax Zoe", 900, 0, 0))
+        self.click(game, (120, 100))  # leaves the page of the high scores
+        self.click(game, PLAY)
+        time.sleep(0.5)
+        self.assertTrue(Picture(game.window, SCALE).pieces(QUEUE), "the p has not paused the game")
 
     def test_a_key_is_given_to_an_action(self):
-        script = "menu 40008\nwait 400\nmenu 40009\n"
-        store.play(PILOT, "menu 40008\nwait 400\nclose\n", "--store", "store", folder=self.folder)
+        script = "menu IDM_NEW_GAME\nwait 400\nmenu IDM_BUTTONS\n"
+        store.play(PILOT, "menu IDM_NEW_GAME\nwait 400\nclose\n", "--store", "store", folder=self.folder)
         before = store.read_block(self.folder / "store")
         game = self.start()
         for point in (TOOLS_MENU, (110, 256)):
             self.click(game, point)
         self.expect(game, script)
         self.click(game, (50, 216))
-        self.expect(game, script + "click 1107\n")
+        self.expect(game, script + "click IDC_ACTION_0+7\n")
         xdotool("key", "a")
-        self.expect(game, script + "click 1107\npress 65\n")
+        self.expect(game, script + "click IDC_ACTION_0+7\npress 65\n")
         self.click(game, OK_BUTTON)
         for point in (GAME_MENU, (60, 281)):
             self.click(game, point)
-        self.expect(game, "menu 40008\nwait 400\nmenu 40016\n")
+        self.expect(game, "menu IDM_NEW_GAME\nwait 400\nmenu IDM_SHOW_HIGH_SCORES\n")
         xdotool("key", "Escape")
-        self.expect(game, "menu 40008\nwait 400\nopen 0\ndismiss\n")
+        self.expect(game, "menu IDM_NEW_GAME\nwait 400\nopen 0\ndismiss\n")
         self.click(game, WELL[:2])
         eventually(lambda: Picture(game.window, SCALE).pieces(QUEUE), "the game goes on")
         xdotool("key", "a")
@@ -198,8 +202,8 @@ class WindowTest(unittest.TestCase):
         self.expect(game, "tap 116 168\n")
         xdotool("key", "ctrl+q")
         self.assertEqual(game.wait(20), 0)
-        told = [line for line in (self.folder / "record").read_text().splitlines() if line[0] in "ks"]
-        self.assertEqual(told[:3], ["stylus down 116 168", "stylus up 116 168", "key 195 down ctrl"], "no arrow")
+        written = [line for line in (self.folder / "record").read_text().splitlines() if line[0] in "ks"]
+        self.assertEqual(written[:3], ["stylus down 116 168", "stylus up 116 168", "key 195 down ctrl"], "no arrow")
 
     def test_a_recorded_game_can_be_played_again(self):
         for record in ("one", "two"):  # the second begins with the store that the first left

@@ -1,6 +1,6 @@
 // The OK button of the title bar, full-screen pages, and the input panel.
+#include "controls/dialog_words.h"
 #include "pilot/inspect.h"
-#include "user/dialog_words.h"
 #include "user/program_test.h"
 
 namespace {

@@ -28,7 +28,7 @@ TEST_F(Activation, MovesFromWindowToWindow)
     host.tap(150, 60);
     EXPECT_EQ(run(), (Log{"A:activate 0 B", "B:activate 2 A", "A:killfocus B", "B:setfocus A",
                           "B:down 50,10"}));
-    EXPECT_EQ(GetForegroundWindow(), b);
+    EXPECT_EQ(GetActiveWindow(), b);
 }
 
 TEST_F(Activation, GivesTheFocusEvenWhenTheProcedureDoesNot)
@@ -128,7 +128,7 @@ TEST_F(OneWindow, LosesActivationAndKeysInTheBackgroundAndGetsThemBack)
     host.act([&] {
         EXPECT_EQ(GetAsyncKeyState(VK_UP), 0);
         EXPECT_EQ(GetAsyncKeyState(VK_LEFT), 0);
-        EXPECT_FALSE(GetForegroundWindow());
+        EXPECT_FALSE(GetActiveWindow());
     });
     host.give({.kind = Kind::Restore});
     host.key(VK_UP, false); // was released when the program left the front

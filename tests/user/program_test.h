@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "aygshell.h"
-#include "support/rect.h"
 #include "user/recorder.h"
 #include "user/user_script.h"
 

@@ -150,7 +150,7 @@ export async function tapOn(tab, selector) {
 
 /** Puts a finger on a button of the handheld, slides it there, or lifts it. */
 export async function finger(tab, kind, key, id = 0) {
-  const box = await boxOf(tab, `[data-key="${key}"] .mark`);
+  const box = await boxOf(tab, `[data-button="${key}"] .mark`);
   await tab.point(kind, box.x + box.width / 2, box.y + box.height / 2, id);
 }
 

@@ -14,7 +14,7 @@ const touch = () => {
 };
 
 /** The boxes of what is shown, by name. */
-const boxes = (tab) => tab.evaluate(() => Object.fromEntries(['#bezel', '#menu-button', '#pad', '#buttons', '[data-key]', '#legend']
+const boxes = (tab) => tab.evaluate(() => Object.fromEntries(['#bezel', '#menu-button', '#pad', '#buttons', '[data-button]', '#legend']
   .flatMap((selector) => [...document.querySelectorAll(selector)]).filter((element) => element.checkVisibility())
   .map((element) => {
     const {left, top, right, bottom, width, height} = element.getBoundingClientRect();

@@ -19,15 +19,15 @@ export function play(engine, test, needs) {
     const visit = await begin(engine, PHONE);
     const tab = await visit.open();
     await start(tab);
-    await finger(tab, 'down', 37);
+    await finger(tab, 'down', 'Left');
     await eventually(async () => left(await falling(tab)) < WELL[0] + 11, 'Left held moves the piece to the wall');
-    await finger(tab, 'move', 39);
+    await finger(tab, 'move', 'Right');
     await eventually(async () => left(await falling(tab)) > WELL[0] + 33, 'the finger slides to Right');
-    await finger(tab, 'up', 39);
+    await finger(tab, 'up', 'Right');
     assert.equal(await tab.evaluate('document.querySelectorAll(".pressed").length'), 0);
 
-    await finger(tab, 'down', 193);
-    await finger(tab, 'up', 193);
+    await finger(tab, 'down', 'A');
+    await finger(tab, 'up', 'A');
     await eventually(async () => !await hasPieces(tab), 'A pauses, which hides the pieces');
     const paused = await eventually(() => stands(tab), 'nothing moves');
     await tab.reload();
@@ -39,19 +39,19 @@ export function play(engine, test, needs) {
     const visit = await begin(engine, PHONE, () => { Date.now = () => 1000; });
     const tab = await visit.open();
     await start(tab);
-    await finger(tab, 'down', 37);
+    await finger(tab, 'down', 'Left');
     const lying = await eventually(async () => {
       const cells = await falling(tab);
       return left(cells) < WELL[0] + 11 && cells;
     }, 'Left held moves the piece to the wall');
-    await finger(tab, 'down', 196, 1);
+    await finger(tab, 'down', 'D', 1);
     const height = (cells) => Math.max(...cells.map(([, y]) => y)) - Math.min(...cells.map(([, y]) => y));
     await eventually(async () => {
       const cells = await falling(tab);
       return height(cells) > height(lying) + 5 && left(cells) < WELL[0] + 11;
     }, 'D turns it, and Left, which is still held, takes it back to the wall');
-    await finger(tab, 'up', 196, 1);
-    await finger(tab, 'up', 37);
+    await finger(tab, 'up', 'D', 1);
+    await finger(tab, 'up', 'Left');
     await visit.end();
   });
 

@@ -83,7 +83,7 @@ std::vector<gdi::CharacterRun> findRuns(const Face &regular, const Face &bold)
     std::uint16_t glyph = 1;
     for (const Range &range : characters) {
         bool inRun = false;
-        for (char16_t character = range.first; character <= range.last; character++) {
+        for (char16_t character = range.first; character <= range.last; ++character) {
             const bool known = FT_Get_Char_Index(regular.get(), character) != 0 &&
                                FT_Get_Char_Index(bold.get(), character) != 0;
             if (known && inRun) {
@@ -111,7 +111,7 @@ int fitCell(const Face &face, int cellHeight)
     int size = cellHeight;
     while (rounded(metrics->usWinAscent, size) + rounded(metrics->usWinDescent, size) > cellHeight)
     {
-        size--;
+        --size;
     }
     check(FT_Set_Pixel_Sizes(face.get(), 0, static_cast<FT_UInt>(size)), "no such size");
     return rounded(metrics->usWinAscent, size);
@@ -140,9 +140,9 @@ void appendBox(Baked &baked, const Face &face)
                             static_cast<std::uint8_t>(width + 2U), 1,
                             static_cast<std::int8_t>(height), static_cast<std::uint8_t>(width),
                             static_cast<std::uint8_t>(height)});
-    for (unsigned y = 0; y < height; y++) {
+    for (unsigned y = 0; y < height; ++y) {
         std::array<std::uint8_t, 4> row{};
-        for (unsigned x = 0; x < width; x++) {
+        for (unsigned x = 0; x < width; ++x) {
             if (y == 0 || y == height - 1 || x == 0 || x == width - 1) {
                 row.at(x / 8) = static_cast<std::uint8_t>(row.at(x / 8) | 0x80U >> x % 8);
             }
@@ -161,7 +161,7 @@ void appendGlyph(Baked &baked, const Face &face, char16_t character)
          static_cast<std::uint8_t>(slot->advance.x / 64),
          static_cast<std::int8_t>(slot->bitmap_left), static_cast<std::int8_t>(slot->bitmap_top),
          static_cast<std::uint8_t>(bitmap.width), static_cast<std::uint8_t>(bitmap.rows)});
-    for (unsigned y = 0; y < bitmap.rows; y++) {
+    for (unsigned y = 0; y < bitmap.rows; ++y) {
         const std::uint8_t *row = bitmap.buffer + static_cast<std::ptrdiff_t>(y) *
                                                       static_cast<std::ptrdiff_t>(bitmap.pitch);
         baked.bits.insert(baked.bits.end(), row, row + (bitmap.width + 7) / 8);
@@ -171,7 +171,7 @@ void appendGlyph(Baked &baked, const Face &face, char16_t character)
 int averageWidth(const Face &face)
 {
     long sum = 0;
-    for (char16_t letter = u'A'; letter <= u'Z'; letter++) {
+    for (char16_t letter = u'A'; letter <= u'Z'; ++letter) {
         loadCharacter(face, letter);
         sum += face->glyph->advance.x / 64;
         loadCharacter(face, static_cast<char16_t>(letter - u'A' + u'a'));
@@ -204,7 +204,7 @@ Baked bakeStrike(const Face &face, const Order &order, const std::vector<gdi::Ch
     baked.strike.averageWidth = static_cast<std::uint8_t>(averageWidth(face));
     appendBox(baked, face);
     for (const gdi::CharacterRun &run : runs) {
-        for (char16_t character = run.first; character <= run.last; character++) {
+        for (char16_t character = run.first; character <= run.last; ++character) {
             appendGlyph(baked, face, character);
         }
     }
@@ -222,7 +222,7 @@ void writeTables(std::ostream &out, const Baked &baked, std::size_t number)
     }
     out << "};\nconstexpr std::uint8_t bits" << number << "[] = {";
     constexpr std::size_t bytesPerLine = 20;
-    for (std::size_t i = 0; i < baked.bits.size(); i++) {
+    for (std::size_t i = 0; i < baked.bits.size(); ++i) {
         out << (i % bytesPerLine == 0 ? "\n    " : " ") << int{baked.bits[i]} << ',';
     }
     out << "\n};\n";
@@ -233,7 +233,7 @@ void writeSource(std::ostream &out, const std::vector<gdi::CharacterRun> &runs,
 {
     out << "// Made by bake.\n#include \"gdi/strikes/strike.h\"\n\nnamespace gdi {\n\nnamespace "
            "{\n\n";
-    for (std::size_t i = 0; i < all.size(); i++) {
+    for (std::size_t i = 0; i < all.size(); ++i) {
         writeTables(out, all[i], i);
     }
     out << "constexpr CharacterRun runs[] = {\n";
@@ -242,7 +242,7 @@ void writeSource(std::ostream &out, const std::vector<gdi::CharacterRun> &runs,
             << "},\n";
     }
     out << "};\nconstexpr Strike all[] = {\n";
-    for (std::size_t i = 0; i < all.size(); i++) {
+    for (std::size_t i = 0; i < all.size(); ++i) {
         const gdi::Strike &strike = all[i].strike;
         out << "    {" << (strike.bold ? "true" : "false") << ", " << int{strike.characterHeight}
             << ", " << int{strike.ascent} << ", " << int{strike.descent} << ", "

@@ -1,4 +1,4 @@
-// Virtual time: the clock moves only when the program sleeps and the user lets time pass.
+// Virtual time: the clock moves only while the program sleeps and the script lets time pass.
 #include "host/pilot/pilot_host.h"
 
 #include <cstdio>
@@ -13,6 +13,8 @@ namespace {
 constexpr std::uint64_t samplesPerSecond = 22050;
 constexpr int shortSide = 240;
 constexpr int longSide = 320;
+
+bool isLandscape(int orientation) { return orientation == 1 || orientation == 4; }
 
 } // namespace
 
@@ -34,18 +36,15 @@ std::string inQuotes(std::u16string_view text)
     return result + '"';
 }
 
-PilotHost::PilotHost(const std::filesystem::path &storeFolder, World &world, User user)
-    : FileHost(storeFolder), world_(world), user_(std::move(user)),
-      landscape_(world.orientation == 4 ? 4 : 1)
+PilotHost::PilotHost(const std::filesystem::path &storeFolder, RunState &state, Callbacks callbacks)
+    : FileHost(storeFolder), state_(state), callbacks_(std::move(callbacks)),
+      blank_(std::size_t{shortSide} * longSide), frame_{blank_.data(), shortSide, longSide},
+      landscape_(state.orientation == 4 ? 4 : 1)
 {
-    const bool turned = world.orientation == 1 || world.orientation == 4;
-    frame_.width = turned ? longSide : shortSide;
-    frame_.height = turned ? shortSide : longSide;
-    blank_.resize(std::size_t{shortSide} * longSide);
-    frame_.pixels = blank_.data();
+    if (isLandscape(state.orientation)) {
+        std::swap(frame_.width, frame_.height);
+    }
 }
-
-bool PilotHost::isAhead(std::uint32_t moment) const { return host::isBefore(world_.clock, moment); }
 
 std::optional<host::Event> PilotHost::wait(std::optional<std::uint32_t> deadline)
 {
@@ -55,52 +54,52 @@ std::optional<host::Event> PilotHost::wait(std::optional<std::uint32_t> deadline
             events_.pop_front();
             return event;
         }
-        if (deadline && !isAhead(*deadline)) {
+        if (deadline && !host::isBefore(state_.clock, *deadline)) {
             return std::nullopt;
         }
         if (passing_) {
             if (deadline && !host::isBefore(*passing_, *deadline)) {
-                world_.clock = *deadline;
+                state_.clock = *deadline;
                 return std::nullopt;
             }
-            world_.clock = *passing_;
+            state_.clock = *passing_;
             passing_.reset();
         }
-        user_.act();
+        callbacks_.act();
     }
 }
 
 void PilotHost::programEnded()
 {
-    world_.clock = passing_.value_or(world_.clock);
+    state_.clock = passing_.value_or(state_.clock);
     passing_.reset();
     events_.clear();
 }
 
-/// The program turns the display as well, which shows in the shape of the screen.
+/// The program may turn the display, too; the shape of the frame shows that.
 void PilotHost::present(const host::Frame &frame, const host::Area &)
 {
     frame_ = frame;
-    const bool isTurned = world_.orientation == 1 || world_.orientation == 4;
+    const bool isTurned = isLandscape(state_.orientation);
     if (isTurned) {
-        landscape_ = world_.orientation;
+        landscape_ = state_.orientation;
     }
     if (isTurned != (frame.width > frame.height)) {
-        world_.orientation = isTurned ? 0 : landscape_;
+        state_.orientation = isTurned ? 0 : landscape_;
     }
 }
 
 void PilotHost::playSamples(std::span<const std::uint8_t> samples)
 {
-    if (interrupted_ && !world_.sounds.empty()) {
-        world_.sounds.back().cut = true;
+    if (interrupted_ && !state_.sounds.empty()) {
+        state_.sounds.back().cut = true;
     }
     interrupted_ = false;
-    const std::uint32_t start = samplesQueued() ? *playingUntil_ : world_.clock;
+    const std::uint32_t start = samplesQueued() ? *playingUntil_ : state_.clock;
     const std::uint64_t milliseconds =
         (samples.size() * 1000 + samplesPerSecond - 1) / samplesPerSecond;
     playingUntil_ = start + static_cast<std::uint32_t>(milliseconds);
-    world_.sounds.push_back({start, static_cast<std::uint32_t>(samples.size())});
+    state_.sounds.push_back({start, static_cast<std::uint32_t>(samples.size())});
 }
 
 void PilotHost::dropSamples()
@@ -109,12 +108,15 @@ void PilotHost::dropSamples()
     playingUntil_.reset();
 }
 
-bool PilotHost::samplesQueued() { return playingUntil_ && isAhead(*playingUntil_); }
+bool PilotHost::samplesQueued()
+{
+    return playingUntil_ && host::isBefore(state_.clock, *playingUntil_);
+}
 
 std::vector<Sound> PilotHost::takeSounds()
 {
     interrupted_ = false;
-    return std::exchange(world_.sounds, {});
+    return std::exchange(state_.sounds, {});
 }
 
 bool PilotHost::showHelp(std::u16string_view program, std::u16string_view arguments,

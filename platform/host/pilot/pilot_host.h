@@ -1,12 +1,12 @@
 // The host of the pilot: a clock that jumps, events that a script makes, a screen in memory, and a
-// loudspeaker that only notes what it is given.
+// loudspeaker that notes what it is given.
 #pragma once
 
 #include <deque>
 #include <functional>
 
 #include "host/file_host.h"
-#include "host/pilot/world.h"
+#include "host/pilot/run_state.h"
 
 namespace pilot {
 
@@ -18,29 +18,29 @@ std::string inQuotes(std::u16string_view text);
 class PilotHost final : public host::FileHost
 {
 public:
-    /// Whoever plays the user's part.
-    struct User
+    /// What the host calls.
+    struct Callbacks
     {
-        std::function<void()> act;          ///< the program sleeps, with nothing to wake it
+        std::function<void()> act;          ///< nothing is left to do: the next step of the script
         std::function<void()> timerHandled; ///< the main window has handled a WM_TIMER
     };
 
-    PilotHost(const std::filesystem::path &storeFolder, World &world, User user);
+    PilotHost(const std::filesystem::path &storeFolder, RunState &state, Callbacks callbacks);
 
     /// Puts an event behind those that the program has not taken yet.
     void send(const host::Event &event) { events_.push_back(event); }
-    /// Lets time pass before the user acts again, at most 2^31 - 1 ms; timers fire on the way.
-    void pass(std::uint32_t milliseconds) { passing_ = world_.clock + milliseconds; }
-    /// The clock leaps ahead: what is due on the way is late, and due once.
-    void jump(std::uint32_t milliseconds) { world_.clock += milliseconds; }
-    /// The program is gone: time passes without it, and no one takes its events.
+    /// Before the next `act` that many milliseconds pass, at most 2^31 - 1; timers fire when due.
+    void pass(std::uint32_t milliseconds) { passing_ = state_.clock + milliseconds; }
+    /// The clock jumps ahead: timers that were due in between are late, and fire once.
+    void jump(std::uint32_t milliseconds) { state_.clock += milliseconds; }
+    /// The program has ended: time that should pass has passed, and events are dropped.
     void programEnded();
     /// What is on the screen.
     const host::Frame &frame() const { return frame_; }
     /// The sounds since the last call.
     std::vector<Sound> takeSounds();
 
-    std::uint32_t ticks() const override { return world_.clock; }
+    std::uint32_t ticks() const override { return state_.clock; }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
     void present(const host::Frame &frame, const host::Area &changed) override;
     void describeProgram(std::u16string_view, const host::Icon &) override {}
@@ -55,18 +55,16 @@ public:
     bool showHelp(std::u16string_view program, std::u16string_view arguments,
                   std::span<const std::byte> document, std::u16string_view anchor) override;
     void messageBoxOpened(std::u16string_view caption, std::u16string_view text) override;
-    void timerHandled() override { user_.timerHandled(); }
+    void timerHandled() override { callbacks_.timerHandled(); }
 
 private:
-    bool isAhead(std::uint32_t moment) const;
-
-    World &world_;
-    User user_;
+    RunState &state_;
+    Callbacks callbacks_;
     std::deque<host::Event> events_;
     std::optional<std::uint32_t> passing_; ///< time passes until then
     std::vector<std::uint16_t> blank_;     ///< the screen before the program first shows it
     host::Frame frame_;
-    int landscape_; ///< how the display was turned when it last lay on its side
+    int landscape_; ///< how the display was turned when it last lay on its side: 1 or 4
     std::optional<std::uint32_t> playingUntil_;
     bool interrupted_ = false; ///< the last sound was dropped before its end
 };

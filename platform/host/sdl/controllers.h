@@ -1,14 +1,15 @@
-// Game controllers, plugged in and out at any time. SDL would look at them every millisecond as
-// long as one is there; this looks as often as a game needs it, and never while the game is away.
-// For the first one it looks whenever the process is awake anyway: nobody who has none pays for it.
+// Game controllers, plugged in and out at any time. SDL would poll them every millisecond as long
+// as one is there; this polls as often as a game needs it, and not while the game is in the
+// background. For the first one it looks whenever the process is awake anyway, which costs players
+// without one nothing.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 
+#include "host/input_mapper.h"
 #include "host/sdl/sdl.h"
 
 namespace desktop {
@@ -16,33 +17,16 @@ namespace desktop {
 class Controllers
 {
 public:
-    /// A button of a controller moves. `source` tells it from every other key; `key` is the
-    /// button of the handheld that it stands for.
-    using Button = std::function<void(int source, std::uint16_t key, bool down)>;
-    /// What a controller does besides.
-    struct Others
-    {
-        /// The right stick leans, -32,768 to 32,767 to the right and down.
-        std::function<void(int x, int y)> lean;
-        /// The right stick is pressed or let go.
-        std::function<void(bool down)> press;
-        /// Back is held, and Start, X or Y is pressed: what keyboards have further keys for.
-        std::function<void()> quit;
-        std::function<void()> help;
-        std::function<void()> toggleFullScreen;
-    };
-
-    Controllers(Button button, Others others);
+    Controllers(host::InputMapper &input, std::function<void()> toggleFullScreen);
 
     /// Begins to look for controllers; takes a few milliseconds the first time.
     void start();
     /// How long the process may sleep before `update` is due, in milliseconds; none: for ever.
     std::optional<int> updateInterval() const;
-    /// Has SDL look at the controllers; events follow.
+    /// Has SDL poll the controllers; events follow.
     void update();
-    /// While the game is away nothing is looked at, and what SDL tells late is not heard.
-    void setAway(bool away) { away_ = away; }
-    /// Takes an event; false when it is none of a controller.
+    /// Handles an event; false when it is not about controllers. In the background, late events of
+    /// buttons and sticks are dropped.
     bool handle(const SDL_Event &event);
 
 private:
@@ -50,16 +34,10 @@ private:
     {
         void operator()(SDL_GameController *c) const { SDL_GameControllerClose(c); }
     };
-    void moveButton(SDL_JoystickID id, int button, bool down);
-    bool actWithBack(SDL_JoystickID id, int button);
-    void moveAxis(const SDL_ControllerAxisEvent &event);
-    void moveStick(SDL_JoystickID id, int axis, int value);
-    void moveRightStick(SDL_JoystickID id);
 
-    Button button_;
-    Others others_;
+    host::InputMapper &input_;
+    std::function<void()> toggleFullScreen_;
     bool started_ = false;
-    bool away_ = false;
     bool everOpened_ = false;
     std::map<SDL_JoystickID, std::unique_ptr<SDL_GameController, Close>> open_;
 };

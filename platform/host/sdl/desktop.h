@@ -12,11 +12,11 @@ namespace desktop {
 struct Options
 {
     std::filesystem::path storeFolder; ///< exists
-    std::optional<int> scale;          ///< of the first window; none: as large as is comfortable
+    std::optional<int> scale;          ///< of the window; none: as it was last, or comfortable
     bool landscape = false;            ///< the handheld starts turned
 };
 
-/// Opens the desktop; none when there is no display to open a window on.
+/// Opens the window; null when there is no display for it.
 std::unique_ptr<host::Host> open(const Options &options);
 
 } // namespace desktop

@@ -39,17 +39,9 @@ std::unique_ptr<host::Host> open(const Options &options)
 
 DesktopHost::DesktopHost(const std::filesystem::path &storeFolder,
                          std::unique_ptr<ScreenWindow> window)
-    : FileHost(storeFolder), window_(std::move(window)),
-      pointer_([this](Event::Kind kind, Point pixel) {
-          if (kind == Event::Kind::StylusDown && stylus_) {
-              moveStylus(Event::Kind::StylusUp, *stylus_); // the mouse's
-          }
-          moveStylus(kind, pixel);
-      }),
-      controllers_([this](int source, std::uint16_t key,
-                          bool down) { moveKey(source, key, down, KMOD_NONE); },
-                   controllerActions()),
-      timeline_(machineTicks())
+    : FileHost(storeFolder), window_(std::move(window)), timeline_(machineTicks()),
+      input_(machineTicks, [this](const Event &event) { timeline_.add(event, machineTicks()); }),
+      controllers_(input_, [this] { window_->toggleFullScreen(); })
 {
     listenForNudges();
 }
@@ -85,9 +77,9 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
     };
     limit(controllers_.updateInterval());
     limit(loudspeaker_.tendInterval(now));
-    for (const auto moment : {pointer_.due(), deadline}) {
+    for (const auto moment : {input_.due(), deadline}) {
         if (moment) {
-            limit(std::max(0, static_cast<int>(*moment - now)));
+            limit(host::remaining(now, *moment));
         }
     }
     SDL_WaitEventTimeout(nullptr, longest.value_or(-1));
@@ -101,16 +93,7 @@ void DesktopHost::takeEvents()
     while (SDL_PollEvent(&event) != 0) {
         handle(event);
     }
-    pointer_.advance(machineTicks());
-}
-
-void DesktopHost::push(const Event &event) { timeline_.add(event, machineTicks()); }
-
-void DesktopHost::push(Event::Kind kind)
-{
-    Event event;
-    event.kind = kind;
-    push(event);
+    input_.advance();
 }
 
 void DesktopHost::handle(const SDL_Event &event)
@@ -120,7 +103,7 @@ void DesktopHost::handle(const SDL_Event &event)
         handleQuit();
         break;
     case SDL_APP_LOWMEMORY:
-        push(Event::Kind::Hibernate);
+        input_.system(Event::Kind::Hibernate);
         break;
     case SDL_WINDOWEVENT:
         handleWindow(event.window);
@@ -129,21 +112,17 @@ void DesktopHost::handle(const SDL_Event &event)
         handleKeyDown(event.key);
         break;
     case SDL_KEYUP:
-        handleKeyUp(event.key);
+        input_.keyUp(event.key.keysym.scancode, keyName(event.key.keysym));
         break;
     case SDL_TEXTINPUT:
         handleText(event.text.text);
         break;
     case SDL_MOUSEBUTTONDOWN:
     case SDL_MOUSEBUTTONUP:
-        if (event.button.button == SDL_BUTTON_LEFT) {
-            handleMouse(event.type == SDL_MOUSEBUTTONDOWN ? Event::Kind::StylusDown
-                                                          : Event::Kind::StylusUp,
-                        {event.button.x, event.button.y});
-        }
+        handleMouse(event.button);
         break;
     case SDL_MOUSEMOTION:
-        handleMouse(Event::Kind::StylusMove, {event.motion.x, event.motion.y});
+        input_.stylusMove(*window_->pictureAt({event.motion.x, event.motion.y}, true));
         break;
     default:
         controllers_.handle(event);
@@ -156,7 +135,7 @@ void DesktopHost::handleQuit()
     if (takeNudge()) {
         window_->raise();
     } else {
-        push(Event::Kind::Close);
+        input_.system(Event::Kind::Close);
     }
 }
 
@@ -174,209 +153,94 @@ void DesktopHost::handleWindow(const SDL_WindowEvent &event)
         window_->notePlace();
         break;
     case SDL_WINDOWEVENT_FOCUS_LOST:
-        setAway(true);
+        input_.setAway(true);
         break;
     case SDL_WINDOWEVENT_FOCUS_GAINED:
-        setAway(false);
+        input_.setAway(false);
         break;
     case SDL_WINDOWEVENT_MINIMIZED:
-        minimize();
+        setMinimized(true);
         break;
     case SDL_WINDOWEVENT_RESTORED:
-        restore();
+        setMinimized(false);
         break;
     default:
         break;
-    }
-}
-
-// Coming and going -------------------------------------------------------------------------------
-
-void DesktopHost::setAway(bool away)
-{
-    if (away == away_) {
-        return;
-    }
-    if (away) {
-        releaseEverything();
-    }
-    away_ = away;
-    controllers_.setAway(away);
-    push(away ? Event::Kind::Background : Event::Kind::Foreground);
-}
-
-void DesktopHost::minimize()
-{
-    if (!minimized_) {
-        setAway(true);
-        minimized_ = true;
-        push(Event::Kind::Minimize);
     }
 }
 
 /// A window is also "restored" when it is no longer maximized.
-void DesktopHost::restore()
+void DesktopHost::setMinimized(bool minimized)
 {
-    if (minimized_) {
-        minimized_ = false;
-        away_ = false;
-        controllers_.setAway(false);
-        push(Event::Kind::Restore);
+    if (minimized != minimized_) {
+        minimized_ = minimized;
+        minimized ? input_.minimize() : input_.restore();
     }
 }
 
-/// Keys and a stylus that are lifted while another window is looked at are lifted unseen.
-void DesktopHost::releaseEverything()
-{
-    Event event;
-    event.kind = Event::Kind::KeyUp;
-    for (const std::uint16_t key : held_.releaseAll()) {
-        event.key = key;
-        push(event);
-    }
-    pointer_.letGo();
-    if (stylus_) {
-        moveStylus(Event::Kind::StylusUp, *stylus_);
-    }
-}
-
-// Keys -------------------------------------------------------------------------------------------
+// Keys and the stylus ----------------------------------------------------------------------------
 
 void DesktopHost::handleKeyDown(const SDL_KeyboardEvent &key)
 {
-    const auto modifiers = static_cast<SDL_Keymod>(key.keysym.mod);
-    const std::uint16_t code = virtualKey(key.keysym);
-    if (pointer_.handleKey(code, true, machineTicks())) {
+    const bool pressed = key.repeat == 0;
+    if (key.keysym.sym == SDLK_F11) {
+        pressed ? window_->toggleFullScreen() : void();
         return;
     }
-    if (key.repeat != 0) {
-        if (wantsText_ && code != 0) {
-            pushKeyDown(code, modifiers, false);
-        }
+    if (key.keysym.sym == SDLK_F12) {
+        pressed ? report(saveScreenshot(window_->frame(), title_)) : void();
         return;
     }
-    if (isPointerKey(key.keysym)) {
-        releaseEverything();
-        pointer_.hold();
-        return;
-    }
-    switch (key.keysym.sym) {
-    case SDLK_F1:
-        push(Event::Kind::Help);
-        break;
-    case SDLK_F11:
-        window_->toggleFullScreen();
-        break;
-    case SDLK_F12:
-        report(saveScreenshot(window_->frame(), title_));
-        break;
-    default:
-        moveKey(key.keysym.scancode, code, true, modifiers);
-        break;
-    }
-}
-
-void DesktopHost::handleKeyUp(const SDL_KeyboardEvent &key)
-{
-    if (isPointerKey(key.keysym)) {
-        pointer_.letGo();
-    }
-    pointer_.handleKey(virtualKey(key.keysym), false, machineTicks());
-    moveKey(key.keysym.scancode, 0, false, KMOD_NONE);
-}
-
-void DesktopHost::moveKey(int source, std::uint16_t key, bool down, SDL_Keymod modifiers)
-{
-    if (!down) {
-        if (const std::uint16_t up = held_.release(source)) {
-            Event event;
-            event.kind = Event::Kind::KeyUp;
-            event.key = up;
-            push(event);
-        }
-    } else if (key != 0 && held_.press(source, key)) {
-        pushKeyDown(key, modifiers, source == SDL_SCANCODE_ESCAPE);
-    }
-}
-
-void DesktopHost::pushKeyDown(std::uint16_t key, SDL_Keymod modifiers, bool escape)
-{
-    Event event;
-    event.kind = Event::Kind::KeyDown;
-    event.key = key;
-    event.control = (modifiers & KMOD_CTRL) != 0;
-    event.shift = (modifiers & KMOD_SHIFT) != 0;
-    event.escape = escape;
-    push(event);
+    const unsigned held = key.keysym.mod;
+    input_.keyDown(key.keysym.scancode, keyName(key.keysym),
+                   {.control = (held & KMOD_CTRL) != 0,
+                    .shift = (held & KMOD_SHIFT) != 0,
+                    .alt = (held & KMOD_LALT) != 0,
+                    .meta = (held & KMOD_GUI) != 0,
+                    .altGraph = (held & (KMOD_RALT | KMOD_MODE)) != 0},
+                   !pressed);
 }
 
 void DesktopHost::wantText(bool wanted)
 {
-    wantsText_ = wanted;
+    input_.wantText(wanted);
     wanted ? SDL_StartTextInput() : SDL_StopTextInput();
 }
 
 void DesktopHost::handleText(const char *text)
 {
-    if (pointer_.isHeld()) {
-        return;
-    }
-    Event event;
-    event.kind = Event::Kind::Text;
     for (const char16_t unit : base::toUtf16(text)) {
-        event.text = unit;
-        push(event);
+        input_.text(unit);
     }
 }
 
-// The stylus: the mouse, a finger, which SDL makes a mouse of, or the pointer ---------------------
-
-void DesktopHost::handleMouse(Event::Kind kind, Point point)
+/// The mouse, or a finger, which SDL makes a mouse of.
+void DesktopHost::handleMouse(const SDL_MouseButtonEvent &button)
 {
-    if (pointer_.isDown()) {
+    if (button.button != SDL_BUTTON_LEFT) {
         return;
     }
-    pointer_.hide();
-    const bool isDown = kind == Event::Kind::StylusDown;
-    if (isDown == stylus_.has_value()) {
-        return;
+    const Point point{button.x, button.y};
+    if (button.type == SDL_MOUSEBUTTONUP) {
+        input_.stylusMove(*window_->pictureAt(point, true));
+        input_.stylusUp();
+    } else if (const auto pixel = window_->pictureAt(point, false)) {
+        input_.stylusDown(*pixel);
     }
-    const auto pixel = window_->pictureAt(point, !isDown);
-    const bool hasMoved = !stylus_ || pixel->x != stylus_->x || pixel->y != stylus_->y;
-    if (pixel && (hasMoved || kind != Event::Kind::StylusMove)) {
-        moveStylus(kind, *pixel);
-    }
-}
-
-void DesktopHost::moveStylus(Event::Kind kind, Point pixel)
-{
-    Event event;
-    event.kind = kind;
-    event.x = pixel.x;
-    event.y = pixel.y;
-    push(event);
-    stylus_ = kind == Event::Kind::StylusUp ? std::nullopt : std::optional(pixel);
-}
-
-Controllers::Others DesktopHost::controllerActions()
-{
-    return {[this](int x, int y) { pointer_.lean(x, y, machineTicks()); },
-            [this](bool down) { pointer_.press(down, machineTicks()); },
-            [this] { push(Event::Kind::Close); }, [this] { push(Event::Kind::Help); },
-            [this] { window_->toggleFullScreen(); }};
 }
 
 void DesktopHost::showPointer()
 {
-    const auto tip = pointer_.shownAt();
-    window_->showPointer(tip ? std::optional(PointerLook{*tip, pointer_.isDown()}) : std::nullopt);
+    const auto tip = input_.pointer().shownAt();
+    window_->showPointer(tip ? std::optional(host::PointerLook{*tip, input_.pointer().isDown()})
+                             : std::nullopt);
 }
 
 // Screen, sound, help ----------------------------------------------------------------------------
 
 void DesktopHost::present(const host::Frame &frame, const host::Area &changed)
 {
-    pointer_.setScreen({frame.width, frame.height});
+    input_.setScreen({frame.width, frame.height});
     window_->show(frame, changed);
 }
 
@@ -394,11 +258,11 @@ void DesktopHost::playSamples(std::span<const std::uint8_t> samples)
 bool DesktopHost::showHelp(std::u16string_view, std::u16string_view,
                            std::span<const std::byte> document, std::u16string_view anchor)
 {
-    const std::string problem = host::openHelpPage(storeFolder(), document, base::toUtf8(anchor));
-    if (!problem.empty()) {
-        report(problem);
+    const auto problem = host::openHelpPage(storeFolder(), document, base::toUtf8(anchor));
+    if (problem) {
+        report(*problem);
     }
-    return problem.empty();
+    return !problem;
 }
 
 } // namespace desktop

@@ -2,12 +2,11 @@
 #pragma once
 
 #include "host/file_host.h"
+#include "host/input_mapper.h"
 #include "host/sdl/controllers.h"
 #include "host/sdl/desktop.h"
-#include "host/sdl/held_keys.h"
 #include "host/sdl/loudspeaker.h"
 #include "host/sdl/screen_window.h"
-#include "host/sdl/stylus_pointer.h"
 #include "host/timeline.h"
 
 namespace desktop {
@@ -43,31 +42,17 @@ private:
     void handleWindow(const SDL_WindowEvent &event);
     void handleQuit();
     void handleKeyDown(const SDL_KeyboardEvent &key);
-    void handleKeyUp(const SDL_KeyboardEvent &key);
     void handleText(const char *text);
-    void handleMouse(host::Event::Kind kind, Point point);
-    void moveKey(int source, std::uint16_t key, bool down, SDL_Keymod modifiers);
-    void moveStylus(host::Event::Kind kind, Point pixel);
-    Controllers::Others controllerActions();
+    void handleMouse(const SDL_MouseButtonEvent &button);
     void showPointer();
-    void setAway(bool away);
-    void minimize();
-    void restore();
-    void releaseEverything();
-    void pushKeyDown(std::uint16_t key, SDL_Keymod modifiers, bool escape);
-    void push(host::Event::Kind kind);
-    void push(const host::Event &event);
+    void setMinimized(bool minimized);
 
     std::unique_ptr<ScreenWindow> window_;
     Loudspeaker loudspeaker_;
-    StylusPointer pointer_;
-    Controllers controllers_;
     host::Timeline timeline_;
-    HeldKeys held_;
-    std::optional<Point> stylus_; ///< where it is down
+    host::InputMapper input_;
+    Controllers controllers_;
     std::string title_;
-    bool wantsText_ = false;
-    bool away_ = false; ///< another program is in front
     bool minimized_ = false;
 };
 

@@ -1,7 +1,8 @@
-// The table of keys.
+// From SDL's key codes to names.
 #include "host/sdl/keyboard.h"
 
-#include "host/sdl/buttons.h"
+#include <algorithm>
+#include <iterator>
 
 namespace desktop {
 namespace {
@@ -9,20 +10,19 @@ namespace {
 struct Entry
 {
     SDL_Keycode code;
-    std::uint16_t key;
+    const char *name;
 };
 
 constexpr Entry table[] = {
-    {SDLK_LEFT, padLeft},   {SDLK_UP, padUp},         {SDLK_RIGHT, padRight},
-    {SDLK_DOWN, padDown},   {SDLK_RETURN, padCentre}, {SDLK_KP_ENTER, padCentre},
-    {SDLK_ESCAPE, buttonA}, {SDLK_p, buttonA},        {SDLK_c, buttonB},
-    {SDLK_LSHIFT, buttonB}, {SDLK_z, buttonC},        {SDLK_LCTRL, buttonC},
-    {SDLK_x, buttonD},      {SDLK_SPACE, buttonD},    {SDLK_BACKSPACE, 0x08},
-    {SDLK_TAB, 0x09},       {SDLK_END, 0x23},         {SDLK_HOME, 0x24},
-    {SDLK_DELETE, 0x2E},
+    {SDLK_LEFT, "ArrowLeft"},    {SDLK_UP, "ArrowUp"},          {SDLK_RIGHT, "ArrowRight"},
+    {SDLK_DOWN, "ArrowDown"},    {SDLK_RETURN, "Enter"},        {SDLK_KP_ENTER, "Enter"},
+    {SDLK_ESCAPE, "Escape"},     {SDLK_LSHIFT, "ShiftLeft"},    {SDLK_RSHIFT, "ShiftRight"},
+    {SDLK_LCTRL, "ControlLeft"}, {SDLK_RCTRL, "ControlRight"},  {SDLK_APPLICATION, "ContextMenu"},
+    {SDLK_MENU, "ContextMenu"},  {SDLK_BACKSPACE, "Backspace"}, {SDLK_TAB, "Tab"},
+    {SDLK_END, "End"},           {SDLK_HOME, "Home"},           {SDLK_DELETE, "Delete"},
 };
 
-/// Keyboards without Latin letters: a key is what it is on one that has them.
+/// On keyboards without Latin letters a key is what it would be on one with them.
 SDL_Keycode latinCode(const SDL_Keysym &key)
 {
     const bool isLetter = key.scancode >= SDL_SCANCODE_A && key.scancode <= SDL_SCANCODE_Z;
@@ -31,30 +31,18 @@ SDL_Keycode latinCode(const SDL_Keysym &key)
 
 } // namespace
 
-std::uint16_t virtualKey(const SDL_Keysym &key)
+std::string keyName(const SDL_Keysym &key)
 {
     const SDL_Keycode code = latinCode(key);
-    for (const Entry &entry : table) {
-        if (entry.code == code) {
-            return entry.key;
-        }
-    }
-    constexpr std::uint16_t keyF1 = 0x70;
-    if (code >= SDLK_a && code <= SDLK_z) {
-        return static_cast<std::uint16_t>('A' + (code - SDLK_a));
-    }
-    if (code >= SDLK_0 && code <= SDLK_9) {
-        return static_cast<std::uint16_t>('0' + (code - SDLK_0));
+    const auto *found = std::ranges::find(table, code, &Entry::code);
+    if (found != std::end(table)) {
+        return found->name;
     }
     if (code >= SDLK_F1 && code <= SDLK_F12) {
-        return static_cast<std::uint16_t>(keyF1 + (code - SDLK_F1));
+        return 'F' + std::to_string(code - SDLK_F1 + 1);
     }
-    return 0;
-}
-
-bool isPointerKey(const SDL_Keysym &key)
-{
-    return key.sym == SDLK_RCTRL || key.sym == SDLK_APPLICATION || key.sym == SDLK_MENU;
+    // SDL's codes of other keys that type are their characters.
+    return code >= ' ' && code < 0x7F ? std::string(1, static_cast<char>(code)) : std::string();
 }
 
 } // namespace desktop

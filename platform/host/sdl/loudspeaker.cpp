@@ -1,10 +1,8 @@
-// Queued audio. What is queued plays within the time of one device buffer, 12 ms, and what is
-// dropped is silent as soon.
+// Queued audio. Samples start, and stop when they are dropped, within the time of one device
+// buffer, 12 ms.
 #include "host/sdl/loudspeaker.h"
 
-#include <algorithm>
-
-#include "host/program_clock.h"
+#include "host/moment.h"
 
 namespace desktop {
 namespace {
@@ -28,8 +26,8 @@ SDL_AudioDeviceID openDevice()
     return device;
 }
 
-/// Starts SDL's audio; false when the machine has no device. Only one that has is asked to open it:
-/// trying in vain is not silent, for the sound system itself complains on the terminal.
+/// Starts SDL's audio; false when the machine has no device. Opening one in vain would make the
+/// sound system complain on the terminal.
 bool startAudio()
 {
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
@@ -94,15 +92,12 @@ bool Loudspeaker::queued() const { return device_ != 0 && SDL_GetQueuedAudioSize
 
 std::optional<int> Loudspeaker::tendInterval(std::uint32_t now) const
 {
-    if (device_ == 0) {
-        return std::nullopt;
-    }
-    return host::isBefore(now, restAt_) ? static_cast<int>(restAt_ - now) : 0;
+    return device_ != 0 ? std::optional(host::remaining(now, restAt_)) : std::nullopt;
 }
 
 void Loudspeaker::tend(std::uint32_t now)
 {
-    if (device_ != 0 && !host::isBefore(now, restAt_)) {
+    if (tendInterval(now) == 0) {
         rest();
     }
 }

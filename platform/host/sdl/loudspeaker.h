@@ -9,9 +9,9 @@
 
 namespace desktop {
 
-/// Audio keeps threads of SDL's awake even when it is silent, so after a while without a sound it
-/// is shut down, and started again for the next sound. It is not started before the first one: to
-/// ask for devices takes milliseconds and megabytes.
+/// Audio keeps SDL's threads awake even when it is silent, so after a while without a sound it is
+/// shut down, and started again for the next sound. It is not started before the first one, because
+/// asking for devices takes milliseconds and megabytes.
 class Loudspeaker
 {
 public:
@@ -20,19 +20,19 @@ public:
     Loudspeaker &operator=(const Loudspeaker &) = delete;
     ~Loudspeaker() { rest(); }
 
-    /// Whether the machine has an audio device, as far as is known: the first sound finds out.
+    /// Whether the machine has an audio device; true until the first sound has failed.
     bool exists() const { return !missing_; }
     /// Whether sounds can be played from now on.
     bool open();
     void close();
-    /// `now` as of the desktop's clock.
+    /// `now` is the desktop's clock.
     void play(std::span<const std::uint8_t> samples, std::uint32_t now);
     void drop();
     bool queued() const;
 
-    /// How long the process may sleep before `tend` is due, in milliseconds; none: for ever.
+    /// How long the process may sleep before `tend` is due, in milliseconds; none: forever.
     std::optional<int> tendInterval(std::uint32_t now) const;
-    /// Shuts audio down when it was silent for long.
+    /// Shuts audio down when it has been silent for long.
     void tend(std::uint32_t now);
 
 private:

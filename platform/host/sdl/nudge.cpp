@@ -1,6 +1,5 @@
-// SDL has one way in for signals: its own handler for SIGTERM notes down that SDL_QUIT is to be
-// made, which the wait looks at when the signal interrupts it. A handler may do almost nothing
-// else, so the nudge takes that way too and leaves a flag that tells the two apart.
+// A signal handler may do almost nothing, but SDL's own handler for SIGTERM makes SDL's wait return
+// with SDL_QUIT. So the nudge calls that handler, and sets a flag that distinguishes the two.
 #include "host/sdl/nudge.h"
 
 #include <csignal>

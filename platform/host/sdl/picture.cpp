@@ -1,4 +1,4 @@
-// Enlarging: a row of large pixels is made once and copied for the rows below it.
+// Enlarging: each row is made once and copied to the rows below it.
 #include "host/sdl/picture.h"
 
 #include <algorithm>

@@ -1,24 +1,16 @@
-// The handheld's screen in a window of any size: where it lies, and its pixels made larger.
+// The handheld's screen in a window of any size: its place, and its enlarged pixels.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 
+#include "host/geometry.h"
 #include "host/host.h"
 
 namespace desktop {
 
-struct Size
-{
-    int width = 0;
-    int height = 0;
-};
-
-struct Point
-{
-    int x = 0;
-    int y = 0;
-};
+using host::Point;
+using host::Size;
 
 /// A picture in the middle of a window, enlarged by the largest whole factor that fits, 1 at
 /// least. Left and top are negative when not even that fits.
@@ -35,7 +27,7 @@ Point toPicture(Point window, const Placement &placement, Size picture);
 /// Whether a point of the window is on the picture.
 bool isOnPicture(Point window, const Placement &placement, Size picture);
 
-/// Pixels of 32 bits: where they are, and where the 8 bits of each colour are in them.
+/// Pixels of 32 bits, and the place of each colour's 8 bits in them.
 struct Canvas
 {
     std::byte *pixels = nullptr;

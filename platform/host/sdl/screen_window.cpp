@@ -1,4 +1,4 @@
-// The window, drawn through its surface: no renderer, no context of a graphics library.
+// The window is drawn through its surface, without a renderer or a graphics library.
 #include "host/sdl/screen_window.h"
 
 #include <cstdlib>
@@ -8,7 +8,7 @@
 namespace desktop {
 namespace {
 
-/// Room that a comfortable window leaves for its own frame and its neighbours.
+/// Pixels that a comfortable window leaves free, for its frame and other windows.
 constexpr int roomAround = 64;
 
 int comfortableScale(Size picture)
@@ -31,24 +31,24 @@ std::vector<host::Area> screens()
     return areas;
 }
 
-/// A window's size with the picture upright, from its size with this one, and the other way round.
+/// The window's size for the upright picture, from its size for this one, or the reverse.
 Size uprightSize(Size window, Size picture)
 {
     return picture.width < picture.height ? window : Size{window.height, window.width};
 }
 
-/// Initialises SDL's video with a driver that has a display to show something on: SDL would be
-/// content with one that has none. SDL_VIDEODRIVER in the environment overrules this.
+/// Initialises SDL's video with a driver that shows something: SDL alone would accept a dummy.
+/// SDL_VIDEODRIVER in the environment overrules this.
 bool startVideo()
 {
-    // Where there is no folder for sockets, Wayland's library complains on the terminal.
+    // Without a folder for sockets, Wayland's library complains on the terminal.
     const bool tryWayland = std::getenv("XDG_RUNTIME_DIR") != nullptr;
     SDL_SetHint(SDL_HINT_VIDEODRIVER, tryWayland ? "x11,wayland,KMSDRM" : "x11,KMSDRM");
     return SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
 }
 
-/// What SDL would do otherwise: draw through OpenGL, switch the compositor and the screen saver
-/// off, and leave full screen when another window is looked at.
+/// Keeps SDL from drawing through OpenGL, from switching the compositor and the screen saver off,
+/// and from leaving full screen when another window gets the focus.
 void setHints()
 {
     const char *driver = SDL_GetCurrentVideoDriver();
@@ -58,6 +58,19 @@ void setHints()
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
     SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
     SDL_EnableScreenSaver();
+}
+
+void drawPointer(const host::PointerLook &look, const host::Frame &frame,
+                 const Placement &placement, const Canvas &canvas)
+{
+    const host::Area area = host::pointerArea(look, {frame.width, frame.height});
+    const auto pixels = host::pointerPixels(look, frame);
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    const int scale = placement.scale;
+    drawEnlarged({pixels.data(), width, height}, {0, 0, width, height},
+                 {scale, placement.left + area.left * scale, placement.top + area.top * scale},
+                 canvas);
 }
 
 } // namespace
@@ -122,7 +135,7 @@ void ScreenWindow::showAgain()
     }
 }
 
-void ScreenWindow::showPointer(const std::optional<PointerLook> &pointer)
+void ScreenWindow::showPointer(const std::optional<host::PointerLook> &pointer)
 {
     if (pointer == pointer_) {
         return;
@@ -133,12 +146,12 @@ void ScreenWindow::showPointer(const std::optional<PointerLook> &pointer)
     const auto before = std::exchange(pointer_, pointer);
     for (const auto &look : {before, pointer_}) {
         if (look) {
-            draw(pointerArea(*look, picture_));
+            draw(host::pointerArea(*look, picture_));
         }
     }
 }
 
-/// A window that the user did not give a size of its own turns with the picture.
+/// The window turns with the picture, unless it is maximized or fills the screen.
 void ScreenWindow::fitTo(Size picture)
 {
     Size window;
@@ -153,7 +166,7 @@ void ScreenWindow::fitTo(Size picture)
     }
 }
 
-/// The surface itself where its pixels have 32 bits, else one beside it.
+/// The surface itself where its pixels have 32 bits, else one to be copied to it.
 SDL_Surface *ScreenWindow::canvasFor(SDL_Surface *target)
 {
     if (target->format->BytesPerPixel == sizeof(std::uint32_t)) {
@@ -177,12 +190,13 @@ void ScreenWindow::draw(const host::Area &part, bool everything)
         SDL_FillRect(surface, nullptr, SDL_MapRGB(surface->format, 0, 0, 0));
     }
     const Size size{surface->w, surface->h};
+    const SDL_PixelFormat &format = *surface->format;
     const Canvas canvas{static_cast<std::byte *>(surface->pixels),
                         static_cast<std::size_t>(surface->pitch),
                         size,
-                        surface->format->Rshift,
-                        surface->format->Gshift,
-                        surface->format->Bshift};
+                        format.Rshift,
+                        format.Gshift,
+                        format.Bshift};
     const Placement placement = place(picture_, size);
     const host::Area all{0, 0, frame_.width, frame_.height};
     const host::Area changed = drawEnlarged(frame_, everything ? all : part, placement, canvas);
@@ -234,7 +248,7 @@ void ScreenWindow::notePlace()
 
 std::optional<WindowPlace> ScreenWindow::lastPlace()
 {
-    notePlace(); // how wide the desktop's frame is, is known only a while after the window is there
+    notePlace(); // the width of the desktop's frame is not known from the beginning
     return lastPlace_;
 }
 

@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "host/host.h"
+#include "host/pointer_picture.h"
 #include "host/sdl/picture.h"
-#include "host/sdl/pointer_picture.h"
 #include "host/sdl/sdl.h"
 #include "host/sdl/window_place.h"
 
@@ -18,30 +18,30 @@ class ScreenWindow
 {
 public:
     /// Makes the window, hidden until something is shown, for a picture of that size, enlarged
-    /// by `scale`; none: where and as large as it was last, or when that is not known or off the
-    /// screens, as large as is comfortable. Nothing when there is no display.
+    /// by `scale`. Without a scale it takes the last place and size; when they are not known, or
+    /// off the screens, a comfortable size. Null when there is no display.
     static std::unique_ptr<ScreenWindow> make(Size picture, std::optional<int> scale,
                                               std::optional<WindowPlace> last);
 
     void describe(const std::string &title, const host::Icon &icon);
     /// Shows the frame, of which `changed` differs from the last one shown.
     void show(const host::Frame &frame, const host::Area &changed);
-    /// Shows all of it again, for the window has another size or was covered.
+    /// Shows all of it again, after the window was resized or covered.
     void showAgain();
-    /// Shows the stylus pointer over the frame, or no longer; the mouse's own hides meanwhile.
-    void showPointer(const std::optional<PointerLook> &pointer);
+    /// Shows the stylus pointer over the frame, or hides it. While it shows, the mouse's is hidden.
+    void showPointer(const std::optional<host::PointerLook> &pointer);
     void toggleFullScreen();
-    /// To the front, from wherever it is.
+    /// Brings it to the front, also from the task bar.
     void raise();
-    /// To be called when it was moved or has another size.
+    /// To be called when it was moved or resized.
     void notePlace();
-    /// Where it was last while it did not fill the screen; nothing before that is known.
+    /// Where it was last while it did not fill the screen; none when that is not known.
     std::optional<WindowPlace> lastPlace();
 
     /// What is shown; no pixels before the first time.
     const host::Frame &frame() const { return frame_; }
-    /// The pixel of the picture at a point of the window; `outside` allows points beside the
-    /// picture, for which it is the nearest one.
+    /// The pixel of the picture at a point of the window. With `outside`, a point beside the
+    /// picture gives the nearest pixel, else none.
     std::optional<Point> pictureAt(Point window, bool outside) const;
 
 private:
@@ -59,7 +59,7 @@ private:
     std::unique_ptr<SDL_Surface, Destroy> canvas_; ///< for displays without 32-bit pixels
     Size picture_;
     host::Frame frame_;
-    std::optional<PointerLook> pointer_;
+    std::optional<host::PointerLook> pointer_;
     std::optional<WindowPlace> lastPlace_;
     bool shown_ = false;
 };

@@ -43,8 +43,7 @@ std::string saveScreenshot(const host::Frame &frame, const std::string &title)
         return "there is nothing on the screen yet";
     }
     const std::filesystem::path file = freeName(title);
-    const std::string problem = host::writePng(file, frame);
-    return problem.empty() ? "saved " + file.string() : problem;
+    return host::writePng(file, frame).value_or("saved " + file.string());
 }
 
 } // namespace desktop

@@ -1,13 +1,26 @@
 // The web host: the handheld in a browser page.
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <string>
 
 #include "host/host.h"
 
 namespace web {
 
-/// The one page there is. When the host goes, the page learns that the program has ended.
-std::unique_ptr<host::Host> open();
+/// What the program is doing: `kind` is a word that the page knows ("title", "game", "level",
+/// "paused", "over"), `text` a sentence.
+struct State
+{
+    const char *kind;
+    std::string text;
+};
+/// The state, when it has changed since the last call.
+using ChangedState = std::function<std::optional<State>()>;
+
+/// The one page there is, which is given each new state before the program sleeps. When the host
+/// goes, the page learns that the program has ended.
+std::unique_ptr<host::Host> open(ChangedState changedState);
 
 } // namespace web

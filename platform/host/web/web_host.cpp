@@ -3,9 +3,13 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "base/utf.h"
+#include "host/key_table.h"
+#include "host/moment.h"
 #include "host/pixel.h"
 #include "host/web/page.h"
 #include "host/web/web.h"
@@ -23,6 +27,8 @@ std::uint32_t pageTicks()
     return static_cast<std::uint32_t>(static_cast<std::uint64_t>(pageNow()));
 }
 
+constexpr int channels = 4;
+
 void convert(const host::Pixel *source, std::uint8_t *target, int count)
 {
     for (int i = 0; i < count; ++i) {
@@ -36,9 +42,17 @@ void convert(const host::Pixel *source, std::uint8_t *target, int count)
 
 } // namespace
 
-std::unique_ptr<host::Host> open() { return std::make_unique<WebHost>(); }
+std::unique_ptr<host::Host> open(ChangedState changedState)
+{
+    return std::make_unique<WebHost>(std::move(changedState));
+}
 
-WebHost::WebHost() : timeline_(pageTicks()) { theHost = this; }
+WebHost::WebHost(ChangedState changedState)
+    : changedState_(std::move(changedState)), timeline_(pageTicks()),
+      input_(pageTicks, [this](const Event &event) { emit(event); })
+{
+    theHost = this;
+}
 
 WebHost::~WebHost()
 {
@@ -48,12 +62,34 @@ WebHost::~WebHost()
 
 // Time and events --------------------------------------------------------------------------------
 
-void WebHost::post(const Event &event) { timeline_.add(event, pageTicks()); }
+/// The buttons that the page draws light up, whatever holds them down.
+void WebHost::emit(const Event &event)
+{
+    timeline_.add(event, pageTicks());
+    const bool down = event.kind == Event::Kind::KeyDown;
+    const std::string button(host::buttonName(event.key));
+    if ((down || event.kind == Event::Kind::KeyUp) && !button.empty()) {
+        pageShowButton(button.c_str(), down);
+    }
+}
 
 std::optional<Event> WebHost::wait(std::optional<std::uint32_t> deadline)
 {
     return timeline_.wait(deadline, pageTicks, [&] {
-        pageSleep(deadline ? std::max(0, static_cast<int>(*deadline - pageTicks())) : -1);
+        showPointer();
+        if (const auto state = changedState_()) {
+            pageState(state->kind, state->text.c_str());
+        }
+        const std::uint32_t now = pageTicks();
+        int longest = -1;
+        for (const auto moment : {input_.due(), deadline}) {
+            if (moment) {
+                const int left = std::max(0, host::distance(now, *moment));
+                longest = longest < 0 ? left : std::min(longest, left);
+            }
+        }
+        pageSleep(longest);
+        input_.advance();
     });
 }
 
@@ -61,15 +97,51 @@ std::optional<Event> WebHost::wait(std::optional<std::uint32_t> deadline)
 
 void WebHost::present(const host::Frame &frame, const host::Area &changed)
 {
-    constexpr int channels = 4;
+    frame_ = frame;
+    input_.setScreen({frame.width, frame.height});
     picture_.resize(static_cast<std::size_t>(frame.width * frame.height * channels));
-    const int width = changed.right - changed.left;
-    for (int y = changed.top; y < changed.bottom; ++y) {
-        const int first = y * frame.width + changed.left;
-        convert(frame.pixels + first, picture_.data() + first * channels, width);
+    draw(changed);
+    if (pointer_) {
+        draw(host::pointerArea(*pointer_, {frame.width, frame.height}));
     }
-    pageDraw(picture_.data(), frame.width, frame.height, changed.left, changed.top, width,
-             changed.bottom - changed.top);
+}
+
+/// Gives the page an area of the frame, the pointer over it.
+void WebHost::draw(const host::Area &area)
+{
+    const auto target = [&](int x, int y) {
+        return picture_.data() + (y * frame_.width + x) * channels;
+    };
+    const int width = area.right - area.left;
+    for (int y = area.top; y < area.bottom; ++y) {
+        convert(frame_.pixels + y * frame_.width + area.left, target(area.left, y), width);
+    }
+    if (pointer_) {
+        const auto pixels = host::pointerPixels(*pointer_, frame_);
+        const host::Area pen = host::pointerArea(*pointer_, {frame_.width, frame_.height});
+        const int penWidth = pen.right - pen.left;
+        for (int y = pen.top; y < pen.bottom; ++y) {
+            convert(pixels.data() + (y - pen.top) * penWidth, target(pen.left, y), penWidth);
+        }
+    }
+    pageDraw(picture_.data(), frame_.width, frame_.height, area.left, area.top, width,
+             area.bottom - area.top);
+}
+
+void WebHost::showPointer()
+{
+    const auto tip = input_.pointer().shownAt();
+    const auto look =
+        tip ? std::optional(host::PointerLook{*tip, input_.pointer().isDown()}) : std::nullopt;
+    if (look == pointer_ || !frame_.pixels) {
+        return;
+    }
+    const auto before = std::exchange(pointer_, look);
+    for (const auto &each : {before, pointer_}) {
+        if (each) {
+            draw(host::pointerArea(*each, {frame_.width, frame_.height}));
+        }
+    }
 }
 
 void WebHost::describeProgram(std::u16string_view title, const host::Icon &)
@@ -79,7 +151,14 @@ void WebHost::describeProgram(std::u16string_view title, const host::Icon &)
 
 void WebHost::raise() { pageRaise(); }
 
-void WebHost::wantText(bool wanted) { pageWantText(wanted); }
+void WebHost::wantText(bool wanted)
+{
+    input_.wantText(wanted);
+    pageWantText(wanted);
+    if (wanted) {
+        pageState("name", "Type a name, then press Enter.");
+    }
+}
 
 // Sound ------------------------------------------------------------------------------------------
 
@@ -124,25 +203,152 @@ bool WebHost::showHelp(std::u16string_view, std::u16string_view arguments,
 
 void WebHost::report(std::string_view line) { pageReport(line.data(), line.size()); }
 
+void WebHost::messageBoxOpened(std::u16string_view caption, std::u16string_view text)
+{
+    pageState("dialog", (base::toUtf8(caption) + ": " + base::toUtf8(text)).c_str());
+}
+
 } // namespace web
 
-// What the page calls ----------------------------------------------------------------------------
+// What the page calls. Texts are UTF-8, allocated by the page and freed here; nothing counts before
+// the program runs. -------------------------------------------------------------------------------
 
-/// An event: `kind` as host::Event numbers them, `a` and `b` its key and modifiers (1 Ctrl,
-/// 2 Shift, 4 the keyboard's Esc), its point, or its character.
-extern "C" void post(int kind, int a, int b)
+namespace {
+
+/// A text of the page.
+class Text
 {
-    if (web::theHost == nullptr) {
-        return;
+public:
+    explicit Text(char *text) : text_(text, &std::free) {}
+    std::string_view view() const { return text_.get(); }
+
+private:
+    std::unique_ptr<char, decltype(&std::free)> text_;
+};
+
+/// A number for a key that stays the same while it is down.
+int sourceOf(std::string_view code)
+{
+    return static_cast<int>(std::hash<std::string_view>()(code) & 0x7FFFFFFFU);
+}
+
+/// The name of a key as host/key_table.h has it, from the two that a KeyboardEvent has. On
+/// keyboards without Latin letters a key is what it would be on one with them.
+std::string keyName(std::string_view code, std::string_view key)
+{
+    if (code.starts_with("Shift") || code.starts_with("Control")) {
+        return std::string(code);
     }
-    host::Event event;
-    event.kind = static_cast<host::Event::Kind>(kind);
-    event.key = static_cast<std::uint16_t>(a);
-    event.text = static_cast<char16_t>(a);
-    event.control = (b & 1) != 0;
-    event.shift = (b & 2) != 0;
-    event.escape = (b & 4) != 0;
-    event.x = a;
-    event.y = b;
-    web::theHost->post(event);
+    const bool latin = key.size() == 1;
+    if (!latin && code.size() == 4 && code.starts_with("Key")) {
+        key = code.substr(3);
+    }
+    std::string name(key);
+    if (name.size() == 1 && name[0] >= 'A' && name[0] <= 'Z') {
+        name[0] = static_cast<char>(name[0] - 'A' + 'a');
+    }
+    return name;
+}
+
+} // namespace
+
+extern "C" {
+
+/// A key of the keyboard. Returns whether the page keeps the browser from using it as well.
+bool keyDown(char *code, char *key, bool control, bool shift, bool alt, bool meta, bool altGraph,
+             bool repeated)
+{
+    const Text codeText(code);
+    const Text keyText(key);
+    if (!web::theHost) {
+        return false;
+    }
+    host::InputMapper &input = web::theHost->input();
+    const std::string name = keyName(codeText.view(), keyText.view());
+    const bool taken = input.keyDown(sourceOf(codeText.view()), name,
+                                     {control, shift, alt, meta, altGraph}, repeated);
+    const std::u16string typed = base::toUtf16(keyText.view());
+    const bool command = meta || (!altGraph && (control || alt));
+    if (host::types(keyText.view()) && !command && !keyText.view().starts_with("Shift")) {
+        for (const char16_t unit : typed) {
+            input.text(unit);
+        }
+    }
+    return taken;
+}
+
+void keyUp(char *code, char *key)
+{
+    const Text codeText(code);
+    const Text keyText(key);
+    if (web::theHost) {
+        web::theHost->input().keyUp(sourceOf(codeText.view()),
+                                    keyName(codeText.view(), keyText.view()));
+    }
+}
+
+/// A finger is on the button of that name now, or on none.
+void moveFinger(int finger, char *button)
+{
+    const Text name(button);
+    if (web::theHost) {
+        web::theHost->input().finger(finger, host::buttonCode(name.view()));
+    }
+}
+
+void stylusDown(int x, int y)
+{
+    if (web::theHost) {
+        web::theHost->input().stylusDown({x, y});
+    }
+}
+
+void stylusMove(int x, int y)
+{
+    if (web::theHost) {
+        web::theHost->input().stylusMove({x, y});
+    }
+}
+
+void stylusUp()
+{
+    if (web::theHost) {
+        web::theHost->input().stylusUp();
+    }
+}
+
+/// A button of a controller, by the standard mapping. Returns whether it asks for full screen.
+bool controllerButton(int controller, int button, bool down)
+{
+    return web::theHost && web::theHost->input().controllerButton(controller, button, down) ==
+                               host::InputMapper::HostAction::FullScreen;
+}
+
+void controllerAxis(int controller, int axis, double value)
+{
+    if (web::theHost) {
+        web::theHost->input().controllerAxis(controller, axis, value);
+    }
+}
+
+void controllerGone(int controller)
+{
+    if (web::theHost) {
+        web::theHost->input().controllerGone(controller);
+    }
+}
+
+void setAway(bool away)
+{
+    if (web::theHost) {
+        web::theHost->input().setAway(away);
+    }
+}
+
+void askForHelp()
+{
+    if (web::theHost) {
+        web::theHost->input().system(host::Event::Kind::Help);
+    }
+}
 }

@@ -4,20 +4,23 @@
 #include <vector>
 
 #include "host/host.h"
+#include "host/input_mapper.h"
+#include "host/pointer_picture.h"
 #include "host/timeline.h"
+#include "host/web/web.h"
 
 namespace web {
 
 class WebHost final : public host::Host
 {
 public:
-    WebHost();
+    explicit WebHost(ChangedState changedState);
     WebHost(const WebHost &) = delete;
     WebHost &operator=(const WebHost &) = delete;
     ~WebHost() override;
 
-    /// Something happened on the page, now. Does not wake the program.
-    void post(const host::Event &event);
+    /// What happens on the page goes here. The page wakes the program afterwards.
+    host::InputMapper &input() { return input_; }
 
     std::uint32_t ticks() const override { return timeline_.ticks(); }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
@@ -40,10 +43,19 @@ public:
     bool showHelp(std::u16string_view program, std::u16string_view arguments,
                   std::span<const std::byte> document, std::u16string_view anchor) override;
     void report(std::string_view line) override;
+    void messageBoxOpened(std::u16string_view caption, std::u16string_view text) override;
 
 private:
+    void emit(const host::Event &event);
+    void draw(const host::Area &area);
+    void showPointer();
+
+    ChangedState changedState_;
     host::Timeline timeline_;
-    std::vector<std::uint8_t> picture_;
+    host::InputMapper input_;
+    host::Frame frame_;
+    std::vector<std::uint8_t> picture_; ///< red, green, blue and opacity
+    std::optional<host::PointerLook> pointer_;
 };
 
 } // namespace web

@@ -1,0 +1,8 @@
+// BUTTON: push buttons.
+#pragma once
+
+namespace controls {
+
+void registerButton();
+
+} // namespace controls

@@ -1,0 +1,46 @@
+// Reads and writes until it is done: a signal may cut either short.
+#include "host/descriptor.h"
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace host {
+
+Descriptor::Descriptor(const std::filesystem::path &file, int flags)
+    : number_(open(file.c_str(), flags | O_CLOEXEC, 0666))
+{}
+
+bool Descriptor::close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
+
+std::optional<std::string> Descriptor::readAll() const
+{
+    std::string text;
+    char block[4096];
+    for (;;) {
+        const ssize_t count = read(number_, block, sizeof block);
+        if (count > 0) {
+            text.append(block, static_cast<std::size_t>(count));
+        } else if (count == 0) {
+            return text;
+        } else if (errno != EINTR) {
+            return std::nullopt;
+        }
+    }
+}
+
+bool Descriptor::writeAll(std::span<const std::byte> bytes) const
+{
+    while (!bytes.empty()) {
+        const ssize_t count = write(number_, bytes.data(), bytes.size());
+        if (count >= 0) {
+            bytes = bytes.subspan(static_cast<std::size_t>(count));
+        } else if (errno != EINTR) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace host

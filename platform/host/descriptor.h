@@ -1,0 +1,42 @@
+// Open files as POSIX has them, for where the order of reads and writes matters.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+
+namespace host {
+
+/// A file descriptor, closed with its owner.
+class Descriptor
+{
+public:
+    /// Owns `number`; less than 0 is none.
+    explicit Descriptor(int number = -1) : number_(number) {}
+    /// Opens a file, with the flags of open(2); when that fails there is none, and errno says why.
+    Descriptor(const std::filesystem::path &file, int flags);
+    Descriptor(Descriptor &&other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    Descriptor &operator=(Descriptor &&other) noexcept
+    {
+        std::swap(number_, other.number_);
+        return *this;
+    }
+    ~Descriptor() { close(); }
+
+    explicit operator bool() const { return number_ >= 0; }
+    int number() const { return number_; }
+    /// False when something written before could not be kept; errno says why.
+    bool close();
+    /// Everything up to the end of the file; none when reading failed, and errno says why.
+    std::optional<std::string> readAll() const;
+    /// False when not all of it could be written; errno says why.
+    [[nodiscard]] bool writeAll(std::span<const std::byte> bytes) const;
+
+private:
+    int number_;
+};
+
+} // namespace host

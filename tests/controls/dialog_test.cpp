@@ -1,0 +1,274 @@
+// Dialogs: their templates, their modal loops, the keys that they handle.
+#include <utility>
+
+#include "controls/dialog_template.h"
+#include "controls/dialog_words.h"
+#include "gx.h"
+#include "user/program_test.h"
+
+namespace {
+
+using Kind = host::Event::Kind;
+
+constexpr DWORD style = WS_POPUP | WS_CAPTION | DS_SETFONT;
+
+/// 1: buttons, one disabled and OK the default, and texts; 2: nothing that can have the focus.
+std::vector<std::byte> makeImage()
+{
+    ResourceImage image;
+    image.add(5, 1,
+              DialogWords(style, 0, 125, 69, u"First")
+                  .add(u"BUTTON", WS_TABSTOP, {7, 7, 50, 12}, 10, u"Ten")
+                  .add(u"BUTTON", WS_TABSTOP | WS_DISABLED, {7, 20, 50, 12}, 11, u"Eleven")
+                  .add(u"STATIC", 0, {7, 30, 50, 12}, -1, u"Text")
+                  .add(u"CAPEDIT", WS_TABSTOP, {60, 7, 50, 12}, 12)
+                  .add(u"EDIT", WS_TABSTOP, {60, 20, 50, 12}, 13)
+                  .add(u"BUTTON", WS_TABSTOP | BS_DEFPUSHBUTTON, {7, 48, 50, 14}, IDOK, u"OK")
+                  .words);
+    image.add(5, 2,
+              DialogWords(style, 0, 138, 154, u"").add(u"STATIC", 0, {15, 50, 110, 15}, 21).words);
+    return image.bytes;
+}
+
+struct Dialog : ProgramTest
+{
+    Dialog() : ProgramTest(makeImage()) {}
+};
+
+TEST(DialogTemplate, TurnsUnitsToPixels)
+{
+    EXPECT_EQ(controls::pixelsAcross(160), 240);
+    EXPECT_EQ(controls::pixelsDown(166), 270);
+    EXPECT_EQ(controls::pixelsAcross(125), 188); // 187.5
+    EXPECT_EQ(controls::pixelsDown(7), 11);      // 11.375
+    EXPECT_EQ(controls::pixelsAcross(-10), -15);
+}
+
+TEST(DialogTemplate, IsReadButNotWhenItIsCutShort)
+{
+    const std::uint16_t words[] = {0x40, 0x8000, 0, 0x8000, 1,      0,      0,     20,     8,   0,
+                                   0,    u'C',   0, 8,      u'S',   0,      0x00E, 0x5000, 0,   0,
+                                   4,    8,      8, 16,     0xFFFF, 0xFFFF, 0x82,  0xFFFF, 122, 0};
+    const auto bytes = std::as_bytes(std::span(words));
+    const auto read = controls::parseTemplate(bytes);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->caption, u"C");
+    EXPECT_EQ(read->exStyle, 0x80000000U);
+    EXPECT_EQ(read->rect.right, 30);
+    ASSERT_EQ(read->controls.size(), 1U);
+    const controls::ControlTemplate &control = read->controls[0];
+    EXPECT_EQ(control.className, u"STATIC");
+    EXPECT_EQ(control.text, u"#122");
+    EXPECT_EQ(control.id, -1);
+    EXPECT_EQ(control.style, 0x5000000EU);
+    EXPECT_EQ(control.rect.left, 6);
+    EXPECT_EQ(control.rect.bottom, 39);
+    for (std::size_t size = 0; size < bytes.size(); ++size) {
+        EXPECT_FALSE(controls::parseTemplate(bytes.first(size))) << size;
+    }
+}
+
+TEST_F(Dialog, DisablesItsOwnerAndGivesTheActivationBack)
+{
+    recorder.noted = {WM_ACTIVATE};
+    user.then([&] {
+        const HWND dialog = GetActiveWindow();
+        EXPECT_EQ(GetFocus(), GetDlgItem(dialog, 10));
+        EXPECT_EQ(recorder.takeLog(), Log{"A:activate 0 -"});
+        EXPECT_FALSE(IsWindowEnabled(owner));
+        EXPECT_TRUE(EndDialog(dialog, 5));
+        EXPECT_TRUE(EndDialog(dialog, 6)); // the first result counts
+        EXPECT_TRUE(IsWindow(dialog));
+    });
+    const auto procedure = [&](HWND dialog, UINT message, WPARAM focus, LPARAM) -> INT_PTR {
+        if (message == WM_INITDIALOG) {
+            EXPECT_EQ(focus, GetDlgItem(dialog, 10).value);
+            EXPECT_FALSE(IsWindowEnabled(owner));
+            EXPECT_FALSE(IsWindowVisible(dialog));
+            EXPECT_TRUE(recorder.takeLog().empty());
+        }
+        return FALSE;
+    };
+    EXPECT_EQ(runDialog(1, owner, procedure), 5);
+    EXPECT_EQ(recorder.takeLog(), Log{"A:activate 1 -"});
+    EXPECT_TRUE(IsWindowEnabled(owner));
+    EXPECT_EQ(GetActiveWindow(), owner);
+    EXPECT_EQ(DialogBoxIndirectParamW({}, nullptr, owner, handledDialog, 0), -1);
+    EXPECT_TRUE(IsWindowEnabled(owner));
+}
+
+TEST_F(Dialog, GivesTheFocusBackHoweverItGoes)
+{
+    const auto goes = [&](auto end, UINT when) {
+        runDialog(2, owner, [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
+            return message == when ? end(dialog) : FALSE;
+        });
+        EXPECT_EQ(GetActiveWindow(), owner);
+        EXPECT_EQ(GetFocus(), owner);
+    };
+    goes([](HWND dialog) { return EndDialog(dialog, 1); }, WM_INITDIALOG);
+    goes([](HWND dialog) { return DestroyWindow(dialog); }, WM_INITDIALOG);
+    goes([](HWND dialog) { return DestroyWindow(dialog); }, WM_SETFOCUS);
+}
+
+TEST_F(Dialog, KeysMoveTheFocusAndPressButtons)
+{
+    struct Case
+    {
+        std::vector<int> keys; // negative: with Shift
+        int focus;             // or 0, and
+        int result;            // the button that ended the dialog
+    };
+    const Case cases[] = {
+        {{VK_TAB}, 12, 100},
+        {{VK_TAB, VK_TAB, VK_TAB, VK_TAB}, 10, 100},
+        {{-VK_TAB}, IDOK, 100},
+        {{VK_RIGHT}, 12, 100},
+        {{VK_RIGHT, VK_RIGHT}, 12, 100}, // an edit box keeps the arrows
+        {{VK_LEFT}, IDOK, 100},
+        {{'A'}, 10, 100},
+        {{VK_RETURN}, 0, 10},           // the button with the focus
+        {{VK_TAB, VK_RETURN}, 0, IDOK}, // the default button
+        {{VK_TAB, VK_ESCAPE}, 0, IDCANCEL},
+        {{VK_SPACE}, 0, 10},
+    };
+    for (const Case &each : cases) {
+        for (const int key : each.keys) {
+            user.press(std::abs(key), key < 0);
+        }
+        int focus = 0;
+        user.then([&] { focus = GetDlgCtrlID(GetFocus()); });
+        end(100);
+        EXPECT_EQ(runDialog(1, owner, endByCommand), each.result) << each.keys[0];
+        EXPECT_EQ(focus, each.focus) << each.keys[0];
+        host.run();
+    }
+}
+
+TEST_F(Dialog, TabSelectsTheTextThatItComesTo)
+{
+    user.press(VK_TAB);
+    user.type(u"ab");
+    user.press(VK_TAB);
+    user.press(VK_TAB, true);
+    user.type(u"c");
+    user.then([&] {
+        EXPECT_EQ(textOf(12), u"C");
+        EXPECT_TRUE(host.textWanted);
+    });
+    end();
+    runDialog(1, owner);
+    EXPECT_FALSE(host.textWanted);
+}
+
+/// A page that waits for any key, which it takes when it is asked whether it wants it.
+TEST_F(Dialog, APageWithoutControlsGetsEveryKeyOnce)
+{
+    GXOpenInput();
+    for (const int key : {VK_RETURN, VK_TAB, VK_ESCAPE, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN,
+                          static_cast<int>('A'), VK_APP1})
+    {
+        std::vector<WPARAM> taken;
+        int messages = 0;
+        user.press(key);
+        end();
+        runDialog(2, owner, [&](HWND, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
+            const auto *asked = reinterpret_cast<const MSG *>(lParam);
+            if (message == WM_GETDLGCODE && asked && asked->message == WM_KEYDOWN) {
+                taken.push_back(asked->wParam);
+            }
+            messages += message == WM_KEYDOWN ? 1 : 0;
+            return FALSE;
+        });
+        EXPECT_EQ(taken, std::vector<WPARAM>{static_cast<WPARAM>(key)});
+        EXPECT_EQ(messages, key == 'A' || key == VK_APP1 ? 1 : 0) << key;
+        host.run();
+    }
+    GXCloseInput();
+}
+
+/// Esc, and not the button that it stands for, unless the page asks for every key.
+TEST_F(Dialog, EscCancelsAndIsNotPolledAsItsButton)
+{
+    GXOpenInput();
+    for (const bool wantsAllKeys : {false, true}) {
+        std::vector<WPARAM> taken;
+        user.give({.kind = Kind::KeyDown, .key = VK_APP1, .escape = true});
+        end();
+        runDialog(2, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+            if (message == WM_KEYDOWN || message == WM_COMMAND) {
+                taken.push_back(LOWORD(wParam));
+            }
+            SetWindowLongW(page, DWL_MSGRESULT, DLGC_WANTALLKEYS);
+            return message == WM_GETDLGCODE && wantsAllKeys ? TRUE : FALSE;
+        });
+        EXPECT_EQ(taken, std::vector<WPARAM>{wantsAllKeys ? WPARAM{VK_APP1} : WPARAM{IDCANCEL}});
+        EXPECT_EQ(GetAsyncKeyState(VK_APP1) != 0, wantsAllKeys);
+        host.run();
+    }
+    GXCloseInput();
+}
+
+TEST_F(Dialog, EndsAfterTheQuestionThatItAskedHasBeenAnswered)
+{
+    // Losing the activation to its own question ends the page, which must stay until the answer.
+    user.press('Z');
+    bool pageLives = false;
+    int answer = 0;
+    user.then([&] {
+        EXPECT_EQ(host.boxes, std::vector<std::u16string>{u"Caption|Question?"});
+        pageLives = IsWindowVisible(GetParent(GetActiveWindow()));
+    });
+    user.press('Y');
+    const INT_PTR result =
+        runDialog(2, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+            if (message == WM_ACTIVATE && wParam == WA_INACTIVE) {
+                EndDialog(page, 3);
+            } else if (message == WM_KEYDOWN) {
+                answer = MessageBoxW(page, u"Question?", u"Caption", MB_YESNO);
+            }
+            return FALSE;
+        });
+    EXPECT_TRUE(pageLives);
+    EXPECT_EQ(answer, IDYES);
+    EXPECT_EQ(result, 3);
+    EXPECT_EQ(GetActiveWindow(), owner);
+}
+
+TEST_F(Dialog, EndsWhileAnotherProgramIsAtTheFront)
+{
+    user.give({.kind = Kind::Background});
+    const INT_PTR result =
+        runDialog(2, owner, [](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+            return message == WM_ACTIVATE && wParam == WA_INACTIVE ? EndDialog(page, 3) : FALSE;
+        });
+    EXPECT_EQ(result, 3);
+    EXPECT_FALSE(GetActiveWindow());
+    user.give({.kind = Kind::Foreground});
+    host.run();
+    EXPECT_EQ(GetActiveWindow(), owner);
+}
+
+TEST_F(Dialog, QuittingAndClosingEndEveryLoop)
+{
+    const auto nest = [&](const std::function<void()> &action) {
+        bool asked = false;
+        user.then(action);
+        return runDialog(2, owner, [&](HWND page, UINT message, WPARAM, LPARAM) -> INT_PTR {
+            if (message == WM_SETFOCUS && !std::exchange(asked, true)) {
+                EXPECT_EQ(MessageBoxW(page, u"", u"", MB_OK), 0);
+            }
+            return FALSE;
+        });
+    };
+    MSG message;
+    EXPECT_EQ(nest([] { PostQuitMessage(7); }), 0);
+    EXPECT_FALSE(GetMessageW(&message, {}, 0, 0));
+    EXPECT_EQ(message.wParam, 7U);
+    EXPECT_TRUE(IsWindowEnabled(owner));
+
+    EXPECT_EQ(nest([&] { DestroyWindow(owner); }), 0);
+    EXPECT_FALSE(GetActiveWindow());
+}
+
+} // namespace
