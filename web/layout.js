@@ -36,7 +36,8 @@ function divide(box, face, size) {
 function scale(width, height, room, ratio) {
   const most = Math.max(0.25, Math.min(room.width / width, room.height / height)) * ratio;
   const whole = Math.floor(most + 0.001);
-  return whole >= ENOUGH * most ? {scale: whole / ratio, factor: whole} : {scale: most / ratio, factor: Math.ceil(most)};
+  return whole >= ENOUGH * most ? {enlarged: whole / ratio, factor: whole, whole: true}
+                                : {enlarged: most / ratio, factor: Math.ceil(most), whole: false};
 }
 
 /** Lays the page out for a screen of so many pixels; returns how often the canvas has each. */
@@ -44,9 +45,9 @@ export function layOut(width, height, touch, hands) {
   const box = safeBox(), ratio = devicePixelRatio;
   const face = !touch ? 'none' : box.height >= box.width ? 'portrait' : 'landscape';
   const room = divide(box, face, hands.size);
-  const {scale: enlarged, factor} = scale(width, height, room, ratio);
+  const {enlarged, factor, whole} = scale(width, height, room, ratio);
+  const snap = (length) => Math.round(length * ratio) / ratio; // to a whole pixel of the display
   const screen = {width: width * enlarged, height: height * enlarged};
-  const snap = (length) => Math.round(length * ratio) / ratio;
   const side = (box.width - screen.width) / 2;
   screen.left = snap(box.left + side);
   screen.top = snap(box.top + (face === 'portrait' ? Math.min(MARGIN, (box.height - screen.height) / 2)
@@ -69,10 +70,11 @@ export function layOut(width, height, touch, hands) {
   }
 
   const root = document.documentElement;
-  Object.assign(root.dataset, {face, hand: hands.leftHanded ? 'left' : 'right', legend: face === 'none' && side >= LEGEND});
+  Object.assign(root.dataset, {face, whole, hand: hands.leftHanded ? 'left' : 'right', legend: face === 'none' && side >= LEGEND});
   const set = (name, length) => root.style.setProperty(`--${name}`, `${length}px`);
   Object.entries(screen).forEach(([name, length]) => set(`screen-${name}`, length));
   Object.entries(menu).forEach(([name, length]) => set(`menu-${name}`, length));
+  root.style.setProperty('--screen-scale', enlarged / factor);
   set('control', control);
   set('control-top', top);
   set('control-left', box.left + edge);

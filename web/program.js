@@ -16,7 +16,7 @@ async function read(response) {
 }
 
 async function compile() {
-  const response = await fetch('glimra.wasm');
+  const response = await window.glimraCode;
   if (!response.ok) {
     throw new Error(`the server has no program (${response.status})`);
   }
@@ -28,4 +28,4 @@ async function compile() {
 }
 
 /** Null where the browser cannot run it: sentence.js says so. */
-export const code = typeof WebAssembly === 'object' ? compile() : null;
+export const code = window.WebAssembly && window.glimraCode ? compile() : null;

@@ -44,7 +44,7 @@ export function copyPage(script = () => {}) {
   cpSync(folder, copy, {recursive: true, preserveTimestamps: true});
   const probe = readFileSync(new URL('probe.js', import.meta.url), 'utf8');
   writeFileSync(join(copy, 'probe.js'), `${probe}(${script})();\n`);
-  changeFile(join(copy, 'index.html'), '<meta name="viewport"', '<script src="probe.js"></script>$&');
+  changeFile(join(copy, 'index.html'), '<link rel="stylesheet"', '<script src="probe.js"></script>$&');
   return copy;
 }
 

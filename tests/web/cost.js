@@ -14,7 +14,7 @@ export function cost(engine, test) {
     const files = readdirSync(page).filter((name) => !/\.(br|gz)$/.test(name));
     const size = files.reduce((sum, name) => sum + brotliCompressSync(readFileSync(join(page, name))).length, 0) / 1024;
     report.diagnostic(`${size.toFixed(1)} KiB compressed`);
-    if (!process.env.OLD) assert.ok(size <= 330);
+    assert.ok(size <= 330);
 
     await engine.launch();
     const bare = await serve(new URL('bare', import.meta.url).pathname);

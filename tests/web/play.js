@@ -151,9 +151,9 @@ export function play(engine, test, needs) {
     for (const [i, asked] of [/left/, /right/, /soft/, /hard/, /rotate right/, /rotate left/, /hold/, /pause/].entries()) {
       await says(tab, '#question', asked);
       await setButton(tab, 16 - i, true);
-      await sleep(60);
+      await eventually(async () => !asked.test(await textOf(tab, '#question')), 'it is taken');
       await setButton(tab, 16 - i, false);
-      await sleep(60);
+      await sleep(300);
     }
     for (const asked of [/tap/, /stylus right/, /stylus down/]) {
       await says(tab, '#question', asked);
