@@ -19,18 +19,19 @@ CommandLine::CommandLine(int argc, char **argv, const Texts &texts,
     }
     table.push_back({});
     opterr = 0;
-    for (;;) {
-        const std::string word = optind < argc ? argv[optind] : "";
+    while (optind < argc) {
+        const std::string word = argv[optind];
         int index = 0;
         const int code = getopt_long(argc, argv, "-:", table.data(), &index);
         const std::string name = table[static_cast<std::size_t>(index)].name;
-        if (code == -1) {
+        if (code == -1) { // no options follow "--"
+            words_.insert(words_.end(), argv + optind, argv + argc);
             break;
         }
         if (code == ':') {
             refuse(word + " needs a value");
         }
-        if (code == 1 && words_.size() < mostWords) {
+        if (code == 1) {
             words_.push_back(word);
         } else if (code != 0 || word.substr(0, word.find('=')) != "--" + name) {
             refuse("unknown option " + word);
@@ -40,6 +41,9 @@ CommandLine::CommandLine(int argc, char **argv, const Texts &texts,
         } else {
             values_[name] = optarg ? optarg : "";
         }
+    }
+    if (words_.size() > mostWords) {
+        refuse("unknown option " + words_[mostWords]);
     }
 }
 

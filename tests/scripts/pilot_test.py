@@ -38,7 +38,7 @@ class PilotTest(store.FolderTest):
         for options in (["--clock", "4294967296"], ["--bogus"]):
             self.run_pilot("", *options, status=2)
         (self.folder / "file").touch()
-        for options in (["no-such-script"], ["--store", "file"]):
+        for options in (["no-such-script"], ["--", "no-such-script"], ["--store", "file"]):
             self.run_pilot("", *options, status=1)
             self.assertRegex(self.errors, r"\Apilot: .+\n\Z")
 
