@@ -11,11 +11,15 @@ bool HeldKeys::isDown(std::uint16_t key) const
                         [&](const Held &each) { return each.key == key; }) != held_.end();
 }
 
+bool HeldKeys::isHeld(Source source) const
+{
+    return std::any_of(std::begin(held_), std::end(held_),
+                       [&](const Held &each) { return each.source == source; });
+}
+
 bool HeldKeys::press(Source source, std::uint16_t key)
 {
-    if (std::find_if(std::begin(held_), std::end(held_),
-                     [&](const Held &each) { return each.source == source; }) != held_.end())
-    {
+    if (isHeld(source)) {
         return false;
     }
     const bool goesDown = !isDown(key);

@@ -30,6 +30,7 @@ public:
     std::uint16_t release(Source source);
     /// Everything goes up. Returns the buttons that were down.
     std::vector<std::uint16_t> releaseAll();
+    bool isHeld(Source source) const;
 
 private:
     struct Held

@@ -65,8 +65,8 @@ bool InputMapper::keyDown(int source, std::string_view key, KeyModifiers modifie
         return true;
     }
     const bool command = !modifiers.altGraph && (modifiers.control || modifiers.alt);
-    if (wantsText_ && ((types(key) && !command) || key == "ControlLeft")) {
-        return !modifiers.meta; // it comes as text
+    if (wantsText_ && (types(key) || key == "ControlLeft") && !(command && key == "q")) {
+        return !command && !modifiers.meta; // it comes as text
     }
     // The browser and the desktop keep their combinations; Ctrl+Q is the program's own.
     const bool letter = code >= '0' && code <= 'Z' && key != "q";
@@ -77,7 +77,7 @@ bool InputMapper::keyDown(int source, std::string_view key, KeyModifiers modifie
         system(Kind::Help);
     } else if (!repeated) {
         press({Device::Keyboard, source}, code, modifiers, key == "Escape");
-    } else if (wantsText_) {
+    } else if (wantsText_ && held_.isHeld({Device::Keyboard, source})) {
         sendKeyDown(code, modifiers, false);
     }
     return true;
@@ -168,9 +168,12 @@ void InputMapper::leftStick(int controller, int axis, double value)
     for (int side = 0; side < 2; ++side) {
         const double deflection = side == 0 ? -value : value;
         const Source source = ofController(controller, stickSource + axis * 2 + side);
-        if (deflection >= stickPressed) {
+        bool &down = controllers_[controller].leftStick[axis][side];
+        if (!down && deflection >= stickPressed) {
+            down = true;
             press(source, keys[axis][side]);
-        } else if (deflection <= stickReleased) {
+        } else if (down && deflection <= stickReleased) {
+            down = false;
             release(source);
         }
     }

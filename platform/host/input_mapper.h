@@ -94,6 +94,7 @@ private:
         bool back = false;
         double x = 0; ///< of the right stick
         double y = 0;
+        bool leftStick[2][2] = {}; ///< whether each side of each axis counts as pressed
     };
 
     void press(Source source, std::uint16_t key, KeyModifiers modifiers = {}, bool escape = false);

@@ -132,4 +132,24 @@ TEST_F(InputTest, BackWithAnotherButtonAsksForMore)
     EXPECT_EQ(taken(), "-37 -13 other");
 }
 
+TEST_F(InputTest, WhatTheBoxReleasedStaysReleasedAndNoShortcutIsAButton)
+{
+    input.keyDown(7, "ArrowLeft", {}, false);
+    input.wantText(true);
+    EXPECT_EQ(taken(), "+37 -37");
+    input.keyDown(7, "ArrowLeft", {}, true); // it still repeats itself
+    input.keyUp(7, "ArrowLeft");
+    EXPECT_EQ(taken(), "") << "else Left stays down for the next game";
+    for (const char *letter : {"p", "c", "x", "z"}) {
+        tap(letter, {.control = true});
+    }
+    EXPECT_EQ(taken(), "") << "Ctrl with a letter";
+    input.controllerAxis(0, 0, -1);
+    input.wantText(false);
+    input.wantText(true);
+    taken();
+    input.controllerAxis(0, 0, -0.99);
+    EXPECT_EQ(taken(), "") << "a trembling stick";
+}
+
 } // namespace
