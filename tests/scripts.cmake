@@ -34,5 +34,5 @@ if(GLIMRA_WEB_TESTS)
   find_program(NODE NAMES node nodejs REQUIRED)
   add_test(NAME web COMMAND ${NODE} ${CMAKE_CURRENT_SOURCE_DIR}/web/web_test.js ${PROJECT_SOURCE_DIR}/build/web
                             ${PROJECT_SOURCE_DIR}/web/serve.py $<TARGET_FILE:glimra-pilot>)
-  set_tests_properties(web PROPERTIES RUN_SERIAL TRUE TIMEOUT 300 LABELS real-time) # it measures time
+  set_tests_properties(web PROPERTIES RUN_SERIAL TRUE TIMEOUT 600 LABELS real-time) # it measures time
 endif()
