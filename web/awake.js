@@ -1,18 +1,12 @@
 // Keeps the display from going dark while a game runs.
-let wanted = false, lock = null;
+let lock = null; // promised; the browser takes it back by itself when the page is hidden
 
-/** Says whether a game runs; the browser takes the lock away when the page is hidden. */
-export async function stayAwake(running) {
-  wanted = running;
-  if (wanted && !lock) {
-    lock = navigator.wakeLock?.request('screen').catch(() => null);
-    const held = await lock;
-    held?.addEventListener('release', () => { lock = null; });
-    if (!held) {
-      lock = null;
-    }
-  }
-  if (!wanted) {
-    (await lock)?.release();
+/** Says whether a game runs in front of the player. */
+export function stayAwake(running) {
+  if (running) {
+    lock ??= navigator.wakeLock?.request('screen').catch(() => null);
+  } else {
+    lock?.then((held) => held?.release());
+    lock = null;
   }
 }

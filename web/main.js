@@ -1,5 +1,5 @@
 // The page: starts the program, is its host's other half, and comes and goes with it.
-import {code} from './program.js';
+import {code, handed} from './program.js';
 import {letGameGo, takeGameOver, turn, whenGameGoes} from './turns.js';
 import {stayAwake} from './awake.js';
 import {Controls} from './controls.js';
@@ -280,7 +280,14 @@ async function start() {
   lookAround();
 }
 
+/** Keeps the page for visits without a connection, once it has shown itself. */
+async function keepPage() {
+  await code.catch(() => {});
+  await handed;
+  await navigator.serviceWorker.register('worker.js').catch(() => {});
+}
+
 start();
-if (navigator.serviceWorker) {
-  addEventListener('load', () => navigator.serviceWorker.register('worker.js').catch(() => {}));
+if (code && navigator.serviceWorker) {
+  addEventListener('load', keepPage);
 }

@@ -15,6 +15,15 @@ async function read(response) {
   }
 }
 
+/** Gives the service worker of a first visit what need not be fetched again. */
+async function handOver(bytes) {
+  const cache = await caches.open('glimra-handed');
+  await cache.put('glimra.wasm', new Response(await bytes, {headers: {'Content-Type': 'application/wasm'}}));
+}
+
+/** Settled when the service worker may begin. */
+export let handed = Promise.resolve();
+
 async function compile() {
   const response = await window.glimraCode;
   if (!response.ok) {
@@ -22,6 +31,7 @@ async function compile() {
   }
   // What comes from this machine comes at once, and its compiled code may be kept.
   const bytes = navigator.serviceWorker?.controller ? null : read(response.clone());
+  handed = bytes && window.caches ? handOver(bytes).catch(() => {}) : handed;
   // The long way where a server gives the file a wrong type.
   return WebAssembly.compileStreaming(response).catch(
     async () => WebAssembly.compile(await bytes ?? await (await fetch('glimra.wasm')).arrayBuffer()));

@@ -3,12 +3,19 @@
 const CACHE = 'glimra-@VERSION@';
 const FILES = ['./', @FILES@];
 
-addEventListener('install', (event) => {
-  // A first visit has just fetched what the page is made of; a new version is asked for anew.
-  const cache = registration.active ? 'no-cache' : 'force-cache';
-  const fresh = FILES.map((file) => new Request(file, {cache}));
-  event.waitUntil(caches.open(CACHE).then((cache) => cache.addAll(fresh)));
-});
+/** A first visit has just fetched what the page is made of; a new version is asked for anew. */
+async function install() {
+  const first = !registration.active;
+  const cache = await caches.open(CACHE);
+  const program = first && await caches.match('glimra.wasm', {cacheName: 'glimra-handed'});
+  if (program) {
+    await cache.put('glimra.wasm', program);
+  }
+  await cache.addAll(FILES.filter((file) => !program || file !== 'glimra.wasm')
+    .map((file) => new Request(file, {cache: first ? 'force-cache' : 'no-cache'})));
+}
+
+addEventListener('install', (event) => event.waitUntil(install()));
 
 addEventListener('activate', (event) => {
   event.waitUntil(caches.keys().then((names) => Promise.all(
@@ -35,7 +42,8 @@ async function start(request) {
 }
 
 async function answer(request) {
-  return await caches.match(request, {cacheName: CACHE}) ?? fetch(request);
+  const address = request.url.replace(/index\.html$/, '');
+  return await caches.match(address, {cacheName: CACHE}) ?? fetch(request);
 }
 
 addEventListener('fetch', (event) => {

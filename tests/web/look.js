@@ -1,7 +1,9 @@
 // How the page looks: what is where on displays of all kinds, pixel by pixel and for all players.
 import assert from 'node:assert/strict';
-import {readFileSync} from 'node:fs';
-import {begin, eventually, says, tapOn} from './browser.js';
+import {readdirSync, readFileSync} from 'node:fs';
+import {join} from 'node:path';
+import {brotliCompressSync} from 'node:zlib';
+import {begin, eventually, page, says, sleep, tapOn} from './browser.js';
 import {showsTitle, start} from './game.js';
 
 /** Width, height, whether fingers are used, and what hides the edges: top, right, bottom, left. */
@@ -137,6 +139,30 @@ export function look(engine, test, needs) {
     await tab.goto(`file://${visit.copy}/index.html`);
     await says(tab, '#sentence', /only from a web server/);
     await tab.goto(visit.address);
+    await visit.end();
+  });
+
+  test('it is small, and sleeps while nothing happens', async () => {
+    const files = readdirSync(page).filter((name) => !/\.(br|gz)$/.test(name));
+    const size = files.reduce((sum, name) => sum + brotliCompressSync(readFileSync(join(page, name))).length, 0);
+    assert.ok(size <= 330 * 1024, `${size} bytes`);
+    const visit = await begin(engine, undefined, () => {
+      window.wakes = 0;
+      for (const name of ['setTimeout', 'setInterval', 'requestAnimationFrame', 'requestIdleCallback']) {
+        const original = window[name];
+        window[name] = (act, ...words) => original((...values) => {
+          ++window.wakes;
+          act(...values);
+        }, ...words);
+      }
+    });
+    const tab = await visit.open();
+    await showsTitle(tab);
+    await sleep(1500);
+    const earlier = await tab.evaluate('window.wakes');
+    await sleep(3000);
+    const wakes = await tab.evaluate('window.wakes') - earlier;
+    assert.ok(wakes >= 5 && wakes <= 7, `${wakes} wakes in 3 s`);
     await visit.end();
   });
 }

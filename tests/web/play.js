@@ -16,9 +16,17 @@ const setButton = (tab, button, down) => tab.evaluate((button, down) => { window
 
 export function play(engine, test, needs) {
   test('a game is played with a finger, and is there, paused, after a reload', async () => {
-    const visit = await begin(engine, PHONE);
+    const visit = await begin(engine, PHONE, () => {
+      window.awake = 0;
+      Object.defineProperty(navigator, 'wakeLock', {value: {async request() {
+        ++window.awake;
+        return {release() { --window.awake; }};
+      }}});
+    });
     const tab = await visit.open();
     await start(tab);
+    await says(tab, '#state', /Marathon, level 0/);
+    await eventually(() => tab.evaluate('window.awake === 1'), 'the display stays on');
     await finger(tab, 'down', 'Left');
     await eventually(async () => left(await falling(tab)) < WELL[0] + 11, 'Left held moves the piece to the wall');
     await finger(tab, 'move', 'Right');
@@ -29,6 +37,8 @@ export function play(engine, test, needs) {
     await finger(tab, 'down', 'A');
     await finger(tab, 'up', 'A');
     await eventually(async () => !await hasPieces(tab), 'A pauses, which hides the pieces');
+    await says(tab, '#state', /Paused/);
+    await eventually(() => tab.evaluate('window.awake === 0'), 'the display may go dark');
     const paused = await eventually(() => stands(tab), 'nothing moves');
     await tab.reload();
     await eventually(async () => paused.equals(await pixels(tab)), 'the same game, paused');

@@ -1,7 +1,6 @@
 // Plays the game in real browsers, as on a desktop and as on a phone: one walk, three engines.
 //   node web_test.js [PAGE-FOLDER [SERVE-SCRIPT [GLIMRA-PILOT]]]
 import {after, before, describe, test as nodeTest} from 'node:test';
-import {cost} from './cost.js';
 import {keep} from './keep.js';
 import {look} from './look.js';
 import {play} from './play.js';
@@ -25,4 +24,3 @@ for (const engine of engines.filter((engine) => !missing.includes(engine))) {
     }
   });
 }
-cost(chromium, nodeTest);
