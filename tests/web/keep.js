@@ -181,7 +181,7 @@ export function keep(engine, test) {
     await visit.end();
   });
 
-  test('a new version comes at the next start', needs('renew'), async () => {
+  test('a new version comes at the next start', async () => {
     const [visit, tab] = await keptVisit();
     changeFile(join(visit.copy, 'worker.js'), /glimra-\w+/, 'glimra-next');
     changeFile(join(visit.copy, 'index.html'), '<html', '<html data-next');

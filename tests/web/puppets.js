@@ -77,5 +77,4 @@ class Engine {
 export const chromium = new Engine('Chromium', '/usr/bin/chromium', {args: FLAGS}, {});
 /** It plays sound without a loudspeaker only to one that is made up. */
 const PREFERENCES = {'media.cubeb.force_mock_context': true};
-export const firefox = new Engine('Firefox', '/usr/bin/firefox-esr', {browser: 'firefox', extraPrefsFirefox: PREFERENCES},
-                                  {renew: 'not seen under its driver: a new version waits through reloads'});
+export const firefox = new Engine('Firefox', '/usr/bin/firefox-esr', {browser: 'firefox', extraPrefsFirefox: PREFERENCES}, {});
