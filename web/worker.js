@@ -28,14 +28,11 @@ addEventListener('message', (event) => {
   }
 });
 
-let leaving = false; // the newer version is taking over
-
 /** A start while a newer version waits, and no other page runs, begins once more with that one. */
 async function start(request) {
   const pages = await clients.matchAll({type: 'window'});
-  if (leaving || (registration.waiting && pages.length < 2)) {
-    leaving = true;
-    registration.waiting?.postMessage('take effect');
+  if (registration.waiting && pages.length < 2) {
+    registration.waiting.postMessage('take effect');
     return new Response('<link rel="icon" href="data:,">', {headers: {'Content-Type': 'text/html', Refresh: '0'}});
   }
   return answer(request);

@@ -2,7 +2,7 @@
 import assert from 'node:assert/strict';
 import {spawn} from 'node:child_process';
 import {once} from 'node:events';
-import {cpSync, mkdtempSync, readFileSync, rmSync, writeFileSync} from 'node:fs';
+import {cpSync, mkdtempSync, readFileSync, rmSync, utimesSync, writeFileSync} from 'node:fs';
 import {tmpdir} from 'node:os';
 import {join} from 'node:path';
 
@@ -45,6 +45,7 @@ export function copyPage(script = () => {}) {
   const probe = readFileSync(new URL('probe.js', import.meta.url), 'utf8');
   writeFileSync(join(copy, 'probe.js'), `${probe}(${script})();\n`);
   changeFile(join(copy, 'index.html'), '<link rel="stylesheet"', '<script src="probe.js"></script>$&');
+  utimesSync(join(copy, 'index.html'), 1e9, 1e9); // so that a later change, of the same second even, has another time
   return copy;
 }
 
