@@ -1,10 +1,9 @@
-// Chance: the sequences of std::rand, kept apart from the rest of the process where the library can
-// do that. A sound library that draws numbers too would otherwise deal other pieces than a replay
-// of the game.
+// Chance: the sequence of numbers that the piece supply draws from. It is written out here, and the
+// same on every machine, so that a game recorded anywhere plays everywhere.
 #pragma once
 
-/// Begins the sequence that belongs to `seed`. Until then it is that of 1.
+/// Begins the sequence that belongs to `seed`. Until the first call it is that of seed 1.
 void seedRandom(unsigned seed);
 
-/// The next number of the sequence, 0 to RAND_MAX.
+/// The next number of the sequence, 0 to 2^31 - 1.
 int drawRandom();
