@@ -18,7 +18,7 @@ struct Generator
     std::array<std::uint32_t, degree> terms;
     std::size_t oldest = separation; ///< the term 31 steps back, which the next one replaces
 
-    explicit Generator(unsigned seed) : terms{}
+    constexpr explicit Generator(unsigned seed) : terms{}
     {
         auto term = static_cast<std::int32_t>(seed == 0 ? 1 : seed);
         for (std::uint32_t &each : terms) {
@@ -31,7 +31,7 @@ struct Generator
         }
     }
 
-    std::uint32_t draw()
+    constexpr std::uint32_t draw()
     {
         const std::size_t recent = (oldest + degree - separation) % degree;
         const std::uint32_t sum = terms[oldest] += terms[recent];
@@ -40,7 +40,8 @@ struct Generator
     }
 };
 
-Generator generator(1);
+/// Ready before anything else: the game object draws from it in its constructor, before main.
+constinit Generator generator(1);
 
 } // namespace
 
