@@ -1,9 +1,9 @@
-// The sequences of std::rand, with a state of their own where the library allows it: a sound
-// library that draws numbers too would otherwise change which pieces a replayed game gets.
+// Chance: the sequence of numbers that the piece supply draws from. It is written out here, and the
+// same on every machine, so that a game recorded anywhere plays everywhere.
 #pragma once
 
-/// Starts the sequence of `seed`. Before that it is the sequence of 1.
+/// Begins the sequence that belongs to `seed`. Until the first call it is that of seed 1.
 void seedRandom(unsigned seed);
 
-/// The next number of the sequence, 0 to RAND_MAX.
+/// The next number of the sequence, 0 to 2^31 - 1.
 [[nodiscard]] int drawRandom();
