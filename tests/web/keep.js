@@ -5,6 +5,13 @@ import {join} from 'node:path';
 import {begin, changeFile, eventually, pieces, pixels, press, says, sleep, store, tap, tapOn, temporary, HOLD, PLAY} from './browser.js';
 import {comeBack, hasPieces, isTitle, leave, showsTitle, stands, start} from './game.js';
 
+// Comes back to the tab that was left and resumes its game.
+async function resume(tab) {
+  await comeBack(tab);
+  await press(tab, 'Escape');
+  await eventually(() => hasPieces(tab), 'plays on');
+}
+
 export function keep(engine, test) {
   const noLocks = () => Object.defineProperty(navigator, 'locks', {value: undefined}); // as by plain http
   for (const [script, how] of [[undefined, ''], [noLocks, ', without locks']]) {
@@ -38,9 +45,7 @@ export function keep(engine, test) {
     await leave(second);
     const kept = await store(second);
     await first.front();
-    await comeBack(first);
-    await press(first, 'Escape');
-    await eventually(() => hasPieces(first), 'plays on, too');
+    await resume(first);
     await leave(first);
     await says(first, '#question', /goes on in another tab/);
     assert.equal(await store(first), kept);
@@ -129,9 +134,7 @@ export function keep(engine, test) {
     const tab = await visit.open();
     await start(tab);
     await leave(tab);
-    await comeBack(tab);
-    await press(tab, 'Escape');
-    await eventually(() => hasPieces(tab), 'plays on');
+    await resume(tab);
     await press(tab, 'ArrowUp');
     await leave(tab);
     await tab.evaluate('localStorage["registry.reg"] = "nonsense", 0');
