@@ -20,14 +20,14 @@ Stage stageOf(const AppRecord &app)
     }
 }
 
+} // namespace
+
 const char *nameOf(GameMode mode)
 {
     constexpr std::array names = {"Marathon", "40 Lines", "Ultra, 2 minutes", "Ultra, 3 minutes"};
     const auto index = static_cast<std::size_t>(mode);
     return index < names.size() ? names[index] : "A game";
 }
-
-} // namespace
 
 Situation situationOf(const AppRecord &app)
 {

@@ -24,6 +24,9 @@ struct Situation
     friend bool operator==(const Situation &, const Situation &) = default;
 };
 
+/// "Marathon", "40 Lines", ...; "A game" for a mode without a name.
+const char *nameOf(GameMode mode);
+
 Situation situationOf(const AppRecord &app);
 
 /// A sentence for the change from one situation to another, in UTF-8: "Marathon, level 3."

@@ -14,6 +14,8 @@
 #include <string_view>
 #include <vector>
 
+#include "host/watch.h"
+
 namespace host {
 
 /// Something that happened outside of the program.
@@ -35,6 +37,7 @@ struct Event
         Help,       ///< the user asks for help
         Hibernate,  ///< the system is short of memory
         Turn,       ///< `orientation`: the user turned the display
+        Watch,      ///< `watch`, perhaps `x`: the viewer of a record; never for the handheld
     };
 
     Kind kind{};
@@ -46,6 +49,7 @@ struct Event
     int x = 0;           ///< screen pixels, from the left
     int y = 0;           ///< screen pixels, from the top
     int orientation = 0; ///< 0 portrait, 1, 2, 4: a quarter, a half, three quarters turned
+    WatchCommand watch{};
 };
 
 /// A rectangle of the screen in pixels; right and bottom are exclusive.
@@ -141,8 +145,15 @@ public:
     /// on a terminal, on the standard error stream.
     virtual void report(std::string_view line) = 0;
 
-    // For hosts that watch the program; the others do nothing
-    // ---------------------------------------
+    // Records -------------------------------------------------------------------------------------
+
+    /// Shows where the viewer of a record is. Until it is called with none, all that the user does
+    /// comes as Watch events, whatever the handheld would make of it.
+    virtual void showProgress(const std::optional<Progress> &) {}
+    /// Shows the viewer his keys.
+    virtual void showWatchKeys() {}
+
+    // For hosts that look at the program; the others do nothing ----------------------------------
 
     /// A message box has opened, with that caption and text.
     virtual void messageBoxOpened(std::u16string_view, std::u16string_view) {}

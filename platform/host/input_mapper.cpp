@@ -53,6 +53,9 @@ bool InputMapper::keyDown(int source, std::string_view key, KeyModifiers modifie
     if (away_) {
         return false;
     }
+    if (watching_) {
+        return sendWatch(modifiers.control && key == "q" ? WatchCommand::End : watchCommand(key));
+    }
     const std::uint16_t code = virtualKey(key);
     if (pointer_.handleKey(code, true, now_())) {
         return true;
@@ -110,11 +113,26 @@ void InputMapper::wantText(bool wanted)
     wantsText_ = wanted;
 }
 
+bool InputMapper::sendWatch(std::optional<WatchCommand> command)
+{
+    if (command) {
+        Event event;
+        event.kind = Kind::Watch;
+        event.watch = *command;
+        emit_(event);
+    }
+    return command.has_value();
+}
+
 // Controllers ------------------------------------------------------------------------------------
 
 InputMapper::HostAction InputMapper::controllerButton(int controller, int button, bool down)
 {
     if (away_) {
+        return HostAction::None;
+    }
+    if (watching_) {
+        sendWatch(down ? watchCommand(button) : std::nullopt);
         return HostAction::None;
     }
     Controller &state = controllers_[controller];
@@ -150,7 +168,7 @@ InputMapper::HostAction InputMapper::actWithBack(int button, bool &taken)
 
 void InputMapper::controllerAxis(int controller, int axis, double value)
 {
-    if (away_) {
+    if (away_ || watching_) {
         return;
     }
     if (axis < 2) {
@@ -194,14 +212,16 @@ void InputMapper::controllerGone(int controller)
 void InputMapper::finger(int finger, std::uint16_t button)
 {
     release({Device::Finger, finger});
-    if (!away_) {
+    if (!away_ && !watching_) {
         press({Device::Finger, finger}, button);
     }
 }
 
 void InputMapper::stylusDown(Point pixel)
 {
-    if (!away_ && !stylus_ && !pointer_.isDown()) {
+    if (watching_) {
+        sendWatch(WatchCommand::Toggle);
+    } else if (!away_ && !stylus_ && !pointer_.isDown()) {
         pointer_.hide();
         sendStylus(Kind::StylusDown, pixel);
     }

@@ -46,6 +46,10 @@ public:
     /// released.
     void wantText(bool wanted);
 
+    /// Whether a viewer of a record is at the keys, buttons and screen: all they do is Watch
+    /// events.
+    void setWatching(bool watching) { watching_ = watching; }
+
     // Controllers, numbered as the standard gamepad of browsers
     // ------------------------------------
 
@@ -102,6 +106,7 @@ private:
     void sendKeyDown(std::uint16_t key, KeyModifiers modifiers, bool escape);
     void sendKeyUp(std::uint16_t key);
     void sendStylus(Event::Kind kind, Point pixel);
+    bool sendWatch(std::optional<WatchCommand> command);
     void releaseKeys();
     void releaseEverything();
     HostAction actWithBack(int button, bool &taken);
@@ -115,6 +120,7 @@ private:
     std::optional<Point> stylus_; ///< where it is down
     bool wantsText_ = false;
     bool away_ = false;
+    bool watching_ = false;
 };
 
 } // namespace host

@@ -8,11 +8,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "host/recording_host.h"
+#include "host/new_file.h"
 #include "host/store_file.h"
 #include "pilot/player.h"
 #include "pilot/run_process.h"
-#include "pilot/script.h"
+#include "record/recording_host.h"
 
 namespace pilot {
 namespace {
@@ -55,16 +55,22 @@ private:
 /// The first lines of the script, which stay to be read; of a pipe, none.
 std::string startOf(int script)
 {
-    std::string start(256, '\0');
+    std::string start(record::largestSize, '\0');
     const ssize_t count = pread(script, start.data(), start.size(), lseek(script, 0, SEEK_CUR));
     start.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
     return start;
 }
 
-void copyRecordedStore(const std::string &script, const std::filesystem::path &folder)
+/// The store that the script says, or that lies beside one of the first records.
+host::Problem placeStore(const record::Beginning &beginning, const std::string &script,
+                         const std::filesystem::path &folder)
 {
+    if (beginning.store) {
+        return host::StoreFile(folder).save(*beginning.store);
+    }
     std::error_code ignored; // a script need not have one
     std::filesystem::copy_file(script + ".reg", folder / "registry.reg", ignored);
+    return std::nullopt;
 }
 
 int complain(const std::string &problem)
@@ -86,23 +92,38 @@ int run(const Options &options, const handheld::Program &program, const Subject 
     if (const auto problem = store.make(options.store)) {
         return complain(*problem);
     }
-    if (!options.store) {
-        copyRecordedStore(options.script, store.path());
+    const std::string start = startOf(script);
+    std::string_view rest = start;
+    int lines = 0;
+    const auto [beginning, mistake] = record::takeBeginning(rest, lines);
+    if (mistake) {
+        complain(*mistake);
+        return 2;
     }
-    const ScriptHeader header = readHeader(startOf(script));
+    const auto unplaced =
+        options.store ? std::nullopt : placeStore(beginning, options.script, store.path());
+    if (unplaced) {
+        return complain(*unplaced);
+    }
     RunState first;
-    first.clock = options.clock.value_or(header.clock.value_or(1000));
-    first.orientation = options.landscape || header.landscape ? 1 : 0;
-    return runUntilFinished(first, [&](RunState &state, const Outcome &outcome) {
+    first.clock = options.clock.value_or(beginning.clock);
+    first.orientation = options.landscape || beginning.landscape ? 1 : 0;
+    return runUntilFinished(first, [&](RunState &state, Outcome &outcome) {
         play(script, state, outcome, store.path(), subject, [&](host::Host &host) {
-            host::RecordingHost recorder(host);
-            const bool records = options.record && state.line == 0;
-            if (records) {
-                if (const auto problem = recorder.begin(*options.record, state.orientation != 0)) {
-                    outcome.finish(complain(*problem));
-                }
+            record::RecordingHost recorder(host);
+            if (!options.record || state.line != 0) {
+                return handheld::run(host, program, state.orientation);
             }
-            return handheld::run(records ? recorder : host, program, state.orientation);
+            const auto [file, problem] = host::makeFile(*options.record);
+            if (problem) {
+                outcome.finish(complain(*problem));
+            }
+            recorder.begin(options.version, state.orientation != 0, subject, file);
+            outcome.setAtEnd([&recorder] { recorder.catchUp(); });
+            const int exitCode = handheld::run(recorder, program, state.orientation);
+            outcome.setAtEnd({});
+            recorder.close();
+            return exitCode;
         });
     });
 }

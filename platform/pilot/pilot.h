@@ -16,10 +16,11 @@ struct Options
     bool landscape = false;                      ///< the display starts turned
     std::optional<std::filesystem::path> record; ///< where to record what is played
     std::string script = "-";                    ///< a file, or standard input
+    std::string version;                         ///< of the program, for the record
 };
 
 /// Runs the script to its end. What the options leave open a recorded script says itself: the
-/// clock (else 1000), the display (else upright), and the store beside it, which is copied. A
+/// clock (else 1000), the display (else upright), and the store. A
 /// record ends where the program ends or restarts. Returns the exit status: 0, 1 for a file
 /// that cannot be read or written, 2 for a mistake in the script, 3 when the program crashed or a
 /// check found a fault.

@@ -13,18 +13,23 @@
 #include "host/pilot/pilot_host.h"
 #include "host/png.h"
 #include "pilot/inspect.h"
-#include "pilot/script.h"
+#include "pilot/read_line.h"
+#include "record/input_command.h"
+#include "record/record.h"
 
 namespace pilot {
 namespace {
 
 using Kind = host::Event::Kind;
+using record::Argument;
+using record::ArgumentList;
+using record::Arguments;
 
 class Player
 {
 public:
-    Player(int script, RunState &state, const Outcome &outcome,
-           const std::filesystem::path &storeFolder, const Subject &subject)
+    Player(int script, RunState &state, Outcome &outcome, const std::filesystem::path &storeFolder,
+           const Subject &subject)
         : script_(script), state_(state), outcome_(outcome), subject_(subject),
           host_(storeFolder, state, {[this] { act(); }, [this] { timerHandled(); }})
     {
@@ -52,10 +57,17 @@ public:
 
     // Input ------------------------------------------------------------------------------------
 
-    template <Kind kind>
-    void systemEvent(const Arguments &)
+    /// What the user does.
+    void input(const host::Event &event)
     {
-        send(kind);
+        if (event.kind == Kind::KeyDown) {
+            state_.held.insert(event.key);
+        } else if (event.kind == Kind::KeyUp) {
+            state_.held.erase(event.key);
+        } else if (event.kind == Kind::Turn) {
+            state_.orientation = event.orientation;
+        }
+        host_.send(event);
     }
 
     void wait(const Arguments &arguments)
@@ -66,18 +78,6 @@ public:
     void jump(const Arguments &arguments)
     {
         host_.jump(static_cast<std::uint32_t>(arguments.numbers[0]));
-    }
-
-    void key(const Arguments &arguments)
-    {
-        const auto code = static_cast<std::uint16_t>(arguments.numbers[0]);
-        if (arguments.text == "down") {
-            state_.held.insert(code);
-            send(Kind::KeyDown, code, arguments.numbers[2]);
-        } else {
-            state_.held.erase(code);
-            send(Kind::KeyUp, code);
-        }
     }
 
     void press(const Arguments &arguments)
@@ -105,26 +105,7 @@ public:
         tapPoint({x, y});
     }
 
-    void stylus(const Arguments &arguments)
-    {
-        const Kind kind = arguments.text == "down"   ? Kind::StylusDown
-                          : arguments.text == "move" ? Kind::StylusMove
-                                                     : Kind::StylusUp;
-        host_.send({.kind = kind, .x = arguments.numbers[1], .y = arguments.numbers[2]});
-    }
-
-    void text(const Arguments &arguments)
-    {
-        sendText(std::u16string(1, static_cast<char16_t>(arguments.numbers[0])));
-    }
-
     void type(const Arguments &arguments) { sendText(base::toUtf16(arguments.text)); }
-
-    void turn(const Arguments &arguments)
-    {
-        state_.orientation = arguments.numbers[0];
-        host_.send({.kind = Kind::Turn, .orientation = state_.orientation});
-    }
 
     // Taps on what is shown --------------------------------------------------------------------
 
@@ -272,6 +253,20 @@ private:
 
     void readCommand();
 
+    /// A script that is a record says what the program was like.
+    void compare(std::string_view line)
+    {
+        constexpr std::string_view digest = "# digest ";
+        if (line.starts_with(digest) && !differs_ &&
+            line.substr(digest.size(), 16) !=
+                record::inHex(record::digestOf(subject_, state_.clock)))
+        {
+            differs_ = true;
+            std::fprintf(stderr, "pilot: line %d: the program differs from the record\n",
+                         state_.line);
+        }
+    }
+
     [[noreturn]] void fail(int status, const std::string &reason)
     {
         std::fprintf(stderr, "pilot: line %d: %s\n", state_.line, reason.c_str());
@@ -366,10 +361,11 @@ private:
 
     int script_;
     RunState &state_;
-    const Outcome &outcome_;
+    Outcome &outcome_;
     const Subject &subject_;
     PilotHost host_;
     bool programEnded_ = false;
+    bool differs_ = false;                    ///< from the record that the script is
     std::deque<std::function<void()>> steps_; ///< what the present command still has to do
     std::ofstream trace_;
 };
@@ -387,12 +383,9 @@ struct Command
 constexpr Command commands[] = {
     {"wait", &Player::wait, {Milliseconds}},
     {"jump", &Player::jump, {Milliseconds}},
-    {"key", &Player::key, {KeyCode, UpOrDown, OptionalModifiers}},
     {"press", &Player::press, {KeyCode, OptionalMilliseconds}},
     {"tap", &Player::tap, {Pixel, Pixel}},
-    {"stylus", &Player::stylus, {StylusAction, Pixel, Pixel}},
     {"type", &Player::type, {Text}},
-    {"text", &Player::text, {CodeUnit}},
     {"menu", &Player::menu, {Id}},
     {"open", &Player::open, {Index}},
     {"dismiss", &Player::dismiss, {}},
@@ -400,14 +393,6 @@ constexpr Command commands[] = {
     {"select", &Player::select, {Id, Index}},
     {"done", &Player::done, {}},
     {"chord", &Player::chord, {KeyCode}},
-    {"away", &Player::systemEvent<Kind::Background>, {}},
-    {"back", &Player::systemEvent<Kind::Foreground>, {}},
-    {"minimize", &Player::systemEvent<Kind::Minimize>, {}},
-    {"restore", &Player::systemEvent<Kind::Restore>, {}},
-    {"turn", &Player::turn, {Orientation}},
-    {"help", &Player::systemEvent<Kind::Help>, {}},
-    {"hibernate", &Player::systemEvent<Kind::Hibernate>, {}},
-    {"close", &Player::systemEvent<Kind::Close>, {}},
     {"kill", &Player::kill, {}},
     {"restart", &Player::restart, {}, false},
     {"shot", &Player::shot, {File}},
@@ -431,30 +416,36 @@ void Player::readCommand()
     if (!line) {
         outcome_.finish(0, programEnded_);
     }
+    compare(*line);
     std::string_view rest = *line;
-    const std::string name(takeWord(rest));
+    const std::string name(record::takeWord(rest));
     if (name.empty()) {
         return;
     }
+    const record::InputCommand *input = record::findInputCommand(name);
     const auto *command = std::ranges::find(commands, name, &Command::name);
-    if (command == std::end(commands)) {
+    if (!input && command == std::end(commands)) {
         fail(2, "there is no command \"" + name + '"');
     }
-    const auto [arguments, mistake] = readArguments(rest, command->arguments);
+    const auto [arguments, mistake] =
+        record::readArguments(rest, input ? input->arguments : command->arguments);
     if (mistake) {
         fail(2, name + ": " + *mistake);
     }
-    if (programEnded_ && command->needsProgram) {
+    if (programEnded_ && (input || command->needsProgram)) {
         fail(2, name + ": the program has ended");
     }
-    (this->*command->carryOut)(arguments);
+    if (input) {
+        this->input(input->event(arguments));
+    } else {
+        (this->*command->carryOut)(arguments);
+    }
 }
 
 } // namespace
 
-void play(int script, RunState &state, const Outcome &outcome,
-          const std::filesystem::path &storeFolder, const Subject &subject,
-          const std::function<int(host::Host &)> &runProgram)
+void play(int script, RunState &state, Outcome &outcome, const std::filesystem::path &storeFolder,
+          const Subject &subject, const std::function<int(host::Host &)> &runProgram)
 {
     Player player(script, state, outcome, storeFolder, subject);
     player.programEnded(runProgram(player.host()));

@@ -13,7 +13,7 @@ namespace pilot {
 
 /// Has `runProgram` run the program on a host that plays the file descriptor `script`; it returns
 /// the program's exit code. A program that ends by itself does not end the script.
-[[noreturn]] void play(int script, RunState &state, const Outcome &outcome,
+[[noreturn]] void play(int script, RunState &state, Outcome &outcome,
                        const std::filesystem::path &storeFolder, const Subject &subject,
                        const std::function<int(host::Host &)> &runProgram);
 

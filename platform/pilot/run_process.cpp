@@ -52,7 +52,7 @@ void handleEnd(void (*act)(int))
 }
 
 /// Runs the program in a child process and waits for its end.
-Remains runOnce(RunState &state, const std::function<void(RunState &, const Outcome &)> &run)
+Remains runOnce(RunState &state, const std::function<void(RunState &, Outcome &)> &run)
 {
     int ends[2];
     if (pipe(ends) != 0) {
@@ -68,7 +68,8 @@ Remains runOnce(RunState &state, const std::function<void(RunState &, const Outc
         handleEnd(SIG_DFL);
         output.close();
         prctl(PR_SET_PDEATHSIG, SIGKILL);
-        run(state, Outcome(std::move(input)));
+        Outcome outcome(std::move(input));
+        run(state, outcome);
         std::abort();
     }
     running = process;
@@ -105,6 +106,9 @@ void Outcome::finish(int status, bool cleanly) const
 
 void Outcome::report(const std::string &text, bool cleanly) const
 {
+    if (atEnd_) {
+        atEnd_();
+    }
     std::fflush(nullptr);
     if (!pipe_.writeAll(std::as_bytes(std::span(text)))) {
         std::abort();
@@ -112,7 +116,7 @@ void Outcome::report(const std::string &text, bool cleanly) const
     cleanly ? std::exit(0) : std::_Exit(0);
 }
 
-int runUntilFinished(RunState state, const std::function<void(RunState &, const Outcome &)> &run)
+int runUntilFinished(RunState state, const std::function<void(RunState &, Outcome &)> &run)
 {
     handleEnd(endRun);
     for (;;) {

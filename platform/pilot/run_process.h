@@ -16,6 +16,8 @@ public:
     /// The parent reads what is written to `pipe`.
     explicit Outcome(host::Descriptor pipe) : pipe_(std::move(pipe)) {}
 
+    /// What is called before the process ends by one of the next two.
+    void setAtEnd(std::function<void()> act) { atEnd_ = std::move(act); }
     /// Another run begins in that state. `cleanly`: static objects are destroyed, for a program
     /// that ended by itself; else the process ends where it is.
     [[noreturn]] void restart(const RunState &state, bool cleanly) const;
@@ -26,6 +28,7 @@ private:
     [[noreturn]] void report(const std::string &text, bool cleanly) const;
 
     host::Descriptor pipe_;
+    std::function<void()> atEnd_;
 };
 
 /// The exit status when the program crashed.
@@ -36,6 +39,6 @@ constexpr int endedStatus = 128;
 /// Calls `run` in a process of its own, first with `state`, then after each restart with the state
 /// that was reported. `run` must not return. Returns the pilot's exit status; a crash is reported
 /// on the standard error stream.
-int runUntilFinished(RunState state, const std::function<void(RunState &, const Outcome &)> &run);
+int runUntilFinished(RunState state, const std::function<void(RunState &, Outcome &)> &run);
 
 } // namespace pilot

@@ -1,19 +1,18 @@
 // What the pilot knows of the program.
 #pragma once
 
-#include <cstddef>
-#include <functional>
-#include <optional>
-#include <span>
-#include <string>
+#include <vector>
+
+#include "record/subject.h"
 
 namespace pilot {
 
-/// The object that the commands `state` and `trace` write and `check` looks at.
-struct Subject
+/// The image is also what the commands `state` and `trace` write, and `check` looks at.
+struct Subject : record::Subject
 {
-    std::span<const std::byte> image;
     std::function<std::optional<std::string>()> findFault; ///< what is wrong in it; none: nothing
+    /// A line for each game that was played, in UTF-8.
+    std::function<std::vector<std::string>()> account;
 };
 
 } // namespace pilot

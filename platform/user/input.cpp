@@ -109,6 +109,8 @@ std::optional<MSG> handleEvent(const host::Event &event)
     case Kind::Turn:
         turnDisplay(event.orientation);
         return std::nullopt;
+    case Kind::Watch: // never gets here
+        break;
     }
     return std::nullopt;
 }

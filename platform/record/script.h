@@ -1,19 +1,13 @@
-// Scripts as text: lines, words, and the arguments of commands.
+// Lines of scripts: words, and the arguments of commands.
 #pragma once
 
 #include <array>
-#include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "host/problem.h"
 
-namespace pilot {
-
-/// Reads a line from a file descriptor, without its end, and not a byte further: the next process
-/// goes on with the next line. None at the end of the file.
-host::Result<std::optional<std::string>> readLine(int descriptor);
+namespace record {
 
 /// What a command takes.
 enum class Argument
@@ -43,19 +37,9 @@ struct Arguments
     std::string text;
 };
 
-/// How the script's handheld begins, from the comments "# clock MS" and "# landscape" in its first
-/// lines.
-struct ScriptHeader
-{
-    std::optional<std::uint32_t> clock;
-    bool landscape = false;
-};
-/// `start` is the beginning of the script.
-ScriptHeader readHeader(std::string_view start);
-
 /// Takes the first word off a line; empty when there is none or a comment begins.
 std::string_view takeWord(std::string_view &rest);
 /// Reads what follows a command's name.
 host::Result<Arguments> readArguments(std::string_view rest, const ArgumentList &kinds);
 
-} // namespace pilot
+} // namespace record

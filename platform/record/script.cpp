@@ -1,12 +1,11 @@
-// Reads scripts.
-#include "pilot/script.h"
+// Reads lines of scripts.
+#include "record/script.h"
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 
-#include <unistd.h>
-
-namespace pilot {
+namespace record {
 namespace {
 
 constexpr std::string_view blanks = " \t";
@@ -32,7 +31,8 @@ constexpr NumberKind numberKinds[] = {
 
 host::Problem readNumber(std::string_view word, Argument kind, int &number)
 {
-    const auto *range = std::ranges::find(numberKinds, kind, &NumberKind::kind);
+    const auto *range = std::find_if(std::begin(numberKinds), std::end(numberKinds),
+                                     [&](const NumberKind &each) { return each.kind == kind; });
     const char *end = word.data() + word.size();
     const auto [stop, error] = std::from_chars(word.data(), end, number);
     const bool inRange = error == std::errc() && stop == end && number >= range->smallest &&
@@ -53,7 +53,7 @@ host::Problem readModifiers(std::string_view word, int &number)
     constexpr std::string_view names[] = {"ctrl", "shift", "esc"};
     while (!word.empty()) {
         const std::string_view name = word.substr(0, word.find('+'));
-        const auto *found = std::ranges::find(names, name);
+        const auto *found = std::find(std::begin(names), std::end(names), name);
         if (found == std::end(names)) {
             return "only ctrl, shift and esc, joined by +, may follow";
         }
@@ -98,50 +98,6 @@ std::string_view fileName(std::string_view rest)
 
 } // namespace
 
-host::Result<std::optional<std::string>> readLine(int descriptor)
-{
-    std::string line;
-    for (;;) {
-        char c = 0;
-        const ssize_t count = read(descriptor, &c, 1);
-        if (count < 0 && errno == EINTR) {
-            continue;
-        }
-        if (count < 0) {
-            return {{}, host::fileProblem("the script cannot be read")};
-        }
-        if (count == 0 && line.empty()) {
-            return {};
-        }
-        if (count == 0 || c == '\n') {
-            if (line.ends_with('\r')) {
-                line.pop_back();
-            }
-            return {line, {}};
-        }
-        line += c;
-    }
-}
-
-ScriptHeader readHeader(std::string_view start)
-{
-    constexpr std::string_view clock = "# clock ";
-    ScriptHeader header;
-    while (start.starts_with('#')) {
-        const std::string_view line = start.substr(0, start.find('\n'));
-        start.remove_prefix(std::min(line.size() + 1, start.size()));
-        std::uint32_t ticks = 0;
-        if (line.starts_with(clock) &&
-            std::from_chars(line.data() + clock.size(), line.data() + line.size(), ticks).ec ==
-                std::errc())
-        {
-            header.clock = ticks;
-        }
-        header.landscape = header.landscape || line == "# landscape";
-    }
-    return header;
-}
-
 std::string_view takeWord(std::string_view &rest)
 {
     rest.remove_prefix(std::min(rest.find_first_not_of(blanks), rest.size()));
@@ -175,4 +131,4 @@ host::Result<Arguments> readArguments(std::string_view rest, const ArgumentList 
                                    : host::Problem("\"" + std::string(excess) + "\" is too much")};
 }
 
-} // namespace pilot
+} // namespace record

@@ -1,0 +1,38 @@
+// Plays a record at full speed in a process of its own.
+#include "pilot/check.h"
+
+#include <cstdio>
+
+#include "host/pilot/pilot_host.h"
+#include "pilot/run_process.h"
+#include "record/playback.h"
+#include "record/read_file.h"
+
+namespace pilot {
+
+int check(const std::string &file, const handheld::Program &program, const Subject &subject)
+{
+    const auto read = record::readFile(file);
+    const record::Record &record = read.value;
+    const auto problem =
+        read.problem || record.hasDigests()
+            ? read.problem
+            : host::Problem(file +
+                            ": has nothing to compare with, as one of the first versions wrote it");
+    if (problem) {
+        std::fprintf(stderr, "pilot: %s\n", problem->c_str());
+        return 2;
+    }
+    return runUntilFinished({}, [&](RunState &, Outcome &outcome) {
+        record::Playback playback(record, subject);
+        handheld::run(playback, program, record.beginning.landscape ? 1 : 0);
+        playback.programEnded();
+        for (const std::string &line : subject.account()) {
+            say(line);
+        }
+        say(playback.difference().value_or("holds"));
+        outcome.finish(playback.difference() ? 1 : 0);
+    });
+}
+
+} // namespace pilot

@@ -1,0 +1,119 @@
+// The table of the commands, and the other direction.
+#include "record/input_command.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace record {
+namespace {
+
+using host::Event;
+using Kind = Event::Kind;
+using enum Argument;
+
+constexpr InputCommand commands[] = {
+    {"key", {KeyCode, UpOrDown, OptionalModifiers}, Kind::KeyDown},
+    {"stylus", {StylusAction, Pixel, Pixel}, Kind::StylusDown},
+    {"text", {CodeUnit}, Kind::Text},
+    {"turn", {Orientation}, Kind::Turn},
+    {"away", {}, Kind::Background},
+    {"back", {}, Kind::Foreground},
+    {"minimize", {}, Kind::Minimize},
+    {"restore", {}, Kind::Restore},
+    {"close", {}, Kind::Close},
+    {"help", {}, Kind::Help},
+    {"hibernate", {}, Kind::Hibernate},
+};
+
+std::string keyDown(const Event &event)
+{
+    std::string line = "key " + std::to_string(event.key) + " down";
+    char joint = ' ';
+    for (const auto &[isSet, name] :
+         {std::pair(event.control, "ctrl"), std::pair(event.shift, "shift"),
+          std::pair(event.escape, "esc")})
+    {
+        if (isSet) {
+            line += std::exchange(joint, '+');
+            line += name;
+        }
+    }
+    return line;
+}
+
+std::string stylus(const char *action, const Event &event)
+{
+    return std::string("stylus ") + action + ' ' + std::to_string(event.x) + ' ' +
+           std::to_string(event.y);
+}
+
+} // namespace
+
+Event InputCommand::event(const Arguments &details) const
+{
+    Event event;
+    event.kind = kind;
+    switch (kind) {
+    case Kind::KeyDown: {
+        const auto modifiers = static_cast<unsigned>(details.numbers[2]);
+        event.kind = details.text == "down" ? Kind::KeyDown : Kind::KeyUp;
+        event.key = static_cast<std::uint16_t>(details.numbers[0]);
+        event.control = (modifiers & 1U) != 0;
+        event.shift = (modifiers & 2U) != 0;
+        event.escape = (modifiers & 4U) != 0;
+        break;
+    }
+    case Kind::StylusDown:
+        event.kind = details.text == "down"   ? Kind::StylusDown
+                     : details.text == "move" ? Kind::StylusMove
+                                              : Kind::StylusUp;
+        event.x = details.numbers[1];
+        event.y = details.numbers[2];
+        break;
+    case Kind::Text:
+        event.text = static_cast<char16_t>(details.numbers[0]);
+        break;
+    case Kind::Turn:
+        event.orientation = details.numbers[0];
+        break;
+    default:
+        break;
+    }
+    return event;
+}
+
+const InputCommand *findInputCommand(std::string_view name)
+{
+    const auto *found = std::find_if(std::begin(commands), std::end(commands),
+                                     [&](const InputCommand &each) { return each.name == name; });
+    return found == std::end(commands) ? nullptr : found;
+}
+
+std::string lineFor(const Event &event)
+{
+    switch (event.kind) {
+    case Kind::KeyDown:
+        return keyDown(event);
+    case Kind::KeyUp:
+        return "key " + std::to_string(event.key) + " up";
+    case Kind::Text:
+        return "text " + std::to_string(static_cast<unsigned>(event.text));
+    case Kind::StylusDown:
+        return stylus("down", event);
+    case Kind::StylusMove:
+        return stylus("move", event);
+    case Kind::StylusUp:
+        return stylus("up", event);
+    case Kind::Turn:
+        return "turn " + std::to_string(event.orientation);
+    default:
+        break;
+    }
+    const auto *found =
+        std::find_if(std::begin(commands), std::end(commands),
+                     [&](const InputCommand &each) { return each.kind == event.kind; });
+    return found == std::end(commands) ? std::string() : std::string(found->name);
+}
+
+} // namespace record

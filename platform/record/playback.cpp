@@ -1,0 +1,172 @@
+// The record gives its events in the order of time, as a host with a real clock does: what is due
+// at a moment comes before what the user did at that moment.
+#include "record/playback.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/moment.h"
+
+namespace record {
+namespace {
+
+using host::Event;
+using Kind = Event::Kind;
+
+constexpr std::uint64_t samplesPerSecond = 22050;
+
+Event closeEvent()
+{
+    Event event;
+    event.kind = Kind::Close;
+    return event;
+}
+
+} // namespace
+
+Playback::Playback(const Record &record, Subject subject)
+    : record_(record), subject_(std::move(subject)), checked_(record.hasDigests()),
+      clock_(record.beginning.clock), stores_{record.beginning.store}
+{}
+
+std::optional<Event> Playback::wait(std::optional<std::uint32_t> deadline)
+{
+    if (deadline && !host::isBefore(clock_, *deadline)) {
+        return std::nullopt;
+    }
+    if (auto chapter = subject_.newChapter()) {
+        chapter_ = *chapter;
+    }
+    for (;;) {
+        while (next_ < record_.steps.size() && record_.steps[next_].at <= position_) {
+            if (auto event = takeStep(record_.steps[next_++])) {
+                return event;
+            }
+        }
+        if (deadline && !host::isBefore(clock_, *deadline)) {
+            return std::nullopt; // after a jump
+        }
+        const auto target = nextMoment(deadline);
+        if (!target && !std::exchange(ended_, true)) {
+            storesAtEnd_ = stores_;
+        }
+        if (!mayMove(target)) {
+            return closeEvent();
+        }
+        clock_ += static_cast<std::uint32_t>(*target - position_);
+        position_ = *target;
+        if (deadline && !host::isBefore(clock_, *deadline)) {
+            return std::nullopt;
+        }
+    }
+}
+
+/// Where the record or the deadline goes on; none at the end of the record.
+std::optional<std::uint64_t> Playback::nextMoment(std::optional<std::uint32_t> deadline) const
+{
+    if (next_ == record_.steps.size() && position_ == record_.length) {
+        return std::nullopt;
+    }
+    const std::uint64_t next =
+        next_ < record_.steps.size() ? record_.steps[next_].at : record_.length;
+    return deadline
+               ? std::min(next,
+                          position_ + static_cast<std::uint64_t>(host::distance(clock_, *deadline)))
+               : next;
+}
+
+std::optional<Event> Playback::takeStep(const Step &step)
+{
+    switch (step.kind) {
+    case Step::Kind::Event:
+        noteHeld(step.event);
+        return step.event;
+    case Step::Kind::Jump:
+        clock_ += step.jump;
+        position_ += step.jump;
+        break;
+    default:
+        compare(step);
+        break;
+    }
+    return std::nullopt;
+}
+
+void Playback::compare(const Step &step)
+{
+    if (step.kind == Step::Kind::Chapter && checked_) {
+        if (std::exchange(chapter_, {}) != step.chapter) {
+            differ(step);
+        }
+    } else if (step.kind == Step::Kind::Digest) {
+        if (digestOf(subject_, clock_) != step.state) {
+            differ(step);
+        } else if (!step.linesHold) {
+            differ(step, "a line before it was changed");
+        }
+    }
+}
+
+void Playback::noteHeld(const Event &event)
+{
+    switch (event.kind) {
+    case Kind::KeyDown:
+        heldKeys_.insert(event.key);
+        break;
+    case Kind::KeyUp:
+        heldKeys_.erase(event.key);
+        break;
+    case Kind::StylusDown:
+    case Kind::StylusMove:
+        stylus_ = {event.x, event.y};
+        break;
+    case Kind::StylusUp:
+        stylus_.reset();
+        break;
+    default:
+        break;
+    }
+}
+
+void Playback::differ(const Step &step, const std::string &what)
+{
+    if (!difference_) {
+        difference_ = "differs at " + momentText(step.at) + ", line " + std::to_string(step.line) +
+                      (what.empty() ? "" : ": " + what);
+    }
+}
+
+/// The lines that follow the program's end, at the same moment, are compared with what it left.
+void Playback::programEnded()
+{
+    for (; next_ < record_.steps.size(); ++next_) {
+        const Step &step = record_.steps[next_];
+        if (step.at != position_ || step.kind == Step::Kind::Event) {
+            differ(step, "the program ended before");
+            return;
+        }
+        compare(step);
+    }
+}
+
+void Playback::playSamples(std::span<const std::uint8_t> samples)
+{
+    const std::uint32_t start = samplesQueued() ? *soundEnd_ : clock_;
+    soundEnd_ = start + static_cast<std::uint32_t>((samples.size() * 1000 + samplesPerSecond - 1) /
+                                                   samplesPerSecond);
+}
+
+bool Playback::samplesQueued() { return soundEnd_ && host::isBefore(clock_, *soundEnd_); }
+
+std::optional<std::vector<std::byte>> Playback::loadStore() { return stores_.back(); }
+
+bool Playback::saveStore(std::span<const std::byte> bytes)
+{
+    if (stores_.size() == 2) {
+        stores_.erase(stores_.begin());
+    }
+    stores_.emplace_back(std::in_place, bytes.begin(), bytes.end());
+    return true;
+}
+
+} // namespace record
