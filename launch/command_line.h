@@ -35,10 +35,10 @@ public:
 
     /// Says what is wrong on the standard error stream. Returns `status`, for main.
     int complain(const std::string &problem, int status = 1) const;
-
-private:
+    /// Ends the process, as a wrong option does.
     [[noreturn]] void refuse(const std::string &mistake) const;
 
+private:
     Texts texts_;
     std::map<std::string, std::string> values_;
     std::vector<std::string> words_;

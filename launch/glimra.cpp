@@ -7,16 +7,25 @@
 
 #include <windows.h>
 
+#include "app/game_log.h"
 #include "handheld.h"
-#include "host/recording_host.h"
+#include "host/new_file.h"
 #include "host/sdl/desktop.h"
 #include "host/store_file.h"
 #include "launch/command_line.h"
+#include "launch/game_subject.h"
+#include "launch/recovery.h"
+#include "launch/session_records.h"
+#include "launch/watch.h"
+#include "record/read_file.h"
+#include "record/recording_host.h"
 #include "resources/program_resources.h"
 
 namespace {
 
-constexpr char usage[] = R"(glimra [--store DIR] [--scale N] [--landscape] [--record FILE]
+constexpr char usage[] =
+    R"(glimra [--store DIR] [--scale N] [--landscape] [--record FILE | --no-record]
+glimra --watch [--scale N] [RECORD]
 
 A falling-block puzzle on a handheld in a window.
 
@@ -25,8 +34,10 @@ A falling-block puzzle on a handheld in a window.
   --scale N     how large the window starts, 1 to 16 times the handheld's screen;
                 else where and as large as it was last, or as is comfortable
   --landscape   the handheld starts turned on its side
-  --record FILE writes what you do as a script that glimra-pilot plays again exactly; FILE is
-                new, and the store at start goes to FILE.reg
+  --record FILE what you do is recorded in FILE, which is new; else in the folder records beside
+                the store, which keeps the newest 20 sessions with a game
+  --no-record   it is not recorded
+  --watch       shows the game in RECORD, or the latest of your own; F1 says with which keys
   --help, --version
 
 Keys: the arrows are the pad, Enter its centre; Esc or P is button A, C or left Shift
@@ -35,8 +46,8 @@ they do. F1 help, F11 full screen, F12 saves a screenshot, Ctrl+Q quits.
 While the right Ctrl or the menu key is held, the arrows move a stylus and Space taps;
 so does a controller's right stick. With its Back held, Start quits, X helps, Y is full screen.
 
-Exit status: 0 when the game was closed, 1 when there is no display or DIR or FILE cannot be had,
-2 for a wrong option.
+Exit status: 0 when the game was closed, 1 when there is no display or a file cannot be had, 2 for a
+wrong option.
 )";
 
 std::filesystem::path defaultStore()
@@ -53,17 +64,72 @@ std::filesystem::path defaultStore()
     return std::filesystem::path(home) / ".local/share/glimra";
 }
 
+/// --watch
+int watchRecord(const CommandLine &line, const std::filesystem::path &store,
+                const handheld::Program &program)
+{
+    const auto file = line.words().empty() ? SessionRecords(store).latestGame()
+                                           : std::optional<std::filesystem::path>(line.words()[0]);
+    if (!file) {
+        return line.complain(store.string() + ": no game was recorded yet");
+    }
+    const auto [record, problem] = record::readFile(*file, true);
+    if (problem) {
+        return line.complain(*problem);
+    }
+    return watch(record, line.number("scale", 1, 16), program)
+               ? line.complain("there is no display to open a window on")
+               : 0;
+}
+
+/// Plays with the session recorded, in a file of its own or in the folder of sessions.
+int playRecorded(desktop::Desktop &host, const CommandLine &line, SessionRecords &records,
+                 const handheld::Program &program)
+{
+    const bool landscape = line.has("landscape");
+    const auto named = line.value("record");
+    const auto [sink, problem] = named ? host::makeFile(*named) : records.begin();
+    if (problem && named) {
+        return line.complain(*problem);
+    }
+    if (problem) {
+        host.report("this session is not recorded: " + *problem);
+        return handheld::run(host, program, landscape ? 1 : 0);
+    }
+    GameLog games;
+    record::RecordingHost recorder(host);
+    recorder.begin("Glimra " GLIMRA_VERSION, landscape, gameSubject(games), sink);
+    const int exitCode = handheld::run(recorder, program, landscape ? 1 : 0);
+    recorder.close();
+    if (!named && games.account().empty()) {
+        records.drop();
+    }
+    return exitCode;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     const CommandLine line(argc, argv, {"glimra", usage, "glimra " GLIMRA_VERSION "\n"},
-                           {{"store"}, {"scale"}, {"landscape", false}, {"record"}});
+                           {{"store"},
+                            {"scale"},
+                            {"landscape", false},
+                            {"record"},
+                            {"no-record", false},
+                            {"watch", false}},
+                           1);
+    const handheld::Program program{WinMain, programResources()};
     const auto store = line.value("store");
-    const auto record = line.value("record");
     const desktop::Options options{.storeFolder = store.value_or(defaultStore()),
                                    .scale = line.number("scale", 1, 16),
                                    .landscape = line.has("landscape")};
+    if (line.has("watch")) {
+        return watchRecord(line, options.storeFolder, program);
+    }
+    if (!line.words().empty()) {
+        line.refuse("unknown option " + line.words()[0]);
+    }
     const auto problem = host::StoreFile(options.storeFolder).makeFolder();
     if (problem && store) {
         return line.complain(*problem);
@@ -72,12 +138,13 @@ int main(int argc, char **argv)
     if (!host) {
         return line.complain("there is no display to open a window on");
     }
-    host::RecordingHost recorder(*host);
-    if (record) {
-        if (const auto unrecorded = recorder.begin(*record, options.landscape)) {
-            return line.complain(*unrecorded);
-        }
+    if (line.has("no-record") || host->runsElsewhere()) {
+        return handheld::run(*host, program, options.landscape ? 1 : 0);
     }
-    host::Host &played = record ? static_cast<host::Host &>(recorder) : *host;
-    return handheld::run(played, {WinMain, programResources()}, options.landscape ? 1 : 0);
+    SessionRecords records(options.storeFolder);
+    if (const auto unfinished = records.unfinished()) {
+        recover(*host, *unfinished, program);
+        SessionRecords::finish(*unfinished);
+    }
+    return playRecorded(*host, line, records, program);
 }

@@ -1,9 +1,8 @@
 // glimra-pilot: the game on a virtual handheld, played by a script.
-#include "app/game_app.h"
-#include "app/game_log.h"
 #include "app/settings_check.h"
 #include "base/utf.h"
 #include "launch/command_line.h"
+#include "launch/game_subject.h"
 #include "pilot/check.h"
 #include "pilot/pilot.h"
 #include "resources/program_resources.h"
@@ -48,17 +47,14 @@ int main(int argc, char **argv)
     }
     const handheld::Program program{WinMain, programResources()};
     GameLog games;
-    pilot::Subject subject;
-    subject.image = std::as_bytes(std::span(&gameApp, 1));
-    subject.newChapter = [&] { return games.observe(gameApp, GetTickCount()); };
-    subject.findFault = [] { return findFault(gameApp); };
-    subject.account = [&] {
+    const auto account = [&] {
         std::vector<std::string> lines;
         for (const std::u16string &each : games.account()) {
             lines.push_back(base::toUtf8(each));
         }
         return lines;
     };
+    const pilot::Subject subject{gameSubject(games), [] { return findFault(gameApp); }, account};
     const auto record = line.value("check");
     return record ? pilot::check(*record, program, subject) : pilot::run(options, program, subject);
 }

@@ -54,7 +54,12 @@ bool InputMapper::keyDown(int source, std::string_view key, KeyModifiers modifie
         return false;
     }
     if (watching_) {
-        return sendWatch(modifiers.control && key == "q" ? WatchCommand::End : watchCommand(key));
+        const auto command =
+            modifiers.control && key == "q" ? std::optional(WatchCommand::End) : watchCommand(key);
+        const bool mayRepeat = command == WatchCommand::Back || command == WatchCommand::Forward ||
+                               command == WatchCommand::Tick;
+        sendWatch(repeated && !mayRepeat ? std::nullopt : command);
+        return command.has_value();
     }
     const std::uint16_t code = virtualKey(key);
     if (pointer_.handleKey(code, true, now_())) {
@@ -113,7 +118,7 @@ void InputMapper::wantText(bool wanted)
     wantsText_ = wanted;
 }
 
-bool InputMapper::sendWatch(std::optional<WatchCommand> command)
+void InputMapper::sendWatch(std::optional<WatchCommand> command)
 {
     if (command) {
         Event event;
@@ -121,7 +126,6 @@ bool InputMapper::sendWatch(std::optional<WatchCommand> command)
         event.watch = *command;
         emit_(event);
     }
-    return command.has_value();
 }
 
 // Controllers ------------------------------------------------------------------------------------

@@ -106,7 +106,7 @@ private:
     void sendKeyDown(std::uint16_t key, KeyModifiers modifiers, bool escape);
     void sendKeyUp(std::uint16_t key);
     void sendStylus(Event::Kind kind, Point pixel);
-    bool sendWatch(std::optional<WatchCommand> command);
+    void sendWatch(std::optional<WatchCommand> command);
     void releaseKeys();
     void releaseEverything();
     HostAction actWithBack(int button, bool &taken);

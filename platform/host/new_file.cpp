@@ -25,4 +25,11 @@ Result<Append> makeFile(const std::filesystem::path &file)
             {}};
 }
 
+Problem appendToFile(const std::filesystem::path &file, std::string_view text)
+{
+    const Descriptor target(file, O_WRONLY | O_APPEND | O_NOFOLLOW);
+    return target && target.writeAll(std::as_bytes(std::span(text))) ? std::nullopt
+                                                                     : Problem(fileProblem(file));
+}
+
 } // namespace host

@@ -1,4 +1,4 @@
-// A file that grows, and that was not there before.
+// Files that grow.
 #pragma once
 
 #include <filesystem>
@@ -15,5 +15,7 @@ using Append = std::function<Problem(std::string_view)>;
 /// Makes the file, which must not exist, not even as a link, and returns what writes to it. The
 /// file is closed with that.
 Result<Append> makeFile(const std::filesystem::path &file);
+/// Appends to a file that exists.
+Problem appendToFile(const std::filesystem::path &file, std::string_view text);
 
 } // namespace host

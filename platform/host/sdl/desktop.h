@@ -5,7 +5,7 @@
 #include <memory>
 #include <optional>
 
-#include "host/host.h"
+#include "host/file_host.h"
 
 namespace desktop {
 
@@ -16,7 +16,15 @@ struct Options
     bool landscape = false;            ///< the handheld starts turned
 };
 
+class Desktop : public host::FileHost
+{
+public:
+    using FileHost::FileHost;
+    /// Keeps the place of the window for the next run, as its end does.
+    virtual void keepPlace() = 0;
+};
+
 /// Opens the window; null when there is no display for it.
-std::unique_ptr<host::Host> open(const Options &options);
+std::unique_ptr<Desktop> open(const Options &options);
 
 } // namespace desktop

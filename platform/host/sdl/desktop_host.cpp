@@ -25,7 +25,7 @@ std::uint32_t machineTicks()
 
 } // namespace
 
-std::unique_ptr<host::Host> open(const Options &options)
+std::unique_ptr<Desktop> open(const Options &options)
 {
     const Size upright{240, 320};
     const Size turned{320, 240};
@@ -39,14 +39,16 @@ std::unique_ptr<host::Host> open(const Options &options)
 
 DesktopHost::DesktopHost(const std::filesystem::path &storeFolder,
                          std::unique_ptr<ScreenWindow> window)
-    : FileHost(storeFolder), window_(std::move(window)), timeline_(machineTicks()),
+    : Desktop(storeFolder), window_(std::move(window)), timeline_(machineTicks()),
       input_(machineTicks, [this](const Event &event) { timeline_.add(event, machineTicks()); }),
       controllers_(input_, [this] { window_->toggleFullScreen(); })
 {
     listenForNudges();
 }
 
-DesktopHost::~DesktopHost()
+DesktopHost::~DesktopHost() { keepPlace(); }
+
+void DesktopHost::keepPlace()
 {
     if (const auto place = window_->lastPlace()) {
         saveWindowPlace(storeFolder(), *place);
@@ -263,6 +265,20 @@ bool DesktopHost::showHelp(std::u16string_view, std::u16string_view,
         report(*problem);
     }
     return !problem;
+}
+
+// Records ----------------------------------------------------------------------------------------
+
+void DesktopHost::showProgress(const std::optional<host::Progress> &progress)
+{
+    input_.setWatching(progress.has_value());
+    window_->setTitle(progress ? title_ + " - " + host::describe(*progress) : title_);
+}
+
+void DesktopHost::showWatchKeys()
+{
+    window_->showMessage("Watching a game", host::watchKeys);
+    SDL_FlushEvents(SDL_KEYDOWN, SDL_KEYUP); // those that closed the message
 }
 
 } // namespace desktop

@@ -1,7 +1,6 @@
 // The desktop host as a class: SDL's events become the handheld's.
 #pragma once
 
-#include "host/file_host.h"
 #include "host/input_mapper.h"
 #include "host/sdl/controllers.h"
 #include "host/sdl/desktop.h"
@@ -11,7 +10,7 @@
 
 namespace desktop {
 
-class DesktopHost final : public host::FileHost
+class DesktopHost final : public Desktop
 {
 public:
     DesktopHost(const std::filesystem::path &storeFolder, std::unique_ptr<ScreenWindow> window);
@@ -20,6 +19,7 @@ public:
     /// Keeps the place of the window for the next run.
     ~DesktopHost() override;
 
+    void keepPlace() override;
     std::uint32_t ticks() const override { return timeline_.ticks(); }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
     void present(const host::Frame &frame, const host::Area &changed) override;
@@ -34,6 +34,8 @@ public:
     bool samplesQueued() override { return loudspeaker_.queued(); }
     bool showHelp(std::u16string_view program, std::u16string_view arguments,
                   std::span<const std::byte> document, std::u16string_view anchor) override;
+    void showProgress(const std::optional<host::Progress> &progress) override;
+    void showWatchKeys() override;
 
 private:
     void sleep(std::optional<std::uint32_t> deadline);

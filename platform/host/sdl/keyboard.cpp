@@ -19,7 +19,8 @@ constexpr Entry table[] = {
     {SDLK_ESCAPE, "Escape"},     {SDLK_LSHIFT, "ShiftLeft"},    {SDLK_RSHIFT, "ShiftRight"},
     {SDLK_LCTRL, "ControlLeft"}, {SDLK_RCTRL, "ControlRight"},  {SDLK_APPLICATION, "ContextMenu"},
     {SDLK_MENU, "ContextMenu"},  {SDLK_BACKSPACE, "Backspace"}, {SDLK_TAB, "Tab"},
-    {SDLK_END, "End"},           {SDLK_HOME, "Home"},           {SDLK_DELETE, "Delete"},
+    {SDLK_PAGEUP, "PageUp"},     {SDLK_PAGEDOWN, "PageDown"},   {SDLK_END, "End"},
+    {SDLK_HOME, "Home"},         {SDLK_DELETE, "Delete"},
 };
 
 /// On keyboards without Latin letters a key is what it would be on one with them.

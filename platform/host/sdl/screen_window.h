@@ -24,6 +24,9 @@ public:
                                               std::optional<WindowPlace> last);
 
     void describe(const std::string &title, const host::Icon &icon);
+    void setTitle(const std::string &title);
+    /// Shows a text until the user has read it.
+    void showMessage(const char *title, const char *text);
     /// Shows the frame, of which `changed` differs from the last one shown.
     void show(const host::Frame &frame, const host::Area &changed);
     /// Shows all of it again, after the window was resized or covered.

@@ -1,0 +1,14 @@
+// Keeps the game of a session that did not end as it should: plays its record to the end, unseen,
+// and closes the program there, which stores the game.
+#pragma once
+
+#include <filesystem>
+
+#include "handheld.h"
+#include "host/host.h"
+
+/// The store becomes what it would be if the recorded session had been closed at its end. Nothing
+/// changes when the record does not lead to the present store, or does not play: `host` then
+/// reports why, and the game goes on from what was stored last.
+void recover(host::Host &host, const std::filesystem::path &record,
+             const handheld::Program &program);

@@ -1,0 +1,186 @@
+// The program and its window run in a child process. When the viewer goes back, a fresh child
+// begins at the start of the record and runs up to there, unseen; the one before is ended when the
+// fresh one has its window on the screen. Children keep the place of the window for the next one in
+// a folder of their own.
+#include "launch/watch.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "host/descriptor.h"
+#include "host/sdl/desktop.h"
+#include "launch/game_subject.h"
+#include "record/watching_host.h"
+
+namespace {
+
+using View = record::WatchingHost::View;
+
+/// A folder that goes with its owner.
+class TemporaryFolder
+{
+public:
+    TemporaryFolder()
+    {
+        std::error_code error;
+        std::string name = std::filesystem::temp_directory_path(error) / "glimra-watch-XXXXXX";
+        path_ = mkdtemp(name.data()) ? name : "";
+    }
+    TemporaryFolder(const TemporaryFolder &) = delete;
+    TemporaryFolder &operator=(const TemporaryFolder &) = delete;
+    ~TemporaryFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    const std::filesystem::path &path() const { return path_; }
+
+private:
+    std::filesystem::path path_;
+};
+
+struct Viewing
+{
+    const record::Record &record;
+    std::optional<int> scale;
+    const handheld::Program &program;
+    const std::filesystem::path &folder;
+};
+
+volatile std::sig_atomic_t presentChild = 0;
+
+/// What asks this process to end asks the child, whose end is also this one's.
+void passOn(int) { kill(presentChild, SIGTERM); }
+
+void handleEnd(void (*act)(int))
+{
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
+        std::signal(signal, act);
+    }
+}
+
+/// A child's words for its parent, a line each: "shown", and "view" with where another is to begin.
+void say(const host::Descriptor &parent, const std::string &line)
+{
+    if (!parent.writeAll(std::as_bytes(std::span(line)))) {
+        _exit(1);
+    }
+}
+
+/// What a child does. Returns its exit status.
+int show(const Viewing &viewing, const View &view, const host::Descriptor &parent)
+{
+    const bool landscape = viewing.record.beginning.landscape;
+    const auto window = desktop::open(
+        {.storeFolder = viewing.folder, .scale = viewing.scale, .landscape = landscape});
+    if (!window) {
+        return 1;
+    }
+    GameLog games;
+    record::WatchingHost host(viewing.record, gameSubject(games), *window, view,
+                              {[&](const View &next) {
+                                   window->keepPlace();
+                                   std::ostringstream line;
+                                   line << "view " << next.position << ' ' << next.quarterSpeed
+                                        << ' ' << next.playing << '\n';
+                                   say(parent, line.str());
+                               },
+                               [&] { say(parent, "shown\n"); }});
+    handheld::run(host, viewing.program, landscape ? 1 : 0);
+    return 0;
+}
+
+/// The present child, and the one before until the present one is shown.
+class Children
+{
+public:
+    explicit Children(Viewing viewing) : viewing_(std::move(viewing)) {}
+
+    /// Follows them to the end; returns the last one's exit status.
+    int follow()
+    {
+        begin({});
+        for (;;) {
+            const std::string line = readLine();
+            std::istringstream words(line);
+            std::string word;
+            words >> word;
+            if (word == "shown") {
+                end(former_);
+            } else if (word == "view") {
+                View next;
+                words >> next.position >> next.quarterSpeed >> next.playing;
+                end(former_);
+                former_ = present_;
+                begin(next);
+            } else {
+                end(former_);
+                int status = 0;
+                waitpid(present_, &status, 0);
+                return WIFEXITED(status) ? WEXITSTATUS(status) : 1;
+            }
+        }
+    }
+
+private:
+    void begin(const View &view)
+    {
+        int ends[2];
+        if (pipe(ends) != 0) {
+            std::exit(1);
+        }
+        words_ = host::Descriptor(ends[0]);
+        const host::Descriptor input(ends[1]);
+        present_ = fork();
+        presentChild = present_;
+        if (present_ == 0) {
+            handleEnd(SIG_DFL);
+            words_.close();
+            prctl(PR_SET_PDEATHSIG, SIGTERM);
+            std::exit(show(viewing_, view, input));
+        }
+    }
+
+    static void end(pid_t &child)
+    {
+        if (child > 0) {
+            kill(child, SIGKILL);
+            waitpid(child, nullptr, 0);
+            child = 0;
+        }
+    }
+
+    /// Empty when the child has ended.
+    std::string readLine() const
+    {
+        std::string line;
+        char c = 0;
+        for (;;) {
+            const ssize_t count = read(words_.number(), &c, 1);
+            if (count == 0 || (count < 0 && errno != EINTR) || (count > 0 && c == '\n')) {
+                return line;
+            }
+            line.append(count > 0 ? 1 : 0, c);
+        }
+    }
+
+    const Viewing viewing_;
+    host::Descriptor words_; ///< of the present child
+    pid_t present_ = 0;
+    pid_t former_ = 0;
+};
+
+} // namespace
+
+int watch(const record::Record &record, std::optional<int> scale, const handheld::Program &program)
+{
+    const TemporaryFolder folder;
+    handleEnd(passOn);
+    return Children({record, scale, program, folder.path()}).follow();
+}
