@@ -2,8 +2,11 @@
 file(GLOB web_sources CONFIGURE_DEPENDS platform/host/web/*.cpp)
 set(page_library ${PROJECT_SOURCE_DIR}/platform/host/web/page.js)
 
-add_executable(glimra-web launch/glimra_web.cpp ${web_sources} platform/host/held_keys.cpp platform/host/input_mapper.cpp
-               platform/host/key_table.cpp platform/host/pointer_picture.cpp platform/host/stylus_pointer.cpp)
+file(GLOB record_sources CONFIGURE_DEPENDS platform/record/*.cpp)
+list(FILTER record_sources EXCLUDE REGEX /read_file.cpp$) # the page has no files
+add_executable(glimra-web launch/glimra_web.cpp ${web_sources} ${record_sources} platform/host/held_keys.cpp
+               platform/host/input_mapper.cpp platform/host/key_table.cpp platform/host/pointer_picture.cpp
+               platform/host/stylus_pointer.cpp platform/host/watch.cpp)
 add_dependencies(glimra-web generators)
 add_dependencies(handheld generators)
 add_dependencies(program generators)

@@ -21,7 +21,7 @@ HANDHELD = [
     "controls",
     "user registry wave",
     "gdi",
-    "resources host/sdl host/web host/pilot",
+    "resources record host/sdl host/web host/pilot",
     "base",
     "host",
     "public",

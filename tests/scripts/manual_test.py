@@ -23,9 +23,10 @@ for executable in EXECUTABLES:
     file, = (ROOT / "packaging").glob(f"{executable.name}.[1-8]")
     page = file.read_text(encoding="utf-8").replace("\\-", "-")
     answer = subprocess.run([executable, "--help"], check=True, capture_output=True, text=True, timeout=20).stdout
-    expect_same(executable.name, *(set(re.findall(r"(?<![\w-])--[a-z]+", text)) for text in (page, answer)))
-source = (ROOT / "platform/pilot/player.cpp").read_text(encoding="utf-8")
-commands = set(re.findall(r'^ +\{"([a-z]+)", &Player::', source, re.MULTILINE))
+    expect_same(executable.name, *(set(re.findall(r"(?<![\w-])--[a-z-]+", text)) for text in (page, answer)))
+source = "".join((ROOT / "platform" / file).read_text(encoding="utf-8")
+                 for file in ("pilot/player.cpp", "record/input_command.cpp"))
+commands = set(re.findall(r'^ +\{"([a-z]+)", (?:&Player::|\{)', source, re.MULTILINE))
 rows = re.findall(r"^([^|\n]+)\|T\{", page, re.MULTILINE)
 expect_same("glimra-pilot", {part.split()[0] for row in rows for part in row.split(",")}, commands)
 sys.exit(faults != 0)
