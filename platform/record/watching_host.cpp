@@ -14,13 +14,13 @@ using host::Event;
 using host::WatchCommand;
 using Kind = Event::Kind;
 
-constexpr std::int64_t tickTime = 25;       ///< milliseconds
-constexpr std::int64_t seekStep = 5000;     ///< milliseconds
-constexpr int fastestSpeed = 64;            ///< quarters
-constexpr int fastestWithSound = 8;         ///< quarters
-constexpr std::uint32_t frameTime = 15;     ///< milliseconds between two pictures at a high speed
-constexpr std::uint32_t longestLook = 1000; ///< milliseconds; the time shown goes on
-constexpr std::uint64_t soundDelay = 200;   ///< milliseconds; what is further behind is silent
+constexpr std::int64_t tickTime = 25;      ///< milliseconds
+constexpr std::int64_t seekStep = 5000;    ///< milliseconds
+constexpr int fastestSpeed = 64;           ///< quarters
+constexpr int fastestWithSound = 8;        ///< quarters
+constexpr std::int64_t frameTime = 15;     ///< milliseconds between two pictures at a high speed
+constexpr std::int64_t longestLook = 1000; ///< milliseconds; the time shown goes on
+constexpr std::uint64_t soundDelay = 200;  ///< milliseconds; what is further behind is silent
 
 host::Area unite(const host::Area &a, const host::Area &b)
 {
@@ -100,8 +100,9 @@ std::optional<std::uint32_t> WatchingHost::nextLook(std::optional<std::uint64_t>
     const auto speed = static_cast<unsigned>(view_.quarterSpeed);
     const std::uint64_t moment =
         ((*target - std::min(*target, startPosition_)) * 4 + speed - 1) / speed;
-    const auto due = static_cast<std::uint32_t>(moment) - (now - realStart_);
-    return now + std::clamp(due, speed > 4 ? frameTime : 0U, longestLook);
+    const auto due = static_cast<std::int64_t>(moment) - host::distance(realStart_, now);
+    return now + static_cast<std::uint32_t>(
+                     std::clamp(due, speed > 4 ? frameTime : std::int64_t{0}, longestLook));
 }
 
 void WatchingHost::advance()
