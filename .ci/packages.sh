@@ -8,7 +8,7 @@ test_packages="$play_packages libgtest-dev python3 python3-numpy xvfb xdotool im
 lint_packages='git clang clang-tidy cppcheck'
 gate_packages="$test_packages $web_packages $lint_packages chromium firefox-esr \
     webkit2gtk-driver nodejs clang-format \
-    libclang-rt-14-dev lintian appstream"
+    libclang-rt-14-dev lintian appstream devscripts blhc xauth"
 
 # With --help as its first argument, a script prints the comment at its top and ends:
 # help_wanted "$0" "$@" && exit

@@ -7,9 +7,8 @@ endif()
 include(GNUInstallDirs)
 set(here ${CMAKE_CURRENT_LIST_DIR})
 
-# On Debian games are in /usr/games, tools in /usr/bin.
-install(TARGETS glimra RUNTIME DESTINATION games)
-install(TARGETS glimra-pilot RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+# On Debian games, and what belongs to them, are in /usr/games.
+install(TARGETS glimra glimra-pilot RUNTIME DESTINATION games)
 
 install(FILES ${here}/glimra.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${here}/example.glimra.glimra.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
