@@ -101,7 +101,7 @@ export class Controls {
   watchStylus(canvas) {
     canvas.onpointerdown = (event) => {
       event.preventDefault();
-      canvas.focus();
+      canvas.focus({focusVisible: false});
       if (this.stylus === null && event.button === 0 && !this.isAway()) {
         canvas.setPointerCapture(event.pointerId);
         this.stylus = event.pointerId;
