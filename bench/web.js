@@ -161,6 +161,12 @@ async function work() {
   await tab.keyUp('p');
   await sleep(500);
   await share('paused, of a core');
+  await tab.evaluate(() => {
+    const pad = {index: 0, id: 'pad', mapping: 'standard', axes: [0, 0, 0, 0], buttons: Array.from({length: 17}, () => ({pressed: false}))};
+    navigator.getGamepads = () => [pad];
+    dispatchEvent(Object.assign(new Event('gamepadconnected'), {gamepad: pad}));
+  });
+  await share('paused, with a controller, of a core');
   await visit.end();
 }
 
