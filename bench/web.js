@@ -148,6 +148,8 @@ async function work() {
   };
   await sleep(3000);
   await share('title page, of a core');
+  await tab.reload(); // by now it may show the high scores
+  await sleep(3000);
   const box = await tab.evaluate(() => {
     const {x, y, width, height} = document.querySelector('#screen').getBoundingClientRect();
     return {x, y, width, height};
@@ -155,12 +157,19 @@ async function work() {
   for (const kind of ['down', 'up']) {
     await tab.point(kind, box.x + box.width / 2, box.y + box.height * 0.755);
   }
-  await sleep(500);
+  const says = (text) => waitFor(() => tab.evaluate((text) => document.querySelector('#state').textContent.includes(text), text));
+  await says('Marathon');
   await share('in play, of a core');
   await tab.keyDown('p');
   await tab.keyUp('p');
-  await sleep(500);
+  await says('Paused');
   await share('paused, of a core');
+  await tab.evaluate(() => {
+    const pad = {index: 0, id: 'pad', mapping: 'standard', axes: [0, 0, 0, 0], buttons: Array.from({length: 17}, () => ({pressed: false}))};
+    navigator.getGamepads = () => [pad];
+    dispatchEvent(Object.assign(new Event('gamepadconnected'), {gamepad: pad}));
+  });
+  await share('paused, with a controller, of a core');
   await visit.end();
 }
 

@@ -31,7 +31,7 @@ for (const button of ['Left', 'Right', 'B', 'Left']) {
 await finger(tab, 'down', 'Right', 1);
 await sleep(100);
 await finger(tab, 'down', 'D', 2);
-await sleep(150);
+await sleep(2500); // it falls into sight
 writeFileSync(picture, await tab.screenshot());
 await chromium.end();
 await visit.stopServer();

@@ -3,6 +3,9 @@
 import {pads} from './gamepads.js';
 import {tremble} from './hands.js';
 
+/** Milliseconds between two looks at the controllers: fewer than between two of the game's own, and than a button is held. */
+const IN_PLAY = 16, AT_REST = 50;
+
 export class Controls {
   wantsText = false;
   fingers = new Map(); // each with the name of the button it is on
@@ -10,8 +13,8 @@ export class Controls {
   seen = new Map();    // controllers as they were reported
 
   /** `send(name, ...values)` calls the program; it returns the answer, or 0 while there is no program. */
-  constructor(send, screen, isAway, sound) {
-    Object.assign(this, {send, screen, isAway, sound});
+  constructor(send, screen, sound, isAway, isRunning) {
+    Object.assign(this, {send, screen, isAway, isRunning});
     for (const gesture of ['pointerup', 'touchend', 'mousedown', 'keydown']) {
       addEventListener(gesture, () => isAway() || sound.wake(), true);
     }
@@ -101,7 +104,7 @@ export class Controls {
   watchStylus(canvas) {
     canvas.onpointerdown = (event) => {
       event.preventDefault();
-      canvas.focus();
+      canvas.focus({focusVisible: false});
       if (this.stylus === null && event.button === 0 && !this.isAway()) {
         canvas.setPointerCapture(event.pointerId);
         this.stylus = event.pointerId;
@@ -127,26 +130,24 @@ export class Controls {
     this.send(name, x, y);
   }
 
-  // Game controllers: looked at once a frame while there is one ------------------------------------------
+  // Game controllers: looked at while there is one and the game is in front -------------------------------
 
   watchControllers() {
-    if (this.watching) {
+    clearTimeout(this.watching);
+    if (this.isAway()) {
       return;
     }
-    const look = () => {
-      const present = pads();
-      if (!this.isAway()) {
-        present.forEach((pad) => this.report(pad));
-        for (const index of this.seen.keys()) {
-          if (!present.some((pad) => pad.index === index)) {
-            this.seen.delete(index);
-            this.send('controllerGone', index);
-          }
-        }
+    const present = pads();
+    present.forEach((pad) => this.report(pad));
+    for (const index of this.seen.keys()) {
+      if (!present.some((pad) => pad.index === index)) {
+        this.seen.delete(index);
+        this.send('controllerGone', index);
       }
-      this.watching = present.length > 0 && requestAnimationFrame(look);
-    };
-    this.watching = requestAnimationFrame(look);
+    }
+    if (present.length > 0) {
+      this.watching = setTimeout(() => this.watchControllers(), this.isRunning() ? IN_PLAY : AT_REST);
+    }
   }
 
   /** Reports what has changed of a controller since it was last looked at. */

@@ -56,7 +56,7 @@ const store = new Store({
 });
 const sound = new Sound();
 const screen = new Screen(element('screen'), settings);
-const controls = new Controls(send, screen, () => away, sound);
+const controls = new Controls(send, screen, sound, () => away, () => runs);
 
 const page = {
   screen, sound, store,
@@ -105,6 +105,7 @@ function lookAround() {
   away = gone;
   stayAwake(runs && !away);
   send('setAway', gone);
+  controls.watchControllers();
 }
 
 function leave() {

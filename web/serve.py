@@ -5,14 +5,31 @@ serve.py FOLDER [PORT]     without a port 8080, or when that is taken any free o
 """
 import functools
 import http.server
+import os
 import sys
 
 
 class Handler(http.server.SimpleHTTPRequestHandler):
     extensions_map = {**http.server.SimpleHTTPRequestHandler.extensions_map, ".wasm": "application/wasm",
                       ".js": "text/javascript", ".htm": "text/html; charset=utf-8"}
+    encodings = {"br": ".br", "gzip": ".gz"}  # the best first, with the ending of the files that have it
+    encoding = None
+
+    def translate_path(self, path):
+        file = super().translate_path(path)
+        file = os.path.join(file, "index.html") if file.endswith("/") else file
+        accepted = [word.split(";")[0].strip() for word in self.headers.get("Accept-Encoding", "").split(",")]
+        packed = (name for name, ending in self.encodings.items() if name in accepted and os.path.isfile(file + ending))
+        self.encoding = next(packed, None)
+        return file + self.encodings.get(self.encoding, "")
+
+    def guess_type(self, path):
+        return super().guess_type(path.removesuffix(self.encodings.get(self.encoding, "")))
 
     def end_headers(self):
+        if self.encoding:
+            self.send_header("Content-Encoding", self.encoding)
+        self.send_header("Vary", "Accept-Encoding")
         self.send_header("Cache-Control", "no-cache")  # the browser asks whether a file is still the same
         super().end_headers()
 

@@ -38,10 +38,12 @@ export async function serve(folder) {
   }};
 }
 
-/** A copy of the page in which the probe runs first, and `script` after it. */
+export const isPacked = (file) => /\.(br|gz)$/.test(file);
+
+/** A copy of the page in which the probe runs first, and `script` after it. Its files change, so none is packed. */
 export function copyPage(script = () => {}) {
   const copy = mkdtempSync(join(temporary, 'page-'));
-  cpSync(folder, copy, {recursive: true, preserveTimestamps: true});
+  cpSync(folder, copy, {recursive: true, preserveTimestamps: true, filter: (file) => !isPacked(file)});
   const probe = readFileSync(new URL('probe.js', import.meta.url), 'utf8');
   writeFileSync(join(copy, 'probe.js'), `${probe}(${script})();\n`);
   changeFile(join(copy, 'index.html'), '<link rel="stylesheet"', '<script src="probe.js"></script>$&');

@@ -38,10 +38,11 @@ export const start = async (tab) => {
   await tap(tab, PLAY);
   await eventually(() => hasPieces(tab), 'a game begins');
 };
+/** Nothing moves; a page that has no picture yet does not stand. */
 export const stands = async (tab) => {
-  const first = await pixels(tab);
+  const drawn = await tab.evaluate('!document.querySelector("#starting")'), first = await pixels(tab);
   await sleep(1200);
-  return first.equals(await pixels(tab)) && first;
+  return drawn && first.equals(await pixels(tab)) && first;
 };
 export const falling = (tab) => pieces(tab, [...WELL.slice(0, 3), WELL[1] + 88]);
 export const left = (cells) => Math.min(...cells.map(([x]) => x));

@@ -26,6 +26,7 @@ export function play(engine, test, needs) {
     const tab = await visit.open();
     await start(tab);
     await says(tab, '#state', /Marathon, level 0/);
+    assert.ok(await tab.evaluate('document.activeElement.id === "screen" && !document.querySelector(":focus-visible")'), 'no ring');
     await eventually(() => tab.evaluate('window.awake === 1'), 'the display stays on');
     await finger(tab, 'down', 'Left');
     await eventually(async () => left(await falling(tab)) < WELL[0] + 11, 'Left held moves the piece to the wall');

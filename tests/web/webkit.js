@@ -66,7 +66,7 @@ class Visit {
     const response = await fetch(`${this.driver}/session/${this.session}${path}`, {method, body: body && JSON.stringify(body)});
     const {value} = await response.json();
     if (!response.ok) {
-      throw new Error(`${path}: ${value.error}: ${value.message}`);
+      throw new Error(`${path}: ${value.error}: ${value.message}${value.error === 'invalid session id' ? webkit.said : ''}`);
     }
     return value;
   }
@@ -110,6 +110,7 @@ export const webkit = {
   },
   cannot: {
     fingers: 'its driver has a mouse only',
+    work: 'its driver does not say how much a page has worked',
     ratio: 'its driver cannot change the density of the display',
     size: `its window is at least ${NARROWEST} pixels wide`,
   },
@@ -120,7 +121,11 @@ export const webkit = {
     const [number] = await once(this.display.stdio[3], 'data');
     const port = await freePort();
     this.address = `http://127.0.0.1:${port}`;
-    this.driver = spawn(COMMAND, [`--port=${port}`], {stdio: 'ignore', env: {...process.env, DISPLAY: `:${String(number).trim()}`}});
+    // While it compiles WebAssembly anew it interrupts its main thread hundreds of times a second. An interruption just
+    // when its first sound has it look for the session's bus is taken for a failure and ends it. So it only interprets.
+    const env = {...process.env, DISPLAY: `:${String(number).trim()}`, JSC_useBBQJIT: '0', JSC_useOMGJIT: '0'};
+    this.driver = spawn(COMMAND, [`--port=${port}`], {stdio: ['ignore', 'ignore', 'pipe'], env});
+    this.driver.stderr.on('data', (text) => { this.said = `${this.said ?? ''}${text}`.slice(-1000); });
     process.on('exit', () => this.driver.kill());
     for (const end = Date.now() + 10000; Date.now() < end && !await fetch(this.address).catch(() => null);) {
       await new Promise((resolve) => setTimeout(resolve, 50));
