@@ -26,7 +26,8 @@ std::string fileUrl(const std::filesystem::path &file)
     return url;
 }
 
-/// Starts a program that nobody waits for. Returns an error number, 0 for none.
+/// Starts a program that nobody waits for, with signals as they usually are. Returns an error
+/// number, 0 for none.
 int start(const char *program, const std::string &argument)
 {
     struct sigaction action
@@ -37,8 +38,18 @@ int start(const char *program, const std::string &argument)
     sigaction(SIGCHLD, &action, nullptr);
     std::string words[] = {program, argument};
     char *const arguments[] = {words[0].data(), words[1].data(), nullptr};
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    sigset_t signals;
+    sigemptyset(&signals);
+    posix_spawnattr_setsigmask(&attributes, &signals);
+    sigaddset(&signals, SIGPIPE);
+    posix_spawnattr_setsigdefault(&attributes, &signals);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
     pid_t process = 0;
-    return posix_spawnp(&process, program, nullptr, nullptr, arguments, environ);
+    const int error = posix_spawnp(&process, program, nullptr, &attributes, arguments, environ);
+    posix_spawnattr_destroy(&attributes);
+    return error;
 }
 
 } // namespace

@@ -3,11 +3,12 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 #include "base/utf.h"
 #include "host/help_page.h"
 #include "host/sdl/keyboard.h"
-#include "host/sdl/nudge.h"
+#include "host/sdl/requests.h"
 #include "host/sdl/screenshot.h"
 
 namespace desktop {
@@ -43,7 +44,7 @@ DesktopHost::DesktopHost(const std::filesystem::path &storeFolder,
       input_(machineTicks, [this](const Event &event) { timeline_.add(event, machineTicks()); }),
       controllers_(input_, [this] { window_->toggleFullScreen(); })
 {
-    listenForNudges();
+    listenForRequests();
 }
 
 DesktopHost::~DesktopHost()
@@ -82,7 +83,10 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
             limit(host::remaining(now, *moment));
         }
     }
-    SDL_WaitEventTimeout(nullptr, longest.value_or(-1));
+    {
+        const RequestsLetIn requests;
+        SDL_WaitEventTimeout(nullptr, longest.value_or(-1));
+    }
     controllers_.update();
     loudspeaker_.tend(machineTicks());
 }
@@ -90,9 +94,11 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
 void DesktopHost::takeEvents()
 {
     SDL_Event event;
-    while (SDL_PollEvent(&event) != 0) {
+    SDL_PumpEvents(); // SDL_PollEvent may leave some for the next time
+    while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) > 0) {
         handle(event);
     }
+    takeRequests();
     input_.advance();
 }
 
@@ -100,7 +106,7 @@ void DesktopHost::handle(const SDL_Event &event)
 {
     switch (event.type) {
     case SDL_QUIT:
-        handleQuit();
+        quit_ = true;
         break;
     case SDL_APP_LOWMEMORY:
         input_.system(Event::Kind::Hibernate);
@@ -130,11 +136,13 @@ void DesktopHost::handle(const SDL_Event &event)
     }
 }
 
-void DesktopHost::handleQuit()
+void DesktopHost::takeRequests()
 {
-    if (takeNudge()) {
+    const Requests requests = desktop::takeRequests(std::exchange(quit_, false));
+    if (requests.show) {
         window_->raise();
-    } else {
+    }
+    if (std::exchange(closed_, false) || requests.close) {
         input_.system(Event::Kind::Close);
     }
 }
@@ -142,6 +150,9 @@ void DesktopHost::handleQuit()
 void DesktopHost::handleWindow(const SDL_WindowEvent &event)
 {
     switch (event.event) {
+    case SDL_WINDOWEVENT_CLOSE: // its SDL_QUIT may stand beside a request
+        closed_ = true;
+        break;
     case SDL_WINDOWEVENT_SIZE_CHANGED:
         window_->notePlace();
         window_->showAgain();

@@ -40,7 +40,7 @@ private:
     void takeEvents();
     void handle(const SDL_Event &event);
     void handleWindow(const SDL_WindowEvent &event);
-    void handleQuit();
+    void takeRequests();
     void handleKeyDown(const SDL_KeyboardEvent &key);
     void handleText(const char *text);
     void handleMouse(const SDL_MouseButtonEvent &button);
@@ -54,6 +54,8 @@ private:
     Controllers controllers_;
     std::string title_;
     bool minimized_ = false;
+    bool quit_ = false;   ///< SDL has said so since the last takeRequests
+    bool closed_ = false; ///< and so has the window
 };
 
 } // namespace desktop
