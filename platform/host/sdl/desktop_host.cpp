@@ -8,6 +8,7 @@
 #include "base/utf.h"
 #include "host/help_page.h"
 #include "host/sdl/keyboard.h"
+#include "host/sdl/lost_display.h"
 #include "host/sdl/requests.h"
 #include "host/sdl/screenshot.h"
 
@@ -83,7 +84,7 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
             limit(host::remaining(now, *moment));
         }
     }
-    {
+    if (!displayIsLost()) {
         const RequestsLetIn requests;
         SDL_WaitEventTimeout(nullptr, longest.value_or(-1));
     }
@@ -94,7 +95,9 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
 void DesktopHost::takeEvents()
 {
     SDL_Event event;
-    SDL_PumpEvents(); // SDL_PollEvent may leave some for the next time
+    if (!displayIsLost()) {
+        SDL_PumpEvents(); // SDL_PollEvent may leave some for the next time
+    }
     while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) > 0) {
         handle(event);
     }
@@ -139,7 +142,10 @@ void DesktopHost::handle(const SDL_Event &event)
 void DesktopHost::takeRequests()
 {
     const Requests requests = desktop::takeRequests(std::exchange(quit_, false));
-    if (requests.show) {
+    if (requests.close && displayIsLost()) {
+        report("the display is gone, so the program ends; the game is kept");
+        window_->abandon();
+    } else if (requests.show) {
         window_->raise();
     }
     if (std::exchange(closed_, false) || requests.close) {

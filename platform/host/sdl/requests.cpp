@@ -87,6 +87,14 @@ RequestsLetIn::RequestsLetIn() { sigprocmask(SIG_UNBLOCK, &action.sa_mask, nullp
 
 RequestsLetIn::~RequestsLetIn() { sigprocmask(SIG_BLOCK, &action.sa_mask, nullptr); }
 
+void requestClose()
+{
+    closeAsked = 1;
+    if (wakeSdl) {
+        wake();
+    }
+}
+
 Requests takeRequests(bool sdlQuits)
 {
     const Requests taken{closeAsked != 0 || (sdlQuits && woken == 0), showAsked != 0};

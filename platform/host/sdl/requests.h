@@ -24,6 +24,9 @@ public:
     ~RequestsLetIn();
 };
 
+/// Asks this process to end, as SIGTERM does.
+void requestClose();
+
 /// What was asked since the last call, once SDL has no more events. `sdlQuits`: there was an
 /// SDL_QUIT among them. Every request makes one, so it is a wish to close only when none came.
 Requests takeRequests(bool sdlQuits);

@@ -5,6 +5,8 @@
 #include <cstring>
 #include <utility>
 
+#include "host/sdl/lost_display.h"
+
 namespace desktop {
 namespace {
 
@@ -123,6 +125,7 @@ void ScreenWindow::show(const host::Frame &frame, const host::Area &changed)
     }
     if (!shown_) {
         SDL_ShowWindow(window_.get());
+        listenForLostDisplay(window_.get()); // SDL would wait in vain for a window to be shown
     }
     draw(changed, turned || !shown_);
     shown_ = true;

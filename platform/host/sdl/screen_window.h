@@ -38,6 +38,9 @@ public:
     /// Where it was last while it did not fill the screen; none when that is not known.
     std::optional<WindowPlace> lastPlace();
 
+    /// To be called when the display is gone: from then on all of the above does nothing.
+    void abandon() { static_cast<void>(window_.release()); } // destroying it would never end
+
     /// What is shown; no pixels before the first time.
     const host::Frame &frame() const { return frame_; }
     /// The pixel of the picture at a point of the window. With `outside`, a point beside the
