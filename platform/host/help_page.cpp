@@ -3,10 +3,11 @@
 
 #include <cctype>
 #include <csignal>
-#include <fstream>
 
 #include <spawn.h>
 #include <unistd.h>
+
+#include "host/files.h"
 
 namespace host {
 namespace {
@@ -15,7 +16,8 @@ std::string fileUrl(const std::filesystem::path &file)
 {
     constexpr char digits[] = "0123456789ABCDEF";
     std::string url = "file://";
-    for (const char c : std::filesystem::absolute(file).string()) {
+    std::error_code nowhere; // the current folder is gone
+    for (const char c : std::filesystem::absolute(file, nowhere).string()) {
         const auto byte = static_cast<unsigned char>(c);
         if (std::isalnum(byte) != 0 || std::strchr("/-._~", c)) {
             url += c;
@@ -58,12 +60,8 @@ Problem openHelpPage(const std::filesystem::path &folder, std::span<const std::b
                      std::string_view anchor)
 {
     const std::filesystem::path file = folder / "help.html";
-    std::ofstream out(file, std::ios::binary);
-    out.write(reinterpret_cast<const char *>(page.data()),
-              static_cast<std::streamsize>(page.size()));
-    out.close();
-    if (!out) {
-        return "the help page could not be written to " + file.string();
+    if (const auto problem = replaceFile(file, page)) {
+        return "the help page cannot be written: " + *problem;
     }
     const int error = start("xdg-open", fileUrl(file) + '#' + std::string(anchor));
     return error == 0 ? std::nullopt
