@@ -10,6 +10,7 @@
 #include "handheld.h"
 #include "host/recording_host.h"
 #include "host/sdl/desktop.h"
+#include "host/standard_streams.h"
 #include "host/store_file.h"
 #include "launch/command_line.h"
 #include "resources/program_resources.h"
@@ -46,7 +47,7 @@ std::filesystem::path defaultStore()
         return std::filesystem::path(data) / "glimra";
     }
     const char *home = std::getenv("HOME");
-    if (!home) {
+    if (!home || home[0] != '/') {
         const passwd *user = getpwuid(getuid());
         home = user ? user->pw_dir : "/";
     }
@@ -57,6 +58,7 @@ std::filesystem::path defaultStore()
 
 int main(int argc, char **argv)
 {
+    host::secureStandardStreams();
     const CommandLine line(argc, argv, {"glimra", usage, "glimra " GLIMRA_VERSION "\n"},
                            {{"store"}, {"scale"}, {"landscape", false}, {"record"}});
     const auto store = line.value("store");
