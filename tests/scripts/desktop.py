@@ -85,8 +85,8 @@ class DesktopTest(unittest.TestCase):
 
     def start(self, store="store", *options, scale=("--scale", str(SCALE)), **how):
         home = {"HOME": str(self.folder), "PATH": f"{self.folder}:{os.environ['PATH']}"}
-        game = subprocess.Popen([GLIMRA, "--store", store, *scale, *options], cwd=self.folder, text=True,
-                                **{"stderr": subprocess.PIPE, "env": {**os.environ, **home}, **how})
+        game = subprocess.Popen([GLIMRA, "--store", store, *scale, *options], text=True,
+                                **{"cwd": self.folder, "stderr": subprocess.PIPE, "env": {**os.environ, **home}, **how})
         self.addCleanup(game.stderr.close if game.stderr else int)
         self.addCleanup(game.wait)
         self.addCleanup(game.kill)

@@ -3,18 +3,18 @@
 
 ends_test.py [ROUNDS] GLIMRA GLIMRA-PILOT
 """
-import pathlib
+import os
 import random
+import shutil
 import signal
-import subprocess
 import sys
 import time
 import unittest
 
 import store
-from desktop import GLIMRA, PLAY, SCALE, DesktopTest, Picture, eventually, start_display, xdotool
+from desktop import GAME_MENU, PLAY, SCALE, DesktopTest, Picture, eventually, start_display, xdotool
 
-ROUNDS = int(sys.argv.pop()) if len(sys.argv) > 1 else 1
+ROUNDS = int(sys.argv.pop(1)) if sys.argv[1:] and sys.argv[1].isdigit() else 1
 
 
 class EndsTest(DesktopTest):
@@ -66,6 +66,46 @@ class EndsTest(DesktopTest):
                 game.send_signal(each)
             self.expect_kept(game)
             game = None
+
+    def test_a_game_that_cannot_be_kept_says_so_in_its_title(self):
+        game = self.play()
+        title = lambda: xdotool("getwindowname", game.window)
+        folder = self.folder / "store"
+        shutil.rmtree(folder)
+        folder.write_text("in the way")
+        xdotool("key", "Escape", "sleep", 0.3)
+        self.click(game, GAME_MENU)
+        eventually(lambda: {"not", "kept:", "store:"} <= set(title()), "a failed save is shown")
+        folder.unlink()
+        xdotool("key", "Escape", "sleep", 0.3)
+        self.click(game, (120, 150))
+        xdotool("sleep", 0.3)
+        self.click(game, GAME_MENU)
+        eventually(lambda: title() == ["Glimra"], "until one has worked")
+        self.assertEqual(folder.stat().st_mode & 0o777, 0o700)
+        store.read_block(folder)
+        self.assertRegex(game.stderr.readline(), "not kept: store: Not a directory")
+
+    def test_it_stands_on_little(self):
+        """No picture can be saved, nobody reads what it says, or there are no streams at all."""
+        for streams, folder in (([], "gone"), ([2], "gone"), ([0, 1, 2], "kept")):
+            there = self.folder / folder
+            there.mkdir(exist_ok=True)
+            before = lambda: [os.close(number) for number in streams if len(streams) > 1]
+            how = {"stderr": None, "stdout": None} if len(streams) > 1 else {}
+            game = self.play(str(self.folder / "store"), cwd=there, preexec_fn=before, **how)
+            if folder == "gone":
+                there.rmdir()
+            if streams == [2]:
+                game.stderr.close()
+            for _ in range(2):
+                xdotool("key", "F12", "sleep", 0.2)
+            self.assertEqual(len(list(there.glob("Glimra *.png"))), 2 if folder == "kept" else 0)
+            game.send_signal(signal.SIGTERM)
+            self.assertEqual(game.wait(20), 0)
+            if not streams:
+                self.assertRegex(game.stderr.read(), r"\A(the picture is not saved: .*Glimra .*: No such file.*\n){2}\Z")
+            (self.folder / "store/registry.reg").unlink()
 
 
 unittest.main()

@@ -265,6 +265,21 @@ void DesktopHost::describeProgram(std::u16string_view title, const host::Icon &i
 {
     title_ = base::toUtf8(title);
     window_->describe(title_, icon);
+    showTitle();
+}
+
+/// Whoever plays on a desktop sees no terminal.
+void DesktopHost::showTitle()
+{
+    window_->setTitle(unkept_ ? title_ + " - the game is not kept: " + *unkept_ : title_);
+}
+
+void DesktopHost::storeTried(const host::Problem &problem)
+{
+    if (problem != unkept_) {
+        unkept_ = problem;
+        showTitle();
+    }
 }
 
 void DesktopHost::playSamples(std::span<const std::uint8_t> samples)

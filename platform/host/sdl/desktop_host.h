@@ -36,6 +36,7 @@ public:
                   std::span<const std::byte> document, std::u16string_view anchor) override;
 
 private:
+    void storeTried(const host::Problem &problem) override;
     void sleep(std::optional<std::uint32_t> deadline);
     void takeEvents();
     void handle(const SDL_Event &event);
@@ -46,6 +47,7 @@ private:
     void handleMouse(const SDL_MouseButtonEvent &button);
     void showPointer();
     void setMinimized(bool minimized);
+    void showTitle();
 
     std::unique_ptr<ScreenWindow> window_;
     Loudspeaker loudspeaker_;
@@ -53,6 +55,7 @@ private:
     host::InputMapper input_;
     Controllers controllers_;
     std::string title_;
+    host::Problem unkept_; ///< why the store cannot be written
     bool minimized_ = false;
     bool quit_ = false;   ///< SDL has said so since the last takeRequests
     bool closed_ = false; ///< and so has the window

@@ -100,10 +100,14 @@ std::unique_ptr<ScreenWindow> ScreenWindow::make(Size picture, std::optional<int
     return std::unique_ptr<ScreenWindow>(new ScreenWindow(window, picture));
 }
 
-void ScreenWindow::describe(const std::string &title, const host::Icon &icon)
+void ScreenWindow::setTitle(const std::string &title)
 {
     SDL_SetWindowTitle(window_.get(), title.c_str());
-    SDL_SetHint(SDL_HINT_APP_NAME, title.c_str()); // in the desktop's volume control
+}
+
+void ScreenWindow::describe(const std::string &name, const host::Icon &icon)
+{
+    SDL_SetHint(SDL_HINT_APP_NAME, name.c_str()); // in the desktop's volume control
     if (icon.rgba.empty()) {
         return;
     }

@@ -23,7 +23,9 @@ public:
     static std::unique_ptr<ScreenWindow> make(Size picture, std::optional<int> scale,
                                               std::optional<WindowPlace> last);
 
-    void describe(const std::string &title, const host::Icon &icon);
+    /// The program's name and icon, for the desktop.
+    void describe(const std::string &name, const host::Icon &icon);
+    void setTitle(const std::string &title);
     /// Shows the frame, of which `changed` differs from the last one shown.
     void show(const host::Frame &frame, const host::Area &changed);
     /// Shows all of it again, after the window was resized or covered.
