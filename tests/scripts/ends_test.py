@@ -7,9 +7,11 @@ import os
 import random
 import shutil
 import signal
+import socket
 import sys
 import time
 import unittest
+from unittest import mock
 
 import store
 from desktop import GAME_MENU, PLAY, SCALE, DesktopTest, Picture, eventually, start_display, xdotool
@@ -85,6 +87,18 @@ class EndsTest(DesktopTest):
         self.assertEqual(folder.stat().st_mode & 0o777, 0o700)
         store.read_block(folder)
         self.assertRegex(game.stderr.readline(), "not kept: store: Not a directory")
+
+    def test_a_sound_system_that_hangs_holds_nothing_up(self):
+        address = str(self.folder / "pulse")
+        with socket.socket(socket.AF_UNIX) as silent, mock.patch.dict(
+                os.environ, PULSE_SERVER=f"unix:{address}", SDL_AUDIODRIVER="pulseaudio"):
+            silent.bind(address)
+            silent.listen()
+            game = self.play()
+            silent.settimeout(20)
+            with silent.accept()[0]:  # it was asked, and gets no answer
+                game.send_signal(signal.SIGTERM)
+                self.expect_kept(game)
 
     def test_it_stands_on_little(self):
         """No picture can be saved, nobody reads what it says, or there are no streams at all."""
