@@ -9,6 +9,8 @@
 #include "host/program_clock.h"
 #include "host/sdl/picture.h"
 #include "host/sdl/window_place.h"
+#include "host/stepping_clock.h"
+#include "host/timeline.h"
 
 namespace {
 
@@ -37,6 +39,27 @@ TEST(ProgramClock, StepsThroughDueMomentsAndGivesUpLongStalls)
         EXPECT_EQ(clock.ticks(), c.shown) << "the clock never goes back";
         clock.reachEvent(c.shown + 3);
         EXPECT_EQ(clock.ticks(), c.shown + 3);
+    }
+}
+
+TEST(SteppingClock, LetsATimerComeDueOnceHoweverLongTheMachineSlept)
+{
+    constexpr std::uint64_t day = 24 * 60 * 60 * 1000;
+    for (const std::uint64_t slept : {day / 100, day, 25 * day, 40 * day, 50 * day, 400 * day}) {
+        std::uint64_t machine = 0xFFFFFF00U; // a clock soon to wrap
+        host::SteppingClock clock(machine);
+        const auto now = [&] { return clock.at(machine); };
+        host::Timeline timeline(now());
+        int sleeps = 0;
+        const std::uint32_t deadline = timeline.ticks() + 25;
+        EXPECT_FALSE(timeline.wait(deadline, now, [&] {
+            machine += slept;
+            ASSERT_EQ(++sleeps, 1);
+        }));
+        EXPECT_GT(host::distance(deadline, timeline.ticks()), ProgramClock::longestLag) << slept;
+        EXPECT_EQ(now(), timeline.ticks());
+        machine += 25;
+        EXPECT_EQ(now(), timeline.ticks() + 25);
     }
 }
 

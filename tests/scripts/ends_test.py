@@ -100,6 +100,10 @@ class EndsTest(DesktopTest):
                 game.send_signal(signal.SIGTERM)
                 self.expect_kept(game)
 
+    def test_a_display_with_ten_bits_a_colour_shows_the_game(self):
+        self.server = start_display(self.addCleanup, depth=30)
+        self.play().kill()
+
     def test_it_stands_on_little(self):
         """No picture can be saved, nobody reads what it says, or there are no streams at all."""
         for streams, folder in (([], "gone"), ([2], "gone"), ([0, 1, 2], "kept")):

@@ -11,18 +11,25 @@
 #include "host/sdl/lost_display.h"
 #include "host/sdl/requests.h"
 #include "host/sdl/screenshot.h"
+#include "host/stepping_clock.h"
 
 namespace desktop {
 namespace {
 
 using host::Event;
 
+std::uint64_t machineMilliseconds()
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<std::uint64_t>(
+        std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+}
+
 /// The machine's own clock: milliseconds since it was started, as on the handheld.
 std::uint32_t machineTicks()
 {
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return static_cast<std::uint32_t>(
-        std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+    static host::SteppingClock clock(machineMilliseconds());
+    return clock.at(machineMilliseconds());
 }
 
 } // namespace
@@ -258,7 +265,9 @@ void DesktopHost::showPointer()
 void DesktopHost::present(const host::Frame &frame, const host::Area &changed)
 {
     input_.setScreen({frame.width, frame.height});
-    window_->show(frame, changed);
+    if (!window_->show(frame, changed) && !displayIsLost() && !std::exchange(blank_, true)) {
+        report(std::string("the window stays empty: ") + SDL_GetError());
+    }
 }
 
 void DesktopHost::describeProgram(std::u16string_view title, const host::Icon &icon)

@@ -57,6 +57,7 @@ private:
     std::string title_;
     host::Problem unkept_; ///< why the store cannot be written
     bool minimized_ = false;
+    bool blank_ = false;  ///< nothing could be drawn, which was reported
     bool quit_ = false;   ///< SDL has said so since the last takeRequests
     bool closed_ = false; ///< and so has the window
 };

@@ -49,12 +49,20 @@ bool startVideo()
     return SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
 }
 
+/// Whether SDL can draw on the display without a graphics library: not with 10 bits a colour.
+bool canDrawPlainly()
+{
+    const char *driver = SDL_GetCurrentVideoDriver();
+    SDL_DisplayMode mode{};
+    return driver && std::strcmp(driver, "x11") == 0 && SDL_GetCurrentDisplayMode(0, &mode) == 0 &&
+           mode.format != SDL_PIXELFORMAT_UNKNOWN;
+}
+
 /// Keeps SDL from drawing through OpenGL, from switching the compositor and the screen saver off,
 /// and from leaving full screen when another window gets the focus.
 void setHints()
 {
-    const char *driver = SDL_GetCurrentVideoDriver();
-    if (driver && std::strcmp(driver, "x11") == 0) {
+    if (canDrawPlainly()) {
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     }
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
@@ -119,7 +127,7 @@ void ScreenWindow::describe(const std::string &name, const host::Icon &icon)
     }
 }
 
-void ScreenWindow::show(const host::Frame &frame, const host::Area &changed)
+bool ScreenWindow::show(const host::Frame &frame, const host::Area &changed)
 {
     frame_ = frame;
     const Size picture{frame.width, frame.height};
@@ -131,8 +139,9 @@ void ScreenWindow::show(const host::Frame &frame, const host::Area &changed)
         SDL_ShowWindow(window_.get());
         listenForLostDisplay(window_.get()); // SDL would wait in vain for a window to be shown
     }
-    draw(changed, turned || !shown_);
+    const bool everything = turned || !shown_;
     shown_ = true;
+    return draw(changed, everything);
 }
 
 void ScreenWindow::showAgain()
@@ -186,12 +195,12 @@ SDL_Surface *ScreenWindow::canvasFor(SDL_Surface *target)
     return canvas_.get();
 }
 
-void ScreenWindow::draw(const host::Area &part, bool everything)
+bool ScreenWindow::draw(const host::Area &part, bool everything)
 {
     SDL_Surface *target = SDL_GetWindowSurface(window_.get());
     SDL_Surface *surface = target ? canvasFor(target) : nullptr;
     if (!surface) {
-        return;
+        return false;
     }
     if (everything) {
         SDL_FillRect(surface, nullptr, SDL_MapRGB(surface->format, 0, 0, 0));
@@ -219,7 +228,7 @@ void ScreenWindow::draw(const host::Area &part, bool everything)
         SDL_Rect where = rect;
         SDL_BlitSurface(surface, &rect, target, &where);
     }
-    SDL_UpdateWindowSurfaceRects(window_.get(), &rect, 1);
+    return SDL_UpdateWindowSurfaceRects(window_.get(), &rect, 1) == 0;
 }
 
 void ScreenWindow::toggleFullScreen()

@@ -26,8 +26,9 @@ public:
     /// The program's name and icon, for the desktop.
     void describe(const std::string &name, const host::Icon &icon);
     void setTitle(const std::string &title);
-    /// Shows the frame, of which `changed` differs from the last one shown.
-    void show(const host::Frame &frame, const host::Area &changed);
+    /// Shows the frame, of which `changed` differs from the last one shown. False when that
+    /// failed; SDL_GetError says why.
+    bool show(const host::Frame &frame, const host::Area &changed);
     /// Shows all of it again, after the window was resized or covered.
     void showAgain();
     /// Shows the stylus pointer over the frame, or hides it. While it shows, the mouse's is hidden.
@@ -58,7 +59,7 @@ private:
     ScreenWindow(SDL_Window *window, Size picture) : window_(window), picture_(picture) {}
     void fitTo(Size picture);
     SDL_Surface *canvasFor(SDL_Surface *target);
-    void draw(const host::Area &part, bool everything = false);
+    bool draw(const host::Area &part, bool everything = false);
 
     std::unique_ptr<SDL_Window, Destroy> window_;
     std::unique_ptr<SDL_Surface, Destroy> canvas_; ///< for displays without 32-bit pixels
