@@ -79,6 +79,13 @@ TEST(Picture, LiesInTheMiddleAtTheLargestWholeScale)
         EXPECT_EQ(placement.left, c.left);
         EXPECT_EQ(placement.top, c.top);
     }
+    for (const auto &[points, pixels, last] :
+         {std::tuple{480, 480, 479}, {480, 600, 599}, {480, 720, 719}, {480, 960, 959}})
+    {
+        const Point at = desktop::toPixels({0, points - 1}, {points, points}, {pixels, pixels});
+        EXPECT_EQ(at.x, pixels / points / 2);
+        EXPECT_EQ(at.y, last);
+    }
     const Placement placement{3, 600, 60};
     EXPECT_FALSE(desktop::isOnPicture({599, 60}, placement, picture));
     EXPECT_TRUE(desktop::isOnPicture({600, 60}, placement, picture));

@@ -99,8 +99,8 @@ std::unique_ptr<ScreenWindow> ScreenWindow::make(Size picture, std::optional<int
                             : Size{picture.width * factor, picture.height * factor};
     constexpr int centred = SDL_WINDOWPOS_CENTERED;
     const Point corner = again ? last->corner : Point{centred, centred};
-    SDL_Window *window = SDL_CreateWindow("", corner.x, corner.y, size.width, size.height,
-                                          SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
+    constexpr Uint32 flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
+    SDL_Window *window = SDL_CreateWindow("", corner.x, corner.y, size.width, size.height, flags);
     if (!window) {
         return nullptr;
     }
@@ -271,12 +271,15 @@ std::optional<WindowPlace> ScreenWindow::lastPlace()
 std::optional<Point> ScreenWindow::pictureAt(Point window, bool outside) const
 {
     Size size;
+    Size pixels;
     SDL_GetWindowSize(window_.get(), &size.width, &size.height);
-    const Placement placement = place(picture_, size);
-    if (!outside && !isOnPicture(window, placement, picture_)) {
+    SDL_GetWindowSizeInPixels(window_.get(), &pixels.width, &pixels.height);
+    const Point pixel = toPixels(window, size, pixels);
+    const Placement placement = place(picture_, pixels);
+    if (!outside && !isOnPicture(pixel, placement, picture_)) {
         return std::nullopt;
     }
-    return toPicture(window, placement, picture_);
+    return toPicture(pixel, placement, picture_);
 }
 
 } // namespace desktop

@@ -14,6 +14,8 @@
 
 namespace desktop {
 
+/// Where the desktop enlarges what windows show, its points are larger than the pixels that the
+/// window is drawn with; the mouse and the window's place are in points.
 class ScreenWindow
 {
 public:
