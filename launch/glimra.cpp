@@ -7,6 +7,8 @@
 
 #include <windows.h>
 
+#include "app/game_app.h"
+#include "app/situation.h"
 #include "handheld.h"
 #include "host/recording_host.h"
 #include "host/sdl/desktop.h"
@@ -63,9 +65,11 @@ int main(int argc, char **argv)
                            {{"store"}, {"scale"}, {"landscape", false}, {"record"}});
     const auto store = line.value("store");
     const auto record = line.value("record");
-    const desktop::Options options{.storeFolder = store.value_or(defaultStore()),
-                                   .scale = line.number("scale", 1, 16),
-                                   .landscape = line.has("landscape")};
+    const desktop::Options options{
+        .storeFolder = store.value_or(defaultStore()),
+        .scale = line.number("scale", 1, 16),
+        .landscape = line.has("landscape"),
+        .needsScreen = [] { return situationOf(gameApp).stage == Stage::Playing; }};
     const auto problem = host::StoreFile(options.storeFolder).makeFolder();
     if (problem && store) {
         return line.complain(*problem);

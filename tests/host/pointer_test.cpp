@@ -105,7 +105,7 @@ TEST(Pointer, ControllerAloneTapsAndQuits)
     SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
     const auto folder = std::filesystem::path(testing::TempDir()) / "pointer_test";
     std::filesystem::create_directories(folder);
-    const auto host = desktop::open({folder, 1, false});
+    const auto host = desktop::open({.storeFolder = folder, .scale = 1, .needsScreen = {}});
     ASSERT_TRUE(host);
     const std::vector<std::uint16_t> pixels(240 * 320);
     host->present({pixels.data(), 240, 320}, {0, 0, 240, 320});

@@ -3,6 +3,7 @@
 
 window_test.py GLIMRA GLIMRA-PILOT
 """
+import ctypes
 import os
 import pathlib
 import random
@@ -179,6 +180,25 @@ class WindowTest(DesktopTest):
             self.assertIn("500x700", place)
             xdotool("key", "ctrl+q")
             self.assertEqual(game.wait(20), 0)
+
+    def test_the_screen_stays_on_while_a_game_runs(self):
+        saver, server = ctypes.CDLL("libXss.so.1"), ctypes.CDLL("libX11.so.6")
+        server.XOpenDisplay.restype = saver.XScreenSaverAllocInfo.restype = ctypes.c_void_p
+        display, info = (ctypes.c_void_p(each) for each in (server.XOpenDisplay(None), saver.XScreenSaverAllocInfo()))
+        root = ctypes.c_ulong(server.XDefaultRootWindow(display))
+
+        def goes_dark():
+            time.sleep(2.5)
+            saver.XScreenSaverQueryInfo(display, root, info)
+            return ctypes.cast(ctypes.c_void_p(info.value + ctypes.sizeof(root)), ctypes.POINTER(ctypes.c_int))[0] == 1
+
+        server.XSetScreenSaver(display, 1, 0, 1, 1)
+        server.XFlush(display)
+        self.addCleanup(server.XSetScreenSaver, display, 0, 0, 1, 1)
+        game = self.start()
+        self.assertTrue(goes_dark(), "on the title page")
+        self.begin_game(game)
+        self.assertFalse(goes_dark(), "in a game")
 
     def test_it_sleeps_while_nothing_happens(self):
         game = self.start()

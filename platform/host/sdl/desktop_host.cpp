@@ -43,12 +43,12 @@ std::unique_ptr<host::Host> open(const Options &options)
     if (!window) {
         return nullptr;
     }
-    return std::make_unique<DesktopHost>(options.storeFolder, std::move(window));
+    return std::make_unique<DesktopHost>(options, std::move(window));
 }
 
-DesktopHost::DesktopHost(const std::filesystem::path &storeFolder,
-                         std::unique_ptr<ScreenWindow> window)
-    : FileHost(storeFolder), window_(std::move(window)), timeline_(machineTicks()),
+DesktopHost::DesktopHost(const Options &options, std::unique_ptr<ScreenWindow> window)
+    : FileHost(options.storeFolder), needsScreen_(options.needsScreen), window_(std::move(window)),
+      timeline_(machineTicks()),
       input_(machineTicks, [this](const Event &event) { timeline_.add(event, machineTicks()); }),
       controllers_(input_, [this] { window_->toggleFullScreen(); })
 {
@@ -79,6 +79,7 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
         controllers_.start();
     }
     showPointer();
+    keepScreenOn(needsScreen_ && needsScreen_());
     const std::uint32_t now = machineTicks();
     std::optional<int> longest;
     const auto limit = [&longest](std::optional<int> milliseconds) {
@@ -97,6 +98,15 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
     }
     controllers_.update();
     loudspeaker_.tend(machineTicks());
+}
+
+/// Controllers do not keep it on by themselves.
+void DesktopHost::keepScreenOn(bool on)
+{
+    if (on != screenKeptOn_ && !displayIsLost()) {
+        screenKeptOn_ = on;
+        on ? SDL_DisableScreenSaver() : SDL_EnableScreenSaver();
+    }
 }
 
 void DesktopHost::takeEvents()

@@ -45,6 +45,7 @@ bool startVideo()
 {
     // Without a folder for sockets, Wayland's library complains on the terminal.
     const bool tryWayland = std::getenv("XDG_RUNTIME_DIR") != nullptr;
+    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1"); // until it is asked not to
     SDL_SetHint(SDL_HINT_VIDEODRIVER, tryWayland ? "x11,wayland,KMSDRM" : "x11,KMSDRM");
     return SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
 }
@@ -58,8 +59,8 @@ bool canDrawPlainly()
            mode.format != SDL_PIXELFORMAT_UNKNOWN;
 }
 
-/// Keeps SDL from drawing through OpenGL, from switching the compositor and the screen saver off,
-/// and from leaving full screen when another window gets the focus.
+/// Keeps SDL from drawing through OpenGL, from switching the compositor off, and from leaving full
+/// screen when another window gets the focus.
 void setHints()
 {
     if (canDrawPlainly()) {
@@ -67,7 +68,6 @@ void setHints()
     }
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
     SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
-    SDL_EnableScreenSaver();
 }
 
 void drawPointer(const host::PointerLook &look, const host::Frame &frame,
