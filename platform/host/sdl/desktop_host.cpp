@@ -50,7 +50,9 @@ DesktopHost::DesktopHost(const Options &options, std::unique_ptr<ScreenWindow> w
     : FileHost(options.storeFolder), needsScreen_(options.needsScreen), window_(std::move(window)),
       timeline_(machineTicks()),
       input_(machineTicks, [this](const Event &event) { timeline_.add(event, machineTicks()); }),
-      controllers_(input_, [this] { window_->toggleFullScreen(); })
+      controllers_(
+          input_, storeFolder(), [this] { window_->toggleFullScreen(); },
+          [this](const std::string &line) { report(line); })
 {
     listenForRequests();
 }
