@@ -28,15 +28,15 @@ DWORD readVersion(HKEY key)
     return version;
 }
 
-/// The stored bytes, however many; nothing when there is no such value.
-std::optional<std::vector<BYTE>> readApp(HKEY key)
+/// A value's bytes, however many; nothing when there is no such value.
+std::optional<std::vector<BYTE>> readBytes(HKEY key, LPCWSTR name)
 {
     DWORD size = 0;
-    if (RegQueryValueExW(key, appValue, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS) {
+    if (RegQueryValueExW(key, name, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS) {
         return {};
     }
     std::vector<BYTE> bytes(size);
-    if (RegQueryValueExW(key, appValue, nullptr, nullptr, bytes.data(), &size) != ERROR_SUCCESS) {
+    if (RegQueryValueExW(key, name, nullptr, nullptr, bytes.data(), &size) != ERROR_SUCCESS) {
         return {};
     }
     return bytes;
@@ -62,10 +62,27 @@ std::optional<std::string> takeBytes(AppRecord &app, const std::vector<BYTE> &by
     return fault;
 }
 
+void writeBytes(HKEY key, LPCWSTR name, const std::vector<BYTE> &bytes)
+{
+    RegSetValueExW(key, name, 0, REG_BINARY, bytes.data(), static_cast<DWORD>(bytes.size()));
+}
+
+/// One that was kept before gets the first free number.
 void keepRejected(HKEY key, const std::vector<BYTE> &bytes, const std::string &reason)
 {
-    RegSetValueExW(key, rejectedValue, 0, REG_BINARY, bytes.data(),
-                   static_cast<DWORD>(bytes.size()));
+    const auto before = readBytes(key, rejectedValue);
+    if (before && *before != bytes) {
+        std::u16string name;
+        int number = 0;
+        do {
+            name = std::u16string(rejectedValue) + u'.';
+            for (const char digit : std::to_string(++number)) {
+                name += static_cast<char16_t>(digit);
+            }
+        } while (readBytes(key, name.c_str()));
+        writeBytes(key, name.c_str(), *before);
+    }
+    writeBytes(key, rejectedValue, bytes);
     std::fprintf(stderr,
                  "glimra: the stored game is not used (%s); it is kept under the name "
                  "app.rejected\n",
@@ -101,7 +118,7 @@ bool loadSettings(AppRecord &app)
         return false;
     }
     bool loaded = false;
-    if (const std::optional<std::vector<BYTE>> bytes = readApp(key)) {
+    if (const std::optional<std::vector<BYTE>> bytes = readBytes(key, appValue)) {
         const std::optional<std::string> reason = takeBytes(app, *bytes, readVersion(key));
         loaded = !reason;
         if (reason) {

@@ -8,9 +8,11 @@
 #include <windows.h>
 
 #include "app/game_log.h"
+#include "app/situation.h"
 #include "handheld.h"
 #include "host/new_file.h"
 #include "host/sdl/desktop.h"
+#include "host/standard_streams.h"
 #include "host/store_file.h"
 #include "launch/command_line.h"
 #include "launch/game_subject.h"
@@ -57,7 +59,7 @@ std::filesystem::path defaultStore()
         return std::filesystem::path(data) / "glimra";
     }
     const char *home = std::getenv("HOME");
-    if (!home) {
+    if (!home || home[0] != '/') {
         const passwd *user = getpwuid(getuid());
         home = user ? user->pw_dir : "/";
     }
@@ -111,6 +113,7 @@ int playRecorded(desktop::Desktop &host, const CommandLine &line, SessionRecords
 
 int main(int argc, char **argv)
 {
+    host::secureStandardStreams();
     const CommandLine line(argc, argv, {"glimra", usage, "glimra " GLIMRA_VERSION "\n"},
                            {{"store"},
                             {"scale"},
@@ -121,9 +124,11 @@ int main(int argc, char **argv)
                            1);
     const handheld::Program program{WinMain, programResources()};
     const auto store = line.value("store");
-    const desktop::Options options{.storeFolder = store.value_or(defaultStore()),
-                                   .scale = line.number("scale", 1, 16),
-                                   .landscape = line.has("landscape")};
+    const desktop::Options options{
+        .storeFolder = store.value_or(defaultStore()),
+        .scale = line.number("scale", 1, 16),
+        .landscape = line.has("landscape"),
+        .needsScreen = [] { return situationOf(gameApp).stage == Stage::Playing; }};
     if (line.has("watch")) {
         return watchRecord(line, options.storeFolder, program);
     }

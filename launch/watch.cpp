@@ -13,6 +13,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "app/situation.h"
 #include "host/descriptor.h"
 #include "host/sdl/desktop.h"
 #include "launch/game_subject.h"
@@ -77,8 +78,11 @@ void say(const host::Descriptor &parent, const std::string &line)
 int show(const Viewing &viewing, const View &view, const host::Descriptor &parent)
 {
     const bool landscape = viewing.record.beginning.landscape;
-    const auto window = desktop::open(
-        {.storeFolder = viewing.folder, .scale = viewing.scale, .landscape = landscape});
+    const auto window =
+        desktop::open({.storeFolder = viewing.folder,
+                       .scale = viewing.scale,
+                       .landscape = landscape,
+                       .needsScreen = [] { return situationOf(gameApp).stage == Stage::Playing; }});
     if (!window) {
         return 1;
     }

@@ -21,9 +21,10 @@ endif()
 
 if(GLIMRA_DESKTOP)
   add_script_test(window scripts/window_test.py $<TARGET_FILE:glimra> $<TARGET_FILE:glimra-pilot>)
+  add_script_test(ends scripts/ends_test.py $<TARGET_FILE:glimra> $<TARGET_FILE:glimra-pilot>)
   add_script_test(manual scripts/manual_test.py ${PROJECT_SOURCE_DIR} $<TARGET_FILE:glimra>
                   $<TARGET_FILE:glimra-pilot>)
-  set_tests_properties(window PROPERTIES LABELS real-time)
+  set_tests_properties(window ends PROPERTIES LABELS real-time)
 endif()
 
 # Random scripts, on damaged stores too; the sanitizers see most.

@@ -9,12 +9,18 @@
 namespace host {
 
 Descriptor::Descriptor(const std::filesystem::path &file, int flags)
-    : number_(open(file.c_str(), flags | O_CLOEXEC, 0666))
-{}
+{
+    do {
+        number_ = open(file.c_str(), flags | O_CLOEXEC, 0666);
+    } while (number_ < 0 && errno == EINTR);
+}
 
-bool Descriptor::close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
+bool Descriptor::close()
+{
+    return number_ < 0 || ::close(std::exchange(number_, -1)) == 0 || errno == EINTR;
+}
 
-std::optional<std::string> Descriptor::readAll() const
+std::optional<std::string> Descriptor::readAll(std::size_t most) const
 {
     std::string text;
     char block[4096];
@@ -22,6 +28,10 @@ std::optional<std::string> Descriptor::readAll() const
         const ssize_t count = read(number_, block, sizeof block);
         if (count > 0) {
             text.append(block, static_cast<std::size_t>(count));
+            if (text.size() > most) {
+                errno = EFBIG;
+                return std::nullopt;
+            }
         } else if (count == 0) {
             return text;
         } else if (errno != EINTR) {

@@ -30,13 +30,14 @@ public:
     int number() const { return number_; }
     /// False when something written before could not be kept; errno says why.
     bool close();
-    /// Everything up to the end of the file; none when reading failed, and errno says why.
-    std::optional<std::string> readAll() const;
+    /// Everything up to the end of the file; none when reading failed or there are more than
+    /// `most` bytes, and errno says why.
+    std::optional<std::string> readAll(std::size_t most = std::string::npos) const;
     /// False when not all of it could be written; errno says why.
     [[nodiscard]] bool writeAll(std::span<const std::byte> bytes) const;
 
 private:
-    int number_;
+    int number_ = -1;
 };
 
 } // namespace host

@@ -27,6 +27,7 @@ bool FileHost::worked(const Problem &problem)
     if (problem && !std::exchange(problemReported_, true)) {
         report("the settings and the game are not kept: " + *problem);
     }
+    storeTried(problem);
     return !problem;
 }
 

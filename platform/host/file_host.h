@@ -25,6 +25,8 @@ public:
     void report(std::string_view line) final;
 
 protected:
+    /// The store was used: what went wrong, or nothing any more.
+    virtual void storeTried(const Problem &) {}
     const std::filesystem::path &storeFolder() const { return store_.folder(); }
 
 private:

@@ -3,10 +3,11 @@
 
 #include <cctype>
 #include <csignal>
-#include <fstream>
 
 #include <spawn.h>
 #include <unistd.h>
+
+#include "host/files.h"
 
 namespace host {
 namespace {
@@ -15,7 +16,8 @@ std::string fileUrl(const std::filesystem::path &file)
 {
     constexpr char digits[] = "0123456789ABCDEF";
     std::string url = "file://";
-    for (const char c : std::filesystem::absolute(file).string()) {
+    std::error_code nowhere; // the current folder is gone
+    for (const char c : std::filesystem::absolute(file, nowhere).string()) {
         const auto byte = static_cast<unsigned char>(c);
         if (std::isalnum(byte) != 0 || std::strchr("/-._~", c)) {
             url += c;
@@ -26,7 +28,8 @@ std::string fileUrl(const std::filesystem::path &file)
     return url;
 }
 
-/// Starts a program that nobody waits for. Returns an error number, 0 for none.
+/// Starts a program that nobody waits for, with signals as they usually are. Returns an error
+/// number, 0 for none.
 int start(const char *program, const std::string &argument)
 {
     struct sigaction action
@@ -37,8 +40,18 @@ int start(const char *program, const std::string &argument)
     sigaction(SIGCHLD, &action, nullptr);
     std::string words[] = {program, argument};
     char *const arguments[] = {words[0].data(), words[1].data(), nullptr};
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    sigset_t signals;
+    sigemptyset(&signals);
+    posix_spawnattr_setsigmask(&attributes, &signals);
+    sigaddset(&signals, SIGPIPE);
+    posix_spawnattr_setsigdefault(&attributes, &signals);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
     pid_t process = 0;
-    return posix_spawnp(&process, program, nullptr, nullptr, arguments, environ);
+    const int error = posix_spawnp(&process, program, nullptr, &attributes, arguments, environ);
+    posix_spawnattr_destroy(&attributes);
+    return error;
 }
 
 } // namespace
@@ -47,12 +60,8 @@ Problem openHelpPage(const std::filesystem::path &folder, std::span<const std::b
                      std::string_view anchor)
 {
     const std::filesystem::path file = folder / "help.html";
-    std::ofstream out(file, std::ios::binary);
-    out.write(reinterpret_cast<const char *>(page.data()),
-              static_cast<std::streamsize>(page.size()));
-    out.close();
-    if (!out) {
-        return "the help page could not be written to " + file.string();
+    if (const auto problem = replaceFile(file, page)) {
+        return "the help page cannot be written: " + *problem;
     }
     const int error = start("xdg-open", fileUrl(file) + '#' + std::string(anchor));
     return error == 0 ? std::nullopt

@@ -1,6 +1,9 @@
 // Writes PNG files with libpng.
 #include "host/png.h"
 
+#include <fcntl.h>
+
+#include "host/descriptor.h"
 #include "host/pixel.h"
 
 #include <png.h>
@@ -23,16 +26,29 @@ std::vector<png_byte> expand(const Frame &frame)
 
 } // namespace
 
-Problem writePng(const std::filesystem::path &file, const Frame &frame)
+std::vector<std::byte> encodePng(const Frame &frame)
 {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(frame.width);
     image.height = static_cast<png_uint_32>(frame.height);
     image.format = PNG_FORMAT_RGB;
+    const auto pixels = expand(frame);
+    png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(image);
+    std::vector<std::byte> bytes(size);
     const int written =
-        png_image_write_to_file(&image, file.c_str(), 0, expand(frame).data(), 0, nullptr);
-    return written != 0 ? std::nullopt : Problem(file.string() + ": " + image.message);
+        png_image_write_to_memory(&image, bytes.data(), &size, 0, pixels.data(), 0, nullptr);
+    bytes.resize(written != 0 ? size : 0);
+    return bytes;
+}
+
+Problem writePng(const std::filesystem::path &file, const Frame &frame)
+{
+    Descriptor target(file, O_WRONLY | O_CREAT | O_TRUNC);
+    const auto bytes = encodePng(frame);
+    return target && !bytes.empty() && target.writeAll(bytes) && target.close()
+               ? std::nullopt
+               : Problem(fileProblem(file));
 }
 
 } // namespace host

@@ -1,33 +1,32 @@
-// The store on disk. POSIX calls, because the order in which things reach the disk matters.
+// The file registry.reg and its folder.
 #include "host/store_file.h"
 
 #include <cstdio>
-#include <system_error>
 #include <utility>
 
-#include <fcntl.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
-#include "host/descriptor.h"
+#include "host/files.h"
 
 namespace host {
 namespace {
-
-/// errno is that of the step that failed.
-bool writeToDisk(const std::filesystem::path &file, std::span<const std::byte> bytes)
-{
-    Descriptor target(file, O_WRONLY | O_CREAT | O_TRUNC);
-    return target && target.writeAll(bytes) && fsync(target.number()) == 0 && target.close();
-}
 
 /// A name that no file has: `name` with the first free number behind it.
 std::string numbered(const std::string &name)
 {
     int number = 1;
-    while (std::filesystem::exists(name + '.' + std::to_string(number))) {
+    while (isTaken(name + '.' + std::to_string(number))) {
         ++number;
     }
     return name + '.' + std::to_string(number);
+}
+
+bool isFolder(const std::filesystem::path &path)
+{
+    struct stat known
+    {
+    };
+    return stat(path.c_str(), &known) == 0 && S_ISDIR(known.st_mode);
 }
 
 } // namespace
@@ -38,24 +37,25 @@ StoreFile::StoreFile(std::filesystem::path folder)
 
 Problem StoreFile::makeFolder() const
 {
-    std::error_code error;
-    std::filesystem::create_directories(folder_, error);
-    if (!error && !std::filesystem::is_directory(folder_, error) && !error) {
-        error = std::make_error_code(std::errc::not_a_directory);
+    constexpr mode_t forItsOwner = 0700;
+    std::filesystem::path made;
+    int error = 0;
+    for (const auto &part : folder_) {
+        made /= part;
+        error = mkdir(made.c_str(), forItsOwner) == 0 ? 0 : errno;
     }
-    return error ? Problem(fileProblem(folder_, error.value())) : std::nullopt;
+    if (isFolder(folder_)) {
+        return std::nullopt;
+    }
+    return fileProblem(folder_, error == EEXIST ? ENOTDIR : error);
 }
 
 Result<std::optional<std::vector<std::byte>>> StoreFile::load()
 {
-    const Descriptor file(file_, O_RDONLY);
-    if (!file && errno == ENOENT) {
-        return {};
-    }
-    const auto text = file ? file.readAll() : std::nullopt;
+    const auto [text, problem] = readFile(file_);
     if (!text) {
-        protected_ = true;
-        return {{}, fileProblem(file_)};
+        protected_ = problem.has_value();
+        return {{}, problem};
     }
     const auto bytes = std::as_bytes(std::span(*text));
     return {std::vector(bytes.begin(), bytes.end()), {}};
@@ -64,34 +64,27 @@ Result<std::optional<std::vector<std::byte>>> StoreFile::load()
 Problem StoreFile::save(std::span<const std::byte> bytes)
 {
     if (protected_) {
-        return file_.string() + ": left as it is, because no copy of it could be kept";
+        return file_.string() + ": left as it is, because it cannot be read or set aside";
     }
-    const std::filesystem::path fresh = file_.string() + ".new";
-    if (!writeToDisk(fresh, bytes) || std::rename(fresh.c_str(), file_.c_str()) != 0) {
-        const int error = errno;
-        unlink(fresh.c_str());
-        return fileProblem(file_, error);
+    if (!isFolder(folder_)) {
+        if (auto problem = makeFolder()) {
+            return problem;
+        }
     }
-    // The new name is safe once the folder is on the disk. Some file systems cannot do that; the
-    // bytes are safe all the same.
-    if (const Descriptor folder(folder_, O_RDONLY | O_DIRECTORY); folder) {
-        fsync(folder.number());
-    }
-    return std::nullopt;
+    return replaceFile(file_, bytes);
 }
 
 Problem StoreFile::setAside()
 {
-    const std::string bad = file_.string() + ".bad";
-    std::error_code error;
-    if (std::filesystem::exists(bad)) {
-        std::filesystem::rename(bad, numbered(bad), error);
+    const std::string file = linkedFile(file_);
+    const std::string bad = file + ".bad";
+    if ((isTaken(bad) && std::rename(bad.c_str(), numbered(bad).c_str()) != 0) ||
+        std::rename(file.c_str(), bad.c_str()) != 0)
+    {
+        protected_ = true;
+        return fileProblem(file_);
     }
-    if (!error) {
-        std::filesystem::rename(file_, bad, error);
-    }
-    protected_ = protected_ || error;
-    return error ? Problem(fileProblem(file_, error.value())) : std::nullopt;
+    return std::nullopt;
 }
 
 } // namespace host

@@ -1,4 +1,5 @@
-// The store on disk: registry.reg in a folder, replaced as a whole or not at all.
+// The store on disk: registry.reg in a folder, replaced as a whole or not at all. It may be a
+// symbolic link; then everything happens where that leads.
 #pragma once
 
 #include <cstddef>
@@ -18,13 +19,13 @@ public:
 
     const std::filesystem::path &folder() const { return folder_; }
 
-    /// Makes the folder when it is missing.
+    /// Makes the folder when it is missing, for its owner alone.
     [[nodiscard]] Problem makeFolder() const;
     /// The bytes of registry.reg; none when there is no such file. One that cannot be read is a
     /// problem, and nothing is saved over it.
     [[nodiscard]] Result<std::optional<std::vector<std::byte>>> load();
-    /// Replaces registry.reg: written beside it, brought to the disk, renamed. When that fails,
-    /// the old file is as it was.
+    /// Replaces registry.reg; when that fails, the old file is as it was. A folder that is gone is
+    /// made again.
     [[nodiscard]] Problem save(std::span<const std::byte> bytes);
     /// Renames registry.reg to registry.reg.bad; a file that has that name already first gets
     /// the name registry.reg.bad.1, or .2, ... whichever is free. When that fails, nothing is saved

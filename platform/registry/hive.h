@@ -32,6 +32,11 @@ public:
         const auto found = byName_.find(folded(name));
         return found == byName_.end() ? nullptr : &*found->second;
     }
+    const Item *find(std::u16string_view name) const
+    {
+        const auto found = byName_.find(folded(name));
+        return found == byName_.end() ? nullptr : &*found->second;
+    }
 
     /// The item of that name, created when there is none.
     Item &obtain(std::u16string_view name)

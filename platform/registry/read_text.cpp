@@ -44,6 +44,13 @@ std::vector<BYTE> textData(std::u16string_view text)
     return data;
 }
 
+/// Whether nothing, or only a comment, is left of a line.
+bool isOver(std::u16string_view line)
+{
+    const std::size_t start = line.find_first_not_of(u" \t\r");
+    return start == std::u16string_view::npos || line[start] == u';';
+}
+
 std::string problemAt(std::size_t line, std::string_view reason)
 {
     return "line " + std::to_string(line) + ": " + std::string(reason);
@@ -95,9 +102,13 @@ private:
         take();
         return true;
     }
+    /// Of A to Z, either case.
     bool accept(std::u16string_view word)
     {
-        if (!text_.substr(position_).starts_with(word)) {
+        const std::u16string_view next = text_.substr(position_, word.size());
+        if (!std::equal(word.begin(), word.end(), next.begin(), next.end(),
+                        [](char16_t a, char16_t b) { return base::folded(a) == base::folded(b); }))
+        {
             return false;
         }
         position_ += word.size();
@@ -125,6 +136,9 @@ private:
 
     bool readHeader()
     {
+        while (!atEnd() && isOver(restOfLine())) {
+            endLine();
+        }
         if (accept(olderHeader)) {
             narrow_ = true;
         } else if (!accept(header)) {
@@ -153,13 +167,19 @@ private:
     bool readKey()
     {
         const std::u16string_view line = restOfLine();
-        const std::size_t bracket = line.rfind(u']');
+        std::size_t bracket = line.find(u']');
+        while (bracket != std::u16string_view::npos && !isOver(line.substr(bracket + 1))) {
+            bracket = line.find(u']', bracket + 1);
+        }
         if (bracket == std::u16string_view::npos) {
-            return fail("the key's closing bracket is missing");
+            return fail("no closing bracket ends the key");
         }
         std::u16string_view path = line.substr(1, bracket - 1);
         const bool deletes = path.starts_with(u'-');
         path.remove_prefix(deletes ? 1 : 0);
+        while (path.ends_with(u'\\')) { // some write the topmost keys so
+            path.remove_suffix(1);
+        }
         if (path.empty()) {
             return fail("the key has no name");
         }
@@ -265,15 +285,12 @@ private:
         // Older files have one byte per character.
         const bool widen = narrow_ && (value.type == REG_SZ || value.type == REG_EXPAND_SZ ||
                                        value.type == REG_MULTI_SZ);
-        if (!continueLine()) {
-            return false;
-        }
-        if (peek() == u'\n' || peek() == u';') {
-            return true;
-        }
         do {
             if (!continueLine()) {
                 return false;
+            }
+            if (isOver(restOfLine()) && (!atEnd() || value.data.empty())) {
+                return true; // none at all, or a comma behind the last
             }
             const std::optional<DWORD> byte = readNumber(2);
             if (!byte) {
@@ -288,17 +305,23 @@ private:
         return true;
     }
 
-    /// Skips blanks, and a backslash with the line end after it.
+    /// Skips blanks, and a backslash with the line end and the comments after it.
     bool continueLine()
     {
         skipBlanks();
-        if (accept(u'\\')) {
-            skipBlanks();
+        if (!accept(u'\\')) {
+            return true;
+        }
+        do {
+            if (!isOver(restOfLine())) {
+                return fail("the line does not go on after the backslash");
+            }
+            position_ += restOfLine().size();
             if (!accept(u'\n')) {
                 return fail("the line does not go on after the backslash");
             }
             skipBlanks();
-        }
+        } while (peek() == u';');
         return true;
     }
 
@@ -323,18 +346,32 @@ private:
     std::optional<std::string> problem_;
 };
 
+/// Whether it is a file of the older kind: comments may come before the line that says so.
+bool isOlder(std::string_view bytes)
+{
+    for (;;) {
+        bytes.remove_prefix(std::min(bytes.find_first_not_of(" \t\r\n"), bytes.size()));
+        if (!bytes.starts_with(';')) {
+            return bytes.starts_with("REGEDIT4");
+        }
+        bytes.remove_prefix(std::min(bytes.find('\n'), bytes.size()));
+    }
+}
+
 /// Appends the file's text, whatever its encoding. REGEDIT4 files count as Latin-1.
 std::optional<std::string> decode(std::string_view bytes, std::u16string &text)
 {
     const auto append = [&text](unsigned unit) { text += static_cast<char16_t>(unit); };
     const auto byteAt = [&bytes](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
     const char *reason = nullptr;
-    if (bytes.starts_with("\xFF\xFE")) {
+    const bool bigEndian = bytes.starts_with("\xFE\xFF");
+    if (bigEndian || bytes.starts_with("\xFF\xFE")) {
+        const std::size_t low = bigEndian ? 1 : 0;
         for (std::size_t i = 2; i + 1 < bytes.size(); i += 2) {
-            append(byteAt(i) | static_cast<unsigned>(byteAt(i + 1)) << 8U);
+            append(byteAt(i + low) | static_cast<unsigned>(byteAt(i + 1 - low)) << 8U);
         }
         reason = bytes.size() % 2 == 0 ? nullptr : "it ends within a character";
-    } else if (bytes.starts_with("REGEDIT4")) {
+    } else if (isOlder(bytes)) {
         for (std::size_t i = 0; i < bytes.size(); ++i) {
             append(byteAt(i));
         }

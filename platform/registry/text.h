@@ -1,7 +1,8 @@
 // The registry as text, in the syntax of ordinary registry editors.
 //
-// Reads UTF-8 and UTF-16LE files of version 5 and the older REGEDIT4 ones, with LF or CR LF. Writes
-// UTF-8 with LF, the keys and values in their order.
+// Reads UTF-8 and UTF-16 files of version 5 and the older REGEDIT4 ones, with LF or CR LF. Writes
+// UTF-8 with LF, the keys and values in their order, and before a key those above it, because not
+// every editor makes them by itself.
 #pragma once
 
 #include <cstddef>

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "base/utf.h"
 #include "winreg.h"
@@ -106,18 +107,46 @@ void appendValue(std::string &out, const Value &value)
     out += '\n';
 }
 
-} // namespace
-
-std::string writeText(const Hive &hive)
+class Writer
 {
-    std::string out = "Windows Registry Editor Version 5.00\n";
-    for (const Key &key : hive) {
-        out += "\n[" + encode(key.name) + "]\n";
-        for (const Value &value : key.values) {
-            appendValue(out, value);
+public:
+    explicit Writer(const Hive &hive) : hive_(hive) {}
+
+    std::string write()
+    {
+        for (const Key &key : hive_) {
+            for (std::size_t end = key.name.find(u'\\'); end != key.name.npos;) {
+                end = key.name.find(u'\\', end + 1); // the topmost ones always exist
+                writeKey(std::u16string_view(key.name).substr(0, end));
+            }
+            writeKey(key.name);
+        }
+        return std::move(out_);
+    }
+
+private:
+    void writeKey(std::u16string_view path)
+    {
+        if (path.ends_with(u'\\') || written_.find(path)) {
+            return;
+        }
+        written_.obtain(path);
+        const Key *key = hive_.find(path);
+        out_ += "\n[" + encode(key ? key->name : path) + "]\n";
+        if (key) {
+            for (const Value &value : key->values) {
+                appendValue(out_, value);
+            }
         }
     }
-    return out;
-}
+
+    const Hive &hive_;
+    Hive written_; ///< the names alone
+    std::string out_ = "Windows Registry Editor Version 5.00\n";
+};
+
+} // namespace
+
+std::string writeText(const Hive &hive) { return Writer(hive).write(); }
 
 } // namespace registry

@@ -9,6 +9,8 @@
 #include "host/program_clock.h"
 #include "host/sdl/picture.h"
 #include "host/sdl/window_place.h"
+#include "host/stepping_clock.h"
+#include "host/timeline.h"
 
 namespace {
 
@@ -40,6 +42,27 @@ TEST(ProgramClock, StepsThroughDueMomentsAndGivesUpLongStalls)
     }
 }
 
+TEST(SteppingClock, LetsATimerComeDueOnceHoweverLongTheMachineSlept)
+{
+    constexpr std::uint64_t day = 24 * 60 * 60 * 1000;
+    for (const std::uint64_t slept : {day / 100, day, 25 * day, 40 * day, 50 * day, 400 * day}) {
+        std::uint64_t machine = 0xFFFFFF00U; // a clock soon to wrap
+        host::SteppingClock clock(machine);
+        const auto now = [&] { return clock.at(machine); };
+        host::Timeline timeline(now());
+        int sleeps = 0;
+        const std::uint32_t deadline = timeline.ticks() + 25;
+        EXPECT_FALSE(timeline.wait(deadline, now, [&] {
+            machine += slept;
+            ASSERT_EQ(++sleeps, 1);
+        }));
+        EXPECT_GT(host::distance(deadline, timeline.ticks()), ProgramClock::longestLag) << slept;
+        EXPECT_EQ(now(), timeline.ticks());
+        machine += 25;
+        EXPECT_EQ(now(), timeline.ticks() + 25);
+    }
+}
+
 TEST(Picture, LiesInTheMiddleAtTheLargestWholeScale)
 {
     struct Case
@@ -55,6 +78,13 @@ TEST(Picture, LiesInTheMiddleAtTheLargestWholeScale)
         EXPECT_EQ(placement.scale, c.scale);
         EXPECT_EQ(placement.left, c.left);
         EXPECT_EQ(placement.top, c.top);
+    }
+    for (const auto &[points, pixels, last] :
+         {std::tuple{480, 480, 479}, {480, 600, 599}, {480, 720, 719}, {480, 960, 959}})
+    {
+        const Point at = desktop::toPixels({0, points - 1}, {points, points}, {pixels, pixels});
+        EXPECT_EQ(at.x, pixels / points / 2);
+        EXPECT_EQ(at.y, last);
     }
     const Placement placement{3, 600, 60};
     EXPECT_FALSE(desktop::isOnPicture({599, 60}, placement, picture));

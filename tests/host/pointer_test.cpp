@@ -1,6 +1,8 @@
 // The stylus without a mouse: by a keyboard's arrows, and by a controller that SDL makes up.
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 
 #include <gtest/gtest.h>
 
@@ -105,7 +107,7 @@ TEST(Pointer, ControllerAloneTapsAndQuits)
     SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
     const auto folder = std::filesystem::path(testing::TempDir()) / "pointer_test";
     std::filesystem::create_directories(folder);
-    const auto host = desktop::open({folder, 1, false});
+    const auto host = desktop::open({.storeFolder = folder, .scale = 1, .needsScreen = {}});
     ASSERT_TRUE(host);
     const std::vector<std::uint16_t> pixels(240 * 320);
     host->present({pixels.data(), 240, 320}, {0, 0, 240, 320});
@@ -146,6 +148,57 @@ TEST(Pointer, ControllerAloneTapsAndQuits)
     EXPECT_TRUE(press(SDL_CONTROLLER_BUTTON_X, false).empty());
     EXPECT_EQ(press(SDL_CONTROLLER_BUTTON_START, true).back().kind, Kind::Close);
     SDL_JoystickClose(stick);
+}
+
+TEST(Controllers, ComeGoAndAreTaught)
+{
+    setenv("SDL_VIDEODRIVER", "dummy", 1);
+    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
+    const auto folder = std::filesystem::path(testing::TempDir()) / "controllers_test";
+    std::filesystem::create_directories(folder);
+    const auto plugIn = [](SDL_JoystickType type) {
+        return SDL_JoystickAttachVirtual(type, 0, 1, 0);
+    };
+    const auto idOf = [&](int index) {
+        char id[33];
+        SDL_JoystickGetGUIDString(SDL_JoystickGetDeviceGUID(index), id, sizeof id);
+        return std::string(id).replace(4, 4, "0000");
+    };
+    SDL_InitSubSystem(SDL_INIT_JOYSTICK);
+    std::ofstream(folder / "gamecontrollerdb.txt")
+        << idOf(plugIn(SDL_JOYSTICK_TYPE_DRUM_KIT)) << ",taught,x:b0,\n";
+    SDL_QuitSubSystem(SDL_INIT_JOYSTICK);
+
+    const auto host = desktop::open({.storeFolder = folder, .scale = 1, .needsScreen = {}});
+    const std::vector<std::uint16_t> pixels(240 * 320);
+    host->present({pixels.data(), 240, 320}, {0, 0, 240, 320});
+    const auto events = [&] {
+        std::vector<Kind> kinds;
+        const std::uint32_t end = host->ticks() + 60;
+        while (const auto event = host->wait(end)) {
+            kinds.push_back(event->kind);
+        }
+        return kinds;
+    };
+    events();
+    for (int round = 0; round < 2; ++round) {
+        const int index = plugIn(SDL_JOYSTICK_TYPE_DRUM_KIT); // back again, or another
+        events();
+        SDL_Joystick *stick = SDL_JoystickOpen(index);
+        SDL_JoystickSetVirtualButton(stick, 0, 1);
+        EXPECT_EQ(events(), std::vector{Kind::KeyDown});
+        SDL_JoystickClose(stick);
+        SDL_JoystickDetachVirtual(index); // in mid-press
+        EXPECT_EQ(events(), std::vector{Kind::KeyUp});
+    }
+    testing::internal::CaptureStderr();
+    const std::string id = idOf(plugIn(SDL_JOYSTICK_TYPE_GUITAR));
+    events();
+    plugIn(SDL_JOYSTICK_TYPE_GUITAR);
+    events();
+    const std::string line = testing::internal::GetCapturedStderr();
+    EXPECT_NE(line.find(id + " in " + (folder / "gamecontrollerdb.txt").string()), line.npos);
+    EXPECT_EQ(std::count(line.begin(), line.end(), '\n'), 1) << "it is said once";
 }
 
 } // namespace

@@ -1,16 +1,36 @@
 // The store on disk, and texts on their way to the host.
+#include <cerrno>
 #include <csignal>
+#include <deque>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
 #include "base/utf.h"
 #include "host/store_file.h"
+
+namespace {
+
+std::deque<int> fsyncErrors; ///< what the next calls come to; then all of them work
+
+} // namespace
+
+/// In the place of the system's.
+extern "C" int fsync(int)
+{
+    if (!fsyncErrors.empty()) {
+        errno = fsyncErrors.front();
+        fsyncErrors.pop_front();
+        return errno == 0 ? 0 : -1;
+    }
+    return 0;
+}
 
 namespace {
 
@@ -57,6 +77,12 @@ TEST_F(StoreTest, MakesItsFolderAndReplacesItsFileAsAWhole)
     ASSERT_TRUE(loaded);
     EXPECT_EQ(loaded->size(), 6U);
     EXPECT_TRUE(host::StoreFile(deep / "registry.reg").makeFolder());
+    fs::remove_all(folder / "a");
+    EXPECT_FALSE(store.save(bytes("third"))) << "its folder is made again";
+    EXPECT_EQ(content("a/b/registry.reg"), "third");
+    for (const fs::path &made : {folder / "a", deep}) {
+        EXPECT_EQ(fs::status(made).permissions(), fs::perms::owner_all);
+    }
 }
 
 TEST_F(StoreTest, FullDiskLeavesTheOldFileWhole)
@@ -91,12 +117,60 @@ TEST_F(StoreTest, WhatIsSetAsideIsNeverLost)
     EXPECT_TRUE(store.save(bytes("four"))) << "what could not be set aside is not replaced";
 }
 
-TEST_F(StoreTest, WhatCannotBeReadIsNotReplaced)
+TEST_F(StoreTest, WhatIsNoFileToReadIsNamedAndNotReplaced)
 {
-    fs::create_directory(folder / "registry.reg");
+    const fs::path file = folder / "registry.reg";
+    const auto make = [&](std::string_view kind) {
+        if (kind == "folder") {
+            fs::create_directory(file);
+        } else if (kind == "pipe") {
+            mkfifo(file.c_str(), 0600);
+        } else if (kind == "large") {
+            std::ofstream(file) << std::string((1 << 20) + 1, ' ');
+        } else {
+            fs::create_symlink(kind, file);
+        }
+    };
+    for (const char *kind : {"folder", "pipe", "large", "/dev/zero", "registry.reg"}) {
+        make(kind);
+        host::StoreFile store(folder);
+        const auto problem = store.load().problem;
+        ASSERT_TRUE(problem) << kind;
+        EXPECT_TRUE(problem->starts_with(file.string())) << *problem;
+        EXPECT_TRUE(store.save(bytes("new"))) << kind;
+        EXPECT_EQ(count(), 1) << kind;
+        fs::remove(file);
+    }
+}
+
+TEST_F(StoreTest, ALinkStaysAndItsFileKeepsItsPermissions)
+{
+    fs::create_directory(folder / "files");
+    fs::create_symlink("files/game", folder / "registry.reg");
     host::StoreFile store(folder);
-    EXPECT_TRUE(store.load().problem);
-    EXPECT_TRUE(store.save(bytes("new")));
+    EXPECT_FALSE(store.save(bytes("one"))) << "the file may be missing";
+    chmod((folder / "files/game").c_str(), 0604);
+    EXPECT_FALSE(store.save(bytes("two")));
+    EXPECT_EQ(content("files/game"), "two");
+    EXPECT_EQ(fs::status(folder / "files/game").permissions(), fs::perms{0604});
+    fs::create_symlink("game.bad", folder / "files/game.bad"); // leads to itself
+    EXPECT_FALSE(store.setAside());
+    EXPECT_EQ(content("files/game.bad"), "two");
+    EXPECT_TRUE(fs::is_symlink(folder / "files/game.bad.1"));
+    EXPECT_TRUE(fs::is_symlink(folder / "registry.reg"));
+}
+
+TEST_F(StoreTest, GoesOnWhereTheDiskCannotBeWaitedFor)
+{
+    host::StoreFile store(folder);
+    for (const auto &[errors, works] : {std::pair(std::deque{EINTR, EINTR, 0, EINTR}, true),
+                                        {{EINVAL, ENOSYS}, true},
+                                        {{EIO}, false}})
+    {
+        fsyncErrors = errors;
+        EXPECT_EQ(!store.save(bytes("text")), works);
+        EXPECT_TRUE(fsyncErrors.empty());
+    }
 }
 
 TEST(Text, ConvertsBothWaysAndSurvivesNonsense)

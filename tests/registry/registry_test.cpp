@@ -80,6 +80,8 @@ TEST_F(RegistryTest, SavesAKeyWhenItIsClosedAndOnlyIfSomethingChanged)
     EXPECT_EQ(
         file(),
         header +
+            "\n[HKEY_LOCAL_MACHINE\\Software]\n"
+            "\n[HKEY_LOCAL_MACHINE\\Software\\Apps]\n"
             "\n[HKEY_LOCAL_MACHINE\\Software\\Apps\\Game]\n"
             "\"app\"=hex:00,01,02,03,04,05,06,07,08,09,0a,0b,0c,0d,0e,0f,10,11,12,13,14,15,16,\\\n"
             "  17,18,19,1a,1b,1c,1d,1e,1f,20,21,22,23,24,25,26,27,28,29,2a,2b,2c,2d,2e,2f,\\\n"
@@ -130,36 +132,51 @@ TEST_F(RegistryTest, KeepsWhatOtherEditorsWrote)
     // With the byte-order mark and line ends of an export, in either encoding, it is the same.
     std::string crlf;
     std::string wide = "\xFF\xFE";
+    std::string bigEndian = "\xFE\xFF";
     const std::u16string_view name = u"\r\n[HKEY_LOCAL_MACHINE\\k]\r\n\"\u00e9\"=\"x\"\r\n";
     for (const char c : whole) {
         crlf += c == '\n' ? "\r\n" : std::string(1, c);
     }
     for (const char16_t c : u"Windows Registry Editor Version 5.00\r\n" + std::u16string(name)) {
-        wide += static_cast<char>(c & 0xFFU);
-        wide += static_cast<char>(c >> 8U);
+        wide += {static_cast<char>(c & 0xFFU), static_cast<char>(c >> 8U)};
+        bigEndian += {static_cast<char>(c >> 8U), static_cast<char>(c & 0xFFU)};
     }
     for (const std::string &text : {whole, "\xEF\xBB\xBF" + crlf}) {
         restart(text);
         RegCloseKey(create(u"k\\new"));
         EXPECT_EQ(file(), whole + "\n[HKEY_LOCAL_MACHINE\\k\\new]\n");
     }
-    restart(wide);
-    EXPECT_EQ(value(u"k", u"\u00e9"), "1:78000000");
+    restart(header + "[k\\b\\c]\n[K\\B]\n@=\"x\"\n");
+    RegCloseKey(create(u"l"));
+    EXPECT_EQ(file(), header + "\n[K\\B]\n@=\"x\"\n\n[k\\b\\c]\n\n[HKEY_LOCAL_MACHINE\\l]\n")
+        << "what is above a key comes before it";
+    for (const std::string &text : {wide, bigEndian}) {
+        restart(text);
+        EXPECT_EQ(value(u"k", u"\u00e9"), "1:78000000");
+    }
     EXPECT_TRUE(host().reports.empty());
 }
 
 TEST_F(RegistryTest, ReadsAsAnImporterDoes)
 {
-    restart(R"(REGEDIT4
+    restart(R"(; a comment
+
+REGEDIT4
 ; a comment
-[HKEY_LOCAL_MACHINE\k]
+[HKEY_LOCAL_MACHINE\]
+[HKEY_LOCAL_MACHINE\k] ; a note [1]
 "n"=dword:1
 "N"= hex(2):61,0 ; texts are bytes here
 "gone"="x"
 "gone"=-
-"wrapped"=hex:\
- 1,\
-	2
+"wrapped"=HEX:\
+ 1,\ ; the first
+; another
+	2,\
+; the last
+	3,
+"number"=DWORD:0A
+[HKEY_LOCAL_MACHINE\]k]
 [HKEY_LOCAL_MACHINE\k\below]
 @="x"
 [HKEY_LOCAL_MACHINE\kk]
@@ -167,7 +184,9 @@ TEST_F(RegistryTest, ReadsAsAnImporterDoes)
 @="y")");
     EXPECT_EQ(value(u"k", u"n"), "2:61000000");
     EXPECT_EQ(value(u"k", u"gone"), "none");
-    EXPECT_EQ(value(u"k", u"wrapped"), "3:0102");
+    EXPECT_EQ(value(u"k", u"wrapped"), "3:010203");
+    EXPECT_EQ(value(u"k", u"number"), "4:0a000000");
+    EXPECT_EQ(value(u"]k", u""), "none");
     EXPECT_EQ(value(u"k\\below", u""), "no key");
     EXPECT_EQ(value(u"kk", u""), "none");
     EXPECT_TRUE(host().reports.empty());
@@ -184,9 +203,9 @@ TEST_F(RegistryTest, SetsADamagedFileAsideAndReportsTheLine)
          header + "[k]\n",
          {"rubbish\n", "\"a=1\n\"b\"=\"2\"\n", "\"a\"=\"1\n\n", "\"a\"=\"\\n\"\n", "\"a\"\n",
           "\"a\"=1\n", "\"a\"=dword:123456789\n", "\"a\"=dword:\n", "\"a\"=hex(g):00\n",
-          "\"a\"=hex 00\n", "\"a\"=hex:000\n", "\"a\"=hex:00,01,\n", "\"a\"=hex:00,\\",
+          "\"a\"=hex 00\n", "\"a\"=hex:000\n", "\"a\"=hex:00,01,", "\"a\"=hex:00,\\",
           "\"a\"=hex:00,\\ 01\n", "\"a\"=\"x\" \"y\"\n"}},
-        {4, header + "[k]\n", {"\"a\"=hex:00,\\\n  01,zz\n", "\"a\"=hex:00,\\\n\n"}},
+        {4, header + "[k]\n", {"\"a\"=hex:00,\\\n  01,zz\n", "\"a\"=hex:00,\\\n; x"}},
     };
     for (const auto &[line, before, texts] : damages) {
         for (const std::string &text : texts) {

@@ -72,11 +72,13 @@ class StoreTest(store.FolderTest):
         file = self.store / "registry.reg"
         for block, version, reason in [(good, 2, "version is 2"), (good[:-1], 3, "2495 bytes"),
                                        (store.changed(good, x=11), 3, "outside of the well")]:
-            store.write_block(self.store, block, version)
+            store.write_block(self.store, block, version, '"app.rejected"=hex:01\n"app.rejected.1"=hex:02\n')
             _, errors = self.play("state state\nclose\n")
             self.assertRegex(errors, rf"\A.*{reason}.*app.rejected.*\n\Z")
             self.assertEqual(store.field(self.read("state"), "appState"), TITLE)
-            self.assertEqual(store.binary(store.read(file)[store.KEY]["app.rejected"]), block)
+            values = store.read(file)[store.KEY]
+            self.assertEqual(store.binary(values["app.rejected"]), block)
+            self.assertEqual((values["app.rejected.1"], values["app.rejected.2"]), ("hex:02", "hex:01"))
         file.write_text("nonsense")
         _, errors = self.play("close\n")
         self.assertRegex(errors, r"\Aregistry.reg line 1: .*registry.reg.bad\n\Z")

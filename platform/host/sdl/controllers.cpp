@@ -3,6 +3,8 @@
 
 #include <iterator>
 
+#include "host/files.h"
+
 namespace desktop {
 namespace {
 
@@ -18,8 +20,11 @@ constexpr double axisRange = 32767;
 
 } // namespace
 
-Controllers::Controllers(host::InputMapper &input, std::function<void()> toggleFullScreen)
-    : input_(input), toggleFullScreen_(std::move(toggleFullScreen))
+Controllers::Controllers(host::InputMapper &input, const std::filesystem::path &folder,
+                         std::function<void()> toggleFullScreen,
+                         std::function<void(std::string)> report)
+    : input_(input), mappings_(folder / "gamecontrollerdb.txt"),
+      toggleFullScreen_(std::move(toggleFullScreen)), report_(std::move(report))
 {
     SDL_SetHint(SDL_HINT_AUTO_UPDATE_JOYSTICKS, "0");
 }
@@ -27,6 +32,12 @@ Controllers::Controllers(host::InputMapper &input, std::function<void()> toggleF
 void Controllers::start()
 {
     if (!started_) {
+        const auto [mappings, problem] = host::readFile(mappings_);
+        if (mappings) {
+            SDL_SetHint(SDL_HINT_GAMECONTROLLERCONFIG, mappings->c_str());
+        } else if (problem) {
+            report_(*problem);
+        }
         SDL_InitSubSystem(SDL_INIT_GAMECONTROLLER);
         started_ = true;
     }
@@ -50,9 +61,25 @@ void Controllers::update()
     }
 }
 
+void Controllers::reportUnknown(int index)
+{
+    char text[33];
+    SDL_JoystickGetGUIDString(SDL_JoystickGetDeviceGUID(index), text, sizeof text);
+    const std::string id = std::string(text).replace(4, 4, "0000"); // a checksum of the name
+    const char *name = SDL_JoystickNameForIndex(index);
+    if (SDL_IsGameController(index) == SDL_FALSE && unknown_.insert(id).second) {
+        report_(std::string("the buttons of the controller ") + (name ? name : "") +
+                " are not known; a line for " + id + " in " + mappings_.string() +
+                " can name them");
+    }
+}
+
 bool Controllers::handle(const SDL_Event &event)
 {
     switch (event.type) {
+    case SDL_JOYDEVICEADDED:
+        reportUnknown(event.jdevice.which);
+        return true;
     case SDL_CONTROLLERDEVICEADDED:
         if (SDL_GameController *controller = SDL_GameControllerOpen(event.cdevice.which)) {
             const SDL_JoystickID id =

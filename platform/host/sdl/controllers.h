@@ -4,10 +4,13 @@
 // without one nothing.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
+#include <string>
 
 #include "host/input_mapper.h"
 #include "host/sdl/sdl.h"
@@ -17,7 +20,10 @@ namespace desktop {
 class Controllers
 {
 public:
-    Controllers(host::InputMapper &input, std::function<void()> toggleFullScreen);
+    /// In the folder may be a file gamecontrollerdb.txt, in SDL's format, for controllers that SDL
+    /// does not know.
+    Controllers(host::InputMapper &input, const std::filesystem::path &folder,
+                std::function<void()> toggleFullScreen, std::function<void(std::string)> report);
 
     /// Begins to look for controllers; takes a few milliseconds the first time.
     void start();
@@ -30,13 +36,18 @@ public:
     bool handle(const SDL_Event &event);
 
 private:
+    void reportUnknown(int index);
+
     struct Close
     {
         void operator()(SDL_GameController *c) const { SDL_GameControllerClose(c); }
     };
 
     host::InputMapper &input_;
+    std::filesystem::path mappings_;
     std::function<void()> toggleFullScreen_;
+    std::function<void(std::string)> report_;
+    std::set<std::string> unknown_; ///< those that were reported
     bool started_ = false;
     bool everOpened_ = false;
     std::map<SDL_JoystickID, std::unique_ptr<SDL_GameController, Close>> open_;

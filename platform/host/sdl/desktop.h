@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -14,6 +15,8 @@ struct Options
     std::filesystem::path storeFolder; ///< exists
     std::optional<int> scale;          ///< of the window; none: as it was last, or comfortable
     bool landscape = false;            ///< the handheld starts turned
+    /// Whether the screen must not go dark now; asked whenever the process is about to sleep.
+    std::function<bool()> needsScreen;
 };
 
 class Desktop : public host::FileHost

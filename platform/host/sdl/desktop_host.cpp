@@ -3,24 +3,33 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 #include "base/utf.h"
 #include "host/help_page.h"
 #include "host/sdl/keyboard.h"
-#include "host/sdl/nudge.h"
+#include "host/sdl/lost_display.h"
+#include "host/sdl/requests.h"
 #include "host/sdl/screenshot.h"
+#include "host/stepping_clock.h"
 
 namespace desktop {
 namespace {
 
 using host::Event;
 
+std::uint64_t machineMilliseconds()
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<std::uint64_t>(
+        std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+}
+
 /// The machine's own clock: milliseconds since it was started, as on the handheld.
 std::uint32_t machineTicks()
 {
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return static_cast<std::uint32_t>(
-        std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+    static host::SteppingClock clock(machineMilliseconds());
+    return clock.at(machineMilliseconds());
 }
 
 } // namespace
@@ -34,16 +43,18 @@ std::unique_ptr<Desktop> open(const Options &options)
     if (!window) {
         return nullptr;
     }
-    return std::make_unique<DesktopHost>(options.storeFolder, std::move(window));
+    return std::make_unique<DesktopHost>(options, std::move(window));
 }
 
-DesktopHost::DesktopHost(const std::filesystem::path &storeFolder,
-                         std::unique_ptr<ScreenWindow> window)
-    : Desktop(storeFolder), window_(std::move(window)), timeline_(machineTicks()),
+DesktopHost::DesktopHost(const Options &options, std::unique_ptr<ScreenWindow> window)
+    : Desktop(options.storeFolder), needsScreen_(options.needsScreen), window_(std::move(window)),
+      timeline_(machineTicks()),
       input_(machineTicks, [this](const Event &event) { timeline_.add(event, machineTicks()); }),
-      controllers_(input_, [this] { window_->toggleFullScreen(); })
+      controllers_(
+          input_, storeFolder(), [this] { window_->toggleFullScreen(); },
+          [this](const std::string &line) { report(line); })
 {
-    listenForNudges();
+    listenForRequests();
 }
 
 DesktopHost::~DesktopHost() { keepPlace(); }
@@ -72,6 +83,7 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
         controllers_.start();
     }
     showPointer();
+    keepScreenOn(needsScreen_ && needsScreen_());
     const std::uint32_t now = machineTicks();
     std::optional<int> longest;
     const auto limit = [&longest](std::optional<int> milliseconds) {
@@ -84,17 +96,33 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
             limit(host::remaining(now, *moment));
         }
     }
-    SDL_WaitEventTimeout(nullptr, longest.value_or(-1));
+    if (!displayIsLost()) {
+        const RequestsLetIn requests;
+        SDL_WaitEventTimeout(nullptr, longest.value_or(-1));
+    }
     controllers_.update();
     loudspeaker_.tend(machineTicks());
+}
+
+/// Controllers do not keep it on by themselves.
+void DesktopHost::keepScreenOn(bool on)
+{
+    if (on != screenKeptOn_ && !displayIsLost()) {
+        screenKeptOn_ = on;
+        on ? SDL_DisableScreenSaver() : SDL_EnableScreenSaver();
+    }
 }
 
 void DesktopHost::takeEvents()
 {
     SDL_Event event;
-    while (SDL_PollEvent(&event) != 0) {
+    if (!displayIsLost()) {
+        SDL_PumpEvents(); // SDL_PollEvent may leave some for the next time
+    }
+    while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) > 0) {
         handle(event);
     }
+    takeRequests();
     input_.advance();
 }
 
@@ -102,7 +130,7 @@ void DesktopHost::handle(const SDL_Event &event)
 {
     switch (event.type) {
     case SDL_QUIT:
-        handleQuit();
+        quit_ = true;
         break;
     case SDL_APP_LOWMEMORY:
         input_.system(Event::Kind::Hibernate);
@@ -132,11 +160,16 @@ void DesktopHost::handle(const SDL_Event &event)
     }
 }
 
-void DesktopHost::handleQuit()
+void DesktopHost::takeRequests()
 {
-    if (takeNudge()) {
+    const Requests requests = desktop::takeRequests(std::exchange(quit_, false));
+    if (requests.close && displayIsLost()) {
+        report("the display is gone, so the program ends; the game is kept");
+        window_->abandon();
+    } else if (requests.show) {
         window_->raise();
-    } else {
+    }
+    if (std::exchange(closed_, false) || requests.close) {
         input_.system(Event::Kind::Close);
     }
 }
@@ -144,6 +177,9 @@ void DesktopHost::handleQuit()
 void DesktopHost::handleWindow(const SDL_WindowEvent &event)
 {
     switch (event.event) {
+    case SDL_WINDOWEVENT_CLOSE: // its SDL_QUIT may stand beside a request
+        closed_ = true;
+        break;
     case SDL_WINDOWEVENT_SIZE_CHANGED:
         window_->notePlace();
         window_->showAgain();
@@ -243,13 +279,30 @@ void DesktopHost::showPointer()
 void DesktopHost::present(const host::Frame &frame, const host::Area &changed)
 {
     input_.setScreen({frame.width, frame.height});
-    window_->show(frame, changed);
+    if (!window_->show(frame, changed) && !displayIsLost() && !std::exchange(blank_, true)) {
+        report(std::string("the window stays empty: ") + SDL_GetError());
+    }
 }
 
 void DesktopHost::describeProgram(std::u16string_view title, const host::Icon &icon)
 {
     title_ = base::toUtf8(title);
     window_->describe(title_, icon);
+    showTitle();
+}
+
+/// Whoever plays on a desktop sees no terminal.
+void DesktopHost::showTitle()
+{
+    window_->setTitle(unkept_ ? title_ + " - the game is not kept: " + *unkept_ : title_);
+}
+
+void DesktopHost::storeTried(const host::Problem &problem)
+{
+    if (problem != unkept_) {
+        unkept_ = problem;
+        showTitle();
+    }
 }
 
 void DesktopHost::playSamples(std::span<const std::uint8_t> samples)

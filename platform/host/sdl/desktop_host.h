@@ -13,7 +13,7 @@ namespace desktop {
 class DesktopHost final : public Desktop
 {
 public:
-    DesktopHost(const std::filesystem::path &storeFolder, std::unique_ptr<ScreenWindow> window);
+    DesktopHost(const Options &options, std::unique_ptr<ScreenWindow> window);
     DesktopHost(const DesktopHost &) = delete;
     DesktopHost &operator=(const DesktopHost &) = delete;
     /// Keeps the place of the window for the next run.
@@ -38,24 +38,33 @@ public:
     void showWatchKeys() override;
 
 private:
+    void storeTried(const host::Problem &problem) override;
     void sleep(std::optional<std::uint32_t> deadline);
+    void keepScreenOn(bool on);
     void takeEvents();
     void handle(const SDL_Event &event);
     void handleWindow(const SDL_WindowEvent &event);
-    void handleQuit();
+    void takeRequests();
     void handleKeyDown(const SDL_KeyboardEvent &key);
     void handleText(const char *text);
     void handleMouse(const SDL_MouseButtonEvent &button);
     void showPointer();
     void setMinimized(bool minimized);
+    void showTitle();
 
+    std::function<bool()> needsScreen_;
     std::unique_ptr<ScreenWindow> window_;
     Loudspeaker loudspeaker_;
     host::Timeline timeline_;
     host::InputMapper input_;
     Controllers controllers_;
     std::string title_;
+    host::Problem unkept_; ///< why the store cannot be written
+    bool screenKeptOn_ = false;
     bool minimized_ = false;
+    bool blank_ = false;  ///< nothing could be drawn, which was reported
+    bool quit_ = false;   ///< SDL has said so since the last takeRequests
+    bool closed_ = false; ///< and so has the window
 };
 
 } // namespace desktop

@@ -2,6 +2,11 @@
 // buffer, 12 ms.
 #include "host/sdl/loudspeaker.h"
 
+#include <chrono>
+#include <future>
+#include <system_error>
+#include <thread>
+
 #include "host/moment.h"
 
 namespace desktop {
@@ -24,6 +29,23 @@ SDL_AudioDeviceID openDevice()
         SDL_QuitSubSystem(SDL_INIT_AUDIO);
     }
     return device;
+}
+
+/// A sound system that hangs must hold nothing up, so SDL's calls that wait for it run in a thread.
+/// When one does not return within a second there is no result, and the call is left to itself.
+template <class Call>
+std::optional<std::invoke_result_t<Call>> withinASecond(Call call)
+{
+    std::packaged_task<std::invoke_result_t<Call>()> task(std::move(call));
+    auto result = task.get_future();
+    try {
+        std::thread(std::move(task)).detach();
+    } catch (const std::system_error &) {
+        return std::nullopt;
+    }
+    return result.wait_for(std::chrono::seconds(1)) == std::future_status::ready
+               ? std::optional(result.get())
+               : std::nullopt;
 }
 
 /// Starts SDL's audio; false when the machine has no device. Opening one in vain would make the
@@ -57,16 +79,22 @@ void Loudspeaker::close()
 void Loudspeaker::wake()
 {
     if (device_ == 0 && !missing_) {
-        missing_ = !startAudio();
-        device_ = missing_ ? 0 : openDevice();
+        const auto device = withinASecond([] {
+                                return startAudio() ? std::optional(openDevice()) : std::nullopt;
+                            }).value_or(std::nullopt);
+        missing_ = !device;
+        device_ = device.value_or(0);
     }
 }
 
 void Loudspeaker::rest()
 {
     if (device_ != 0) {
-        SDL_CloseAudioDevice(device_);
-        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        missing_ = !withinASecond([device = device_] {
+            SDL_CloseAudioDevice(device);
+            SDL_QuitSubSystem(SDL_INIT_AUDIO);
+            return true;
+        });
         device_ = 0;
     }
 }

@@ -9,6 +9,8 @@
 
 namespace desktop {
 
+/// Sound never holds anything up for more than a second: after that there is silence.
+///
 /// Audio keeps SDL's threads awake even when it is silent, so after a while without a sound it is
 /// shut down, and started again for the next sound. It is not started before the first one, because
 /// asking for devices takes milliseconds and megabytes.
@@ -20,7 +22,8 @@ public:
     Loudspeaker &operator=(const Loudspeaker &) = delete;
     ~Loudspeaker() { rest(); }
 
-    /// Whether the machine has an audio device; true until the first sound has failed.
+    /// Whether the machine has an audio device; true until the first sound has failed
+    /// or the sound system hangs.
     bool exists() const { return !missing_; }
     /// Whether sounds can be played from now on.
     bool open();

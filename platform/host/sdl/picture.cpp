@@ -38,6 +38,15 @@ Placement place(Size picture, Size window)
     return result;
 }
 
+Point toPixels(Point point, Size points, Size pixels)
+{
+    const auto scaled = [](int at, int length, int wanted) {
+        return length > 0 ? floorDivide((2 * at + 1) * wanted, 2 * length) : at;
+    };
+    return {scaled(point.x, points.width, pixels.width),
+            scaled(point.y, points.height, pixels.height)};
+}
+
 Point toPicture(Point window, const Placement &placement, Size picture)
 {
     const int x = floorDivide(window.x - placement.left, placement.scale);

@@ -5,6 +5,8 @@
 #include <cstring>
 #include <utility>
 
+#include "host/sdl/lost_display.h"
+
 namespace desktop {
 namespace {
 
@@ -43,21 +45,29 @@ bool startVideo()
 {
     // Without a folder for sockets, Wayland's library complains on the terminal.
     const bool tryWayland = std::getenv("XDG_RUNTIME_DIR") != nullptr;
+    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1"); // until it is asked not to
     SDL_SetHint(SDL_HINT_VIDEODRIVER, tryWayland ? "x11,wayland,KMSDRM" : "x11,KMSDRM");
     return SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
 }
 
-/// Keeps SDL from drawing through OpenGL, from switching the compositor and the screen saver off,
-/// and from leaving full screen when another window gets the focus.
-void setHints()
+/// Whether SDL can draw on the display without a graphics library: not with 10 bits a colour.
+bool canDrawPlainly()
 {
     const char *driver = SDL_GetCurrentVideoDriver();
-    if (driver && std::strcmp(driver, "x11") == 0) {
+    SDL_DisplayMode mode{};
+    return driver && std::strcmp(driver, "x11") == 0 && SDL_GetCurrentDisplayMode(0, &mode) == 0 &&
+           mode.format != SDL_PIXELFORMAT_UNKNOWN;
+}
+
+/// Keeps SDL from drawing through OpenGL, from switching the compositor off, and from leaving full
+/// screen when another window gets the focus.
+void setHints()
+{
+    if (canDrawPlainly()) {
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     }
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
     SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
-    SDL_EnableScreenSaver();
 }
 
 void drawPointer(const host::PointerLook &look, const host::Frame &frame,
@@ -89,8 +99,8 @@ std::unique_ptr<ScreenWindow> ScreenWindow::make(Size picture, std::optional<int
                             : Size{picture.width * factor, picture.height * factor};
     constexpr int centred = SDL_WINDOWPOS_CENTERED;
     const Point corner = again ? last->corner : Point{centred, centred};
-    SDL_Window *window = SDL_CreateWindow("", corner.x, corner.y, size.width, size.height,
-                                          SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
+    constexpr Uint32 flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
+    SDL_Window *window = SDL_CreateWindow("", corner.x, corner.y, size.width, size.height, flags);
     if (!window) {
         return nullptr;
     }
@@ -108,10 +118,9 @@ void ScreenWindow::showMessage(const char *title, const char *text)
     SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_INFORMATION, title, text, window_.get());
 }
 
-void ScreenWindow::describe(const std::string &title, const host::Icon &icon)
+void ScreenWindow::describe(const std::string &name, const host::Icon &icon)
 {
-    SDL_SetWindowTitle(window_.get(), title.c_str());
-    SDL_SetHint(SDL_HINT_APP_NAME, title.c_str()); // in the desktop's volume control
+    SDL_SetHint(SDL_HINT_APP_NAME, name.c_str()); // in the desktop's volume control
     if (icon.rgba.empty()) {
         return;
     }
@@ -123,7 +132,7 @@ void ScreenWindow::describe(const std::string &title, const host::Icon &icon)
     }
 }
 
-void ScreenWindow::show(const host::Frame &frame, const host::Area &changed)
+bool ScreenWindow::show(const host::Frame &frame, const host::Area &changed)
 {
     frame_ = frame;
     const Size picture{frame.width, frame.height};
@@ -133,9 +142,11 @@ void ScreenWindow::show(const host::Frame &frame, const host::Area &changed)
     }
     if (!shown_) {
         SDL_ShowWindow(window_.get());
+        listenForLostDisplay(window_.get()); // SDL would wait in vain for a window to be shown
     }
-    draw(changed, turned || !shown_);
+    const bool everything = turned || !shown_;
     shown_ = true;
+    return draw(changed, everything);
 }
 
 void ScreenWindow::showAgain()
@@ -189,12 +200,12 @@ SDL_Surface *ScreenWindow::canvasFor(SDL_Surface *target)
     return canvas_.get();
 }
 
-void ScreenWindow::draw(const host::Area &part, bool everything)
+bool ScreenWindow::draw(const host::Area &part, bool everything)
 {
     SDL_Surface *target = SDL_GetWindowSurface(window_.get());
     SDL_Surface *surface = target ? canvasFor(target) : nullptr;
     if (!surface) {
-        return;
+        return false;
     }
     if (everything) {
         SDL_FillRect(surface, nullptr, SDL_MapRGB(surface->format, 0, 0, 0));
@@ -222,7 +233,7 @@ void ScreenWindow::draw(const host::Area &part, bool everything)
         SDL_Rect where = rect;
         SDL_BlitSurface(surface, &rect, target, &where);
     }
-    SDL_UpdateWindowSurfaceRects(window_.get(), &rect, 1);
+    return SDL_UpdateWindowSurfaceRects(window_.get(), &rect, 1) == 0;
 }
 
 void ScreenWindow::toggleFullScreen()
@@ -265,12 +276,15 @@ std::optional<WindowPlace> ScreenWindow::lastPlace()
 std::optional<Point> ScreenWindow::pictureAt(Point window, bool outside) const
 {
     Size size;
+    Size pixels;
     SDL_GetWindowSize(window_.get(), &size.width, &size.height);
-    const Placement placement = place(picture_, size);
-    if (!outside && !isOnPicture(window, placement, picture_)) {
+    SDL_GetWindowSizeInPixels(window_.get(), &pixels.width, &pixels.height);
+    const Point pixel = toPixels(window, size, pixels);
+    const Placement placement = place(picture_, pixels);
+    if (!outside && !isOnPicture(pixel, placement, picture_)) {
         return std::nullopt;
     }
-    return toPicture(window, placement, picture_);
+    return toPicture(pixel, placement, picture_);
 }
 
 } // namespace desktop

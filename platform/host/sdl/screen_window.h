@@ -14,6 +14,8 @@
 
 namespace desktop {
 
+/// Where the desktop enlarges what windows show, its points are larger than the pixels that the
+/// window is drawn with; the mouse and the window's place are in points.
 class ScreenWindow
 {
 public:
@@ -23,12 +25,14 @@ public:
     static std::unique_ptr<ScreenWindow> make(Size picture, std::optional<int> scale,
                                               std::optional<WindowPlace> last);
 
-    void describe(const std::string &title, const host::Icon &icon);
+    /// The program's name and icon, for the desktop.
+    void describe(const std::string &name, const host::Icon &icon);
     void setTitle(const std::string &title);
     /// Shows a text until the user has read it.
     void showMessage(const char *title, const char *text);
-    /// Shows the frame, of which `changed` differs from the last one shown.
-    void show(const host::Frame &frame, const host::Area &changed);
+    /// Shows the frame, of which `changed` differs from the last one shown. False when that
+    /// failed; SDL_GetError says why.
+    bool show(const host::Frame &frame, const host::Area &changed);
     /// Shows all of it again, after the window was resized or covered.
     void showAgain();
     /// Shows the stylus pointer over the frame, or hides it. While it shows, the mouse's is hidden.
@@ -40,6 +44,9 @@ public:
     void notePlace();
     /// Where it was last while it did not fill the screen; none when that is not known.
     std::optional<WindowPlace> lastPlace();
+
+    /// To be called when the display is gone: from then on all of the above does nothing.
+    void abandon() { static_cast<void>(window_.release()); } // destroying it would never end
 
     /// What is shown; no pixels before the first time.
     const host::Frame &frame() const { return frame_; }
@@ -56,7 +63,7 @@ private:
     ScreenWindow(SDL_Window *window, Size picture) : window_(window), picture_(picture) {}
     void fitTo(Size picture);
     SDL_Surface *canvasFor(SDL_Surface *target);
-    void draw(const host::Area &part, bool everything = false);
+    bool draw(const host::Area &part, bool everything = false);
 
     std::unique_ptr<SDL_Window, Destroy> window_;
     std::unique_ptr<SDL_Surface, Destroy> canvas_; ///< for displays without 32-bit pixels

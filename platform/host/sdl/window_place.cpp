@@ -3,35 +3,29 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstdlib>
-#include <memory>
+#include <string>
+
+#include "host/files.h"
 
 namespace desktop {
 namespace {
 
-using File = std::unique_ptr<std::FILE, int (*)(std::FILE *)>;
-
-/// C's files, because C++'s streams would load half a megabyte at every start.
-File openIn(const std::filesystem::path &folder, const char *mode)
-{
-    return {std::fopen((folder / "window").c_str(), mode), std::fclose};
-}
+std::filesystem::path placeFile(const std::filesystem::path &folder) { return folder / "window"; }
 
 } // namespace
 
 std::optional<WindowPlace> loadWindowPlace(const std::filesystem::path &folder)
 {
     constexpr long farthest = 32767; // as far as coordinates go on a desktop
-    const File file = openIn(folder, "r");
-    char text[64];
-    if (!file || !std::fgets(text, sizeof text, file.get())) {
+    const auto text = host::readFile(placeFile(folder)).value;
+    if (!text) {
         return std::nullopt;
     }
     std::array<int, 4> numbers{};
-    char *at = text;
+    const char *at = text->c_str();
     for (int &number : numbers) {
-        char *end = at;
+        char *end = nullptr;
         const long value = std::strtol(at, &end, 10);
         if (end == at || std::abs(value) > farthest) {
             return std::nullopt;
@@ -46,10 +40,12 @@ std::optional<WindowPlace> loadWindowPlace(const std::filesystem::path &folder)
 
 void saveWindowPlace(const std::filesystem::path &folder, const WindowPlace &place)
 {
-    if (const File file = openIn(folder, "w")) {
-        std::fprintf(file.get(), "%d %d %d %d\n", place.size.width, place.size.height,
-                     place.corner.x, place.corner.y);
+    std::string text;
+    for (const int number : {place.size.width, place.size.height, place.corner.x, place.corner.y}) {
+        text += std::to_string(number) + ' ';
     }
+    text.back() = '\n';
+    static_cast<void>(host::replaceFile(placeFile(folder), std::as_bytes(std::span(text))));
 }
 
 bool isOnScreen(const WindowPlace &place, std::span<const host::Area> screens)

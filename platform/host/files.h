@@ -1,0 +1,30 @@
+// Files that other people and programs reach, too: what is read may be anything, and what is
+// written is written as a whole. None of these functions throws or waits for somebody else.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "host/problem.h"
+
+namespace host {
+
+/// No file that is read is larger, in bytes.
+constexpr std::size_t largestFile = 1 << 20;
+
+/// What a file holds; none when there is no such file. One that is not a regular file, or is too
+/// large, is a problem.
+[[nodiscard]] Result<std::optional<std::string>> readFile(const std::filesystem::path &file);
+/// Replaces a file, or makes it: written beside it, brought to the disk, renamed. Afterwards,
+/// whatever happens, it holds the old bytes or the new ones. It keeps its owner and permissions.
+[[nodiscard]] Problem replaceFile(const std::filesystem::path &file,
+                                  std::span<const std::byte> bytes);
+/// The file that a name leads to by symbolic links; itself when it is none.
+std::filesystem::path linkedFile(std::filesystem::path file);
+/// Whether something has that name, if only a link that leads nowhere.
+bool isTaken(const std::filesystem::path &file);
+
+} // namespace host
