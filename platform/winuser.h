@@ -245,7 +245,7 @@ BOOL InvalidateRect(HWND window, const RECT *rect, BOOL erase);
 using TIMERPROC = void(CALLBACK *)(HWND, UINT, UINT, DWORD);
 /// Sends WM_TIMER every `period` milliseconds, first that long from now; a timer of the same
 /// window and identifier is replaced. Several periods missed while the program was
-/// busy give one message.
+/// busy give one message. There are no callbacks.
 UINT SetTimer(HWND window, UINT id, UINT period, TIMERPROC callback);
 BOOL KillTimer(HWND window, UINT id);
 

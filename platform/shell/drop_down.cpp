@@ -81,9 +81,7 @@ void paintItem(HDC dc, const user::MenuItem &item, RECT rect, bool marked)
     }
     rect.left += padding - 1;
     theme::drawText(dc, item.text, rect, DT_VCENTER | DT_SINGLELINE,
-                    item.grayed() ? theme::textGrayed
-                    : marked      ? theme::accentText
-                                  : theme::text);
+                    theme::textColour(!item.grayed(), marked));
 }
 
 void paint(HWND window)

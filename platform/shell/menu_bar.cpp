@@ -78,7 +78,7 @@ void paint(HWND window, const MenuBar &bar)
         }
         theme::drawText(dc, button.text, button.rect,
                         DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX,
-                        marked ? theme::accentText : theme::text, theme::Weight::Bold);
+                        theme::textColour(true, marked), theme::Weight::Bold);
     }
 }
 

@@ -113,7 +113,7 @@ void paintKey(HDC dc, const Key &key, RECT rect, bool shift, bool marked)
     const std::u16string_view label =
         character != 0 ? std::u16string_view(&character, 1) : std::u16string_view(key.label);
     theme::drawText(dc, label, rect, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX,
-                    marked ? theme::accentText : theme::text);
+                    theme::textColour(true, marked));
 }
 
 void paint(HWND window, const SoftKeyboard &keyboard)

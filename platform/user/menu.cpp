@@ -116,7 +116,7 @@ void forgetMenus() { table.clear(); }
 
 HMENU LoadMenuW(HINSTANCE, LPCWSTR name)
 {
-    const auto bytes = resources::find(resources::Name::from(RT_MENU), resources::Name::from(name));
+    const auto bytes = resources::find(RT_MENU, name);
     base::ByteReader reader(bytes);
     const unsigned version = reader.word();
     reader.skip(reader.word()); // the rest of the header
