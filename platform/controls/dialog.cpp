@@ -241,8 +241,7 @@ void focusMoved(HWND window)
 void fillScreen(HWND dialog)
 {
     const RECT area = user::shellInUse().workArea();
-    SetWindowPos(dialog, {}, area.left, area.top, area.right - area.left, area.bottom - area.top,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    MoveWindow(dialog, area.left, area.top, area.right - area.left, area.bottom - area.top, TRUE);
 }
 
 void registerDialog() { user::registerSystemClass(dialogClass, DefDlgProcW); }

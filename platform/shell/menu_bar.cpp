@@ -172,8 +172,8 @@ void updateMenuBars()
 void placeMenuBars()
 {
     for (const HWND bar : allBars()) {
-        SetWindowPos(bar, {}, 0, gdi::screen().height - menuBarHeight, gdi::screen().width,
-                     menuBarHeight, SWP_NOZORDER | SWP_NOACTIVATE);
+        MoveWindow(bar, 0, gdi::screen().height - menuBarHeight, gdi::screen().width, menuBarHeight,
+                   TRUE);
         InvalidateRect(bar, nullptr, FALSE);
     }
 }

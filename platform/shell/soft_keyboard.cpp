@@ -213,8 +213,8 @@ void lowerSoftKeyboard()
 void placeSoftKeyboard()
 {
     if (data()) {
-        SetWindowPos(panel, {}, 0, gdi::screen().height - menuBarHeight - panelHeight,
-                     gdi::screen().width, panelHeight, SWP_NOZORDER | SWP_NOACTIVATE);
+        MoveWindow(panel, 0, gdi::screen().height - menuBarHeight - panelHeight,
+                   gdi::screen().width, panelHeight, TRUE);
         InvalidateRect(panel, nullptr, FALSE);
     }
 }

@@ -30,8 +30,6 @@ void insertWindow(Window &window);
 void removeFromSiblings(Window &window);
 /// To the top of its siblings. The windows that a top-level window owns move with it, in front.
 void bringToTop(Window &window);
-/// Moves a window directly behind a sibling.
-void placeBehind(Window &window, Window &sibling);
 void forgetOrder();
 
 } // namespace user
