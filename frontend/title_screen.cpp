@@ -33,7 +33,7 @@ constexpr RECT levelButton(int level)
     return {left, 165, left + 20, 184};
 }
 
-/// When a page that is shown from now on is replaced by the other one.
+/// When a page that appears now makes room for the other one.
 std::int32_t newPageDeadline() { return timing::after(timing::now(), pagePeriod); }
 
 void drawButton(HDC dc, const RECT &button, LPCWSTR label, bool selected)

@@ -69,8 +69,7 @@ void paintList(HWND list, const ComboData &data)
 
 void openList(HWND combo, ComboData &data)
 {
-    RECT field;
-    GetWindowRect(combo, &field);
+    const RECT field = screenRectOf(combo);
     const int height = std::max(1, data.count()) * itemHeight + 2;
     const bool below = field.bottom + height <= gdi::screen().height;
     const LONG top = below ? field.bottom - 1 : field.top + 1 - height;
@@ -342,8 +341,7 @@ std::optional<RECT> listItemRect(HWND combo, int index)
     if (!data || !data->list || index < 0 || index >= data->count()) {
         return std::nullopt;
     }
-    RECT rect;
-    GetWindowRect(data->list, &rect);
+    RECT rect = screenRectOf(data->list);
     rect.top += 1 + index * itemHeight;
     rect.bottom = rect.top + itemHeight;
     return rect;

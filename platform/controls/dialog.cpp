@@ -138,8 +138,7 @@ void restoreFocus(HWND dialog)
 
 void erase(HWND dialog, HDC dc)
 {
-    RECT rect;
-    GetClientRect(dialog, &rect);
+    const RECT rect = clientRect(dialog);
     theme::fill(dc, rect, theme::page);
     const DialogData *data = dialogData(dialog);
     if (data && !data->fullScreen) {
