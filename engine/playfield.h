@@ -92,9 +92,7 @@ struct Playfield
     {
         return fits(currentState(), piece.x + columns, piece.y + rows);
     }
-    /// Writes the four cells of a piece into the grid; cells outside it are lost.
-    void placePiece(const RotationState &state, int x, int y);
-    /// Writes the falling piece into the grid where it is.
+    /// Writes the falling piece into the grid where it is; cells outside are lost.
     void lockPiece();
 
     const RotationState &currentState() const { return rotationState(piece.type, piece.rotation); }
