@@ -122,7 +122,6 @@ void GameSession::rememberDrawnPiece()
     piece.prevGhostY = piece.ghostY;
 }
 
-/// The rules of one running tick.
 void GameSession::update(const InputState &input)
 {
     bool spawn = false;

@@ -39,7 +39,6 @@ struct PieceQueue
     TetrominoType take();
 };
 
-/// The falling piece.
 struct ActivePiece
 {
     std::int32_t x; ///< column of its box origin

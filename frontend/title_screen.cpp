@@ -19,7 +19,6 @@ constexpr int pagePeriod = 10000; ///< milliseconds
 constexpr UINT timerPeriod = 500; ///< milliseconds
 constexpr RECT playButton{70, 200, 170, 230};
 
-/// The mode buttons are in two columns.
 constexpr RECT modeButton(int mode)
 {
     const LONG left = 15 + 105 * (mode % 2);

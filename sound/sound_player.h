@@ -42,5 +42,4 @@ struct SoundPlayer
     bool unloadAll();
 };
 
-/// The only one.
 extern SoundPlayer soundPlayer;
