@@ -38,5 +38,4 @@ private:
 
 static_assert(sizeof(GameApp) == sizeof(AppRecord));
 
-/// The only one.
 extern GameApp gameApp;

@@ -45,7 +45,8 @@ void GameSession::pause()
     restartTiming();
 }
 
-/// Every wait, a lock delay or a clear too, becomes one gravity interval.
+/// Whatever the game was waiting for, a lock or the end of a clear too, now takes one gravity
+/// interval.
 void GameSession::restartTiming()
 {
     deadline = after(gravityMs);
@@ -121,7 +122,6 @@ void GameSession::rememberDrawnPiece()
     piece.prevGhostY = piece.ghostY;
 }
 
-/// The rules of one running tick.
 void GameSession::update(const InputState &input)
 {
     bool spawn = false;
@@ -178,7 +178,7 @@ bool GameSession::finishClear()
     return state == GameState::Running;
 }
 
-/// Brings the next piece in. When it does not fit, the game is decided and the result is false.
+/// Brings the next piece in; false when it does not fit, which ends the game.
 bool GameSession::spawnPiece()
 {
     dirty |= dirty::well | dirty::queue;
@@ -207,7 +207,7 @@ void GameSession::testLanding()
     }
 }
 
-/// Takes one tick off. When none is left, the game is decided and the result is false.
+/// Counts one tick down; false when it was the last, which ends the game.
 bool GameSession::stepUltraClock()
 {
     if (timeLeft % timing::ticksPerSecond == 0) {

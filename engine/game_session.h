@@ -50,7 +50,6 @@ enum class GameState : std::int32_t
     Over = 3,   ///< the controller takes over
 };
 
-/// The phase of a running game.
 enum class Phase : std::int32_t
 {
     Falling = 0,

@@ -105,14 +105,12 @@ bool Playfield::fits(const RotationState &state, int x, int y) const
     });
 }
 
-void Playfield::placePiece(const RotationState &state, int x, int y)
+void Playfield::lockPiece()
 {
-    for (const CellOffset &offset : state.cells) {
-        setCell(x + offset.x, y + offset.y, state.type);
+    for (const CellOffset &offset : currentState().cells) {
+        setCell(piece.x + offset.x, piece.y + offset.y, piece.type);
     }
 }
-
-void Playfield::lockPiece() { placePiece(currentState(), piece.x, piece.y); }
 
 const RotationState &Playfield::previousState() const
 {

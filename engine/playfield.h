@@ -39,7 +39,6 @@ struct PieceQueue
     TetrominoType take();
 };
 
-/// The falling piece.
 struct ActivePiece
 {
     std::int32_t x; ///< column of its box origin
@@ -92,9 +91,7 @@ struct Playfield
     {
         return fits(currentState(), piece.x + columns, piece.y + rows);
     }
-    /// Writes the four cells of a piece into the grid; cells outside it are lost.
-    void placePiece(const RotationState &state, int x, int y);
-    /// Writes the falling piece into the grid where it is.
+    /// Writes the falling piece into the grid where it is; cells outside are lost.
     void lockPiece();
 
     const RotationState &currentState() const { return rotationState(piece.type, piece.rotation); }

@@ -1,4 +1,4 @@
-// The seven tetrominoes: their cells in four rotations, the kick tests of each turn, and the place
+// The seven tetrominoes: their cells in four rotations, the places that a turn tries, and the place
 // where each one enters the well.
 #pragma once
 
@@ -34,8 +34,8 @@ struct RotationState
     TetrominoType type;
     /// Relative to the piece's box origin.
     std::array<CellOffset, 4> cells;
-    /// The steps to try, in this order, when RotateRight turns out of this rotation. The turn back
-    /// subtracts them.
+    /// How far a turn to the right out of this rotation moves the piece: the first step to a free
+    /// place counts. The turn back to the left goes the opposite way.
     std::array<CellOffset, kickCount> kicks;
 };
 

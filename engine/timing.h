@@ -19,7 +19,6 @@ constexpr int ticksPerSecond = 1000 / tick;
 constexpr int ultra2MinTicks = 120 * ticksPerSecond;
 constexpr int ultra3MinTicks = 180 * ticksPerSecond;
 
-/// The present moment.
 inline std::int32_t now() { return static_cast<std::int32_t>(GetTickCount()); }
 
 /// Milliseconds from one moment to another, negative when the other comes first.

@@ -32,27 +32,26 @@ constexpr Column linesColumn{150, 190};
 constexpr Column levelColumn{190, 230};
 
 /// One line of text with an outline of one pixel.
-void drawOutlinedText(HDC dc, const RECT &rect, LPCWSTR text, UINT alignment, COLORREF colour,
-                      COLORREF outline)
+void drawOutlinedText(HDC dc, const RECT &rect, LPCWSTR text, UINT alignment, COLORREF colour)
 {
     constexpr POINT neighbours[] = {{-1, 0}, {0, -1}, {1, 0}, {0, 1}};
     for (const POINT &step : neighbours) {
         RECT moved = rect;
         OffsetRect(&moved, step.x, step.y);
-        drawText(dc, moved, text, alignment, outline);
+        drawText(dc, moved, text, alignment, outlineColour);
     }
     drawText(dc, rect, text, alignment, colour);
 }
 
 void drawString(HDC dc, const RECT &rect, UINT stringId, UINT alignment)
 {
-    drawOutlinedText(dc, rect, loadText(stringId).c_str(), alignment, headingColour, outlineColour);
+    drawOutlinedText(dc, rect, loadText(stringId).c_str(), alignment, headingColour);
 }
 
 void drawNumber(HDC dc, const RECT &rect, int value)
 {
     WCHAR text[33];
-    drawOutlinedText(dc, rect, _itow(value, text, 10), DT_RIGHT, rowColour, outlineColour);
+    drawOutlinedText(dc, rect, _itow(value, text, 10), DT_RIGHT, rowColour);
 }
 
 void drawRow(HDC dc, int row, const HighScoreEntry &entry)
@@ -61,7 +60,7 @@ void drawRow(HDC dc, int row, const HighScoreEntry &entry)
     const auto cell = [top](const Column &column) {
         return RECT{column.left, top, column.right, top + rowHeight};
     };
-    drawOutlinedText(dc, cell(nameColumn), entry.name.data(), DT_LEFT, rowColour, outlineColour);
+    drawOutlinedText(dc, cell(nameColumn), entry.name.data(), DT_LEFT, rowColour);
     drawNumber(dc, cell(scoreColumn), entry.score);
     drawNumber(dc, cell(linesColumn), entry.lines);
     drawNumber(dc, cell(levelColumn), entry.level);

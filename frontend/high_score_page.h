@@ -5,6 +5,6 @@
 
 #include "frontend/high_score_table.h"
 
-/// Draws the page into `target`, which holds a bitmap of 240 by 268; the background is selected
-/// into `source` meanwhile. Returns true.
+/// Draws the page into `target`; the background is copied from `source`, where it is selected for
+/// that long. Returns true.
 bool drawHighScorePage(const HighScoreTable &table, HDC source, HDC target);

@@ -5,5 +5,5 @@
 
 struct GameSession;
 
-/// Lets the player change the four options of a session; returns when the page has closed.
+/// Shows the options of a session until the player closes the page, and stores what was chosen.
 void showOptionsDialog(GameSession &session, HWND parent);

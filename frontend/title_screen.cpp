@@ -19,7 +19,6 @@ constexpr int pagePeriod = 10000; ///< milliseconds
 constexpr UINT timerPeriod = 500; ///< milliseconds
 constexpr RECT playButton{70, 200, 170, 230};
 
-/// The mode buttons are in two columns.
 constexpr RECT modeButton(int mode)
 {
     const LONG left = 15 + 105 * (mode % 2);
@@ -33,7 +32,7 @@ constexpr RECT levelButton(int level)
     return {left, 165, left + 20, 184};
 }
 
-/// When a page that is shown from now on is replaced by the other one.
+/// When a page that appears now makes room for the other one.
 std::int32_t newPageDeadline() { return timing::after(timing::now(), pagePeriod); }
 
 void drawButton(HDC dc, const RECT &button, LPCWSTR label, bool selected)

@@ -13,7 +13,6 @@
 
 namespace {
 
-/// Keys that cannot be assigned.
 constexpr std::array<std::uint32_t, 2> ignoredKeys{91, 131};
 
 /// State that both pages share; only one Buttons dialog is open at a time.
@@ -69,7 +68,6 @@ void refreshKeyNames(HWND page)
 
 // The page "Please press a button" ----------------------------------------------------------------
 
-/// Whether an action other than the one being changed has this key.
 bool assignedElsewhere(std::uint32_t key)
 {
     for (std::size_t i = 0; i < actionCount; ++i) {

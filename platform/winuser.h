@@ -174,8 +174,7 @@ constexpr UINT SWP_NOZORDER = 0x0004;
 constexpr UINT SWP_NOREDRAW = 0x0008; ///< nothing becomes invalid
 constexpr UINT SWP_NOACTIVATE = 0x0010;
 constexpr HWND HWND_TOP{0};
-/// Moves, sizes and orders a window; without SWP_NOZORDER it goes directly behind `after`, or
-/// to the top of its siblings with HWND_TOP.
+/// Moves and sizes a window. Its place among its siblings stays: SWP_NOZORDER must be given.
 BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, UINT flags);
 
 BOOL GetWindowRect(HWND window, RECT *rect); ///< in screen pixels
@@ -245,7 +244,7 @@ BOOL InvalidateRect(HWND window, const RECT *rect, BOOL erase);
 using TIMERPROC = void(CALLBACK *)(HWND, UINT, UINT, DWORD);
 /// Sends WM_TIMER every `period` milliseconds, first that long from now; a timer of the same
 /// window and identifier is replaced. Several periods missed while the program was
-/// busy give one message.
+/// busy give one message. There are no callbacks.
 UINT SetTimer(HWND window, UINT id, UINT period, TIMERPROC callback);
 BOOL KillTimer(HWND window, UINT id);
 
@@ -288,7 +287,6 @@ constexpr UINT MF_BYCOMMAND = 0x0000;
 constexpr UINT MF_BYPOSITION = 0x0400;
 constexpr UINT MF_ENABLED = 0x0000;
 constexpr UINT MF_GRAYED = 0x0001;
-constexpr UINT MF_CHECKED = 0x0008;
 constexpr UINT MF_POPUP = 0x0010;
 constexpr UINT MF_SEPARATOR = 0x0800;
 HMENU LoadMenuW(HINSTANCE module, LPCWSTR name);
@@ -341,7 +339,6 @@ LRESULT SendDlgItemMessageW(HWND dialog, int id, UINT message, WPARAM wParam, LP
 
 // WM_GETDLGCODE answers
 constexpr LRESULT DLGC_WANTARROWS = 0x0001;
-constexpr LRESULT DLGC_WANTTAB = 0x0002;
 constexpr LRESULT DLGC_WANTALLKEYS = 0x0004;
 constexpr LRESULT DLGC_HASSETSEL = 0x0008;
 constexpr LRESULT DLGC_DEFPUSHBUTTON = 0x0010;

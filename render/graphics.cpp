@@ -20,14 +20,6 @@ std::array<Surface *, 3> backdrops{};
 Surface *tileSheet = nullptr;
 HFONT statsFont{};
 
-void createStatsFont() { statsFont = createBoldFont(statsFontHeight); }
-
-void deleteStatsFont()
-{
-    DeleteObject(statsFont);
-    statsFont = {};
-}
-
 Surface *loadPicture(HDC reference, UINT resource, int width, int height)
 {
     auto *surface = new Surface(reference, resource);
@@ -49,7 +41,7 @@ void deleteSurface(Surface *&surface)
 int GameSession::create(HWND window)
 {
     const HDC reference = GetDC(window);
-    createStatsFont();
+    statsFont = createBoldFont(statsFontHeight);
     for (std::size_t i = 0; i < backdrops.size(); ++i) {
         backdrops[i] = loadPicture(reference, backdropResources[i], screenWidth, screenHeight);
     }
@@ -68,7 +60,8 @@ int GameSession::destroy(HWND window)
         deleteSurface(backdropSurface);
     }
     deleteSurface(tileSheet);
-    deleteStatsFont();
+    DeleteObject(statsFont);
+    statsFont = {};
     DeleteDC(tileDC);
     DeleteDC(backDC);
     return 1;

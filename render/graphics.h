@@ -18,11 +18,8 @@ extern Surface *screenSurface;
 /// The play screen's three pictures and its block tiles. Owned by GameSession::create/destroy.
 extern std::array<Surface *, 3> backdrops;
 extern Surface *tileSheet;
-/// Arial bold, 16 pixels high: the values of the play screen.
+/// Arial bold, 16 pixels high: the values of the play screen. Owned by GameSession::create/destroy.
 extern HFONT statsFont;
-
-void createStatsFont();
-void deleteStatsFont();
 
 /// A new surface with a bitmap resource, or a black one of this size when that cannot be loaded.
 /// The caller deletes it.

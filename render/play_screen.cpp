@@ -70,15 +70,6 @@ void eraseCell(const GameSession &session, int column, int row)
     }
 }
 
-/// Draws a piece that is in no cell of the well, its box origin at a point in pixels.
-void drawPieceAtPixel(const GameSession &session, const RotationState &state, int px, int py)
-{
-    for (const CellOffset &offset : state.cells) {
-        drawTile(session, px + session.cellWidth * offset.x, py + session.cellHeight * offset.y,
-                 static_cast<int>(state.type), normalLook);
-    }
-}
-
 void drawPiece(const GameSession &session, const RotationState &state, int x, int y)
 {
     const Cell cell{1, static_cast<std::uint8_t>(state.type)};
@@ -115,8 +106,11 @@ void drawGhost(const GameSession &session, const RotationState &state, int x, in
 void drawPreview(const GameSession &session, TetrominoType type, int top)
 {
     const POINT &shift = previewShifts[static_cast<std::size_t>(type)];
-    drawPieceAtPixel(session, rotationState(type, spawnPlace(type).rotation),
-                     previewMiddle - 2 * session.cellWidth - shift.x, top - shift.y);
+    const int left = previewMiddle - 2 * session.cellWidth - shift.x;
+    for (const CellOffset &offset : rotationState(type, spawnPlace(type).rotation).cells) {
+        drawTile(session, left + session.cellWidth * offset.x,
+                 top - shift.y + session.cellHeight * offset.y, static_cast<int>(type), normalLook);
+    }
 }
 
 void drawGhostAndPiece(const GameSession &session)

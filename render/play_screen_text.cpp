@@ -20,35 +20,18 @@ constexpr COLORREF black = RGB(0, 0, 0);
 
 constexpr int overlayFontHeight = 32; ///< pixels
 
-void drawString(const GameSession &session, const RECT &rect, LPCWSTR text, UINT alignment,
-                COLORREF colour)
+void drawString(const GameSession &session, const RECT &rect, LPCWSTR text, UINT alignment)
 {
     eraseRect(session, rect);
     const Selection font(session.backDC, statsFont);
     SetBkMode(session.backDC, TRANSPARENT);
-    drawText(session.backDC, rect, text, alignment, colour);
+    drawText(session.backDC, rect, text, alignment, white);
 }
 
-void drawNumber(const GameSession &session, const RECT &rect, int value, UINT alignment,
-                COLORREF colour)
+void drawNumber(const GameSession &session, const RECT &rect, int value, UINT alignment)
 {
     WCHAR text[33];
-    drawString(session, rect, _itow(value, text, 10), alignment, colour);
-}
-
-void drawScore(const GameSession &session)
-{
-    drawNumber(session, scoreRect, session.score, DT_RIGHT, white);
-}
-
-void drawLevel(const GameSession &session)
-{
-    drawNumber(session, levelRect, session.level, DT_CENTER, white);
-}
-
-void drawLines(const GameSession &session)
-{
-    drawNumber(session, linesRect, session.lines, DT_CENTER, white);
+    drawString(session, rect, _itow(value, text, 10), alignment);
 }
 
 /// Draws nothing outside the Ultra modes.
@@ -60,7 +43,7 @@ void drawTime(const GameSession &session)
     const int seconds = session.timeLeft / timing::ticksPerSecond;
     WCHAR text[33];
     wsprintfW(text, u"%d:%02d", seconds / 60, seconds % 60);
-    drawString(session, timeRect, text, DT_CENTER, white);
+    drawString(session, timeRect, text, DT_CENTER);
 }
 
 /// One line of a message: white, with its black shadow 3 pixels below and to the right.
@@ -77,13 +60,13 @@ void drawShadowedText(const GameSession &session, RECT rect, LPCWSTR text)
 void drawValues(const GameSession &session)
 {
     if ((session.dirty & dirty::lines) != 0) {
-        drawLines(session);
+        drawNumber(session, linesRect, session.lines, DT_CENTER);
     }
     if ((session.dirty & dirty::score) != 0) {
-        drawScore(session);
+        drawNumber(session, scoreRect, session.score, DT_RIGHT);
     }
     if ((session.dirty & dirty::level) != 0) {
-        drawLevel(session);
+        drawNumber(session, levelRect, session.level, DT_CENTER);
     }
     if ((session.dirty & dirty::time) != 0) {
         drawTime(session);

@@ -17,6 +17,12 @@ bool validSlot(int slot) { return slot >= 0 && slot < SoundPlayer::slotCount; }
 
 SoundPlayer soundPlayer;
 
+SoundPlayer::~SoundPlayer()
+{
+    close();
+    unloadAll();
+}
+
 MMRESULT SoundPlayer::open()
 {
     if (device) {
@@ -84,4 +90,13 @@ MMRESULT SoundPlayer::close()
     const MMRESULT result = waveOutClose(device);
     device = {};
     return result;
+}
+
+bool SoundPlayer::unloadAll()
+{
+    stop();
+    for (std::unique_ptr<SoundClip> &clip : slots) {
+        clip.reset();
+    }
+    return true;
 }

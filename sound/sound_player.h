@@ -24,6 +24,11 @@ struct SoundPlayer
     WAVEHDR header{};
     std::array<std::unique_ptr<SoundClip>, slotCount> slots; ///< by SoundEvent
 
+    SoundPlayer() = default;
+    ~SoundPlayer();
+    SoundPlayer(const SoundPlayer &) = delete;
+    SoundPlayer &operator=(const SoundPlayer &) = delete;
+
     /// Opens the first device that plays 22,050 8-bit samples a second, mono. 0 on success or when
     /// open already, else the last error.
     MMRESULT open();
@@ -34,7 +39,7 @@ struct SoundPlayer
     bool play(int slot);
     bool stop();
     MMRESULT close();
+    bool unloadAll();
 };
 
-/// The only one. The program closes it when it ends.
 extern SoundPlayer soundPlayer;

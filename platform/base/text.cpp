@@ -21,7 +21,7 @@ LPWSTR putDigits(int value, LPWSTR target)
     return std::copy(digits.data(), end, target);
 }
 
-/// Removes the digits of a width from `format` and returns the width.
+/// Reads a width and moves `format` past it.
 std::size_t takeWidth(LPCWSTR &format)
 {
     std::size_t width = 0;
@@ -31,7 +31,7 @@ std::size_t takeWidth(LPCWSTR &format)
     return width;
 }
 
-/// Appends a value, filled up to `width`; false when `kind` is unknown.
+/// Appends a value as %d or %c do, filled up to `width`; false for any other `kind`.
 bool appendValue(std::u16string &text, int value, WCHAR kind, std::size_t width, bool zeros)
 {
     std::array<WCHAR, 12> digits{static_cast<WCHAR>(value)};

@@ -34,25 +34,19 @@ void setPressed(HWND button, ButtonData &data, bool pressed)
 void paint(HWND button, const ButtonData &data)
 {
     const theme::Painting painting(button);
-    RECT rect = clientRect(button);
+    const RECT rect = clientRect(button);
     theme::fill(painting.dc(), rect, theme::page);
     const bool enabled = IsWindowEnabled(button) != FALSE;
     const COLORREF outline = !enabled ? theme::lineSoft : theme::frame;
-    if (data.pressed) {
-        theme::drawFace(painting.dc(), rect, outline, theme::accent, theme::accent);
-    } else {
-        theme::drawFace(painting.dc(), rect, outline, theme::faceUpper, theme::faceLower);
-    }
+    theme::drawFace(painting.dc(), rect, outline, data.pressed);
     if (isDefault(button) && enabled) {
         RECT inner = rect;
         InflateRect(&inner, -1, -1);
         theme::drawFrame(painting.dc(), inner, theme::accent);
     }
-    const COLORREF colour = !enabled       ? theme::textGrayed
-                            : data.pressed ? theme::accentText
-                                           : theme::text;
     theme::drawText(painting.dc(), user::find(button)->text, rect,
-                    DT_CENTER | DT_VCENTER | DT_SINGLELINE, colour);
+                    DT_CENTER | DT_VCENTER | DT_SINGLELINE,
+                    theme::textColour(enabled, data.pressed));
 }
 
 LRESULT stylus(HWND button, ButtonData &data, UINT message, LPARAM lParam)

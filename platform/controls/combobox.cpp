@@ -62,16 +62,14 @@ void paintList(HWND list, const ComboData &data)
         }
         item.left += padding;
         theme::drawText(painting.dc(), data.items[static_cast<std::size_t>(i)], item,
-                        DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX,
-                        marked ? theme::accentText : theme::text);
+                        DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX, theme::textColour(true, marked));
     }
     theme::drawFrame(painting.dc(), rect, theme::frame);
 }
 
 void openList(HWND combo, ComboData &data)
 {
-    RECT field;
-    GetWindowRect(combo, &field);
+    const RECT field = screenRectOf(combo);
     const int height = std::max(1, data.count()) * itemHeight + 2;
     const bool below = field.bottom + height <= gdi::screen().height;
     const LONG top = below ? field.bottom - 1 : field.top + 1 - height;
@@ -121,17 +119,12 @@ void paintField(HWND combo, const ComboData &data)
     const theme::Painting painting(combo);
     const HDC dc = painting.dc();
     const RECT rect = clientRect(combo);
-    const bool enabled = IsWindowEnabled(combo) != FALSE;
     const bool focused = GetFocus() == combo;
     const RECT arrow{rect.right - arrowWidth, rect.top, rect.right, rect.bottom};
     theme::fill(dc, rect, theme::page);
-    theme::drawFrame(dc, rect, focused ? theme::accent : theme::line);
     const COLORREF outline = focused ? theme::accent : theme::line;
-    if (data.list) {
-        theme::drawFace(dc, arrow, outline, theme::accent, theme::accent);
-    } else {
-        theme::drawFace(dc, arrow, outline, theme::faceUpper, theme::faceLower);
-    }
+    theme::drawFrame(dc, rect, outline);
+    theme::drawFace(dc, arrow, outline, static_cast<bool>(data.list));
     theme::drawArrow(dc, {(arrow.left + arrow.right) / 2, rect.bottom / 2},
                      data.list ? theme::accentText : theme::frame);
     const RECT inner{rect.left + 2, rect.top + 2, arrow.left - 1, rect.bottom - 2};
@@ -142,9 +135,7 @@ void paintField(HWND combo, const ComboData &data)
     theme::drawText(dc, user::find(combo)->text,
                     {inner.left + 2, rect.top, inner.right, rect.bottom},
                     DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX,
-                    !enabled ? theme::textGrayed
-                    : marked ? theme::accentText
-                             : theme::text);
+                    theme::textColour(IsWindowEnabled(combo) != FALSE, marked));
 }
 
 void show(HWND combo, ComboData &data, bool open)
@@ -350,8 +341,7 @@ std::optional<RECT> listItemRect(HWND combo, int index)
     if (!data || !data->list || index < 0 || index >= data->count()) {
         return std::nullopt;
     }
-    RECT rect;
-    GetWindowRect(data->list, &rect);
+    RECT rect = screenRectOf(data->list);
     rect.top += 1 + index * itemHeight;
     rect.bottom = rect.top + itemHeight;
     return rect;

@@ -24,6 +24,13 @@ RECT clientRect(HWND window)
     return rect;
 }
 
+RECT screenRectOf(HWND window)
+{
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return rect;
+}
+
 POINT pointOf(LPARAM lParam)
 {
     const auto packed = static_cast<std::uintptr_t>(lParam);

@@ -32,6 +32,8 @@ void notify(HWND control, UINT code);
 /// Stores a new text and marks the control for painting.
 LRESULT setText(HWND control, WPARAM wParam, LPARAM lParam);
 RECT clientRect(HWND window);
+/// Where a window is on the screen; empty when it is gone.
+RECT screenRectOf(HWND window);
 POINT pointOf(LPARAM lParam);
 
 } // namespace controls

@@ -138,8 +138,7 @@ void restoreFocus(HWND dialog)
 
 void erase(HWND dialog, HDC dc)
 {
-    RECT rect;
-    GetClientRect(dialog, &rect);
+    const RECT rect = clientRect(dialog);
     theme::fill(dc, rect, theme::page);
     const DialogData *data = dialogData(dialog);
     if (data && !data->fullScreen) {
@@ -241,8 +240,7 @@ void focusMoved(HWND window)
 void fillScreen(HWND dialog)
 {
     const RECT area = user::shellInUse().workArea();
-    SetWindowPos(dialog, {}, area.left, area.top, area.right - area.left, area.bottom - area.top,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    MoveWindow(dialog, area.left, area.top, area.right - area.left, area.bottom - area.top, TRUE);
 }
 
 void registerDialog() { user::registerSystemClass(dialogClass, DefDlgProcW); }

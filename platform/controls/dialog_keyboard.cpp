@@ -49,9 +49,6 @@ bool handleKey(HWND dialog, const MSG &message)
     }
     switch (message.wParam) {
     case VK_TAB:
-        if ((wants & DLGC_WANTTAB) != 0) {
-            return false;
-        }
         moveFocus(dialog, message.hwnd, GetKeyState(VK_SHIFT) < 0);
         return true;
     case VK_LEFT:

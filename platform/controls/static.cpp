@@ -63,7 +63,7 @@ void paint(const user::Window &window, const StaticData &data)
     flags |= type == SS_CENTER ? DT_CENTER : DT_LEFT;
     flags |= (window.style & SS_NOPREFIX) != 0 ? DT_NOPREFIX : 0;
     theme::drawText(painting.dc(), window.text, rect, flags,
-                    window.enabled() ? theme::text : theme::textGrayed);
+                    theme::textColour(window.enabled(), false));
 }
 
 LRESULT CALLBACK staticProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)

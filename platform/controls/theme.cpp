@@ -71,6 +71,11 @@ void drawFace(HDC dc, const RECT &rect, COLORREF outline, COLORREF upper, COLORR
     fill(dc, {rect.right - 1, rect.top + 1, rect.right, rect.bottom - 1}, outline);
 }
 
+void drawFace(HDC dc, const RECT &rect, COLORREF outline, bool pressed)
+{
+    drawFace(dc, rect, outline, pressed ? accent : faceUpper, pressed ? accent : faceLower);
+}
+
 void drawDisc(HDC dc, POINT centre, int radius, COLORREF colour)
 {
     for (int dy = -radius; dy <= radius; ++dy) {
@@ -108,6 +113,11 @@ void drawText(HDC dc, std::u16string_view string, RECT rect, UINT flags, COLORRE
     DrawTextW(dc, string.data(), length(string), &rect, flags);
     SetTextColor(dc, previous);
     SetBkMode(dc, mode);
+}
+
+COLORREF textColour(bool enabled, bool marked)
+{
+    return !enabled ? textGrayed : marked ? accentText : text;
 }
 
 SIZE measureText(std::u16string_view string, int width, UINT flags, Weight weight)

@@ -40,6 +40,8 @@ void fill(HDC dc, const RECT &rect, COLORREF colour);
 void drawFrame(HDC dc, const RECT &rect, COLORREF colour);
 /// A frame without its four corner pixels, around an upper and a lower half.
 void drawFace(HDC dc, const RECT &rect, COLORREF outline, COLORREF upper, COLORREF lower);
+/// The face of something that can be pressed.
+void drawFace(HDC dc, const RECT &rect, COLORREF outline, bool pressed);
 /// A filled circle.
 void drawDisc(HDC dc, POINT centre, int radius, COLORREF colour);
 /// A triangle that points down, 7 pixels wide and 4 high, its middle at `centre`.
@@ -50,6 +52,8 @@ void drawGleam(HDC dc, POINT centre, COLORREF colour);
 /// In the system font, without a background; `flags` as DrawTextW takes them.
 void drawText(HDC dc, std::u16string_view string, RECT rect, UINT flags, COLORREF colour,
               Weight weight = Weight::Regular);
+/// The colour of the text of something that can be chosen; `marked` when it is drawn on the accent.
+COLORREF textColour(bool enabled, bool marked);
 /// The size of a text whose lines are broken at `width` pixels.
 SIZE measureText(std::u16string_view string, int width, UINT flags,
                  Weight weight = Weight::Regular);

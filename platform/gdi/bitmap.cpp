@@ -63,8 +63,7 @@ HBITMAP CreateCompatibleBitmap(HDC, int width, int height)
 
 HBITMAP LoadBitmapW(HINSTANCE, LPCWSTR name)
 {
-    return gdi::insertBitmap(gdi::readDib(
-        resources::find(resources::Name::from(RT_BITMAP), resources::Name::from(name))));
+    return gdi::insertBitmap(gdi::readDib(resources::find(RT_BITMAP, name)));
 }
 
 HBRUSH CreateSolidBrush(COLORREF colour)

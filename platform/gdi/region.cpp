@@ -52,10 +52,8 @@ void Region::add(const RECT &rect)
 
 void Region::add(const Region &other)
 {
-    if (&other != this) {
-        for (const RECT &rect : other.rects_) {
-            add(rect);
-        }
+    for (const RECT &rect : other.rects_) {
+        add(rect);
     }
 }
 
@@ -73,10 +71,6 @@ void Region::subtract(const RECT &rect)
 
 void Region::subtract(const Region &other)
 {
-    if (&other == this) {
-        clear();
-        return;
-    }
     for (const RECT &rect : other.rects_) {
         subtract(rect);
     }

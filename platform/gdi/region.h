@@ -18,6 +18,7 @@ public:
     /// The smallest rectangle around it; all zeros when empty.
     RECT bounds() const;
 
+    // `other` is another region.
     void add(const RECT &rect);
     void add(const Region &other);
     void subtract(const RECT &rect);

@@ -124,6 +124,11 @@ std::span<const std::byte> find(const Name &type, const Name &name)
     return entry ? entry->data : Bytes{};
 }
 
+std::span<const std::byte> find(LPCWSTR type, LPCWSTR name)
+{
+    return find(Name::from(type), Name::from(name));
+}
+
 std::u16string_view string(unsigned id)
 {
     // A block holds sixteen strings: for each its length and that many code units.

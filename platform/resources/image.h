@@ -37,6 +37,7 @@ struct Name
 /// The bytes of a resource; empty when there is none, or the image is damaged there. They begin at
 /// a multiple of four bytes, as the image itself must.
 std::span<const std::byte> find(const Name &type, const Name &name);
+std::span<const std::byte> find(LPCWSTR type, LPCWSTR name);
 /// String `id` of the string table, in place; empty when there is none.
 std::u16string_view string(unsigned id);
 

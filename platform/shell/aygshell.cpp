@@ -35,8 +35,7 @@ std::vector<shell::MenuBarButton> readButtons(base::ByteReader &reader, HMENU me
 BOOL SHCreateMenuBar(SHMENUBARINFO *info)
 {
     info->hwndMB = {};
-    const auto bytes = resources::find(resources::Name::from(RT_RCDATA),
-                                       resources::Name::from(MAKEINTRESOURCEW(info->nToolBarId)));
+    const auto bytes = resources::find(RT_RCDATA, MAKEINTRESOURCEW(info->nToolBarId));
     base::ByteReader reader(bytes);
     const HMENU menu = LoadMenuW(info->hInstRes, MAKEINTRESOURCEW(reader.word()));
     std::vector<shell::MenuBarButton> buttons = readButtons(reader, menu);

@@ -81,9 +81,7 @@ void paintItem(HDC dc, const user::MenuItem &item, RECT rect, bool marked)
     }
     rect.left += padding - 1;
     theme::drawText(dc, item.text, rect, DT_VCENTER | DT_SINGLELINE,
-                    item.grayed() ? theme::textGrayed
-                    : marked      ? theme::accentText
-                                  : theme::text);
+                    theme::textColour(!item.grayed(), marked));
 }
 
 void paint(HWND window)
@@ -116,8 +114,7 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 RECT buttonRect(HWND bar, int button)
 {
     RECT rect = buttonsOf(bar)[static_cast<std::size_t>(button)].rect;
-    RECT screen;
-    GetWindowRect(bar, &screen);
+    const RECT screen = controls::screenRectOf(bar);
     OffsetRect(&rect, screen.left, screen.top);
     rect.top = screen.top;
     return rect;
@@ -183,10 +180,7 @@ void choose(Tracking &state, int index)
 /// The item at a point of the screen, or -1.
 int itemAt(const Tracking &state, POINT point)
 {
-    RECT window;
-    if (GetWindowRect(state.window, &window) == FALSE || PtInRect(&window, point) == FALSE) {
-        return -1;
-    }
+    const RECT window = controls::screenRectOf(state.window);
     const POINT inside{point.x - window.left, point.y - window.top};
     for (std::size_t i = 0; i < itemsOf(state.menu).size(); ++i) {
         const RECT rect = itemRect(state.menu, i, window.right - window.left);
@@ -211,8 +205,8 @@ int buttonAt(const Tracking &state, POINT point)
 
 bool onDropDown(const Tracking &state, POINT point)
 {
-    RECT window;
-    return GetWindowRect(state.window, &window) != FALSE && PtInRect(&window, point) != FALSE;
+    const RECT window = controls::screenRectOf(state.window);
+    return PtInRect(&window, point) != FALSE;
 }
 
 void stylusDown(Tracking &state, POINT point)
@@ -371,10 +365,10 @@ bool menuIsOpen() { return tracking && tracking->window; }
 
 std::optional<ItemPlace> openItem(UINT command)
 {
-    RECT window;
-    if (!menuIsOpen() || GetWindowRect(tracking->window, &window) == FALSE) {
+    if (!menuIsOpen()) {
         return std::nullopt;
     }
+    const RECT window = controls::screenRectOf(tracking->window);
     const auto &items = itemsOf(tracking->menu);
     for (std::size_t i = 0; i < items.size(); ++i) {
         if (items[i].id == command && !items[i].separator()) {

@@ -78,7 +78,7 @@ void paint(HWND window, const MenuBar &bar)
         }
         theme::drawText(dc, button.text, button.rect,
                         DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX,
-                        marked ? theme::accentText : theme::text, theme::Weight::Bold);
+                        theme::textColour(true, marked), theme::Weight::Bold);
     }
 }
 
@@ -172,8 +172,8 @@ void updateMenuBars()
 void placeMenuBars()
 {
     for (const HWND bar : allBars()) {
-        SetWindowPos(bar, {}, 0, gdi::screen().height - menuBarHeight, gdi::screen().width,
-                     menuBarHeight, SWP_NOZORDER | SWP_NOACTIVATE);
+        MoveWindow(bar, 0, gdi::screen().height - menuBarHeight, gdi::screen().width, menuBarHeight,
+                   TRUE);
         InvalidateRect(bar, nullptr, FALSE);
     }
 }

@@ -23,8 +23,7 @@ BOOL CreateProcessW(LPCWSTR program, LPCWSTR commandLine, SECURITY_ATTRIBUTES *,
     const std::u16string page(address.substr(0, mark));
     const std::u16string_view anchor =
         mark == std::u16string_view::npos ? std::u16string_view{} : address.substr(mark + 1);
-    const auto document =
-        resources::find(resources::Name::from(RT_HTML), resources::Name::from(page.c_str()));
+    const auto document = resources::find(RT_HTML, page.c_str());
     if (document.empty()) {
         return FALSE;
     }

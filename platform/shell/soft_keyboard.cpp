@@ -113,7 +113,7 @@ void paintKey(HDC dc, const Key &key, RECT rect, bool shift, bool marked)
     const std::u16string_view label =
         character != 0 ? std::u16string_view(&character, 1) : std::u16string_view(key.label);
     theme::drawText(dc, label, rect, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX,
-                    marked ? theme::accentText : theme::text);
+                    theme::textColour(true, marked));
 }
 
 void paint(HWND window, const SoftKeyboard &keyboard)
@@ -213,8 +213,8 @@ void lowerSoftKeyboard()
 void placeSoftKeyboard()
 {
     if (data()) {
-        SetWindowPos(panel, {}, 0, gdi::screen().height - menuBarHeight - panelHeight,
-                     gdi::screen().width, panelHeight, SWP_NOZORDER | SWP_NOACTIVATE);
+        MoveWindow(panel, 0, gdi::screen().height - menuBarHeight - panelHeight,
+                   gdi::screen().width, panelHeight, TRUE);
         InvalidateRect(panel, nullptr, FALSE);
     }
 }

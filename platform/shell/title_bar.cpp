@@ -155,8 +155,7 @@ void updateTitleBar()
 
 void placeTitleBar()
 {
-    SetWindowPos(titleBar, {}, 0, 0, gdi::screen().width, titleBarHeight,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    MoveWindow(titleBar, 0, 0, gdi::screen().width, titleBarHeight, TRUE);
     InvalidateRect(titleBar, nullptr, FALSE);
 }
 

@@ -66,8 +66,7 @@ void forgetAccelerators() { tables.clear(); }
 
 HACCEL LoadAcceleratorsW(HINSTANCE, LPCWSTR name)
 {
-    const auto table =
-        resources::find(resources::Name::from(RT_ACCELERATOR), resources::Name::from(name));
+    const auto table = resources::find(RT_ACCELERATOR, name);
     if (table.empty()) {
         return {};
     }

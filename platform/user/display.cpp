@@ -51,8 +51,8 @@ void placeWindows(const RECT &oldDefault)
         const Window *window = find(handle);
         if (window && window->activatable()) {
             const RECT rect = placeOnScreen(window->rect, oldDefault);
-            SetWindowPos(handle, {}, rect.left, rect.top, rect.right - rect.left,
-                         rect.bottom - rect.top, SWP_NOZORDER | SWP_NOACTIVATE);
+            MoveWindow(handle, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
+                       TRUE);
         }
     }
 }

@@ -2,7 +2,6 @@
 // way may change all three or destroy any window, so handles are looked up anew after each.
 #include "user/focus.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "user/keys.h"
@@ -42,11 +41,9 @@ HWND successorOf(const Window &leaving)
             return owner->handle;
         }
     }
-    const auto &all = topLevelWindows();
-    const auto found = std::find_if(std::begin(all), std::end(all), [&](const Window *each) {
+    return handleOf(firstOf(topLevelWindows(), [&](const Window *each) {
         return each != &leaving && canBeActivated(*each);
-    });
-    return found == all.end() ? HWND{} : (*found)->handle;
+    }));
 }
 
 /// Moves the focus from a control that cannot have it any more to its parent.
@@ -150,15 +147,12 @@ void comeToForeground()
         return; // a window opened meanwhile
     }
     const Window *window = find(attention.activeBefore);
-    if (window && canBeActivated(*window)) {
-        activate(window->handle, WA_ACTIVE);
-        return;
+    if (!window || !canBeActivated(*window)) {
+        window =
+            firstOf(topLevelWindows(), [](const Window *each) { return canBeActivated(*each); });
     }
-    const auto &all = topLevelWindows();
-    const auto topmost = std::find_if(std::begin(all), std::end(all),
-                                      [](const Window *each) { return canBeActivated(*each); });
-    if (topmost != all.end()) {
-        activate((*topmost)->handle, WA_ACTIVE);
+    if (window) {
+        activate(window->handle, WA_ACTIVE);
     }
 }
 

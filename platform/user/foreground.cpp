@@ -1,7 +1,5 @@
 // Finding windows and bringing them to the front. The host knows whether another process runs the
 // program too.
-#include <algorithm>
-
 #include "base/names.h"
 #include "host/current.h"
 #include "user/focus.h"
@@ -24,11 +22,10 @@ bool matches(const Window &window, LPCWSTR className, LPCWSTR title)
 /// The topmost window, among a window and those it owns, that is shown and enabled.
 HWND topmostOf(const Window &window)
 {
-    const auto &all = topLevelWindows();
-    const auto found = std::find_if(std::begin(all), std::end(all), [&](const Window *each) {
+    const Window *found = firstOf(topLevelWindows(), [&](const Window *each) {
         return belongsTo(*each, window) && each->shown() && each->enabled() && each->activatable();
     });
-    return found == all.end() ? window.handle : (*found)->handle;
+    return found ? found->handle : window.handle;
 }
 
 } // namespace
@@ -37,12 +34,12 @@ HWND topmostOf(const Window &window)
 
 HWND FindWindowW(LPCWSTR className, LPCWSTR title)
 {
-    const auto &all = user::topLevelWindows();
-    const auto found = std::find_if(std::begin(all), std::end(all), [&](const user::Window *each) {
-        return user::matches(*each, className, title);
-    });
-    if (found != all.end()) {
-        return (*found)->handle;
+    const user::Window *found =
+        user::firstOf(user::topLevelWindows(), [&](const user::Window *each) {
+            return user::matches(*each, className, title);
+        });
+    if (found) {
+        return found->handle;
     }
     return host::current().runsElsewhere() ? user::otherProcess : HWND{};
 }

@@ -91,12 +91,11 @@ std::uint32_t pixelAt(const Picture &picture, std::uint32_t x, std::uint32_t row
 
 HICON LoadIconW(HINSTANCE, LPCWSTR name)
 {
-    const auto group = resources::Name::from(name);
-    if (resources::find(resources::Name::from(RT_GROUP_ICON), group).empty()) {
+    if (resources::find(RT_GROUP_ICON, name).empty()) {
         return {};
     }
     const HICON icon{static_cast<std::uint32_t>(icons.size() + 1)};
-    icons.emplace(icon.value, group);
+    icons.emplace(icon.value, resources::Name::from(name));
     return icon;
 }
 
@@ -113,12 +112,11 @@ host::Icon user::iconPicture(HICON icon)
     if (!number) {
         return {};
     }
-    const auto picture = parse(resources::find(resources::Name::from(RT_ICON),
-                                               resources::Name::from(MAKEINTRESOURCEW(*number))));
-    host::Icon result;
+    const auto picture = parse(resources::find(RT_ICON, MAKEINTRESOURCEW(*number)));
     if (!picture) {
-        return result;
+        return {};
     }
+    host::Icon result;
     result.width = static_cast<int>(picture->width);
     result.height = static_cast<int>(picture->height);
     for (std::uint32_t y = 0; y < picture->height; ++y) {

@@ -47,7 +47,7 @@ HMENU readMenu(base::ByteReader &reader, int depth);
 MenuItem readItem(base::ByteReader &reader, unsigned flags, int depth)
 {
     MenuItem item;
-    item.flags = flags & (MF_GRAYED | MF_CHECKED | MF_POPUP | MF_SEPARATOR);
+    item.flags = flags & (MF_GRAYED | MF_POPUP | MF_SEPARATOR);
     item.id = (flags & MF_POPUP) != 0 ? 0 : reader.word();
     item.text = reader.text();
     if ((flags & MF_POPUP) != 0) {
@@ -116,7 +116,7 @@ void forgetMenus() { table.clear(); }
 
 HMENU LoadMenuW(HINSTANCE, LPCWSTR name)
 {
-    const auto bytes = resources::find(resources::Name::from(RT_MENU), resources::Name::from(name));
+    const auto bytes = resources::find(RT_MENU, name);
     base::ByteReader reader(bytes);
     const unsigned version = reader.word();
     reader.skip(reader.word()); // the rest of the header

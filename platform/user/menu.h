@@ -13,7 +13,7 @@ struct MenuItem
 {
     std::u16string text;
     UINT id = 0;      ///< the command; 0 of a separator or drop-down
-    UINT flags = 0;   ///< MF_GRAYED, MF_CHECKED, MF_SEPARATOR, MF_POPUP
+    UINT flags = 0;   ///< MF_GRAYED, MF_SEPARATOR, MF_POPUP
     HMENU dropDown{}; ///< with MF_POPUP
 
     bool separator() const { return (flags & MF_SEPARATOR) != 0; }

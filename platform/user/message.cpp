@@ -149,17 +149,12 @@ LRESULT DispatchMessageW(const MSG *message)
     if (!record) {
         return 0;
     }
-    const bool timer = message->message == WM_TIMER;
-    const bool programTimer = timer && record->handle == user::programWindow();
+    const bool programTimer =
+        message->message == WM_TIMER && record->handle == user::programWindow();
     const bool stylusLifted = message->message == WM_LBUTTONUP;
     const unsigned captures = user::captureCount();
-    LRESULT result = 0;
-    if (timer && message->lParam != 0) {
-        reinterpret_cast<TIMERPROC>(message->lParam)(
-            message->hwnd, WM_TIMER, static_cast<UINT>(message->wParam), GetTickCount());
-    } else {
-        result = SendMessageW(message->hwnd, message->message, message->wParam, message->lParam);
-    }
+    const LRESULT result =
+        SendMessageW(message->hwnd, message->message, message->wParam, message->lParam);
     if (stylusLifted && user::captureCount() == captures) {
         ReleaseCapture();
     }

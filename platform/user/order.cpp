@@ -2,7 +2,6 @@
 #include "user/order.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace user {
 
@@ -56,21 +55,6 @@ void bringToTop(Window &window)
 {
     std::stable_partition(listOf(window).begin(), listOf(window).end(),
                           [&](Window *each) { return belongsTo(*each, window); });
-    putTopmostFirst();
-}
-
-void placeBehind(Window &window, Window &sibling)
-{
-    if (sibling.parent != window.parent || belongsTo(sibling, window)) {
-        return;
-    }
-    auto &siblings = listOf(window);
-    const auto moves = [&](Window *each) { return belongsTo(*each, window); };
-    std::vector<Window *> group;
-    std::copy_if(std::begin(siblings), std::end(siblings), std::back_inserter(group), moves);
-    std::erase_if(siblings, moves);
-    const auto place = std::find(std::begin(siblings), std::end(siblings), &sibling);
-    siblings.insert(std::next(place), group.begin(), group.end());
     putTopmostFirst();
 }
 

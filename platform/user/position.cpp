@@ -61,22 +61,6 @@ void takeRect(Window &window, const RECT &rect)
     }
 }
 
-/// Changes rectangle and order.
-void rearrange(Window &window, HWND after, const RECT &rect, UINT flags)
-{
-    if (rect != window.rect) {
-        takeRect(window, rect);
-    }
-    if ((flags & SWP_NOZORDER) != 0) {
-        return;
-    }
-    if (Window *sibling = find(after)) {
-        placeBehind(window, *sibling);
-    } else {
-        bringToTop(window);
-    }
-}
-
 /// Collects the invalid parts of a window and its children.
 void noteInvalid(const Window &window, std::vector<gdi::Region> &parts)
 {
@@ -168,7 +152,7 @@ BOOL ShowWindow(HWND window, int command)
     return wasShown ? TRUE : FALSE;
 }
 
-BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, UINT flags)
+BOOL SetWindowPos(HWND window, HWND, int x, int y, int width, int height, UINT flags)
 {
     user::Window *record = user::find(window);
     if (!record) {
@@ -179,20 +163,15 @@ BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, 
     const RECT rect = user::requestedRect(*record, x, y, width, height, flags);
     std::vector<gdi::Region> invalid;
     user::noteInvalid(*record, invalid);
-    if (rect != before || (flags & SWP_NOZORDER) == 0) {
+    if (rect != before) {
         const user::VisibilityChange change;
-        user::rearrange(*record, after, rect, flags);
+        user::takeRect(*record, rect);
     }
     if ((flags & SWP_NOREDRAW) != 0) {
         auto first = invalid.begin();
         user::restoreInvalid(*record, first, {rect.left - before.left, rect.top - before.top});
     }
     user::announceRect(self, before);
-    record = user::find(self);
-    const bool activates = (flags & (SWP_NOACTIVATE | SWP_NOZORDER)) == 0;
-    if (record && record->shown() && !record->parent && activates) {
-        SetActiveWindow(self);
-    }
     if (GetActiveWindow() == self && rect != before) {
         user::shellInUse().activeWindowChanged();
     }

@@ -10,8 +10,6 @@ namespace user {
 
 namespace {
 
-HWND handleOf(const Window *window) { return window ? window->handle : HWND{}; }
-
 /// The sibling directly behind.
 HWND nextSiblingOf(const Window &window)
 {

@@ -1,8 +1,6 @@
 // Finds the window that a stylus event is for.
 #include "user/stylus.h"
 
-#include <algorithm>
-
 #include "user/focus.h"
 #include "user/order.h"
 #include "user/table.h"
@@ -16,15 +14,11 @@ POINT position{};
 /// The frontmost window of a list at a point of the screen, or its child at that point.
 Window *windowAt(const std::vector<Window *> &siblings, POINT point)
 {
-    const auto found =
-        std::find_if(std::begin(siblings), std::end(siblings), [&](const Window *each) {
-            return each->shown() && PtInRect(&each->rect, point);
-        });
-    if (found == siblings.end()) {
-        return nullptr;
-    }
-    Window *child = windowAt((*found)->children, point);
-    return child ? child : *found;
+    Window *found = firstOf(siblings, [&](const Window *each) {
+        return each->shown() && PtInRect(&each->rect, point) != FALSE;
+    });
+    Window *child = found ? windowAt(found->children, point) : nullptr;
+    return child ? child : found;
 }
 
 UINT messageOf(host::Event::Kind kind)

@@ -11,6 +11,8 @@ namespace user {
 Window *find(HWND handle);
 /// Whether `window` is `ancestor` or a child of it, however indirectly.
 bool isWithin(HWND window, HWND ancestor);
+/// The handle of a window; none for null.
+inline HWND handleOf(const Window *window) { return window ? window->handle : HWND{}; }
 /// Every window, front to back, each before its children.
 std::vector<Window *> everyWindow();
 /// The same windows as handles, for loops that call window procedures: those may destroy any.

@@ -16,7 +16,6 @@ struct Timer
     UINT id = 0;
     DWORD period = 0;
     DWORD due = 0;
-    TIMERPROC callback = nullptr;
 };
 
 std::vector<Timer> timers; ///< in the order of setting, which decides between equal moments
@@ -45,8 +44,7 @@ std::optional<MSG> takeTimerMessage(DWORD now)
     }
     // Moments missed meanwhile are skipped.
     timer->due += ((now - timer->due) / timer->period + 1) * timer->period;
-    return MSG{timer->window, WM_TIMER, timer->id, reinterpret_cast<LPARAM>(timer->callback),
-               now,           {}};
+    return MSG{timer->window, WM_TIMER, timer->id, 0, now, {}};
 }
 
 std::optional<DWORD> nextTimerMoment()
@@ -74,7 +72,7 @@ std::vector<TimerView> liveTimers()
 
 } // namespace user
 
-UINT SetTimer(HWND window, UINT id, UINT period, TIMERPROC callback)
+UINT SetTimer(HWND window, UINT id, UINT period, TIMERPROC)
 {
     constexpr DWORD longestPeriod = 0x7FFFFFFF;
     const user::Window *record = user::find(window);
@@ -83,7 +81,7 @@ UINT SetTimer(HWND window, UINT id, UINT period, TIMERPROC callback)
     }
     user::eraseTimer(record->handle, id);
     const DWORD length = std::clamp<DWORD>(period, 1, longestPeriod);
-    user::timers.push_back({record->handle, id, length, GetTickCount() + length, callback});
+    user::timers.push_back({record->handle, id, length, GetTickCount() + length});
     return std::max<UINT>(id, 1);
 }
 

@@ -61,7 +61,7 @@ struct Window final : gdi::ScreenArea
     bool destroying = false;  ///< DestroyWindow has begun
     std::vector<HDC> openDCs; ///< closed with the window
     mutable gdi::Region visibleRegion;
-    mutable unsigned visibleAsOf = 0; ///< the arrangement that visibleRegion holds for
+    mutable unsigned visibleAsOf = 0; ///< the arrangement for which visibleRegion is right
 };
 
 /// Every change of a window's place, order or visibility makes a new arrangement: regions computed

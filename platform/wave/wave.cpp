@@ -15,7 +15,8 @@ namespace {
 constexpr HWAVEOUT theDevice{1};
 
 bool isOpen = false;
-std::vector<WAVEHDR *> queued;
+/// Never destroyed: a program's own objects may play, or stop to, until the process has ended.
+std::vector<WAVEHDR *> &queued = *new std::vector<WAVEHDR *>;
 
 void markDone()
 {

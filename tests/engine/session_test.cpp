@@ -1,65 +1,117 @@
-// The phases of a game, by the millisecond.
+// What the rest of the program relies on: what each event has redrawn, and the options.
+#include <optional>
+
 #include <gtest/gtest.h>
 
-#include "engine/played_game.h"
+#include "engine/game_session.h"
+#include "support/fake_host.h"
 
 namespace {
 
-using enum TetrominoType;
-
-/// When a piece on the ground locks, the rows are cleared and the next piece comes.
-TEST(Session, LocksASecondAfterLandingAndClearsRowsIn200Milliseconds)
+struct Session : testing::Test
 {
-    PlayedGame game;
-    game.fillRow(18, {4, 5});
-    game.fillRow(19, {4, 5});
-    game.put(O, 3, 18, 0);
-    game.tick();
-    EXPECT_EQ(game.session.phase, Phase::Landed);
-    EXPECT_EQ(game.untilDeadline(), 1000);
-    game.ticks(39);
-    EXPECT_FALSE(game.filled(4, 18));
-    game.tick();
-    EXPECT_EQ(game.session.phase, Phase::Clearing);
-    EXPECT_EQ(game.session.dirty, dirty::well | dirty::clearAnimation);
-    for (const int look : {0, 1, 1, 2, 3, 3, 4}) {
-        game.tick({Action::Left, Action::HardDrop, Action::Hold, Action::RotateLeft});
-        EXPECT_EQ(game.session.clearFrame, look);
-        EXPECT_EQ(game.piece().x, 3);
-        EXPECT_EQ(game.session.dirty, dirty::clearAnimation);
+    Session() { session.newGame(HWND{}); }
+
+    /// An O that lies in columns 4 and 5.
+    void putO(int y)
+    {
+        ActivePiece &piece = session.playfield.piece;
+        piece.type = TetrominoType::O;
+        piece.x = 3;
+        piece.y = y;
+        piece.rotation = 0;
     }
-    game.tick();
-    EXPECT_EQ(game.session.phase, Phase::Falling);
-    EXPECT_EQ(game.session.score, 100);
-    EXPECT_FALSE(game.filled(0, 19));
-    EXPECT_EQ(game.session.dirty, dirty::well | dirty::queue | dirty::score | dirty::lines);
+    /// Fills a row; columns 4 and 5 only when it is to be `whole`.
+    void fillRow(int row, bool whole)
+    {
+        for (int column = 0; column < wellColumns; ++column) {
+            if (whole || (column != 4 && column != 5)) {
+                session.playfield.setCell(column, row, TetrominoType::J);
+            }
+        }
+    }
+    /// Running ticks, 25 ms apart, with one button down or none. Returns what the last has redrawn.
+    std::uint32_t ticks(int count, std::optional<Action> down = {})
+    {
+        for (int i = 0; i < count; ++i) {
+            session.now = session.after(timing::tick);
+            session.dirty = 0;
+            for (std::size_t button = 0; button < actionCount; ++button) {
+                input.slots[button].wasDown = input.slots[button].down;
+                input.slots[button].down = down && static_cast<std::size_t>(*down) == button;
+            }
+            session.update(input);
+        }
+        return session.dirty;
+    }
+
+    SwitchedOn handheld;
+    GameSession session;
+    InputState input;
+};
+
+/// From a piece that lands to the next one.
+TEST_F(Session, RedrawsWhatALockAndAClearChange)
+{
+    fillRow(18, false);
+    fillRow(19, false);
+    putO(17);
+    EXPECT_EQ(ticks(1, Action::SoftDrop), dirty::score | dirty::movedPiece);
+    EXPECT_EQ(ticks(40), dirty::well | dirty::clearAnimation);
+    EXPECT_EQ(ticks(7, Action::Left), dirty::clearAnimation);
+    EXPECT_EQ(ticks(1), dirty::well | dirty::queue | dirty::score | dirty::lines);
+    EXPECT_EQ(ticks(1, Action::HardDrop), dirty::score | dirty::movedPiece);
 }
 
-TEST(Session, FallsByGravityOfTheLevel)
+TEST_F(Session, RedrawsARiseOfTheLevelAndTheNextBackdrop)
 {
-    const int levels[][3] = {{0, 900, 0}, {2, 740, 1}, {5, 500, 2}, {9, 180, 1}, {10, 180, 2}};
-    PlayedGame game;
-    for (const auto &[level, gravity, backdrop] : levels) {
-        game.session.setLevel(level);
-        EXPECT_EQ(game.session.gravityMs, gravity);
-        EXPECT_EQ(game.session.backdrop, backdrop);
+    session.lines = 9;
+    session.dirty = 0;
+    session.rowsCleared(1);
+    EXPECT_EQ(session.dirty, dirty::score | dirty::lines | dirty::level);
+    session.lines = 29;
+    session.rowsCleared(1);
+    EXPECT_EQ(session.backdrop, 1);
+    EXPECT_EQ(session.dirty, dirty::everything);
+    for (const int level : {9, 10}) { // the speed stays
+        session.setLevel(level);
+        EXPECT_EQ(session.gravityMs, 180);
     }
 }
 
-TEST(Session, UltraEndsByItsTicksAndRefreshesItsClockEverySecond)
+TEST_F(Session, RefreshesTheUltraClockEverySecond)
 {
-    PlayedGame game(GameMode::Ultra2Min);
+    session.mode = GameMode::Ultra2Min;
     int refreshes = 0;
-    for (int i = 1; i < 4800; ++i) {
-        game.put(O, 3, 0, 0); // keeps on falling
-        game.tick();
-        refreshes += (game.session.dirty & dirty::time) != 0;
-        ASSERT_EQ(game.session.state, GameState::Running) << i;
+    for (session.timeLeft = 201; session.timeLeft > 1;) {
+        putO(0); // keeps on falling
+        refreshes += (ticks(1) & dirty::time) != 0;
     }
-    EXPECT_EQ(refreshes, 120);
-    game.tick();
-    EXPECT_EQ(game.session.state, GameState::Ending);
-    EXPECT_EQ(game.session.dirty & dirty::well, dirty::well);
+    EXPECT_EQ(refreshes, 5);
+    EXPECT_EQ(ticks(1) & dirty::well, dirty::well);
+    EXPECT_EQ(session.state, GameState::Ending);
+}
+
+TEST_F(Session, HoldShowsAtOnceAndCanBeDisabled)
+{
+    const auto first = static_cast<std::int32_t>(session.playfield.piece.type);
+    session.holdEnabled = 0;
+    ticks(1, Action::Hold);
+    EXPECT_EQ(session.holdType, -1);
+    session.holdEnabled = 1;
+    ticks(1);
+    EXPECT_EQ(ticks(1, Action::Hold), dirty::everything);
+    EXPECT_EQ(session.holdType, first);
+}
+
+TEST_F(Session, NeverRemovesTheTopRow)
+{
+    for (const int row : {0, 5, 7}) {
+        fillRow(row, true);
+    }
+    EXPECT_EQ(session.playfield.markFullRows(), 2);
+    EXPECT_EQ(session.playfield.removeFullRows(), 2);
+    EXPECT_EQ(session.playfield.cellAt(0, 2)->occupied, 1);
 }
 
 } // namespace

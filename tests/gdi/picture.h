@@ -64,12 +64,7 @@ public:
         });
         return lines;
     }
-    void fill(const RECT &rect, COLORREF colour) const
-    {
-        const HBRUSH brush = CreateSolidBrush(colour);
-        FillRect(dc, &rect, brush);
-        DeleteObject(brush);
-    }
+    void fill(const RECT &rect, COLORREF colour) const { theme::fill(dc, rect, colour); }
 
     const HDC dc;
     const HBITMAP bitmap;

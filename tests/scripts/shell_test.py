@@ -88,6 +88,7 @@ class ShellTest(store.FolderTest):
                 ("type abc defghijklmno\nclick IDOK\n", {"score": 501, "lines": 57, "level": 4}, 0,
                  ("Abc defghij", 501, 57, 4)),
                 ("type zoë\npress 13\n", {"score": 501, "lines": 12, "mode": 1}, 1, ("Zoë", 501, 28, 0)),
+                ("type eve\nclick IDOK\n", {"score": 1000}, 0, ("Eve", 1000, 0, 0)),  # below an equal score
                 ("click IDOK\n", {"score": 501}, 0, LAST_ROW),
                 ("type zed\npress 27\n", {"score": 501}, 0, LAST_ROW),
                 ("", {"score": 500}, 0, LAST_ROW)]:

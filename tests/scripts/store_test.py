@@ -71,6 +71,7 @@ class StoreTest(store.FolderTest):
         good = self.game()
         file = self.store / "registry.reg"
         for block, version, reason in [(good, 2, "version is 2"), (good[:-1], 3, "2495 bytes"),
+                                       (good + b"0", 3, "2497 bytes"), (b"", 3, "0 bytes"),
                                        (store.changed(good, x=11), 3, "outside of the well")]:
             store.write_block(self.store, block, version, '"app.rejected"=hex:01\n"app.rejected.1"=hex:02\n')
             _, errors = self.play("state state\nclose\n")

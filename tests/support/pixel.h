@@ -1,6 +1,7 @@
 // Single pixels of device contexts, for tests that draw and look.
 #pragma once
 
+#include "controls/theme.h"
 #include "gdi/canvas.h"
 
 /// The colour as the display shows it; CLR_INVALID outside the device context.
@@ -18,8 +19,5 @@ inline COLORREF getPixel(HDC dc, int x, int y)
 
 inline void setPixel(HDC dc, int x, int y, COLORREF colour)
 {
-    const RECT pixel{x, y, x + 1, y + 1};
-    const HBRUSH brush = CreateSolidBrush(colour);
-    FillRect(dc, &pixel, brush);
-    DeleteObject(brush);
+    theme::fill(dc, {x, y, x + 1, y + 1}, colour);
 }
