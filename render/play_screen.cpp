@@ -150,9 +150,11 @@ void drawFallingPiece(const GameSession &session)
 {
     const Playfield &playfield = session.playfield;
     const ActivePiece &piece = playfield.piece;
+    const bool ghostMoved = piece.prevGhostX != piece.ghostX || piece.prevGhostY != piece.ghostY ||
+                            piece.prevRotation != piece.rotation;
     {
         const Selection backdrop(session.tileDC, backdropOf(session));
-        if (wasDrawn(piece.prevGhostX, piece.prevGhostY)) {
+        if (ghostMoved && wasDrawn(piece.prevGhostX, piece.prevGhostY)) {
             erasePiece(session, playfield.previousState(), piece.prevGhostX, piece.prevGhostY);
         }
         if (wasDrawn(piece.prevX, piece.prevY)) {

@@ -38,9 +38,9 @@ void copyNarrow(Pixel *target, const Pixel *picture, LONG width, LONG height, Pi
     }
 }
 
-/// Copies a group except its transparent pixels. The target's pixels are written back unchanged
-/// there, which saves the branches.
-void copyGroup(Pixel *target, const Pixel *picture, Pixel transparent)
+/// A group of the picture, with the target's pixels where it is transparent: so it can be written
+/// as a whole, which saves the branches.
+Group mixed(const Pixel *target, const Pixel *picture, Pixel transparent)
 {
     Group old;
     Group fresh;
@@ -50,8 +50,10 @@ void copyGroup(Pixel *target, const Pixel *picture, Pixel transparent)
         const auto keep = static_cast<Pixel>(fresh[i] == transparent ? 0xFFFF : 0);
         fresh[i] = static_cast<Pixel>((old[i] & keep) | (fresh[i] & ~keep));
     }
-    std::memcpy(target, fresh.data(), sizeof fresh);
+    return fresh;
 }
+
+void write(Pixel *target, const Group &group) { std::memcpy(target, group.data(), sizeof group); }
 
 } // namespace
 
@@ -97,9 +99,17 @@ void copyTransparent(const Raster &to, const RECT &part, const Raster &from, POI
     const int targetPitch = to.width;
     const int picturePitch = from.width;
     for (LONG y = 0; y < height; ++y, target += targetPitch, picture += picturePitch) {
+        if (width >= groupSize && width <= 2 * groupSize) { // as in copyNarrow
+            const LONG right = width - groupSize;
+            const Group first = mixed(target, picture, transparent);
+            const Group last = mixed(target + right, picture + right, transparent);
+            write(target, first);
+            write(target + right, last);
+            continue;
+        }
         LONG x = 0;
         for (; x <= width - groupSize; x += groupSize) {
-            copyGroup(target + x, picture + x, transparent);
+            write(target + x, mixed(target + x, picture + x, transparent));
         }
         for (; x < width; ++x) {
             target[x] = picture[x] == transparent ? target[x] : picture[x];
