@@ -17,6 +17,13 @@ std::optional<std::vector<std::byte>> FileHost::loadStore()
     return bytes;
 }
 
+bool FileHost::saveStore(std::span<const std::byte> bytes)
+{
+    const bool saved = worked(store_.save(bytes));
+    lock_.keep(); // the folder may have been made again
+    return saved;
+}
+
 void FileHost::report(std::string_view line)
 {
     std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());

@@ -18,7 +18,7 @@ public:
     explicit FileHost(const std::filesystem::path &storeFolder);
 
     std::optional<std::vector<std::byte>> loadStore() final;
-    bool saveStore(std::span<const std::byte> bytes) final { return worked(store_.save(bytes)); }
+    bool saveStore(std::span<const std::byte> bytes) final;
     void setStoreAside() final { worked(store_.setAside()); }
     bool runsElsewhere() final { return !lock_.take(); }
     void raiseOther() final { lock_.nudgeHolder(); }

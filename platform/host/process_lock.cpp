@@ -4,6 +4,7 @@
 #include <cerrno>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 
 namespace host {
 namespace {
@@ -26,8 +27,22 @@ bool ProcessLock::take()
         descriptor_ = Descriptor(file_, O_RDWR | O_CREAT);
     }
     struct flock lock = wholeFile();
-    return !descriptor_ || fcntl(descriptor_.number(), F_SETLK, &lock) == 0 ||
-           (errno != EACCES && errno != EAGAIN);
+    taken_ = !descriptor_ || fcntl(descriptor_.number(), F_SETLK, &lock) == 0 ||
+             (errno != EACCES && errno != EAGAIN);
+    return taken_;
+}
+
+void ProcessLock::keep()
+{
+    struct stat known
+    {
+    };
+    const bool exists =
+        descriptor_ && fstat(descriptor_.number(), &known) == 0 && known.st_nlink > 0;
+    if (taken_ && !exists) {
+        descriptor_ = Descriptor();
+        take();
+    }
 }
 
 void ProcessLock::nudgeHolder()

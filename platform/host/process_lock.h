@@ -21,12 +21,15 @@ public:
     /// Takes the lock unless another process holds it, and only then returns false: in a folder
     /// that cannot be locked at all, every process may go on.
     bool take();
+    /// Takes the lock again if it was taken and its file has been deleted.
+    void keep();
     /// Sends nudgeSignal to the process that holds the lock.
     void nudgeHolder();
 
 private:
     std::filesystem::path file_;
     Descriptor descriptor_;
+    bool taken_ = false;
 };
 
 } // namespace host

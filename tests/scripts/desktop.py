@@ -66,6 +66,7 @@ def start_display(add_cleanup, depth=24):
     os.close(writer)
     os.environ["DISPLAY"] = ":" + os.read(reader, 20).decode().strip()
     os.environ["ASAN_OPTIONS"] = "detect_leaks=0"  # the display's libraries leak at their end
+    os.environ["SDL_MOUSE_FOCUS_CLICKTHROUGH"] = "1"  # SDL drops a click that comes with the focus
     add_cleanup(server.wait)
     add_cleanup(server.terminate)
     return server

@@ -8,13 +8,14 @@ import random
 import shutil
 import signal
 import socket
+import subprocess
 import sys
 import time
 import unittest
 from unittest import mock
 
 import store
-from desktop import GAME_MENU, PLAY, SCALE, DesktopTest, Picture, eventually, start_display, xdotool
+from desktop import GAME_MENU, GLIMRA, PLAY, SCALE, DesktopTest, Picture, eventually, start_display, xdotool
 
 ROUNDS = int(sys.argv.pop(1)) if sys.argv[1:] and sys.argv[1].isdigit() else 1
 
@@ -85,6 +86,8 @@ class EndsTest(DesktopTest):
         self.click(game, GAME_MENU)
         eventually(lambda: title() == ["Glimra"], "until one has worked")
         self.assertEqual(folder.stat().st_mode & 0o777, 0o700)
+        again = subprocess.run([GLIMRA, "--store", "store"], cwd=self.folder, timeout=20)
+        self.assertEqual((again.returncode, game.poll()), (0, None), "it is still the only one")
         store.read_block(folder)
         self.assertRegex(game.stderr.readline(), "not kept: store: Not a directory")
 

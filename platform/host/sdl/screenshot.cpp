@@ -62,7 +62,7 @@ std::string saveScreenshot(const host::Frame &frame, const std::string &title)
     if (file && file.writeAll(picture) && file.close()) {
         return "saved " + name;
     }
-    const auto problem = "the picture is not saved: " + host::fileProblem(name);
+    auto problem = "the picture is not saved: " + host::fileProblem(name);
     if (isNew) {
         unlink(name.c_str());
     }
