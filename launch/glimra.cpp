@@ -10,7 +10,7 @@
 #include "app/game_log.h"
 #include "app/situation.h"
 #include "handheld.h"
-#include "host/new_file.h"
+#include "host/files.h"
 #include "host/sdl/desktop.h"
 #include "host/standard_streams.h"
 #include "host/store_file.h"

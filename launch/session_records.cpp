@@ -6,7 +6,6 @@
 #include <ctime>
 #include <string>
 
-#include "host/small_file.h"
 #include "record/record.h"
 
 namespace {
@@ -28,7 +27,7 @@ std::string timeName()
 
 std::string textOf(const fs::path &record)
 {
-    return host::readSmallFile(record, record::largestSize).value;
+    return host::readFile(record, record::largestSize).value.value_or("");
 }
 
 bool hasGame(const std::string &text)
@@ -110,6 +109,6 @@ void SessionRecords::finish(const fs::path &record)
     std::error_code error;
     fs::resize_file(record, text.rfind('\n') + 1, error);
     if (!error) {
-        host::appendToFile(record, "# closed\n");
+        static_cast<void>(host::appendToFile(record, "# closed\n"));
     }
 }

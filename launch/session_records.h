@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "host/new_file.h"
+#include "host/files.h"
 #include "host/problem.h"
 
 class SessionRecords

@@ -2,6 +2,7 @@
 #include "host/files.h"
 
 #include <cstdio>
+#include <memory>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -50,7 +51,7 @@ bool writeBeside(const std::filesystem::path &fresh, const std::filesystem::path
 
 } // namespace
 
-Result<std::optional<std::string>> readFile(const std::filesystem::path &file)
+Result<std::optional<std::string>> readFile(const std::filesystem::path &file, std::size_t largest)
 {
     const Descriptor source(file, O_RDONLY | O_NONBLOCK); // a pipe would wait for its other end
     struct stat known
@@ -62,7 +63,7 @@ Result<std::optional<std::string>> readFile(const std::filesystem::path &file)
     if (!S_ISREG(known.st_mode)) {
         return {{}, file.string() + ": not a regular file"};
     }
-    auto text = source.readAll(largestFile);
+    auto text = source.readAll(largest);
     return {text, text ? std::nullopt : Problem(fileProblem(file))};
 }
 
@@ -86,6 +87,28 @@ Problem replaceFile(const std::filesystem::path &file, std::span<const std::byte
         bringToDisk(folder);
     }
     return std::nullopt;
+}
+
+Result<Append> makeFile(const std::filesystem::path &file)
+{
+    const auto target =
+        std::make_shared<Descriptor>(file, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_APPEND);
+    if (!*target) {
+        return {{}, errno == EEXIST ? file.string() + ": exists already" : fileProblem(file)};
+    }
+    return {[target, file](std::string_view text) {
+                return target->writeAll(std::as_bytes(std::span(text)))
+                           ? std::nullopt
+                           : Problem(fileProblem(file));
+            },
+            {}};
+}
+
+Problem appendToFile(const std::filesystem::path &file, std::string_view text)
+{
+    const Descriptor target(file, O_WRONLY | O_APPEND | O_NOFOLLOW);
+    return target && target.writeAll(std::as_bytes(std::span(text))) ? std::nullopt
+                                                                     : Problem(fileProblem(file));
 }
 
 std::filesystem::path linkedFile(std::filesystem::path file)

@@ -8,7 +8,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "host/new_file.h"
+#include "host/files.h"
 #include "host/store_file.h"
 #include "pilot/player.h"
 #include "pilot/run_process.h"
