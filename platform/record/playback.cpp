@@ -42,9 +42,9 @@ std::optional<Event> Playback::wait(std::optional<std::uint32_t> deadline)
             if (auto event = takeStep(record_.steps[next_++])) {
                 return event;
             }
-        }
-        if (deadline && !host::isBefore(clock_, *deadline)) {
-            return std::nullopt; // after a jump
+            if (deadline && !host::isBefore(clock_, *deadline)) {
+                return std::nullopt; // after a jump, what was due comes before the next step
+            }
         }
         const auto target = nextMoment(deadline);
         if (!target && !std::exchange(ended_, true)) {
