@@ -75,6 +75,14 @@ std::optional<std::uint64_t> Playback::nextMoment(std::optional<std::uint32_t> d
                : next;
 }
 
+bool Playback::isOver() const
+{
+    return position_ == record_.length &&
+           std::none_of(record_.steps.begin() + static_cast<std::ptrdiff_t>(next_),
+                        record_.steps.end(),
+                        [](const Step &step) { return step.kind == Step::Kind::Event; });
+}
+
 std::optional<Event> Playback::takeStep(const Step &step)
 {
     switch (step.kind) {
