@@ -21,7 +21,6 @@ namespace pilot {
 namespace {
 
 using Kind = host::Event::Kind;
-using record::Argument;
 using record::ArgumentList;
 using record::Arguments;
 
@@ -386,7 +385,7 @@ private:
     std::ofstream trace_;
 };
 
-using enum Argument;
+using enum record::Argument;
 
 struct Command
 {
