@@ -1,6 +1,6 @@
 """Measures the game and prints each figure beside its goal. bench/run starts it.
 
-measure.py BUILD [speed|start|memory|size|idle|play|latency]...
+measure.py BUILD [speed|records|start|memory|size|idle|play|latency]...
 """
 import json
 import os
@@ -12,6 +12,9 @@ import tempfile
 import time
 
 from latency import key_to_pixels
+
+sys.path.append(str(pathlib.Path(__file__).parents[1] / "tests/model"))
+import compare  # noqa: E402 pylint: disable=wrong-import-position
 
 BUILD = pathlib.Path(sys.argv[1]).resolve()
 SCALE = 3
@@ -45,6 +48,33 @@ def speed():
     report("BitBlt 240 x 268 / memcpy", ns["blit"] / copy)
     report("TransparentImage 11 x 11 / SDL_BlitSurface with a key", ns["tile"] / ns["tileSdl"], goal=0.8)
     report("DrawTextW of a value / BitBlt of its picture", ns["drawValue"] / ns["blitValue"], goal=3)
+    report("recording a minute of play: 1 % of a core is 600", ns["recordMinute"] / 1e6, "ms", 600)
+
+
+def records():
+    """A good player's game of three minutes, and an hour of all kinds of games, recorded and checked."""
+    game = compare.Player(8)
+    game.tap(165, 140)
+    game.tap(120, 215)
+    while game.app.state == compare.PLAYING and not game.app.asking and game.app.session.timeLeft > 0:
+        if game.app.session.state == compare.PAUSED:
+            game.tap(100, 100)
+        else:
+            game.steer()
+    hour = compare.Player(3)
+    while (hour.app.clock - hour.clock) % 2**32 < 3600 * 1000:
+        hour.play()
+    with tempfile.TemporaryDirectory() as folder:
+        for player, times, what, goal in ((game, 1000, "1,000 games of three minutes, checked", 60),
+                                          (hour, 1, "an hour, checked; seeking over it is the same work", 2)):
+            script = "\n".join([*player.script, "close", ""])
+            subprocess.run([BUILD / "glimra-pilot", "--clock", str(player.clock), "--record", what], cwd=folder,
+                           check=True, input=script, text=True, stdout=subprocess.DEVNULL)
+            begin = time.monotonic()
+            for _ in range(times):
+                answer = subprocess.run([BUILD / "glimra-pilot", "--check", what], cwd=folder, capture_output=True)
+                assert answer.stdout.endswith(b"holds\n"), answer
+            report(what, time.monotonic() - begin, "s", goal)
 
 
 class Running:
@@ -176,7 +206,7 @@ server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1
 os.close(writer)
 os.environ["DISPLAY"] = ":" + os.read(reader, 20).decode().strip()
 try:
-    for measure in (speed, start, memory, size, idle, play, latency):
+    for measure in (speed, records, start, memory, size, idle, play, latency):
         if measure is idle:
             os.environ["SDL_AUDIODRIVER"] = "dummy"  # the same on every machine, with a sound device or without
         if measure.__name__ in (sys.argv[2:] or measure.__name__):

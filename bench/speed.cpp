@@ -1,12 +1,18 @@
 // The time of the game's own work, and beside each piece of it the work it is compared with.
 #include <cstring>
+#include <filesystem>
 #include <memory>
 #include <vector>
+
+#include <unistd.h>
 
 #include <SDL.h>
 #include <benchmark/benchmark.h>
 
 #include "engine/game_session.h"
+#include "host/new_file.h"
+#include "launch/game_subject.h"
+#include "record/recording_host.h"
 #include "render/graphics.h"
 #include "resources/program_resources.h"
 #include "support/fake_host.h"
@@ -212,6 +218,40 @@ void blitValue(State &state)
     }
 }
 
+/// What recording adds to a minute of play with two buttons a second. The record goes to a file.
+void recordMinute(State &state)
+{
+    const auto file = std::filesystem::temp_directory_path() /
+                      ("glimra-bench-" + std::to_string(getpid()) + ".pilot");
+    gameApp.appState = AppState::Playing;
+    gameApp.session.state = GameState::Running;
+    SwitchedOn on;
+    FakeHost &host = on.host;
+    for (auto _ : state) {
+        for (int i = 0; i < 240; ++i) {
+            host.key(i / 2 % 2 == 0 ? VK_LEFT : VK_RIGHT, i % 2 == 0, i == 0 ? 10 : 250);
+        }
+        const auto [sink, problem] = host::makeFile(file);
+        GameLog games;
+        record::RecordingHost recorder(host);
+        recorder.begin("bench", false, gameSubject(games), sink);
+        std::uint32_t due = host.clock + timing::tick;
+        for (int events = 0; events < 240;) {
+            if (recorder.wait(due)) {
+                ++events;
+            } else {
+                due += timing::tick;
+            }
+        }
+        recorder.close();
+        std::filesystem::remove(file);
+        if (problem || !host.reports.empty()) {
+            state.SkipWithError("it cannot be recorded");
+        }
+    }
+    gameApp.appState = AppState::None;
+}
+
 BENCHMARK(copyMemory);
 BENCHMARK(tickPieceMoved);
 BENCHMARK(repaint)->DenseRange(0, 200, 50);
@@ -222,6 +262,7 @@ BENCHMARK(tile);
 BENCHMARK(tileSdl);
 BENCHMARK(drawValue);
 BENCHMARK(blitValue);
+BENCHMARK(recordMinute);
 
 } // namespace
 

@@ -21,7 +21,6 @@ namespace pilot {
 namespace {
 
 using Kind = host::Event::Kind;
-using record::Argument;
 using record::ArgumentList;
 using record::Arguments;
 
@@ -31,7 +30,9 @@ public:
     Player(int script, RunState &state, Outcome &outcome, const std::filesystem::path &storeFolder,
            const Subject &subject)
         : script_(script), state_(state), outcome_(outcome), subject_(subject),
-          host_(storeFolder, state, {[this] { act(); }, [this] { timerHandled(); }})
+          host_(storeFolder, state,
+                {[this] { act(); }, [this] { timerHandled(); },
+                 [this](const std::string &reason) { fail(1, reason); }})
     {
         for (const std::uint16_t code : state_.held) {
             send(Kind::KeyDown, code);
@@ -39,6 +40,7 @@ public:
         if (!state_.traceFile.empty()) {
             openTrace();
         }
+        require(host_.film().goOn());
     }
 
     host::Host &host() { return host_; }
@@ -167,7 +169,7 @@ public:
 
     // The end of the program -------------------------------------------------------------------
 
-    void kill(const Arguments &) { outcome_.finish(0); }
+    void kill(const Arguments &) { finish(0); }
 
     void restart(const Arguments &) { outcome_.restart(state_, programEnded_); }
 
@@ -195,6 +197,13 @@ public:
             state_.traceFile = arguments.text;
             openTrace();
         }
+    }
+
+    void film(const Arguments &arguments)
+    {
+        const bool ends = arguments.text == "off";
+        require(ends ? host_.film().end()
+                     : host_.film().begin(arguments.text, arguments.numbers[1], host_.frame()));
     }
 
     void check(const Arguments &) { state_.checks = true; }
@@ -270,7 +279,13 @@ private:
     [[noreturn]] void fail(int status, const std::string &reason)
     {
         std::fprintf(stderr, "pilot: line %d: %s\n", state_.line, reason.c_str());
-        outcome_.finish(status);
+        finish(status);
+    }
+
+    [[noreturn]] void finish(int status, bool cleanly = false)
+    {
+        require(host_.film().end());
+        outcome_.finish(status, cleanly);
     }
 
     void require(const host::Problem &problem)
@@ -370,7 +385,7 @@ private:
     std::ofstream trace_;
 };
 
-using enum Argument;
+using enum record::Argument;
 
 struct Command
 {
@@ -398,6 +413,7 @@ constexpr Command commands[] = {
     {"shot", &Player::shot, {File}},
     {"state", &Player::state, {File}},
     {"trace", &Player::trace, {File}},
+    {"film", &Player::film, {Word, OptionalRate}, false},
     {"check", &Player::check, {}},
     {"tree", &Player::tree, {}},
     {"objects", &Player::objects, {}},
@@ -414,7 +430,7 @@ void Player::readCommand()
     ++state_.line;
     require(problem);
     if (!line) {
-        outcome_.finish(0, programEnded_);
+        finish(0, programEnded_);
     }
     compare(*line);
     std::string_view rest = *line;

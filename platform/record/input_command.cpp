@@ -56,8 +56,9 @@ Event InputCommand::event(const Arguments &details) const
     event.kind = kind;
     switch (kind) {
     case Kind::KeyDown: {
-        const auto modifiers = static_cast<unsigned>(details.numbers[2]);
-        event.kind = details.text == "down" ? Kind::KeyDown : Kind::KeyUp;
+        const bool down = details.text == "down";
+        const unsigned modifiers = down ? static_cast<unsigned>(details.numbers[2]) : 0;
+        event.kind = down ? Kind::KeyDown : Kind::KeyUp;
         event.key = static_cast<std::uint16_t>(details.numbers[0]);
         event.control = (modifiers & 1U) != 0;
         event.shift = (modifiers & 2U) != 0;

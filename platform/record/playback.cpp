@@ -42,9 +42,9 @@ std::optional<Event> Playback::wait(std::optional<std::uint32_t> deadline)
             if (auto event = takeStep(record_.steps[next_++])) {
                 return event;
             }
-        }
-        if (deadline && !host::isBefore(clock_, *deadline)) {
-            return std::nullopt; // after a jump
+            if (deadline && !host::isBefore(clock_, *deadline)) {
+                return std::nullopt; // after a jump, what was due comes before the next step
+            }
         }
         const auto target = nextMoment(deadline);
         if (!target && !std::exchange(ended_, true)) {
@@ -73,6 +73,14 @@ std::optional<std::uint64_t> Playback::nextMoment(std::optional<std::uint32_t> d
                ? std::min(next,
                           position_ + static_cast<std::uint64_t>(host::distance(clock_, *deadline)))
                : next;
+}
+
+bool Playback::isOver() const
+{
+    return position_ == record_.length &&
+           std::none_of(record_.steps.begin() + static_cast<std::ptrdiff_t>(next_),
+                        record_.steps.end(),
+                        [](const Step &step) { return step.kind == Step::Kind::Event; });
 }
 
 std::optional<Event> Playback::takeStep(const Step &step)

@@ -64,6 +64,9 @@ protected:
     /// answer must be no. Without the leave to move the program is asked to close.
     virtual bool mayMove(std::optional<std::uint64_t> target) { return target.has_value(); }
 
+    /// Whether nothing happens in the record any more.
+    bool isOver() const;
+
     const Record &record_;
     std::set<std::uint16_t> heldKeys_;  ///< that the record holds down at this moment
     std::optional<host::Point> stylus_; ///< where it holds the stylus down

@@ -19,7 +19,7 @@ std::string_view takeLine(std::string_view &text)
 {
     std::string_view line = text.substr(0, text.find('\n'));
     text.remove_prefix(std::min(line.size() + 1, text.size()));
-    if (line.ends_with('\r')) {
+    while (line.ends_with('\r')) {
         line.remove_suffix(1);
     }
     return line;

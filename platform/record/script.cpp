@@ -27,6 +27,7 @@ constexpr NumberKind numberKinds[] = {
     {Argument::Id, "ID", -32768, 65535},
     {Argument::Index, "INDEX", 0, 65535},
     {Argument::Orientation, "N", 0, 4},
+    {Argument::OptionalRate, "FPS", 1, 60},
 };
 
 host::Problem readNumber(std::string_view word, Argument kind, int &number)
@@ -65,6 +66,10 @@ host::Problem readModifiers(std::string_view word, int &number)
 
 host::Problem readWord(std::string_view word, Argument kind, Arguments &result, int &number)
 {
+    if (kind == Argument::Word) {
+        result.text = word;
+        return word.empty() ? host::Problem("a file name must follow") : std::nullopt;
+    }
     const bool mayMove = kind == Argument::StylusAction;
     if (kind == Argument::UpOrDown || mayMove) {
         result.text = word;
@@ -79,6 +84,9 @@ host::Problem readWord(std::string_view word, Argument kind, Arguments &result, 
     }
     if (kind == Argument::OptionalMilliseconds && word.empty()) {
         word = "25";
+    }
+    if (kind == Argument::OptionalRate && word.empty()) {
+        word = "40";
     }
     return readNumber(word, kind, number);
 }

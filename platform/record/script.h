@@ -24,6 +24,8 @@ enum class Argument
     UpOrDown,             ///< in `text`
     StylusAction,         ///< in `text`: down, move or up
     OptionalModifiers,    ///< ctrl 1, shift 2, esc 4, or a sum; 0 when left out
+    OptionalRate,         ///< frames a second, 1 to 60; 40 when left out
+    Word,                 ///< in `text`
     File,                 ///< in `text`: the rest of the line up to a comment
     Text,                 ///< in `text`: the rest of the line, comments and all
 };

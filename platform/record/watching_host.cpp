@@ -58,6 +58,9 @@ std::optional<Event> WatchingHost::wait(std::optional<std::uint32_t> deadline)
 {
     if (!offset_) {
         const auto event = Playback::wait(deadline);
+        if (event && event->kind != Kind::KeyUp && isOver()) {
+            mayMove(std::nullopt); // it may end the program, and with it the picture
+        }
         if (!offset_) {
             return event;
         }

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """A monkey plays: random scripts for the pilot, some of them on damaged stores.
 
-    monkey.py GLIMRA-PILOT [--seed SEED] [--commands COUNT] [--keep FOLDER]
+    monkey.py GLIMRA-PILOT [--seed SEED] [--commands COUNT] [--recorded SHARE] [--keep FOLDER]
 
 The pilot should be built with sanitizers. The test fails on a crash, a fault in the game, a hang, or a
-recording that does not play the same game again, and keeps the script and the store.
+record that does not hold or play the same game again, and keeps the script and the store.
 """
 import argparse
 import itertools
@@ -27,6 +27,7 @@ HANG_SECONDS = 60
 KEYS = [8, 9, 13, 27, 37, 38, 39, 40, 46, 65, 75, 81, 112, 193, 194, 195, 196, 254]
 MENU = ["IDM_NEW_GAME", "IDM_BUTTONS", "IDM_GAME_OPTIONS", "IDM_ABANDON_GAME", "IDM_SHOW_HIGH_SCORES", "IDM_ABOUT"]
 TEXTS = ["Ann", "", "  ", "Hällo # Ω", "x" * 60, "\U0001F600", "\"\\"]
+MARK = "key 253 up"  # nothing comes of it, and it is recorded: a moment for a picture
 NUMBERS = [0, 1, -1, 2, 6, 7, 10, 255, 25, 2**31 - 1, -2**31, 999, 9999, 10**9]
 ENDING = re.compile("close|hibernate|81")
 # Errors that are not faults: the window or item that a random command needs is not there at the moment.
@@ -38,7 +39,7 @@ class Script:
 
     def __init__(self, pilot, folder, dice, store, record):
         self.dice, self.folder, self.record = dice, folder, record
-        self.written, self.commands, self.ended, self.windows = [], 0, False, []
+        self.written, self.commands, self.ended, self.windows, self.marks = [], 0, False, [], 0
         (folder / "store").mkdir()
         if store is not None:
             (folder / "store/registry.reg").write_bytes(store)
@@ -68,6 +69,9 @@ class Script:
             if self.ended:
                 self.write("restart")
                 self.ended = False
+            if self.record and self.dice.random() < 0.1:
+                self.marks += 1
+                self.write(MARK, f"shot first{self.marks}.png")
             self.write(*commands, *["tree"] * (not ENDING.search(commands[-1])), "echo looked")
             self.commands += len(commands)
             self.process.stdin.flush()
@@ -145,16 +149,27 @@ class Script:
         return "" if status == 0 or stopped else f"status {status}: {errors}"
 
 
-def replay(pilot, folder):
-    """Plays the recording and compares the traces. The state after the program's end is not compared."""
+def replay(pilot, folder, marks):
+    """Checks the record, plays it again, and compares traces and pictures. What is traced or shown after the program's
+    end is not compared."""
+    check = subprocess.run([pilot, "--check", "record"], cwd=folder, capture_output=True, text=True,
+                           timeout=HANG_SECONDS)
+    if check.returncode != 0 or not check.stdout.endswith("holds\n"):
+        return f"the record: --check: status {check.returncode}: {check.stdout}{check.stderr}"
     lines = (folder / "record").read_text().splitlines()
     header = list(itertools.takewhile(lambda line: line.startswith("#"), lines))
-    (folder / "record").write_text("\n".join(header + ["trace again", *lines[len(header):], "trace off"]) + "\n")
-    result = subprocess.run([pilot, "record"], cwd=folder, capture_output=True, text=True, timeout=HANG_SECONDS)
+    script, shots = header + ["trace again"], itertools.count(1)
+    for line in lines[len(header):]:
+        script += [line, f"shot again{next(shots)}.png"] if line == MARK else [line]
+    (folder / "again.pilot").write_text("\n".join([*script, "state again.state"]) + "\n")
+    result = subprocess.run([pilot, "again.pilot"], cwd=folder, capture_output=True, text=True, timeout=HANG_SECONDS)
     if result.returncode not in (0, 2) or "differs" in result.stderr:
         return f"the record: status {result.returncode}: {result.stderr}"
-    first, again = ((folder / name).read_bytes() for name in ("first", "again"))
-    return "" if first == again else f"the record: the traces, {len(first)} and {len(again)} bytes, differ"
+    for name in ["", ".state", *(f"{mark}.png" for mark in range(1, marks + 1))]:
+        first, again = folder / f"first{name}", folder / f"again{name}"
+        if first.exists() and (not again.exists() or first.read_bytes() != again.read_bytes()):
+            return f"the record: what is in {first.name} and {again.name} differs"
+    return ""
 
 
 def damaged(store, dice):
@@ -174,14 +189,14 @@ def damaged(store, dice):
     return bytes(text[:dice.randrange(len(text) + 1)] if dice.random() < 0.2 else text)
 
 
-def run_script(pilot, folder, dice, store):
-    script = Script(pilot, folder, dice, store, record=dice.random() < 0.2)
+def run_script(pilot, folder, dice, store, recorded):
+    script = Script(pilot, folder, dice, store, record=dice.random() < recorded)
     while script.commands < SCRIPT_COMMANDS and script.move():
         pass
     problem = script.finish()
     (folder / "script").write_text("".join(line + "\n" for line in script.written))
     (folder / "options").write_text(" ".join(script.options) + "\n")
-    return script.commands, problem or (replay(pilot, folder) if script.record else "")
+    return script.commands, problem or (replay(pilot, folder, script.marks) if script.record else "")
 
 
 def main():
@@ -189,6 +204,7 @@ def main():
     parser.add_argument("pilot", type=os.path.abspath)
     parser.add_argument("--seed", type=int, default=random.randrange(10**6))
     parser.add_argument("--commands", type=int, default=10000)
+    parser.add_argument("--recorded", type=float, default=0.2)
     parser.add_argument("--keep", type=pathlib.Path, default=pathlib.Path("monkey-found"))
     arguments = parser.parse_args()
     print(f"seed {arguments.seed}", flush=True)
@@ -201,7 +217,7 @@ def main():
             start = None if store is None or dice.random() < 0.2 else store
             if start is not None and dice.random() < 0.5:
                 start = damaged(start, dice)
-            count, problem = run_script(arguments.pilot, folder, dice, start)
+            count, problem = run_script(arguments.pilot, folder, dice, start, arguments.recorded)
             done += count
             if problem:
                 found += 1

@@ -95,6 +95,34 @@ class PilotTest(store.FolderTest):
         times = [int(line.split()[1]) for line in output]
         self.assertEqual([later - earlier for earlier, later in zip(times, times[1:])], [75, 225])
 
+    def test_a_film_has_a_frame_for_each_moment_and_the_sounds_at_theirs(self):
+        """The piece turns after 500 and 575 ms, which cuts the first sound off; then the display, then a restart."""
+        self.run_pilot("menu IDM_NEW_GAME\nfilm a.y4m\nwait 475\npress 196\nshot now.png\nwait 50\npress 196\n"
+                       "wait 225\nturn 1\nwait 100\nrestart\nwait 101\nfilm off\nwait 99\n")
+        header, film = self.read("a.y4m").split(b"\n", 1)
+        self.assertEqual(header, b"YUV4MPEG2 W240 H320 F40:1 Ip A1:1 C444")
+        size = 6 + 3 * 240 * 320
+        frames = [film[at:at + size] for at in range(0, len(film), size)]
+        self.assertEqual([(len(frame), frame[:6]) for frame in frames], [(size, b"FRAME\n")] * 41)
+        shown = subprocess.run(["convert", "now.png", "rgb:-"], cwd=self.folder, check=True, capture_output=True).stdout
+        for at in range(0, 240 * 320, 7):
+            red, green, blue = shown[3 * at:3 * at + 3]
+            self.assertAlmostEqual(frames[20][6 + at], 16 + (65.74 * red + 129.06 * green + 25.06 * blue) / 256, delta=1)
+            self.assertAlmostEqual(frames[20][6 + 240 * 320 + at],
+                                   128 + (-37.95 * red - 74.49 * green + 112.44 * blue) / 256, delta=1.5)
+        self.assertTrue(frames[19] != frames[20] == frames[21] != frames[23], "the turns are seen at their moments")
+        self.assertEqual([frames[33][6 + 240 * y + 120] == 16 for y in (69, 70, 249, 250)], [True, False, False, True])
+
+        sound, length = self.read("a.wav"), 1001 * 22050 // 1000
+        numbers = [int.from_bytes(sound[at:at + 4], "little") for at in (4, 24, 40)]
+        self.assertEqual((numbers, sound[8:16]), ([len(sound) - 8, 22050, length], b"WAVEfmt "))
+        part = lambda begin, end: sound[44 + begin * 22050 // 1000:44 + end * 22050 // 1000]
+        self.assertEqual(set(part(0, 500) + part(680, 1001)), {128})
+        self.assertEqual(part(500, 574)[:1600], part(575, 649)[:1600])
+        self.assertGreater(len(set(part(500, 574))), 20)
+        self.run_pilot("film /dev/full\n", status=1)
+        self.assertIn("line 1: /dev/full: ", self.errors)
+
     def test_a_crash_is_reported(self):
         """And a store belongs to one program until that ends."""
         first = subprocess.Popen([PILOT, "--store", "s"], cwd=self.folder, stdin=subprocess.PIPE,

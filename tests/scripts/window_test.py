@@ -135,12 +135,13 @@ class WindowTest(DesktopTest):
             xdotool("key", "ctrl+q")
             self.assertEqual(game.wait(20), 0)
 
+            check = subprocess.run([PILOT, "--check", record], cwd=self.folder, capture_output=True, text=True)
+            self.assertEqual((check.returncode, check.stdout.splitlines()[1:]), (0, ["holds"]), "one game")
             script = self.folder / record
             before, control = script.read_text().rsplit("key 195 down", 1)
             script.write_text(f"{before}shot again.png\nkey 195 down{control}")
-            for options in ([], ["--store", "again"]):
-                subprocess.run([PILOT, *options, record], check=True, cwd=self.folder)
-                self.assertTrue(Picture(self.folder / "again.png", 1).pixels == shown)
+            subprocess.run([PILOT, "--store", "again", record], check=True, cwd=self.folder)
+            self.assertTrue(Picture(self.folder / "again.png", 1).pixels == shown)
             saved, again = ((self.folder / name / "registry.reg").read_bytes() for name in ("store", "again"))
             self.assertEqual(saved, again)
 

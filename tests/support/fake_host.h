@@ -56,6 +56,7 @@ public:
     std::vector<std::string> reports;
     std::vector<std::u16string> boxes; ///< "CAPTION|TEXT"
     int timersHandled = 0;
+    std::optional<host::Progress> progress; ///< of a viewer, as shown last
 
     std::uint32_t ticks() const override { return clock; }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
@@ -79,6 +80,7 @@ public:
     void report(std::string_view line) override { reports.emplace_back(line); }
     void messageBoxOpened(std::u16string_view caption, std::u16string_view text) override;
     void timerHandled() override { ++timersHandled; }
+    void showProgress(const std::optional<host::Progress> &now) override { progress = now; }
 
 private:
     struct Step

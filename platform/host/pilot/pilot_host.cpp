@@ -39,7 +39,7 @@ std::string inQuotes(std::u16string_view text)
 PilotHost::PilotHost(const std::filesystem::path &storeFolder, RunState &state, Callbacks callbacks)
     : FileHost(storeFolder), state_(state), callbacks_(std::move(callbacks)),
       blank_(std::size_t{shortSide} * longSide), frame_{blank_.data(), shortSide, longSide},
-      landscape_(state.orientation == 4 ? 4 : 1)
+      film_(state.film), landscape_(state.orientation == 4 ? 4 : 1)
 {
     if (isLandscape(state.orientation)) {
         std::swap(frame_.width, frame_.height);
@@ -59,13 +59,22 @@ std::optional<host::Event> PilotHost::wait(std::optional<std::uint32_t> deadline
         }
         if (passing_) {
             if (deadline && !host::isBefore(*passing_, *deadline)) {
-                state_.clock = *deadline;
+                moveTo(*deadline);
                 return std::nullopt;
             }
-            state_.clock = *passing_;
+            moveTo(*passing_);
             passing_.reset();
         }
         callbacks_.act();
+    }
+}
+
+void PilotHost::moveTo(std::uint32_t clock)
+{
+    const auto problem = film_.pass(clock - state_.clock, frame_);
+    state_.clock = clock;
+    if (problem) {
+        callbacks_.filmFailed(*problem);
     }
 }
 
@@ -100,12 +109,14 @@ void PilotHost::playSamples(std::span<const std::uint8_t> samples)
         (samples.size() * 1000 + samplesPerSecond - 1) / samplesPerSecond;
     playingUntil_ = start + static_cast<std::uint32_t>(milliseconds);
     state_.sounds.push_back({start, static_cast<std::uint32_t>(samples.size())});
+    film_.play(samples);
 }
 
 void PilotHost::dropSamples()
 {
     interrupted_ = interrupted_ || samplesQueued();
     playingUntil_.reset();
+    film_.silence();
 }
 
 bool PilotHost::samplesQueued()

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "host/file_host.h"
+#include "host/pilot/film.h"
 #include "host/pilot/run_state.h"
 
 namespace pilot {
@@ -23,6 +24,7 @@ public:
     {
         std::function<void()> act;          ///< nothing is left to do: the next step of the script
         std::function<void()> timerHandled; ///< the main window has handled a WM_TIMER
+        std::function<void(const std::string &)> filmFailed; ///< with the reason
     };
 
     PilotHost(const std::filesystem::path &storeFolder, RunState &state, Callbacks callbacks);
@@ -32,11 +34,13 @@ public:
     /// Before the next `act` that many milliseconds pass, at most 2^31 - 1; timers fire when due.
     void pass(std::uint32_t milliseconds) { passing_ = state_.clock + milliseconds; }
     /// The clock jumps ahead: timers that were due in between are late, and fire once.
-    void jump(std::uint32_t milliseconds) { state_.clock += milliseconds; }
+    void jump(std::uint32_t milliseconds) { moveTo(state_.clock + milliseconds); }
     /// The program has ended: time that should pass has passed, and events are dropped.
     void programEnded();
     /// What is on the screen.
     const host::Frame &frame() const { return frame_; }
+    /// Sees all that is shown and heard.
+    Film &film() { return film_; }
     /// The sounds since the last call.
     std::vector<Sound> takeSounds();
 
@@ -58,12 +62,15 @@ public:
     void timerHandled() override { callbacks_.timerHandled(); }
 
 private:
+    void moveTo(std::uint32_t clock);
+
     RunState &state_;
     Callbacks callbacks_;
     std::deque<host::Event> events_;
     std::optional<std::uint32_t> passing_; ///< time passes until then
     std::vector<std::uint16_t> blank_;     ///< the screen before the program first shows it
     host::Frame frame_;
+    Film film_;
     int landscape_; ///< how the display was turned when it last lay on its side: 1 or 4
     std::optional<std::uint32_t> playingUntil_;
     bool interrupted_ = false; ///< the last sound was dropped before its end

@@ -24,6 +24,9 @@ std::string pack(const RunState &state)
     std::ostringstream out;
     out << state.clock << ' ' << state.orientation << ' ' << state.line << ' ' << state.checks
         << ' ' << std::quoted(state.traceFile);
+    const FilmState &film = state.film;
+    out << ' ' << std::quoted(film.file) << ' ' << film.framesPerSecond << ' ' << film.width << ' '
+        << film.height << ' ' << film.elapsed;
     out << ' ' << state.held.size();
     for (const std::uint16_t key : state.held) {
         out << ' ' << key;
@@ -45,6 +48,9 @@ RunState unpack(const std::string &text)
     RunState state;
     in >> state.clock >> state.orientation >> state.line >> state.checks >>
         std::quoted(state.traceFile);
+    FilmState &film = state.film;
+    in >> std::quoted(film.file) >> film.framesPerSecond >> film.width >> film.height >>
+        film.elapsed;
     readList(in, [&] {
         std::uint16_t key = 0;
         in >> key;

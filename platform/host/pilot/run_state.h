@@ -16,6 +16,16 @@ struct Sound
     bool cut = false;          ///< another sound cut it off
 };
 
+/// A film that is being made.
+struct FilmState
+{
+    std::string file; ///< empty: there is none
+    int framesPerSecond = 0;
+    int width = 0; ///< pixels
+    int height = 0;
+    std::uint64_t elapsed = 0; ///< milliseconds that it has
+};
+
 struct RunState
 {
     std::uint32_t clock = 1000;   ///< milliseconds, modulo 2^32
@@ -25,7 +35,8 @@ struct RunState
     std::string traceFile;        ///< empty: nothing is traced
     std::set<std::string> traced; ///< trace files begun in this run, to which it appends
     bool checks = false;          ///< the game object is checked after every timer message
-    std::vector<Sound> sounds;    ///< since the script last asked for them
+    FilmState film;
+    std::vector<Sound> sounds; ///< since the script last asked for them
 };
 
 /// The state as text and back, for the way from one process to the next.
