@@ -1,5 +1,4 @@
-// Keeps the game of a session that did not end as it should: plays its record to the end, unseen,
-// and closes the program there, which stores the game.
+// Keeps the game of a session whose record is not finished, in a process of its own.
 #pragma once
 
 #include <filesystem>

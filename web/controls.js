@@ -2,6 +2,7 @@
 // decided in the program's host, the same as in its window.
 import {pads} from './gamepads.js';
 import {tremble} from './hands.js';
+import {isViewersTab} from './watch.js';
 
 export class Controls {
   wantsText = false;
@@ -35,12 +36,13 @@ export class Controls {
     this.fingers.clear();
     this.seen.clear();
     this.stylus = null;
+    document.querySelectorAll('.pressed').forEach((button) => button.classList.remove('pressed'));
   }
 
   keyDown(event) {
     const inDialog = document.querySelector('dialog[open]') !== null;
     const onButton = event.target.closest?.('button') && ['Enter', ' '].includes(event.key);
-    const browsers = /^F(5|11|12)$/.test(event.key) || (event.key === 'Tab' && !this.wantsText);
+    const browsers = /^F(5|11|12)$/.test(event.key) || (event.key === 'Tab' && !this.wantsText && !isViewersTab(event));
     if (inDialog || onButton || browsers || event.isComposing) {
       return; // that is the page's own
     }
