@@ -32,6 +32,12 @@ export function gamesOf({chapters}) {
   return games;
 }
 
+/** What a chapter's words say of a game: its mode, and what it came to, if they say that. */
+export function resultOf(words) {
+  const [, mode, points, ...rest] = /^(.*) (\d{1,9}) points (\d+ rows) (level \d+)$/.exec(words) ?? [];
+  return points ? {mode, points: `${Number(points).toLocaleString('en')} points`, rest} : {mode: words, points: '', rest: []};
+}
+
 /** "6:12" */
 export function clockTime(milliseconds) {
   const seconds = Math.floor(milliseconds / 1000);

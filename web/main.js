@@ -200,7 +200,7 @@ function view(record, position) {
     changing = true; // the own game goes away
     lookAround();
     const thaw = program && freeze(program);
-    const picture = screen.picture(), {title} = document, {wantsText} = controls;
+    const picture = screen.picture(), {title} = document, {wantsText} = controls, said = element('state').textContent;
     viewing = new Viewing(record, {page, send, started() {
       changing = away = false;
       lookAround();
@@ -211,7 +211,7 @@ function view(record, position) {
       screen.show(picture);
       document.title = title;
       controls.wantsText = wantsText;
-      page.state('paused', '');
+      page.state('paused', said);
       changing = false;
       away = true;
       thaw?.();

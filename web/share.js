@@ -1,5 +1,5 @@
 // Gives the player a link to one of the games of this session.
-import {chaptersOf, gamesOf} from './chapters.js';
+import {chaptersOf, gamesOf, resultOf} from './chapters.js';
 import {linkTo, LONGEST} from './link.js';
 import {choose, download, notice, tell} from './talk.js';
 
@@ -41,17 +41,22 @@ async function copy(text) {
   }
 }
 
+/** What the player calls a game: "Game 2: Marathon, 12,345 points". */
+function nameOf({start, end, number}) {
+  const {mode, points} = resultOf((end ?? start).words);
+  return `Game ${number}: ${mode}, ${end ? points : 'not over'}`;
+}
+
 /** Asks which game, if there are several: the one that ended last is offered first. */
 export function share(text) {
-  const games = gamesOf(chaptersOf(text)).reverse();
-  const words = ({start, end}) => end ? end.words : `${start.words.replace(/ \d+ points.*/, '')}, not over`;
+  const games = gamesOf(chaptersOf(text)).map((game, i) => ({...game, number: i + 1})).reverse();
   games.sort((a, b) => Boolean(b.end) - Boolean(a.end));
   if (games.length === 0) {
     tell('There is no game to share yet. Play one, and come back here.');
   } else if (games.length === 1) {
     copy(upTo(games[0], text));
   } else {
-    choose('Which game?', {...Object.fromEntries(games.map((game, i) =>
-      [`${games.length - i}. ${words(game)}`, () => copy(upTo(game, text))])), Back() {}});
+    const acts = games.map((game) => [nameOf(game), () => copy(upTo(game, text))]);
+    choose('Which game?', {...Object.fromEntries(acts), Back() {}});
   }
 }

@@ -145,7 +145,7 @@ export function look(engine, test, needs) {
   test('it is small, and sleeps while nothing happens', async () => {
     const files = readdirSync(page).filter((name) => !/\.(br|gz)$/.test(name));
     const size = files.reduce((sum, name) => sum + brotliCompressSync(readFileSync(join(page, name))).length, 0);
-    assert.ok(size <= 330 * 1024, `${size} bytes`);
+    assert.ok(size <= 360 * 1024, `${size} bytes`);
     const visit = await begin(engine, undefined, () => {
       window.wakes = 0;
       for (const name of ['setTimeout', 'setInterval', 'requestAnimationFrame', 'requestIdleCallback']) {
