@@ -36,8 +36,9 @@ export class Session {
     this.timer = clearTimeout(this.timer);
     this.last = performance.now();
     try {
-      if (this.copied > 0 && !this.isMine()) {
-        this.writes = false;
+      const owner = localStorage.getItem(NAME);
+      if (owner !== this.name && (owner !== null || this.copied > 0)) {
+        this.writes = false; // another tab goes on
       } else if (this.text.length > MOST) {
         this.drop();
       } else if (this.writes) {
@@ -56,15 +57,13 @@ export class Session {
     this.copied = this.text.length;
   }
 
-  isMine() { return localStorage.getItem(NAME) === this.name; }
-
   /** Takes the copy away, until `keep`: the game is stored. Returns whether there was one. */
   drop() {
     this.timer = clearTimeout(this.timer);
     const there = this.writes;
     this.writes = false;
     try {
-      return there && this.isMine() && Session.take() !== null;
+      return there && localStorage.getItem(NAME) === this.name && Session.take() !== null;
     } catch {
       return false;
     }

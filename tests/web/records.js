@@ -25,6 +25,8 @@ export function records(engine, test) {
   test('a lost game is shared by a link, watched elsewhere and taken over; the own game there stays as it is', async () => {
     const visit = await begin(engine, undefined, catchLink);
     const tab = await visit.open();
+    await showsTitle(tab);
+    await tab.reload(); // now there is a store, which is in the record
     await start(tab);
     await eventually(async () => {
       await press(tab, 'ArrowUp');
@@ -38,7 +40,9 @@ export function records(engine, test) {
     await visit.end();
 
     const record = join(temporary, 'page.pilot');
-    writeFileSync(record, inflateRawSync(Buffer.from(link.split('#game=')[1], 'base64url')));
+    writeFileSync(record, inflateRawSync(Buffer.from(link.split('#game=')[1], 'base64url')).toString().replace(/\0(.*)\0/s,
+      (_, store) => Buffer.from(store).toString('base64').replace(/.{1,76}/g, '#: $&\n')));
+    assert.match(readFileSync(record, 'utf8'), /^# store /m);
     const check = execFileSync(pilot, ['--check', record], {encoding: 'utf8'});
     const [, points] = /^Marathon from level 0: (\d+) points.*\nholds\n$/.exec(check) ?? assert.fail(check);
 
