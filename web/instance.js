@@ -24,6 +24,11 @@ export function fault(program, name, text) {
   return words || null;
 }
 
+/** Why a text is no record, or null. What has read it is thrown away, so that it can do no harm. */
+export async function faultInRecord(text) {
+  return fault(await instantiate({runs: false, fail() {}}), 'faultInRecord', text);
+}
+
 /** Lets an instance rest, with whatever it waits for, until the returned function is called. */
 export function freeze(program) {
   const {wake} = program;

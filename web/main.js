@@ -2,15 +2,16 @@
 import {code, handed} from './program.js';
 import {letGameGo, takeGameOver, turn, whenGameGoes} from './turns.js';
 import {stayAwake} from './awake.js';
+import {showCard} from './card.js';
 import {Controls} from './controls.js';
 import {isKnown, needsLesson, teach} from './gamepads.js';
 import {keepForLong, prepareHands, settings} from './hands.js';
-import {fault, freeze, instantiate} from './instance.js';
+import {fault, faultInRecord, freeze, instantiate} from './instance.js';
 import {isLink, LARGEST, recordIn} from './link.js';
+import {recover} from './recovery.js';
 import {Screen} from './screen.js';
 import {Session} from './session.js';
 import {share} from './share.js';
-import {showCard} from './card.js';
 import {Sound} from './sound.js';
 import {Store} from './store.js';
 import {ask, choose, hush, notice, tell, whenAsked} from './talk.js';
@@ -186,12 +187,6 @@ function thisSession() {
   return session.text;
 }
 
-/** Why a text cannot be watched, or null. What reads it is thrown away, so that it can do no harm. */
-async function faultInRecord(text) {
-  const reader = await instantiate({runs: false, fail() {}});
-  return fault(reader, 'faultInRecord', text);
-}
-
 /** Shows a record while the player's own game rests. Settled when it is over. */
 function view(record, position) {
   sound.wake();
@@ -271,23 +266,11 @@ async function openAddress() {
   }
 }
 
-/** Brings back the game of a session that was cut off. */
-function recover(record) {
-  return new Promise((done) => instantiate({
-    page: {...page, givenRecord: record, ended: done, state() {}}, words: ['recover'],
-    fail(reason) {
-      notice(`The game goes on from where it was stored last, not from where it ended: ${reason.message ?? reason}`);
-      done();
-    },
-  }));
-}
-
 /** Whether the player's own game may run: when it is this tab's turn, and it is as it was when it ended. */
 async function prepare() {
   const mine = await turn;
-  const unfinished = mine && Session.unfinished();
-  if (unfinished) {
-    await recover(unfinished);
+  if (mine) {
+    await recover(page);
   }
   return mine;
 }

@@ -1,5 +1,4 @@
-// The record of this session, and a copy of it in localStorage, from which the next visit brings back the game of a
-// session that was cut off.
+// The record of this session, and a copy of it in localStorage for recovery.js, if the session is cut off.
 const NAME = 'glimra.record', PART = 16384; // characters that are written at a time
 const MOST = 2e6;                           // characters of a copy
 const INTERVAL = 1000;                      // milliseconds between two writes
