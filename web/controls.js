@@ -23,7 +23,7 @@ export class Controls {
       this.watchFingers(control);
     }
     addEventListener('gamepadconnected', () => this.watchControllers());
-    addEventListener('contextmenu', (event) => event.preventDefault());
+    addEventListener('contextmenu', (event) => event.target.id !== 'answer' && event.preventDefault()); // there it pastes
   }
 
   /** Lights a button up while something holds it down. */

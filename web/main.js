@@ -285,7 +285,10 @@ function watchWindow() {
     };
   }
   for (const dialog of [element('question'), element('card')]) {
-    dialog.oncancel = (event) => event.preventDefault();
+    dialog.oncancel = (event) => { // the same as the button that does nothing, where there is one
+      event.preventDefault();
+      [...dialog.querySelectorAll('button')].find(({textContent}) => /^(Back|OK|Not now)$/.test(textContent))?.click();
+    };
   }
   addEventListener('blur', leave);
   addEventListener('focus', () => { blurred = false; lookAround(); });

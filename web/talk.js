@@ -28,6 +28,7 @@ export function ask(text, acts, field = null) {
   if (!question.open) {
     question.showModal();
   }
+  input.onkeydown = ({key}) => key === 'Enter' && question.querySelector('button').click();
   if (field) {
     input.focus();
     input.select();
