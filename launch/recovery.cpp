@@ -1,7 +1,6 @@
 // The program runs in a process of its own, because it can run only once in each.
 #include "launch/recovery.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 #include <csignal>
@@ -9,50 +8,34 @@
 #include <unistd.h>
 
 #include "host/descriptor.h"
-#include "launch/game_subject.h"
-#include "record/playback.h"
+#include "launch/record_end.h"
 #include "record/read_file.h"
 
 namespace {
 
 using Store = record::Playback::Store;
+using End = host::Result<std::string>;
 
 /// How long the child may play, in seconds. A session of a day takes a few.
 constexpr unsigned longestPlay = 20;
 
-enum Outcome : unsigned char
-{
-    recovered = 'r', ///< and the store follows
-    different = 'd', ///< and where follows
-    unknown = 'u',   ///< the record does not lead to the present store
-};
+constexpr char stored = 's';    ///< before the store
+constexpr char different = 'd'; ///< before the problem
 
-/// Plays in the child. Returns an outcome with what follows it.
+/// Plays in the child. Returns one of these marks with what follows it.
 std::string play(const record::Record &record, const Store &present,
                  const handheld::Program &program)
 {
-    GameLog games;
-    record::Playback playback(record, gameSubject(games));
-    handheld::run(playback, program, record.beginning.landscape ? 1 : 0);
-    if (playback.difference()) {
-        return static_cast<char>(different) + *playback.difference();
-    }
-    const auto &ends = playback.storesAtEnd();
-    if (!playback.store() || std::find(ends.begin(), ends.end(), present) == ends.end()) {
-        return {static_cast<char>(unknown)};
-    }
-    const auto &bytes = *playback.store();
-    return static_cast<char>(recovered) +
-           std::string(reinterpret_cast<const char *>(bytes.data()), bytes.size());
+    const End end = playToEnd(record, present, program);
+    return end.problem ? different + *end.problem : stored + end.value;
 }
 
-/// What the child returned; empty when it did not get to its end.
-std::string playInChild(const record::Record &record, const Store &present,
-                        const handheld::Program &program)
+End playInChild(const record::Record &record, const Store &present,
+                const handheld::Program &program)
 {
     int ends[2];
     if (pipe(ends) != 0) {
-        return {};
+        return {{}, "does not play"};
     }
     const host::Descriptor output(ends[0]);
     host::Descriptor input(ends[1]);
@@ -67,7 +50,11 @@ std::string playInChild(const record::Record &record, const Store &present,
     int status = 0;
     while (child > 0 && waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
-    return status == 0 ? outcome : std::string();
+    if (status != 0 || outcome.empty()) {
+        return {{}, "does not play to its end"};
+    }
+    const std::string rest = outcome.substr(1);
+    return outcome[0] == stored ? End{rest, {}} : End{{}, rest};
 }
 
 } // namespace
@@ -75,17 +62,13 @@ std::string playInChild(const record::Record &record, const Store &present,
 void recover(host::Host &host, const std::filesystem::path &file, const handheld::Program &program)
 {
     const auto [record, problem] = record::readFile(file, true);
-    const std::string outcome =
-        problem ? std::string() : playInChild(record, host.loadStore(), program);
-    if (!outcome.empty() && outcome[0] == recovered) {
-        host.saveStore(std::as_bytes(std::span(outcome).subspan(1)));
+    if (problem) {
+        keepEnd(host, {{}, problem});
         return;
     }
-    const std::string reason = problem           ? *problem
-                               : outcome.empty() ? file.string() + ": does not play to its end"
-                               : outcome[0] == different
-                                   ? file.string() + ": " + outcome.substr(1)
-                                   : file.string() + ": leads to another store";
-    host.report("the game goes on from where it was stored last, not from where it ended: " +
-                reason);
+    End end = playInChild(record, host.loadStore(), program);
+    if (end.problem) {
+        end.problem = file.string() + ": " + *end.problem;
+    }
+    keepEnd(host, end);
 }

@@ -1,5 +1,4 @@
-// Keeps the game of a session that did not end as it should: plays its record to the end, unseen,
-// and closes the program there, which stores the game.
+// Keeps the game of a session whose record is not finished, in a process of its own.
 #pragma once
 
 #include <filesystem>
@@ -10,5 +9,4 @@
 /// The store becomes what it would be if the recorded session had been closed at its end. Nothing
 /// changes when the record does not lead to the present store, or does not play: `host` then
 /// reports why, and the game goes on from what was stored last.
-void recover(host::Host &host, const std::filesystem::path &record,
-             const handheld::Program &program);
+void recover(host::Host &host, const std::filesystem::path &file, const handheld::Program &program);

@@ -2,6 +2,7 @@
 // decided in the program's host, the same as in its window.
 import {pads} from './gamepads.js';
 import {tremble} from './hands.js';
+import {isViewersTab} from './watch.js';
 
 /** Milliseconds between two looks at the controllers: fewer than between two of the game's own, and than a button is held. */
 const IN_PLAY = 16, AT_REST = 50;
@@ -25,7 +26,7 @@ export class Controls {
       this.watchFingers(control);
     }
     addEventListener('gamepadconnected', () => this.watchControllers());
-    addEventListener('contextmenu', (event) => event.preventDefault());
+    addEventListener('contextmenu', (event) => event.target.id !== 'answer' && event.preventDefault()); // there it pastes
   }
 
   /** Lights a button up while something holds it down. */
@@ -38,12 +39,13 @@ export class Controls {
     this.fingers.clear();
     this.seen.clear();
     this.stylus = null;
+    document.querySelectorAll('.pressed').forEach((button) => button.classList.remove('pressed'));
   }
 
   keyDown(event) {
     const inDialog = document.querySelector('dialog[open]') !== null;
     const onButton = event.target.closest?.('button') && ['Enter', ' '].includes(event.key);
-    const browsers = /^F(5|11|12)$/.test(event.key) || (event.key === 'Tab' && !this.wantsText);
+    const browsers = /^F(5|11|12)$/.test(event.key) || (event.key === 'Tab' && !this.wantsText && !isViewersTab(event));
     if (inDialog || onButton || browsers || event.isComposing) {
       return; // that is the page's own
     }

@@ -9,6 +9,8 @@ const LEAST = {small: 138, medium: 138, large: 190}, MOST = {small: 144, medium:
 const ENOUGH = 0.8;
 /** Beside the screen, what the legend of the keys takes. */
 const LEGEND = 230;
+/** The viewer's bar: at least, and at most; below the screen, and beside it. */
+const BELOW = {width: 460, height: 204}, BESIDE = {least: 206, width: 300, height: 300};
 
 /** The window without what the display's edges hide. */
 function safeBox() {
@@ -19,7 +21,13 @@ function safeBox() {
 }
 
 /** The room for the screen, and how big the controls are beside or below it. */
-function divide(box, face, size) {
+function divide(box, face, size, bar) {
+  if (bar === 'below') {
+    return {width: box.width, height: box.height - 2 * MARGIN - BELOW.height};
+  }
+  if (bar === 'beside') {
+    return {width: box.width - BESIDE.least - 3 * MARGIN, height: box.height - 2 * MARGIN};
+  }
   if (face === 'none') { // the menu is beside the screen, or above it
     return box.width * 4 > box.height * 3 ? {width: box.width - 2 * (MENU + MARGIN), height: box.height - 2 * MARGIN}
                                           : {width: box.width - 2 * MARGIN, height: box.height - 2 * (MENU + MARGIN)};
@@ -44,13 +52,16 @@ function scale(width, height, room, ratio) {
 export function layOut(width, height, touch, hands) {
   const box = safeBox(), ratio = devicePixelRatio;
   const face = !touch ? 'none' : box.height >= box.width ? 'portrait' : 'landscape';
-  const room = divide(box, face, hands.size);
+  const watching = ['begins', 'plays', 'stands'].includes(document.documentElement.dataset.watching);
+  const bar = watching && (box.height >= box.width ? 'below' : 'beside');
+  const room = divide(box, face, hands.size, bar);
   const {enlarged, factor, whole} = scale(width, height, room, ratio);
   const snap = (length) => Math.round(length * ratio) / ratio; // to a whole pixel of the display
   const screen = {width: width * enlarged, height: height * enlarged};
-  const side = (box.width - screen.width) / 2;
+  const centred = (box.width - screen.width) / 2;
+  const side = bar === 'beside' ? Math.min(centred, box.width - screen.width - BESIDE.least - 2 * MARGIN) : centred;
   screen.left = snap(box.left + side);
-  screen.top = snap(box.top + (face === 'portrait' ? Math.min(MARGIN, (box.height - screen.height) / 2)
+  screen.top = snap(box.top + (bar === 'below' || face === 'portrait' ? Math.min(MARGIN, (box.height - screen.height) / 2)
                                                    : (box.height - screen.height) / 2));
 
   const below = box.top + box.height - screen.top - screen.height - MARGIN;
@@ -69,10 +80,15 @@ export function layOut(width, height, touch, hands) {
     edge = (side - MARGIN - control) / 2;
   }
 
+  const panel = bar === 'beside'
+    ? {left: screen.left + screen.width + MARGIN, top: box.top,
+       width: Math.min(BESIDE.width, box.left + box.width - screen.left - screen.width - 2 * MARGIN), height: box.height}
+    : {left: box.left, top: screen.top + screen.height, width: box.width, height: box.top + box.height - screen.top - screen.height};
   const root = document.documentElement;
-  Object.assign(root.dataset, {face, whole, hand: hands.leftHanded ? 'left' : 'right', legend: face === 'none' && side >= LEGEND});
+  Object.assign(root.dataset, {face, whole, hand: hands.leftHanded ? 'left' : 'right', legend: face === 'none' && !watching && side >= LEGEND});
   const set = (name, length) => root.style.setProperty(`--${name}`, `${length}px`);
   Object.entries(screen).forEach(([name, length]) => set(`screen-${name}`, length));
+  Object.entries(panel).forEach(([name, length]) => set(`panel-${name}`, length));
   Object.entries(menu).forEach(([name, length]) => set(`menu-${name}`, length));
   root.style.setProperty('--screen-scale', enlarged / factor);
   set('control', control);

@@ -2,48 +2,39 @@
 import {code, handed} from './program.js';
 import {letGameGo, takeGameOver, turn, whenGameGoes} from './turns.js';
 import {stayAwake} from './awake.js';
+import {showCard} from './card.js';
 import {Controls} from './controls.js';
 import {isKnown, needsLesson, teach} from './gamepads.js';
-import createGlimra from './glimra.js';
 import {keepForLong, prepareHands, settings} from './hands.js';
+import {fault, faultInRecord, freeze, instantiate} from './instance.js';
+import {isLink, LARGEST, recordIn} from './link.js';
+import {recover} from './recovery.js';
 import {Screen} from './screen.js';
+import {Session} from './session.js';
+import {share} from './share.js';
 import {Sound} from './sound.js';
 import {Store} from './store.js';
+import {ask, choose, hush, notice, tell, whenAsked} from './talk.js';
+import {Viewing} from './watch.js';
 
 const element = (id) => document.getElementById(id);
-const menu = element('menu'), question = element('question'), starting = element('starting');
+const menu = element('menu'), starting = element('starting');
 
-let program = null;
-let away = false, blurred = false, over = false, runs = false;
+let program = null, viewing = null;
+let away = false, blurred = false, changing = false, over = false, runs = false;
 let clockZero;
-
-function notice(text) {
-  element('notice').textContent = text;
-  element('notice').hidden = false;
-  setTimeout(() => { element('notice').hidden = true; }, 8000);
-}
-
-/** Says something that stays until one of its buttons, each with what it does, is pressed. */
-function ask(text, acts) {
-  element('asked').textContent = text;
-  question.querySelector('div').replaceChildren(...Object.entries(acts).map(([label, act]) =>
-    Object.assign(document.createElement('button'), {type: 'button', textContent: label, onclick: act})));
-  menu.close();
-  if (!question.open) {
-    question.showModal();
-  }
-}
 
 const startAgain = () => location.reload();
 
-/** Calls a function that the program's host has for the page; texts are the host's to free. */
+/** Calls a function that the host of the program on the screen has for the page; texts are the host's to free. */
 function send(name, ...values) {
-  if (!program || over) {
+  const shown = viewing ? viewing.program : program;
+  if (!shown || over) {
     return 0;
   }
-  const answer = program[`_${name}`](...values.map((value) =>
-    typeof value === 'string' ? program.allocateUTF8(value) : value));
-  program.wake();
+  const answer = shown[`_${name}`](...values.map((value) =>
+    typeof value === 'string' ? shown.allocateUTF8(value) : value));
+  shown.wake();
   return answer;
 }
 
@@ -53,7 +44,9 @@ const store = new Store({
   tell: notice,
   lost: () => setTimeout(loseTurn), // the program is just saving
   kept: () => keepForLong(notice),
+  makeRoom: () => session.drop(),
 });
+const session = new Session();
 const sound = new Sound();
 const screen = new Screen(element('screen'), settings);
 const controls = new Controls(send, screen, sound, () => away, () => runs);
@@ -79,6 +72,8 @@ const page = {
     element('state').textContent = text;
   },
   report: notice,
+  keepRecord: (lines) => session.add(lines),
+  watchKeys: (text) => tell(`${text}\nShift+Tab: to the buttons`),
   help(address) {
     const shown = window.open(address, '_blank') !== null;
     if (!shown) {
@@ -94,11 +89,12 @@ const page = {
 
 /** Coming and going, as when another program is in front. Returns when the program is at rest. */
 function lookAround() {
-  const gone = document.hidden || blurred || menu.open || question.open;
+  const gone = document.hidden || blurred || changing || document.querySelector('dialog[open]') !== null;
   if (gone === away || over) {
     return;
   }
   if (gone) {
+    viewing?.rest();
     controls.forget();
     sound.rest();
   }
@@ -117,6 +113,7 @@ function leave() {
 function stop() {
   leave();
   over = true;
+  session.close();
   store.close();
   setTimeout(() => program?.halt?.(), 100);
   letGameGo();
@@ -124,19 +121,11 @@ function stop() {
 
 // The menu --------------------------------------------------------------------------------------------
 
-/** Why a text cannot be the store, or null. */
-function faultIn(text) {
-  const reason = program._faultInStore(program.allocateUTF8(text));
-  const words = reason && program.UTF8ToString(reason);
-  program._free(reason);
-  return words || null;
-}
-
 async function openFile(file) {
   const text = await Store.decode(file);
-  const fault = text === null ? 'it is too big' : faultIn(text);
-  if (fault) {
-    notice(`${file.name} cannot be used: ${fault}`);
+  const problem = text === null ? 'it is too big' : fault(program, 'faultInStore', text);
+  if (problem) {
+    notice(`${file.name} cannot be used: ${problem}`);
   } else if (store.replace(text)) {
     stop();
     location.reload();
@@ -151,8 +140,7 @@ async function teachController() {
     ask(text, {Skip: skip, Stop: () => { goesOn = false; }});
     return () => goesOn;
   });
-  question.close();
-  lookAround();
+  hush();
 }
 
 const items = {
@@ -162,6 +150,8 @@ const items = {
   save: () => store.download(),
   open: () => element('file').click(),
   teach: teachController,
+  watch: chooseRecord,
+  link: () => share(thisSession()),
 };
 
 function prepareMenu() {
@@ -179,30 +169,150 @@ function prepareMenu() {
       act();
     }
   };
-  menu.onclose = () => {
-    screen.canvas.focus(); // the space bar is the game's again, not the menu button's
-    lookAround();
-  };
-  question.oncancel = (event) => event.preventDefault();
   prepareHands(() => screen.fit());
-  element('file').onchange = (event) => {
-    const [file] = event.target.files;
-    if (file) {
-      openFile(file);
+  for (const [id, open] of [['file', openFile], ['record-file', watchFile]]) {
+    element(id).onchange = ({target}) => {
+      const [file] = target.files;
+      if (file) {
+        open(file);
+      }
+      target.value = '';
+    };
+  }
+}
+
+// Records ---------------------------------------------------------------------------------------------
+
+function thisSession() {
+  program._catchUp();
+  return session.text;
+}
+
+/** Shows a record while the player's own game rests. Settled when it is over. */
+function view(record, position) {
+  sound.wake();
+  hush();
+  return new Promise((done) => {
+    changing = true; // the own game goes away
+    lookAround();
+    const thaw = program && freeze(program);
+    const picture = screen.picture(), {title} = document, {wantsText} = controls, said = element('state').textContent;
+    viewing = new Viewing(record, {page, send, started() {
+      changing = away = false;
+      lookAround();
+    }, ended(reason) {
+      controls.forget();
+      sound.silence();
+      viewing = null;
+      screen.show(picture);
+      document.title = title;
+      controls.wantsText = wantsText;
+      page.state('paused', said);
+      changing = false;
+      away = true;
+      thaw?.();
+      if (reason) {
+        notice(`The game cannot be shown any further: ${reason.message ?? reason}`);
+      }
+      done();
+      lookAround();
+    }});
+    viewing.begin(position);
+  });
+}
+
+async function watchFile(file) {
+  const text = file.size > LARGEST ? '' : await file.text();
+  const problem = file.size > LARGEST ? 'it is larger than 4 MB' : await faultInRecord(text);
+  if (problem) {
+    tell(`${file.name} cannot be watched: ${problem}.`);
+  } else {
+    view(text);
+  }
+}
+
+function chooseRecord() {
+  choose('What do you want to watch?', {
+    'This session': () => view(thisSession()),
+    'A file': () => element('record-file').click(),
+    'A link': () => choose('Paste the link to a game here.', {Watch: openLink, Back() {}}, {placeholder: 'https://…#game=…'}),
+    Back() {},
+  });
+}
+
+/** Shows what the record in a link says of itself, and the record if that is wanted. Settled when it is over. */
+async function openLink(address) {
+  let text, problem;
+  try {
+    text = isLink(address) ? await recordIn(address) : '';
+    problem = text ? await faultInRecord(text) : 'there is no game in it';
+  } catch (error) {
+    problem = error.message;
+  }
+  await new Promise((done) => {
+    if (problem) {
+      choose(`The link cannot be watched: ${problem}.`, {OK: done});
+    } else {
+      showCard(text, {watch: (position) => view(text, position).then(done), leave: done});
+      lookAround();
     }
-    event.target.value = '';
-  };
+  });
+}
+
+/** The link in the page's own address, which is taken out of it afterwards. */
+async function openAddress() {
+  if (isLink(location.hash)) {
+    await openLink(location.hash);
+    history.replaceState(null, '', location.href.split('#')[0]);
+  }
+}
+
+/** Whether the player's own game may run: when it is this tab's turn, and it is as it was when it ended. */
+async function prepare() {
+  const mine = await turn;
+  if (mine) {
+    await recover(page);
+  }
+  return mine;
 }
 
 // Start ------------------------------------------------------------------------------------------------
 
-function watch() {
+function watchWindow() {
+  for (const dialog of document.querySelectorAll('dialog')) {
+    dialog.onclose = () => {
+      screen.canvas.focus(); // the space bar is the game's again, not the menu button's
+      lookAround();
+    };
+  }
+  for (const dialog of [element('question'), element('card')]) {
+    dialog.oncancel = (event) => { // the same as the button that does nothing, where there is one
+      event.preventDefault();
+      [...dialog.querySelectorAll('button')].find(({textContent}) => /^(Back|OK|Not now)$/.test(textContent))?.click();
+    };
+  }
   addEventListener('blur', leave);
   addEventListener('focus', () => { blurred = false; lookAround(); });
   document.addEventListener('visibilitychange', lookAround);
   document.addEventListener('freeze', leave);
-  addEventListener('pagehide', leave);
-  addEventListener('pageshow', () => { blurred = false; lookAround(); });
+  addEventListener('pagehide', () => {
+    leave();
+    session.drop(); // the game is stored
+  });
+  addEventListener('pageshow', ({persisted}) => {
+    blurred = false;
+    lookAround();
+    if (persisted) {
+      session.keep();
+    }
+  });
+  addEventListener('hashchange', () => {
+    if (program && !viewing && !document.querySelector('dialog[open]')) {
+      openAddress();
+    } else if (isLink(location.hash)) {
+      location.reload();
+    }
+  });
 }
 
 function offerTurn(text) {
@@ -221,7 +331,9 @@ function loseTurn() {
 
 /** Whatever has stopped the program. */
 function fail(reason) {
-  if (!over) {
+  if (viewing) {
+    viewing.end(reason);
+  } else if (!over) {
     over = true;
     ask(`The game has stopped: ${reason.message ?? reason}`, {
       'Start it again': startAgain,
@@ -237,16 +349,13 @@ function fail(reason) {
 /** Where what was kept is damaged, what was kept before it may be whole. */
 function offerEarlier() {
   const earlier = store.before();
-  if (earlier !== null && !faultIn(earlier)) {
+  if (earlier !== null && !fault(program, 'faultInStore', earlier)) {
     ask('The game that was kept is damaged. The one kept before it is whole.', {
       'Take that one': () => {
         store.replace(earlier);
         location.reload();
       },
-      'Begin anew': () => {
-        question.close();
-        lookAround();
-      },
+      'Begin anew': hush,
     });
   }
 }
@@ -264,17 +373,16 @@ async function start() {
   whenGameGoes(loseTurn);
   addEventListener('error', ({error}) => error instanceof WebAssembly.RuntimeError && fail(error));
   addEventListener('gamepadconnected', welcomeController);
-  // The program is made ready while the tabs settle whose turn it is; receiving it starts it.
-  const ready = createGlimra({page, printErr: notice, wake() {}, onAbort: fail, instantiateWasm(imports, receive) {
-    const instance = code.then((module) => WebAssembly.instantiate(module, imports));
-    Promise.all([instance, turn]).then(([instance, mine]) => mine && receive(instance)).catch(fail);
-    return {};
-  }});
-  if (!await turn) {
+  whenAsked(lookAround);
+  watchWindow();
+  await openAddress();
+  // The program is made ready while the tabs settle whose turn it is.
+  const leave = prepare();
+  const ready = instantiate({page, leave, fail});
+  if (!await leave) {
     offerTurn('The game is open in another tab.');
     return;
   }
-  watch();
   prepareMenu();
   program = await ready;
   offerEarlier();

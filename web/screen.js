@@ -34,6 +34,11 @@ export class Screen {
     this.enlarge(left, top, partWidth, partHeight);
   }
 
+  /** All that is shown, for `show`. */
+  picture() { return this.sourceContext.getImageData(0, 0, this.source.width, this.source.height); }
+
+  show({data, width, height}) { this.draw(data, width, 0, 0, width, height); }
+
   enlarge(left, top, width, height) {
     const {factor} = this;
     this.context.drawImage(this.source, left, top, width, height, left * factor, top * factor, width * factor, height * factor);

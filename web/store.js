@@ -1,4 +1,6 @@
 // The store: the text of registry.reg in localStorage, or, where that is refused, for this visit.
+import {download} from './talk.js';
+
 const NAME = 'registry.reg', BEFORE = 'registry.reg.before';
 /** Bytes of a file that can be opened; the game itself writes 15,000. */
 const MOST = 256 * 1024;
@@ -11,8 +13,11 @@ export class Store {
   damaged = false;
   told = false;
 
-  /** Calls `lost` when another tab has written the store in the meantime, and `kept` after each save. */
-  constructor({tell, lost, kept}) { Object.assign(this, {tell, lost, kept}); }
+  /**
+   * Calls `lost` when another tab has written the store in the meantime, and `kept` after each save; `makeRoom` when
+   * the browser refuses one, and tries again if it has.
+   */
+  constructor({tell, lost, kept, makeRoom}) { Object.assign(this, {tell, lost, kept, makeRoom}); }
 
   load() {
     this.text = this.written = this.read(NAME);
@@ -98,6 +103,9 @@ export class Store {
       localStorage.setItem(name, text);
       return true;
     } catch {
+      if (this.makeRoom()) {
+        return this.write(name, text, refused);
+      }
       refused();
       return false;
     }
@@ -111,13 +119,7 @@ export class Store {
     }
   }
 
-  download() {
-    const link = document.createElement('a');
-    link.href = URL.createObjectURL(new Blob([this.text ?? this.read(NAME) ?? '']));
-    link.download = NAME;
-    link.click();
-    setTimeout(() => URL.revokeObjectURL(link.href), 60000);
-  }
+  download() { download(this.text ?? this.read(NAME) ?? '', NAME); }
 
   /** A file's text, UTF-8 or, marked as such, UTF-16; null when it is too big to be a game's. */
   static async decode(file) {

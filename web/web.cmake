@@ -4,13 +4,14 @@ set(page_library ${PROJECT_SOURCE_DIR}/platform/host/web/page.js)
 
 file(GLOB record_sources CONFIGURE_DEPENDS platform/record/*.cpp)
 list(FILTER record_sources EXCLUDE REGEX /read_file.cpp$) # the page has no files
-add_executable(glimra-web launch/glimra_web.cpp ${web_sources} ${record_sources} platform/host/held_keys.cpp
+add_executable(glimra-web launch/glimra_web.cpp launch/record_end.cpp ${web_sources} ${record_sources} platform/host/held_keys.cpp
                platform/host/input_mapper.cpp platform/host/key_table.cpp platform/host/pointer_picture.cpp
                platform/host/stylus_pointer.cpp platform/host/watch.cpp)
 add_dependencies(glimra-web generators)
 add_dependencies(handheld generators)
 add_dependencies(program generators)
 target_link_libraries(glimra-web PRIVATE program)
+target_compile_definitions(glimra-web PRIVATE GLIMRA_VERSION="${PROJECT_VERSION}")
 set_target_properties(glimra-web PROPERTIES OUTPUT_NAME glimra LINK_DEPENDS ${page_library})
 # The stack that Asyncify keeps while the program is suspended must hold every call between main
 # and the host's wait. Memory grows when a store is unusually big. Data begins at
@@ -20,7 +21,7 @@ target_link_options(
   "-sASYNCIFY_REMOVE=['gdi::*','registry::*','resources::*','theme::*','base::*']"
   -sASYNCIFY_STACK_SIZE=65536 -sINITIAL_MEMORY=16777216 -sALLOW_MEMORY_GROWTH -sGLOBAL_BASE=65536 -sMODULARIZE -sEXPORT_ES6
   -sUSE_ES6_IMPORT_META -sENVIRONMENT=web -sFILESYSTEM=0 -sDYNAMIC_EXECUTION=0
-  -sSUPPORT_LONGJMP=0 -sEXPORTED_FUNCTIONS=_main,_free,_faultInStore,_keyDown,_keyUp,_moveFinger,_stylusDown,_stylusMove,_stylusUp,_controllerButton,_controllerAxis,_controllerGone,_setAway,_askForHelp -sEXPORTED_RUNTIME_METHODS=allocateUTF8,UTF8ToString)
+  -sSUPPORT_LONGJMP=0 -sEXPORTED_FUNCTIONS=_main,_free,_faultInStore,_faultInRecord,_catchUp,_seek,_keyDown,_keyUp,_moveFinger,_stylusDown,_stylusMove,_stylusUp,_controllerButton,_controllerAxis,_controllerGone,_setAway,_askForHelp -sEXPORTED_RUNTIME_METHODS=allocateUTF8,UTF8ToString)
 
 find_program(ESBUILD esbuild REQUIRED)
 file(GLOB page_files CONFIGURE_DEPENDS

@@ -39,7 +39,7 @@ async function start(request) {
 }
 
 async function answer(request) {
-  const address = request.url.replace(/index\.html$/, '');
+  const address = request.url.replace(/(index\.html)?(#.*)?$/, '');
   return await caches.match(address, {cacheName: CACHE}) ?? fetch(request);
 }
 

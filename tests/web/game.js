@@ -4,7 +4,7 @@ import {readFileSync} from 'node:fs';
 import {join} from 'node:path';
 import {eventually, pieces, pixels, sleep, tap, temporary, PLAY, QUEUE, WELL} from './browser.js';
 
-const pilot = process.argv[4] ?? 'build/release/glimra-pilot';
+export const pilot = process.argv[4] ?? 'build/release/glimra-pilot';
 let title;
 export const isTitle = (picture) => title.equals(picture);
 

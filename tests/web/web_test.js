@@ -5,6 +5,7 @@ import {keep} from './keep.js';
 import {look} from './look.js';
 import {play} from './play.js';
 import {chromium, firefox} from './puppets.js';
+import {records} from './records.js';
 import {webkit} from './webkit.js';
 
 const engines = [chromium, firefox, webkit];
@@ -19,7 +20,7 @@ for (const engine of engines.filter((engine) => !missing.includes(engine))) {
     const needs = (what) => engine.cannot[what] ? {skip: engine.cannot[what]} : {};
     before(() => engine.launch());
     after(() => engine.end());
-    for (const walk of [play, keep, look]) {
+    for (const walk of [play, records, keep, look]) {
       walk(engine, test, needs);
     }
   });

@@ -6,8 +6,8 @@ import {createServer} from 'node:net';
 
 const COMMAND = '/usr/bin/WebKitWebDriver';
 const ELEMENT = 'element-6066-11e4-a52e-4f735466cecf';
-const KEYS = {Backspace: 3, Tab: 4, Enter: 7, Shift: 8, Control: 9, Escape: 12, ArrowLeft: 18, ArrowUp: 19, ArrowRight: 20,
-              ArrowDown: 21, F1: 49};
+const KEYS = {Backspace: 3, Tab: 4, Enter: 7, Shift: 8, Control: 9, Escape: 12, PageDown: 15, Home: 17, ArrowLeft: 18,
+              ArrowUp: 19, ArrowRight: 20, ArrowDown: 21, F1: 49};
 /** What the browser has around the page, and how narrow it can be, in pixels. */
 const FRAME = 38, NARROWEST = 447;
 

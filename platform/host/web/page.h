@@ -39,6 +39,18 @@ void pageSetAside();
 /// sentence of it for players who cannot see the screen.
 void pageState(const char *kind, const char *text);
 
+/// The record that this instance of the program plays, for the caller to free.
+char *pageGivenRecord();
+/// Whole lines of the record of this instance.
+void pageKeepRecord(const char *lines, std::size_t length);
+/// The viewer is at `position` of `length` milliseconds; `speed`: quarters of the ordinary one.
+void pageProgress(double position, double length, int speed, bool playing, const char *chapter);
+/// The viewer plays on.
+void pageTakenOver();
+/// A fresh instance is to show the record from there.
+void pageRestart(double position, int speed, bool playing);
+void pageWatchKeys(const char *keys);
+
 bool pageHelp(const char *address);
 void pageReport(const char *line, std::size_t length);
 void pageEnded();

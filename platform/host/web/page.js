@@ -39,6 +39,15 @@ mergeInto(LibraryManager.library, {
   pageSetAside: function() { Module.page.store.setAside(); },
 
   pageState: function(kind, text) { Module.page.state(UTF8ToString(kind), UTF8ToString(text)); },
+  pageGivenRecord: function() { return allocateUTF8(Module.page.givenRecord); },
+  pageKeepRecord: function(lines, length) { Module.page.keepRecord(UTF8ToString(lines, length)); },
+  pageProgress: function(position, length, speed, playing, chapter) {
+    Module.page.progress({position, length, speed, playing: Boolean(playing), chapter: UTF8ToString(chapter)});
+  },
+  pageTakenOver: function() { Module.page.takenOver(); },
+  pageRestart: function(position, speed, playing) { Module.page.restart(position, speed, Boolean(playing)); },
+  pageWatchKeys: function(keys) { Module.page.watchKeys(UTF8ToString(keys)); },
+
   pageHelp: function(address) { return Module.page.help(UTF8ToString(address)); },
   pageReport: function(line, length) { Module.page.report(UTF8ToString(line, length)); },
   pageEnded: function() { Module.page.ended(); },

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "host/host.h"
 
@@ -22,5 +23,13 @@ using ChangedState = std::function<std::optional<State>()>;
 /// The one page there is, which is given each new state before the program sleeps. When the host
 /// goes, the page learns that the program has ended.
 std::unique_ptr<host::Host> open(ChangedState changedState);
+
+/// The record that this instance of the program is to play.
+std::string givenRecord();
+/// Gives the page whole lines of the record of this instance.
+void keepRecord(std::string_view lines);
+/// Asks the page for a fresh instance that shows the record from there: milliseconds, quarters of
+/// the ordinary speed. This one is not shown any more.
+void restart(std::uint64_t position, int quarterSpeed, bool playing);
 
 } // namespace web

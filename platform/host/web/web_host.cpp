@@ -208,6 +208,43 @@ void WebHost::messageBoxOpened(std::u16string_view caption, std::u16string_view 
     pageState("dialog", (base::toUtf8(caption) + ": " + base::toUtf8(text)).c_str());
 }
 
+// Records ----------------------------------------------------------------------------------------
+
+void WebHost::showProgress(const std::optional<host::Progress> &progress)
+{
+    input_.setWatching(progress.has_value());
+    if (progress) {
+        pageProgress(progress->position, progress->length, progress->quarterSpeed,
+                     progress->playing, progress->chapter.c_str());
+    } else {
+        pageTakenOver();
+    }
+}
+
+void WebHost::showWatchKeys() { pageWatchKeys(host::watchKeys); }
+
+void WebHost::seek(int position)
+{
+    Event event;
+    event.kind = Event::Kind::Watch;
+    event.watch = host::WatchCommand::Seek;
+    event.x = position;
+    emit(event);
+}
+
+std::string givenRecord()
+{
+    const std::unique_ptr<char, decltype(&std::free)> text(pageGivenRecord(), &std::free);
+    return text.get();
+}
+
+void keepRecord(std::string_view lines) { pageKeepRecord(lines.data(), lines.size()); }
+
+void restart(std::uint64_t position, int quarterSpeed, bool playing)
+{
+    pageRestart(static_cast<double>(position), quarterSpeed, playing);
+}
+
 } // namespace web
 
 // What the page calls. Texts are UTF-8, allocated by the page and freed here; nothing counts before
@@ -342,6 +379,14 @@ void setAway(bool away)
 {
     if (web::theHost) {
         web::theHost->input().setAway(away);
+    }
+}
+
+/// Only while a record is shown: its viewer goes to a moment, in milliseconds.
+void seek(int position)
+{
+    if (web::theHost) {
+        web::theHost->seek(position);
     }
 }
 

@@ -43,6 +43,10 @@ public:
     bool showHelp(std::u16string_view program, std::u16string_view arguments,
                   std::span<const std::byte> document, std::u16string_view anchor) override;
     void report(std::string_view line) override;
+    void showProgress(const std::optional<host::Progress> &progress) override;
+    void showWatchKeys() override;
+    /// The viewer asks for a moment of the record, in milliseconds.
+    void seek(int position);
     void messageBoxOpened(std::u16string_view caption, std::u16string_view text) override;
 
 private:

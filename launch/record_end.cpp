@@ -1,0 +1,34 @@
+// Plays records to their end.
+#include "launch/record_end.h"
+
+#include <algorithm>
+
+#include "launch/game_subject.h"
+
+host::Result<std::string> playToEnd(const record::Record &record,
+                                    const record::Playback::Store &present,
+                                    const handheld::Program &program)
+{
+    GameLog games;
+    record::Playback playback(record, gameSubject(games));
+    handheld::run(playback, program, record.beginning.landscape ? 1 : 0);
+    if (playback.difference()) {
+        return {{}, playback.difference()};
+    }
+    const auto &ends = playback.storesAtEnd();
+    if (!playback.store() || std::find(ends.begin(), ends.end(), present) == ends.end()) {
+        return {{}, "leads to another store"};
+    }
+    const auto &bytes = *playback.store();
+    return {std::string(reinterpret_cast<const char *>(bytes.data()), bytes.size()), {}};
+}
+
+void keepEnd(host::Host &host, const host::Result<std::string> &end)
+{
+    if (end.problem) {
+        host.report("the game goes on from where it was stored last, not from where it ended: " +
+                    *end.problem);
+    } else {
+        host.saveStore(std::as_bytes(std::span(end.value)));
+    }
+}
