@@ -79,13 +79,10 @@ Problem replaceFile(const std::filesystem::path &file, std::span<const std::byte
         return fileProblem(place, error);
     }
     // The new name is safe once the folder is on the disk.
-    if (const Descriptor folder(place.has_parent_path() ? place.parent_path() : ".",
-                                O_RDONLY | O_DIRECTORY);
-        folder)
-    {
-        bringToDisk(folder);
-    }
-    return std::nullopt;
+    const Descriptor folder(place.has_parent_path() ? place.parent_path() : ".",
+                            O_RDONLY | O_DIRECTORY);
+    const bool safe = folder ? bringToDisk(folder) : errno == EACCES; // that needs no permission
+    return safe ? std::nullopt : Problem(fileProblem(place));
 }
 
 std::filesystem::path linkedFile(std::filesystem::path file)

@@ -19,7 +19,8 @@ constexpr std::size_t largestFile = 1 << 20;
 /// large, is a problem.
 [[nodiscard]] Result<std::optional<std::string>> readFile(const std::filesystem::path &file);
 /// Replaces a file, or makes it: written beside it, brought to the disk, renamed. Afterwards,
-/// whatever happens, it holds the old bytes or the new ones. It keeps its owner and permissions.
+/// whatever happens, it holds the old bytes or the new ones; after a problem, mostly the old. It
+/// keeps its owner and permissions.
 [[nodiscard]] Problem replaceFile(const std::filesystem::path &file,
                                   std::span<const std::byte> bytes);
 /// The file that a name leads to by symbolic links; itself when it is none.
