@@ -103,8 +103,8 @@ int playRecorded(desktop::Desktop &host, const CommandLine &line, SessionRecords
     recorder.begin("Glimra " GLIMRA_VERSION, landscape, gameSubject(games), sink);
     const int exitCode = handheld::run(recorder, program, landscape ? 1 : 0);
     recorder.close();
-    if (!named && games.account().empty()) {
-        records.drop();
+    if (const auto unended = named ? std::nullopt : records.end(!games.account().empty())) {
+        host.report("the record is not finished: " + *unended);
     }
     return exitCode;
 }
@@ -147,9 +147,6 @@ int main(int argc, char **argv)
         return handheld::run(*host, program, options.landscape ? 1 : 0);
     }
     SessionRecords records(options.storeFolder);
-    if (const auto unfinished = records.unfinished()) {
-        recover(*host, *unfinished, program);
-        SessionRecords::finish(*unfinished);
-    }
+    recover(*host, options.storeFolder, records, program);
     return playRecorded(*host, line, records, program);
 }

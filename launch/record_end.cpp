@@ -16,19 +16,21 @@ host::Result<std::string> playToEnd(const record::Record &record,
         return {{}, playback.difference()};
     }
     const auto &ends = playback.storesAtEnd();
-    if (!playback.store() || std::find(ends.begin(), ends.end(), present) == ends.end()) {
+    const bool leadsThere = std::find(ends.begin(), ends.end(), present) != ends.end() ||
+                            present == playback.store(); // it was recovered already
+    if (!playback.store() || !leadsThere) {
         return {{}, "leads to another store"};
     }
     const auto &bytes = *playback.store();
     return {std::string(reinterpret_cast<const char *>(bytes.data()), bytes.size()), {}};
 }
 
-void keepEnd(host::Host &host, const host::Result<std::string> &end)
+bool keepEnd(host::Host &host, const host::Result<std::string> &end)
 {
     if (end.problem) {
         host.report("the game goes on from where it was stored last, not from where it ended: " +
                     *end.problem);
-    } else {
-        host.saveStore(std::as_bytes(std::span(end.value)));
+        return false;
     }
+    return host.saveStore(std::as_bytes(std::span(end.value)));
 }

@@ -15,6 +15,6 @@ host::Result<std::string> playToEnd(const record::Record &record,
                                     const record::Playback::Store &present,
                                     const handheld::Program &program);
 
-/// Makes that the host's store. When there was a problem nothing changes: the host reports it, and
-/// the game goes on from what was stored last.
-void keepEnd(host::Host &host, const host::Result<std::string> &end);
+/// Makes that the host's store; false when that failed. When there was a problem nothing changes:
+/// the host reports it, and the game goes on from what was stored last.
+bool keepEnd(host::Host &host, const host::Result<std::string> &end);

@@ -4,71 +4,127 @@
 #include <cstdlib>
 
 #include <csignal>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "host/descriptor.h"
+#include "host/store_file.h"
 #include "launch/record_end.h"
 #include "record/read_file.h"
 
 namespace {
 
-using Store = record::Playback::Store;
-using End = host::Result<std::string>;
+using record::Playback;
 
 /// How long the child may play, in seconds. A session of a day takes a few.
 constexpr unsigned longestPlay = 20;
 
-constexpr char stored = 's';    ///< before the store
-constexpr char different = 'd'; ///< before the problem
+/// What the child's words begin with.
+constexpr char stored = 's';    ///< and the store follows
+constexpr char different = 'd'; ///< and the problem follows
 
-/// Plays in the child. Returns one of these marks with what follows it.
-std::string play(const record::Record &record, const Store &present,
-                 const handheld::Program &program)
+struct Outcome
 {
-    const End end = playToEnd(record, present, program);
-    return end.problem ? different + *end.problem : stored + end.value;
+    host::Result<std::string> end;
+    bool finished = true; ///< another try would come to the same
+};
+
+Outcome failure(const char *what) { return {{{}, host::fileProblem(what)}, false}; }
+
+/// The child ends with its parent, or when it takes too long: the signal for that is blocked here.
+void limitChild()
+{
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    std::signal(SIGALRM, SIG_DFL);
+    sigset_t limit;
+    sigemptyset(&limit);
+    sigaddset(&limit, SIGALRM);
+    sigprocmask(SIG_UNBLOCK, &limit, nullptr);
+    alarm(longestPlay);
 }
 
-End playInChild(const record::Record &record, const Store &present,
-                const handheld::Program &program)
+[[noreturn]] void playAsChild(const record::Record &record, const Playback::Store &present,
+                              const handheld::Program &program, const host::Descriptor &parent)
+{
+    limitChild();
+    const auto [store, problem] = playToEnd(record, present, program);
+    const std::string words = problem ? different + *problem : stored + store;
+    _exit(parent.writeAll(std::as_bytes(std::span(words))) ? 0 : 1);
+}
+
+Outcome playInChild(const record::Record &record, const Playback::Store &present,
+                    const handheld::Program &program)
 {
     int ends[2];
     if (pipe(ends) != 0) {
-        return {{}, "does not play"};
+        return failure("a pipe");
     }
     const host::Descriptor output(ends[0]);
     host::Descriptor input(ends[1]);
     const pid_t child = fork();
+    if (child < 0) {
+        return failure("a process");
+    }
     if (child == 0) {
-        alarm(longestPlay);
-        const std::string outcome = play(record, present, program);
-        _exit(input.writeAll(std::as_bytes(std::span(outcome))) ? 0 : 1);
+        playAsChild(record, present, program, input);
     }
     input.close();
-    const std::string outcome = child < 0 ? std::string() : output.readAll().value_or("");
+    const auto words = output.readAll();
+    const Outcome unread = failure("a pipe");
     int status = 0;
-    while (child > 0 && waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
-    if (status != 0 || outcome.empty()) {
-        return {{}, "does not play to its end"};
+    if (!words) {
+        return unread;
     }
-    const std::string rest = outcome.substr(1);
-    return outcome[0] == stored ? End{rest, {}} : End{{}, rest};
+    if (status != 0 || words->empty()) {
+        return {{{}, "does not play to its end"}};
+    }
+    const std::string rest = words->substr(1);
+    return words->front() == stored ? Outcome{{rest, {}}} : Outcome{{{}, rest}};
+}
+
+Outcome recoverFrom(const std::filesystem::path &file, const Playback::Store &present,
+                    const handheld::Program &program)
+{
+    const auto [record, problem] = record::readFile(file, true);
+    if (problem) {
+        return {{{}, problem}};
+    }
+    Outcome outcome = playInChild(record, present, program);
+    if (outcome.end.problem) {
+        outcome.end.problem = file.string() + ": " + *outcome.end.problem;
+    }
+    return outcome;
 }
 
 } // namespace
 
-void recover(host::Host &host, const std::filesystem::path &file, const handheld::Program &program)
+void recover(host::Host &host, const std::filesystem::path &storeFolder,
+             const SessionRecords &records, const handheld::Program &program)
 {
-    const auto [record, problem] = record::readFile(file, true);
+    const auto [unfinished, unknown] = records.unfinished();
+    const auto [present, unreadable] = host::StoreFile(storeFolder).load();
+    host::Problem problem = unreadable ? unreadable : unknown;
+    bool finished = !problem;
+    for (auto record = unfinished.begin(); !unreadable && record != unfinished.end(); ++record) {
+        const auto [end, isFinal] = recoverFrom(*record, present, program);
+        if (!end.problem) {
+            problem.reset();
+            finished = keepEnd(host, end);
+            break;
+        }
+        problem = problem ? problem : end.problem;
+        finished = finished && isFinal;
+    }
     if (problem) {
         keepEnd(host, {{}, problem});
-        return;
     }
-    End end = playInChild(record, host.loadStore(), program);
-    if (end.problem) {
-        end.problem = file.string() + ": " + *end.problem;
+    for (const auto &record : unfinished) {
+        const auto failure = finished ? SessionRecords::finish(record) : std::nullopt;
+        if (failure) {
+            host.report("the record is not finished: " + *failure);
+        }
     }
-    keepEnd(host, end);
 }

@@ -2,7 +2,6 @@
 #include "launch/session_records.h"
 
 #include <algorithm>
-#include <chrono>
 #include <ctime>
 #include <string>
 
@@ -15,19 +14,30 @@ namespace fs = std::filesystem;
 constexpr std::size_t mostRecords = 20;
 constexpr std::uintmax_t mostBytes = 10U << 20U;
 
-std::string timeName()
+constexpr char nameFormat[] = "%Y-%m-%d %H.%M.%S.pilot";
+
+std::string nameAt(std::time_t moment)
 {
-    const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
     std::tm utc{};
-    gmtime_r(&now, &utc);
-    char text[32];
-    std::strftime(text, sizeof text, "%Y-%m-%d %H.%M.%S", &utc);
+    gmtime_r(&moment, &utc);
+    char text[40];
+    std::strftime(text, sizeof text, nameFormat, &utc);
     return text;
 }
 
-std::string textOf(const fs::path &record)
+/// The moment that a record is named by; 0 for another name.
+std::time_t momentOf(const fs::path &record)
 {
-    return host::readFile(record, record::largestSize).value.value_or("");
+    std::tm utc{};
+    const std::string name = record.filename();
+    const char *end = strptime(name.c_str(), nameFormat, &utc);
+    return end && *end == '\0' ? timegm(&utc) : 0;
+}
+
+host::Result<std::string> textOf(const fs::path &record)
+{
+    const auto [text, problem] = host::readFile(record, record::largestSize);
+    return {text.value_or(""), problem};
 }
 
 bool hasGame(const std::string &text)
@@ -36,9 +46,14 @@ bool hasGame(const std::string &text)
            text.find("\n# came back ") != std::string::npos;
 }
 
+bool isFinished(const std::string &text)
+{
+    return text.ends_with("\n" + std::string(record::lastLine));
+}
+
 } // namespace
 
-std::vector<fs::path> SessionRecords::newestFirst() const
+host::Result<std::vector<fs::path>> SessionRecords::newestFirst() const
 {
     std::vector<fs::path> records;
     std::error_code error;
@@ -50,7 +65,9 @@ std::vector<fs::path> SessionRecords::newestFirst() const
         }
     }
     std::sort(records.rbegin(), records.rend());
-    return records;
+    const bool known = !error || error == std::errc::no_such_file_or_directory;
+    return {records,
+            known ? std::nullopt : host::Problem(host::fileProblem(folder_, error.value()))};
 }
 
 /// One more will come.
@@ -58,14 +75,27 @@ void SessionRecords::makeRoom() const
 {
     std::uintmax_t bytes = record::largestSize;
     std::size_t count = 1;
-    for (const fs::path &record : newestFirst()) {
+    for (const fs::path &record : newestFirst().value) {
         std::error_code error;
-        const std::uintmax_t size = fs::file_size(record, error);
-        bytes += error ? 0 : size;
-        if (++count > mostRecords || bytes > mostBytes) {
+        const std::uintmax_t known = fs::file_size(record, error);
+        const std::uintmax_t size = error ? 0 : known;
+        if (count == mostRecords || bytes + size > mostBytes) {
             fs::remove(record, error);
+        } else {
+            ++count;
+            bytes += size;
         }
     }
+}
+
+/// Behind all names that there are.
+std::string SessionRecords::newName() const
+{
+    std::time_t moment = std::time(nullptr);
+    for (const fs::path &record : newestFirst().value) {
+        moment = std::max(moment, momentOf(record) + 1);
+    }
+    return nameAt(moment);
 }
 
 host::Result<host::Append> SessionRecords::begin()
@@ -73,42 +103,57 @@ host::Result<host::Append> SessionRecords::begin()
     std::error_code error;
     fs::create_directory(folder_, error);
     makeRoom();
-    begun_ = folder_ / (timeName() + ".pilot");
+    begun_ = folder_ / newName();
     return host::makeFile(begun_);
 }
 
-void SessionRecords::drop()
+/// It is without its end when it could not be written further.
+host::Problem SessionRecords::end(bool hasGame) const
 {
-    std::error_code ignored;
-    fs::remove(begun_, ignored);
+    if (hasGame) {
+        return finish(begun_);
+    }
+    std::error_code error;
+    fs::remove(begun_, error);
+    return error ? host::Problem(host::fileProblem(begun_, error.value())) : std::nullopt;
 }
 
 std::optional<fs::path> SessionRecords::latestGame() const
 {
-    const auto records = newestFirst();
-    const auto found = std::find_if(records.begin(), records.end(),
-                                    [](const fs::path &record) { return hasGame(textOf(record)); });
+    const auto records = newestFirst().value;
+    const auto found = std::find_if(records.begin(), records.end(), [](const fs::path &record) {
+        return hasGame(textOf(record).value);
+    });
     return found == records.end() ? std::nullopt : std::optional(*found);
 }
 
-std::optional<fs::path> SessionRecords::unfinished() const
+host::Result<std::vector<fs::path>> SessionRecords::unfinished() const
 {
-    const auto records = newestFirst();
-    if (records.empty()) {
-        return std::nullopt;
+    auto [records, problem] = newestFirst();
+    std::vector<fs::path> found;
+    for (const fs::path &record : records) {
+        if (isFinished(host::readEnd(record, record::lastLine.size() + 1))) {
+            continue; // nearly all are, and may be large
+        }
+        const auto [text, unreadable] = textOf(record);
+        if (unreadable && record == records.front()) {
+            problem = unreadable;
+        }
+        if (hasGame(text) && !isFinished(text)) {
+            found.push_back(record);
+        }
     }
-    const std::string text = textOf(records.front());
-    return hasGame(text) && !text.ends_with("\n# closed\n") ? std::optional(records.front())
-                                                            : std::nullopt;
+    return {found, problem};
 }
 
-/// A last line without its end was being written.
-void SessionRecords::finish(const fs::path &record)
+host::Problem SessionRecords::finish(const fs::path &record)
 {
-    const std::string text = textOf(record);
-    std::error_code error;
-    fs::resize_file(record, text.rfind('\n') + 1, error);
-    if (!error) {
-        static_cast<void>(host::appendToFile(record, "# closed\n"));
+    const auto [text, problem] = textOf(record);
+    if (problem || isFinished(text)) {
+        return problem;
     }
+    std::error_code error;
+    fs::resize_file(record, record::wholeLines(text).size(), error);
+    return error ? host::fileProblem(record, error.value())
+                 : host::appendToFile(record, record::lastLine);
 }

@@ -28,6 +28,19 @@ if(GLIMRA_DESKTOP)
   set_tests_properties(window ends PROPERTIES LABELS real-time)
 endif()
 
+# Attacks on what the game keeps; in their long forms they run by hand.
+if(GLIMRA_DESKTOP)
+  set(both $<TARGET_FILE:glimra> $<TARGET_FILE:glimra-pilot>)
+  add_script_test(recovery faults/recovery.py ${both})
+  add_script_test(power faults/power.py --states 60 ${both})
+  add_script_test(kills faults/kills.py ${both})
+  set_tests_properties(kills PROPERTIES LABELS real-time)
+  if(NOT GLIMRA_SANITIZE) # they want to be loaded first, too
+    add_library(failing_call MODULE faults/failing_call.cpp)
+    add_script_test(calls faults/calls.py --every 12 $<TARGET_FILE:failing_call> ${both})
+  endif()
+endif()
+
 # Random scripts, on damaged stores too; the sanitizers see most.
 add_script_test(monkey monkey/monkey.py $<TARGET_FILE:glimra-pilot> --seed 7
                 --commands $<IF:$<BOOL:${GLIMRA_SANITIZE}>,10000,2500>)

@@ -1,6 +1,7 @@
 // POSIX calls, because the order in which things reach the disk matters.
 #include "host/files.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 
@@ -67,6 +68,20 @@ Result<std::optional<std::string>> readFile(const std::filesystem::path &file, s
     return {text, text ? std::nullopt : Problem(fileProblem(file))};
 }
 
+std::string readEnd(const std::filesystem::path &file, std::size_t size)
+{
+    const Descriptor source(file, O_RDONLY | O_NONBLOCK);
+    struct stat known
+    {
+    };
+    if (!source || fstat(source.number(), &known) != 0 || !S_ISREG(known.st_mode)) {
+        return {};
+    }
+    const off_t start = known.st_size - static_cast<off_t>(size);
+    lseek(source.number(), std::max<off_t>(start, 0), SEEK_SET);
+    return source.readAll(size).value_or("");
+}
+
 Problem replaceFile(const std::filesystem::path &file, std::span<const std::byte> bytes)
 {
     if (bytes.size() > largestFile) {
@@ -80,13 +95,10 @@ Problem replaceFile(const std::filesystem::path &file, std::span<const std::byte
         return fileProblem(place, error);
     }
     // The new name is safe once the folder is on the disk.
-    if (const Descriptor folder(place.has_parent_path() ? place.parent_path() : ".",
-                                O_RDONLY | O_DIRECTORY);
-        folder)
-    {
-        bringToDisk(folder);
-    }
-    return std::nullopt;
+    const Descriptor folder(place.has_parent_path() ? place.parent_path() : ".",
+                            O_RDONLY | O_DIRECTORY);
+    const bool safe = folder ? bringToDisk(folder) : errno == EACCES; // that needs no permission
+    return safe ? std::nullopt : Problem(fileProblem(place));
 }
 
 Result<Append> makeFile(const std::filesystem::path &file)

@@ -21,8 +21,11 @@ constexpr std::size_t largestFile = 1 << 20;
 /// than `largest` bytes, is a problem.
 [[nodiscard]] Result<std::optional<std::string>> readFile(const std::filesystem::path &file,
                                                           std::size_t largest = largestFile);
+/// The last bytes of such a file, at most `size`; nothing when it cannot be read.
+std::string readEnd(const std::filesystem::path &file, std::size_t size);
 /// Replaces a file, or makes it: written beside it, brought to the disk, renamed. Afterwards,
-/// whatever happens, it holds the old bytes or the new ones. It keeps its owner and permissions.
+/// whatever happens, it holds the old bytes or the new ones; after a problem, mostly the old. It
+/// keeps its owner and permissions.
 [[nodiscard]] Problem replaceFile(const std::filesystem::path &file,
                                   std::span<const std::byte> bytes);
 

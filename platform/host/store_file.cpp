@@ -44,10 +44,13 @@ Problem StoreFile::makeFolder() const
         made /= part;
         error = mkdir(made.c_str(), forItsOwner) == 0 ? 0 : errno;
     }
-    if (isFolder(folder_)) {
-        return std::nullopt;
+    struct stat known
+    {
+    };
+    if (stat(folder_.c_str(), &known) != 0) {
+        return fileProblem(folder_, error == EEXIST ? errno : error);
     }
-    return fileProblem(folder_, error == EEXIST ? ENOTDIR : error);
+    return S_ISDIR(known.st_mode) ? std::nullopt : Problem(fileProblem(folder_, ENOTDIR));
 }
 
 Result<std::optional<std::vector<std::byte>>> StoreFile::load()

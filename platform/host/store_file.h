@@ -24,8 +24,7 @@ public:
     /// The bytes of registry.reg; none when there is no such file. One that cannot be read is a
     /// problem, and nothing is saved over it.
     [[nodiscard]] Result<std::optional<std::vector<std::byte>>> load();
-    /// Replaces registry.reg; when that fails, the old file is as it was. A folder that is gone is
-    /// made again.
+    /// Replaces registry.reg, as replaceFile does. A folder that is gone is made again.
     [[nodiscard]] Problem save(std::span<const std::byte> bytes);
     /// Renames registry.reg to registry.reg.bad; a file that has that name already first gets
     /// the name registry.reg.bad.1, or .2, ... whichever is free. When that fails, nothing is saved

@@ -53,12 +53,19 @@ private:
 };
 
 /// The first lines of the script, which stay to be read; of a pipe, none.
-std::string startOf(int script)
+host::Result<std::string> startOf(int script)
 {
+    const off_t place = lseek(script, 0, SEEK_CUR);
+    if (place < 0) {
+        return {};
+    }
     std::string start(record::largestSize, '\0');
-    const ssize_t count = pread(script, start.data(), start.size(), lseek(script, 0, SEEK_CUR));
-    start.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-    return start;
+    const ssize_t count = pread(script, start.data(), start.size(), place);
+    if (count < 0) {
+        return {{}, host::fileProblem("the script")};
+    }
+    start.resize(static_cast<std::size_t>(count));
+    return {start, {}};
 }
 
 /// The store that the script says, or that lies beside one of the first records.
@@ -92,7 +99,10 @@ int run(const Options &options, const handheld::Program &program, const Subject 
     if (const auto problem = store.make(options.store)) {
         return complain(*problem);
     }
-    const std::string start = startOf(script);
+    const auto [start, unread] = startOf(script);
+    if (unread) {
+        return complain(*unread);
+    }
     std::string_view rest = start;
     int lines = 0;
     const auto [beginning, mistake] = record::takeBeginning(rest, lines);

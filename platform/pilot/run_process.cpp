@@ -6,20 +6,16 @@
 #include <cstdlib>
 #include <cstring>
 #include <sstream>
-#include <system_error>
 
 #include <csignal>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "host/problem.h"
+
 namespace pilot {
 namespace {
-
-[[noreturn]] void throwErrno(const char *what)
-{
-    throw std::system_error(errno, std::generic_category(), what);
-}
 
 /// What a process left behind.
 struct Remains
@@ -52,17 +48,18 @@ void handleEnd(void (*act)(int))
 }
 
 /// Runs the program in a child process and waits for its end.
-Remains runOnce(RunState &state, const std::function<void(RunState &, Outcome &)> &run)
+host::Result<Remains> runOnce(RunState &state,
+                              const std::function<void(RunState &, Outcome &)> &run)
 {
     int ends[2];
     if (pipe(ends) != 0) {
-        throwErrno("pipe");
+        return {{}, host::fileProblem("a pipe")};
     }
     host::Descriptor output(ends[0]);
     host::Descriptor input(ends[1]);
     const pid_t process = fork();
     if (process < 0) {
-        throwErrno("fork");
+        return {{}, host::fileProblem("a process")};
     }
     if (process == 0) {
         handleEnd(SIG_DFL);
@@ -77,11 +74,16 @@ Remains runOnce(RunState &state, const std::function<void(RunState &, Outcome &)
         endRun(endedBy);
     }
     input.close();
-    Remains remains{output.readAll().value_or("")};
-    running = 0; // it is ending: its number may soon be another's
-    while (waitpid(process, &remains.status, 0) < 0 && errno == EINTR) {
+    const auto outcome = output.readAll();
+    const auto problem = outcome ? std::nullopt : host::Problem(host::fileProblem("a pipe"));
+    if (problem) {
+        kill(process, SIGKILL);
     }
-    return remains;
+    running = 0; // it is ending: its number may soon be another's
+    int status = 0;
+    while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
+    }
+    return {{outcome.value_or(""), status}, problem};
 }
 
 void reportCrash(int status)
@@ -111,7 +113,8 @@ void Outcome::report(const std::string &text, bool cleanly) const
     }
     std::fflush(nullptr);
     if (!pipe_.writeAll(std::as_bytes(std::span(text)))) {
-        std::abort();
+        std::fprintf(stderr, "pilot: %s\n", host::fileProblem("a pipe").c_str());
+        std::_Exit(1);
     }
     cleanly ? std::exit(0) : std::_Exit(0);
 }
@@ -120,10 +123,15 @@ int runUntilFinished(RunState state, const std::function<void(RunState &, Outcom
 {
     handleEnd(endRun);
     for (;;) {
-        const auto [outcome, status] = runOnce(state, run);
+        const auto [remains, problem] = runOnce(state, run);
         if (endedBy != 0) {
             return endedStatus + endedBy;
         }
+        if (problem) {
+            std::fprintf(stderr, "pilot: %s\n", problem->c_str());
+            return 1;
+        }
+        const auto &[outcome, status] = remains;
         std::istringstream words(outcome);
         std::string word;
         words >> word;

@@ -233,13 +233,19 @@ bool Record::hasDigests() const
                        [](const Step &step) { return step.kind == Step::Kind::Digest; });
 }
 
+std::string_view wholeLines(std::string_view text)
+{
+    text = text.substr(0, text.find('\0'));
+    return text.substr(0, text.rfind('\n') + 1);
+}
+
 host::Result<Record> read(std::string_view text, bool cut)
 {
     if (text.size() > largestSize) {
         return {{}, "it is larger than 4 MB"};
     }
     if (cut) {
-        text = text.substr(0, text.rfind('\n') + 1);
+        text = wholeLines(text);
     }
     std::string_view rest = text;
     int line = 0;

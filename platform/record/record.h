@@ -86,8 +86,13 @@ struct Record
     bool hasDigests() const;
 };
 
-/// Reads a whole record. The problem says the line: "line 12: ...". With `cut`, a last line without
-/// its end does not count: a record that was being written when the power went.
+constexpr std::string_view lastLine = "# closed\n";
+
+/// The lines that were written completely. When the power goes, a file may end within a line, and
+/// hold zeros where bytes had not reached the disk; what is behind those does not count.
+std::string_view wholeLines(std::string_view text);
+/// Reads a whole record. The problem says the line: "line 12: ...". With `cut`, only its whole
+/// lines: it was being written when the process or the machine was stopped.
 host::Result<Record> read(std::string_view text, bool cut = false);
 
 /// The digest of the program and the clock.

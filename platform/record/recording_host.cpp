@@ -75,7 +75,7 @@ void RecordingHost::close()
 {
     if (sink_) {
         noteDigest();
-        add("# closed");
+        pending_ += lastLine;
         write();
     }
 }
@@ -138,7 +138,8 @@ void RecordingHost::write()
 {
     written_ = ticks();
     size_ += pending_.size();
-    const auto problem = size_ > largestSize ? host::Problem("it has 4 MB") : sink_(pending_);
+    const auto problem =
+        size_ + lastLine.size() > largestSize ? host::Problem("it has 4 MB") : sink_(pending_);
     pending_.clear();
     if (problem) {
         sink_ = nullptr;

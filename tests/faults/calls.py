@@ -1,0 +1,110 @@
+#!/usr/bin/python3
+"""Lets each call for a file or a socket fail, one in each run, while a game is begun, played, kept, and recovered.
+
+calls.py [--every N] [--display] [--seed N] FAILING-CALL GLIMRA GLIMRA-PILOT
+
+No run may crash or hang, the start after it must find one whole state of the game, and when the run was silent,
+everything must be as if no call had failed. --every N takes one of N calls; --display begins the desktop game on a
+display in memory too.
+"""
+import argparse
+import atexit
+import collections
+import errno
+import os
+import random
+import struct
+import subprocess
+import sys
+
+from faults import EARLY, GLIMRA, PILOT, SECOND, interrupted, start, store, stored
+
+ERRORS = errno.ENOSPC, errno.EIO, errno.EINTR, errno.ENOMEM
+PLAN = struct.Struct("<3i52s")
+DONE = "# closed\n"
+
+
+def play(folder, environment):
+    result = subprocess.run([PILOT, "--store", "s", "--record", "r"], input=SECOND + "close\n", cwd=folder, text=True,
+                            capture_output=True, timeout=60, env={**os.environ, **environment})
+    return result.returncode, result.stderr
+
+
+def desktop(folder, environment):
+    return start(folder, environment=environment)
+
+
+def display(folder, environment):
+    environment = {**environment, "SDL_VIDEODRIVER": "x11", "DISPLAY": os.environ["DISPLAY"]}
+    return start(folder, environment=environment)
+
+
+def kept(folder):
+    """All that must be the same when nothing is said."""
+    records = sorted(folder.glob("s/records/*")) + [folder / "r"]
+    texts = [record.read_text() for record in records if record.exists()]
+    return stored(folder), [text.endswith(DONE) for text in texts]
+
+
+def attack(run, library, number, error, expected):
+    """Lets one call fail. Returns its name, and what is wrong."""
+    with interrupted() as folder:
+        if run is play:
+            (folder / "s/records" / EARLY).unlink()
+        plan = folder / "plan"
+        plan.write_bytes(PLAN.pack(0, number, error, b""))
+        status, said = run(folder, {"LD_PRELOAD": library, "FAILING_CALL": str(plan)})
+        calls, _, _, name = PLAN.unpack(plan.read_bytes())
+        name = name.rstrip(b"\0").decode()
+        if not expected:
+            return calls, kept(folder), {stored(folder)}
+        if status < 0 or (status == 3 and os.strerror(error) not in said):
+            return name, f"crashes: {status} {said}"
+        if not said and (status != 0 or (name and kept(folder) != expected[0])):
+            return name, f"says nothing, ends with {status}, and leaves {kept(folder)[1]}"
+        if said and os.strerror(error) not in said:
+            return name, f"does not say why: {said}"
+        if start(folder)[0] != 0:
+            return name, "does not start again"
+        return name, "" if stored(folder) in expected[1] else f"leads to another state; it said: {said}"
+
+
+def states():
+    """The games that there are on the way: after each part of the session."""
+    parts = ["", SECOND[:SECOND.index("back")], SECOND]
+    for part in parts:
+        with interrupted() as folder:
+            store.play(PILOT, part + ("close\n" if part == SECOND else "kill\n"), "--store", "s", folder=folder)
+            yield stored(folder)
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("library", type=os.path.abspath)
+    parser.add_argument("--every", type=int, default=1)
+    parser.add_argument("--display", action="store_true")
+    parser.add_argument("--seed", type=int, default=random.randrange(1 << 32))
+    options = parser.parse_args()
+    chance = random.Random(options.seed)
+    if options.display:
+        sys.argv += [GLIMRA, PILOT]
+        from desktop import start_display
+        start_display(atexit.register)
+    found, total, between = [], collections.Counter(), set(states())
+    for run in [play, desktop] + [display] * options.display:
+        calls, whole, after = attack(run, options.library, 0, 0, None)
+        assert calls > 50, "the library is not loaded"
+        for number in range(1, calls + 1):
+            for error in ERRORS:
+                if chance.randrange(options.every) == 0:
+                    name, wrong = attack(run, options.library, number, error, (whole, between | after))
+                    total[run.__name__, name] += 1
+                    if wrong:
+                        found.append(f"{run.__name__}: {name}, call {number}, {errno.errorcode[error]}: {wrong}")
+                        print(found[-1], flush=True)
+    print(f"seed {options.seed}:", ", ".join(f"{name} {count}" for (_, name), count in total.items()))
+    print(f"{total.total()} calls failed, {len(found)} faults")
+    sys.exit(bool(found))
+
+
+main()

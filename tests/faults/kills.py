@@ -1,0 +1,130 @@
+#!/usr/bin/python3
+"""Ends the desktop game at random moments: while it starts and recovers a game, and while one is played on a display.
+
+kills.py [--moments N] [--seed N] GLIMRA GLIMRA-PILOT
+
+The next start must have the game, paused. After a signal or the end of the display nothing is missing; after SIGKILL at
+most the last second, and no key that was pressed before.
+"""
+import argparse
+import atexit
+import os
+import pathlib
+import random
+import re
+import signal
+import subprocess
+import sys
+import time
+
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "scripts"))
+from desktop import GLIMRA, PILOT, SCALE, eventually, start_display, xdotool  # noqa: E402
+
+sys.argv += [GLIMRA, PILOT]
+from faults import EARLY, UNSEEN, ended, interrupted, played, start, stored  # noqa: E402
+
+SIGNALS = signal.SIGKILL, signal.SIGTERM, signal.SIGINT, signal.SIGHUP
+ENDS = *SIGNALS, "client", "server"
+KEYS = {"Left": 37, "Right": 39, "Up": 38, "c": 194, "z": 195}
+LATE = 0.25  # seconds between a key's way through the display and the record
+
+
+def launch(folder, environment):
+    return subprocess.Popen([GLIMRA, "--store", "s", "--scale", str(SCALE)], cwd=folder, stderr=subprocess.PIPE, text=True,
+                            env={**os.environ, "HOME": str(folder), **environment})
+
+
+def early(chance):
+    """While it starts, some times in a row."""
+    with interrupted() as folder:
+        expected = played((folder / "s/records" / EARLY).read_bytes())
+        for _ in range(3):
+            game = launch(folder, UNSEEN)
+            time.sleep(chance.uniform(0, 0.06))
+            number = chance.choice(SIGNALS)
+            game.send_signal(number)
+            status, said = ended(game)
+            if status not in (0, -number) or said:
+                return f"{status}: {said}"
+        status, said = start(folder)
+        return "" if (status, said) == (0, "") and stored(folder) == expected else f"the game is another, {said}"
+
+
+def play(game, record, chance):
+    """Plays for a while; returns the keys that were pressed, each with its moment."""
+    search = ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(game.pid), "--name", "^Glimra$"]
+    game.window, = eventually(lambda: subprocess.run(search, capture_output=True, text=True).stdout.split(), "it opens")
+    xdotool("windowfocus", "--sync", game.window)
+    click = lambda: xdotool("mousemove", "--window", game.window, 120 * SCALE, 150 * SCALE, "click", 1, "sleep", 0.1)
+    eventually(lambda: click() or "# came back" in record().read_text(), "the game goes on")
+    pressed, end = [], time.monotonic() + chance.uniform(0.3, 3)
+    while time.monotonic() < end:
+        key = chance.choice([*KEYS])
+        pressed.append((key, time.monotonic()))
+        xdotool("key", key)
+        time.sleep(chance.uniform(0, 0.4))
+    return pressed
+
+
+def missing(text, pressed, moment):
+    """What a record does not have of all that was done until a moment."""
+    at, reached = 0, []
+    for word, *rest in map(str.split, filter(None, text.splitlines())):
+        at += int(rest[0]) if word in ("wait", "jump") else 0
+        if word == "key" and rest[1] == "down" and int(rest[0]) in KEYS.values():
+            reached.append((int(rest[0]), at / 1000))
+    before = [KEYS[key] for key, when in pressed if when < moment - LATE]
+    if [key for key, _ in reached][:len(before)] != before:
+        return f"of the keys {before} there are {reached}"
+    if reached and at / 1000 - reached[0][1] < moment - pressed[0][1] - 1 - LATE:
+        return f"it ends at {at} ms, {moment - pressed[0][1]:.2f} s after the key of {reached[0]}"
+    return ""
+
+
+def while_playing(end, chance):
+    server = start_display(atexit.register)
+    with interrupted() as folder:
+        game = launch(folder, {})
+        record = lambda: max(folder.glob("s/records/*"))
+        pressed = play(game, record, chance)
+        moment = time.monotonic()
+        if end == "server":
+            server.kill()
+        elif end == "client":
+            xdotool("windowkill", game.window)
+        else:
+            game.send_signal(end)
+        status, said = ended(game)
+        server.kill()
+        if status != (-end if end == signal.SIGKILL else 0) or not re.fullmatch("(the display is gone.*\n)?", said):
+            return f"ends with {status}: {said}"
+        text, expected = record().read_bytes(), played(record().read_bytes())
+        if end != signal.SIGKILL and subprocess.run([PILOT, "--check", record()], stdout=subprocess.DEVNULL).returncode:
+            return "its record does not hold"
+        lost = missing(text.decode(), pressed, moment)
+        if lost:
+            return lost
+        again = start(folder)
+        return "" if again == (0, "") and stored(folder) == expected else f"the game is another: {again}"
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--moments", type=int, default=len(ENDS))
+    parser.add_argument("--seed", type=int, default=random.randrange(1 << 32))
+    options = parser.parse_args()
+    chance = random.Random(options.seed)
+    faults = 0
+    for number in range(options.moments):
+        end = ENDS[number % len(ENDS)]
+        for name, attack in (("while it starts", lambda: early(chance)), (end, lambda: while_playing(end, chance))):
+            wrong = attack()
+            if wrong:
+                faults += 1
+                print(f"moment {number}, {name}: {wrong}", flush=True)
+    print(f"seed {options.seed}: {options.moments} games ended while they were played, {3 * options.moments} while they "
+          f"started, {faults} faults")
+    sys.exit(bool(faults))
+
+
+main()

@@ -1,0 +1,107 @@
+#!/usr/bin/python3
+"""What stands in the way when a game is recovered: clocks, other records, damage, full disks, and recovery itself.
+
+recovery.py GLIMRA GLIMRA-PILOT
+"""
+import resource
+import signal
+import unittest
+
+from faults import EARLY, FIRST, PILOT, interrupted, played, start, store, stored
+
+LATER = "2030-01-01 00.00.00.pilot"
+
+
+def limited(size):
+    """No file becomes larger, as on a full disk."""
+    return lambda: (signal.signal(signal.SIGXFSZ, signal.SIG_IGN), resource.setrlimit(resource.RLIMIT_FSIZE, (size, size)))
+
+
+class RecoveryTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = self.enterContext(interrupted())
+        self.records = self.folder / "s/records"
+        self.record = self.records / EARLY
+        self.text = self.record.read_bytes()
+        self.before, self.after = stored(self.folder), played(self.text)
+
+    def enterContext(self, context):  # noqa: N802, it is unittest's own in later versions
+        self.addCleanup(context.__exit__, None, None, None)
+        return context.__enter__()
+
+    def expect(self, game, said=r"\Z", before=None):
+        status, errors = start(self.folder, before=before)
+        self.assertEqual(status, 0)
+        self.assertRegex(errors, rf"\A{said}")
+        self.assertEqual(stored(self.folder), game)
+
+    def test_the_clock_was_set_back(self):
+        (self.records / LATER).write_bytes(self.text + b"# closed\n")
+        self.expect(self.after)
+        self.expect(self.after)
+        names = sorted(each.name for each in self.records.iterdir())
+        self.assertEqual(names, [EARLY, LATER, LATER.replace("00.pilot", "01.pilot"), LATER.replace("00.pilot", "02.pilot")])
+
+    def test_recovery_ended_before_it_finished_the_record(self):
+        recovered = played(self.text, lambda folder: (folder / "s/registry.reg").read_bytes())
+        (self.folder / "s/registry.reg").write_bytes(recovered)
+        self.expect(self.after)
+        self.assertTrue(self.record.read_bytes().endswith(b"# closed\n"))
+
+    def test_a_record_of_another_store_is_named_once(self):
+        store.play(PILOT, FIRST.replace("38", "39"), "--store", "s", folder=self.folder)
+        game = stored(self.folder)
+        self.expect(game, f".*{EARLY}: leads to another store\n\\Z")
+        self.expect(game)
+
+    def test_a_damaged_record_is_named_once(self):
+        lines = self.text.split(b"\n")
+        self.record.write_bytes(b"\n".join([*lines[:-6], b"key 38 wait", *lines[-6:]]))
+        self.expect(self.before, f".*{EARLY}: line {len(lines) - 5}: .*\n\\Z")
+        self.expect(self.before)
+
+    def test_zeros_end_a_record(self):
+        self.record.write_bytes(self.text + b"wait 10" + bytes(5000) + b"\nwait 100\n")
+        self.expect(self.after)
+        self.assertEqual(self.record.read_bytes(), self.text + b"# closed\n")
+
+    def test_a_large_record_hides_no_other(self):
+        (self.records / LATER).write_bytes(self.text + b"wait 1\n" * 700000)
+        self.expect(self.after)
+
+    def test_a_large_record_is_named_once(self):
+        self.record.write_bytes(self.text + b"wait 1\n" * 700000)
+        self.expect(self.before, f".*{EARLY}: is larger than 4 MB\n\\Z")
+        self.expect(self.before)
+
+    def test_no_folder_of_records(self):
+        self.record.rename(self.folder / "r")
+        self.records.rmdir()
+        self.records.write_text("in the way")
+        self.expect(self.before, ".*records: Not a directory\nthis session is not recorded: .*: Not a directory\n\\Z")
+
+    def test_a_store_that_cannot_be_read_or_written_keeps_the_record(self):
+        file = self.folder / "s/registry.reg"
+        for way in (file.rename(self.folder / "aside") and file.mkdir, lambda: None):
+            way()
+            status, errors = start(self.folder, before=limited(4096) if file.is_file() else None)
+            self.assertEqual(status, 0)
+            self.assertRegex(errors, "registry.reg: (not a regular file|File too large)")
+            self.assertEqual(self.record.read_bytes(), self.text)
+            if file.is_dir():
+                file.rmdir()
+                (self.folder / "aside").rename(file)
+        self.expect(self.after)
+
+    def test_a_disk_that_fills_ends_the_record_and_not_the_game(self):
+        self.expect(self.after)
+        for more in range(-40, 120, 40):
+            size = self.text.index(b"# came back") + more
+            self.expect(self.after, "the record ends here: .*: File too large\n\\Z", before=limited(size))
+            self.expect(self.after)
+            for record in self.records.iterdir():
+                if record != self.record:
+                    record.unlink()
+
+
+unittest.main()
