@@ -105,7 +105,11 @@ void RecordingHost::noteEvent(const Event &event)
     noteTime(ticks());
     add(lineFor(event));
     const bool repeat = event.kind == Kind::KeyDown && event.key == lastKey_;
-    lastKey_ = event.kind == Kind::KeyDown ? event.key : std::uint16_t{0};
+    if (event.kind == Kind::KeyDown) {
+        lastKey_ = event.key;
+    } else if (event.kind == Kind::KeyUp && event.key == lastKey_) {
+        lastKey_ = 0;
+    }
     const bool many = repeat || event.kind == Kind::StylusMove;
     if (!many || host::distance(written_, ticks()) >= writeInterval) {
         write();
