@@ -71,7 +71,7 @@ class RecoveryTest(unittest.TestCase):
 
     def test_a_large_record_is_named_once(self):
         self.record.write_bytes(self.text + b"wait 1\n" * 700000)
-        self.expect(self.before, f".*{EARLY}: is larger than 4 MB\n\\Z")
+        self.expect(self.before, f".*{EARLY}: File too large\n\\Z")
         self.expect(self.before)
 
     def test_no_folder_of_records(self):
