@@ -190,11 +190,11 @@ function thisSession() {
 
 /** Shows a record while the player's own game rests. Settled when it is over. */
 function view(record, position) {
-  sound.wake();
   hush();
   return new Promise((done) => {
     changing = true; // the own game goes away
     lookAround();
+    sound.wake();
     const thaw = program && freeze(program);
     const picture = screen.picture(), {title} = document, {wantsText} = controls, said = element('state').textContent;
     viewing = new Viewing(record, {page, send, started() {

@@ -55,6 +55,9 @@ export class Viewing {
   }
 
   end(reason) {
+    if (this.begun < 0) {
+      return;
+    }
     this.begun = -1;
     this.program?.halt();
     this.mark('');
@@ -80,7 +83,7 @@ export class Viewing {
   show({position, length, speed, playing, chapter}) {
     Object.assign(this, {playing, length});
     this.mark(playing ? 'plays' : 'stands');
-    element('toggle').ariaLabel = playing ? 'Stop' : 'Go on';
+    element('toggle').setAttribute('aria-label', playing ? 'Stop' : 'Go on');
     element('chapter').textContent = chapter.slice(0, 80);
     element('speed').textContent = SPEEDS[speed] ?? `× ${speed / 4}`;
     slider.max = length;
@@ -100,8 +103,10 @@ export class Viewing {
 
   /** What the viewer sees of it: it begins, plays, stands, or he plays himself; empty: nothing any more. */
   mark(state) {
-    root.dataset.watching = state;
-    bar.hidden = !state;
-    this.page.screen.fit();
+    if (root.dataset.watching !== state) {
+      root.dataset.watching = state;
+      bar.hidden = !state;
+      this.page.screen.fit();
+    }
   }
 }

@@ -181,10 +181,35 @@ export function records(engine, test) {
     assert.equal(await textOf(tab, '#notice'), '');
 
     await sleep(1500);
-    await tab.evaluate(() => { localStorage['glimra.record.0'] = localStorage['glimra.record.0'].replace(/# digest ./, '# digest x'); });
+    await tab.evaluate(() => {
+      localStorage['glimra.record.0'] = localStorage['glimra.record.0'].replace(/# digest ./, '# digest x');
+      Storage.prototype.setItem = () => {}; // it is not written again
+    });
     await tab.reload();
     await says(tab, '#notice', /goes on from where it was stored last.*line \d+: two numbers/);
     await eventually(() => stands(tab), 'the game of before');
+    await visit.end();
+  });
+
+  test('a record that fills the storage makes room for the game', async () => {
+    const visit = await begin(engine, undefined, () => {
+      const {setItem} = Storage.prototype;
+      Storage.prototype.setItem = function(name, text) {
+        if (name === 'registry.reg' && window.full && this.getItem('glimra.record') !== null) {
+          throw new DOMException('full', 'QuotaExceededError');
+        }
+        setItem.call(this, name, text);
+      };
+    });
+    const tab = await visit.open();
+    await start(tab);
+    await eventually(() => tab.evaluate('localStorage["glimra.record"] !== undefined'), 'a copy of the record');
+    const before = await store(tab);
+    await tab.evaluate('window.full = true');
+    await press(tab, 'c');
+    await leave(tab);
+    assert.notEqual(await store(tab), before);
+    assert.doesNotMatch(await textOf(tab, '#notice'), /does not let the page store/);
     await visit.end();
   });
 }
