@@ -79,15 +79,19 @@ host::Result<std::string> playInChild(const record::Record &record, const Store 
     if (child == 0) {
         limitChild();
         const std::string outcome = play(record, present, program);
-        _exit(input.writeAll(std::as_bytes(std::span(outcome))) ? 0 : 1);
+        _exit(input.writeAll(std::as_bytes(std::span(outcome))) ? 0 : errno);
     }
     input.close();
     const auto outcome = output.readAll();
-    const auto problem = outcome ? std::nullopt : host::Problem(host::fileProblem("a pipe"));
+    const int unread = outcome ? 0 : errno;
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
-    return {status == 0 ? outcome.value_or("") : "", problem};
+    const int error = unread == 0 && WIFEXITED(status) ? WEXITSTATUS(status) : unread;
+    if (error != 0) {
+        return {{}, host::fileProblem("a pipe", error)};
+    }
+    return {WIFEXITED(status) ? *outcome : "", {}};
 }
 
 struct Recovery

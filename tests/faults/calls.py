@@ -35,8 +35,7 @@ def desktop(folder, environment):
 
 
 def display(folder, environment):
-    environment = {**environment, "SDL_VIDEODRIVER": "x11", "DISPLAY": os.environ["DISPLAY"]}
-    return start(folder, environment=environment)
+    return start(folder, environment={**environment, "SDL_VIDEODRIVER": "x11"})
 
 
 def kept(folder):
@@ -70,11 +69,10 @@ def attack(run, library, number, error, expected):
 
 
 def states():
-    """The games that there are on the way: after each part of the session."""
-    parts = ["", SECOND[:SECOND.index("back")], SECOND]
-    for part in parts:
+    """The games that there are on the way: before the session, in its middle, and after it."""
+    for part in ("kill\n", SECOND[:SECOND.index("back")] + "kill\n", SECOND + "close\n"):
         with interrupted() as folder:
-            store.play(PILOT, part + ("close\n" if part == SECOND else "kill\n"), "--store", "s", folder=folder)
+            store.play(PILOT, part, "--store", "s", folder=folder)
             yield stored(folder)
 
 

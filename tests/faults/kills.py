@@ -40,7 +40,7 @@ def early(chance):
         expected = played((folder / "s/records" / EARLY).read_bytes())
         for _ in range(3):
             game = launch(folder, UNSEEN)
-            time.sleep(chance.uniform(0, 0.06))
+            time.sleep(chance.uniform(0, 0.1))
             number = chance.choice(SIGNALS)
             game.send_signal(number)
             status, said = ended(game)
@@ -88,12 +88,8 @@ def while_playing(end, chance):
         record = lambda: max(folder.glob("s/records/*"))
         pressed = play(game, record, chance)
         moment = time.monotonic()
-        if end == "server":
-            server.kill()
-        elif end == "client":
-            xdotool("windowkill", game.window)
-        else:
-            game.send_signal(end)
+        {"server": server.kill, "client": lambda: xdotool("windowkill", game.window)}.get(
+            end, lambda: game.send_signal(end))()
         status, said = ended(game)
         server.kill()
         if status != (-end if end == signal.SIGKILL else 0) or not re.fullmatch("(the display is gone.*\n)?", said):

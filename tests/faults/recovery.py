@@ -25,10 +25,6 @@ class RecoveryTest(unittest.TestCase):
         self.text = self.record.read_bytes()
         self.before, self.after = stored(self.folder), played(self.text)
 
-    def enterContext(self, context):  # noqa: N802, it is unittest's own in later versions
-        self.addCleanup(context.__exit__, None, None, None)
-        return context.__enter__()
-
     def expect(self, game, said=r"\Z", before=None):
         status, errors = start(self.folder, before=before)
         self.assertEqual(status, 0)
