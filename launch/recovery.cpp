@@ -30,7 +30,10 @@ struct Outcome
     bool finished = true; ///< another try would come to the same
 };
 
-Outcome failure(const char *what) { return {{{}, host::fileProblem(what)}, false}; }
+Outcome failure(const char *what, int error = errno)
+{
+    return {{{}, host::fileProblem(what, error)}, false};
+}
 
 /// The child ends with its parent, or when it takes too long: the signal for that is blocked here.
 void limitChild()
@@ -50,7 +53,7 @@ void limitChild()
     limitChild();
     const auto [store, problem] = playToEnd(record, present, program);
     const std::string words = problem ? different + *problem : stored + store;
-    _exit(parent.writeAll(std::as_bytes(std::span(words))) ? 0 : 1);
+    _exit(parent.writeAll(std::as_bytes(std::span(words))) ? 0 : errno);
 }
 
 Outcome playInChild(const record::Record &record, const Playback::Store &present,
@@ -71,14 +74,15 @@ Outcome playInChild(const record::Record &record, const Playback::Store &present
     }
     input.close();
     const auto words = output.readAll();
-    const Outcome unread = failure("a pipe");
+    const int unread = words ? 0 : errno;
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
-    if (!words) {
-        return unread;
+    const int error = unread == 0 && WIFEXITED(status) ? WEXITSTATUS(status) : unread;
+    if (error != 0) {
+        return failure("a pipe", error);
     }
-    if (status != 0 || words->empty()) {
+    if (!WIFEXITED(status) || words->empty()) {
         return {{{}, "does not play to its end"}};
     }
     const std::string rest = words->substr(1);

@@ -1,8 +1,9 @@
-// Loaded before the system's library, this lets one call of a program for a file or a socket fail. The file
-// FAILING_CALL, which all processes of the program share, says which one and how, and is told what it was.
+// Loaded before the system's library, this lets one call of a program for a file or a socket fail.
+// The file FAILING_CALL, which all processes of the program share, says which one and how, and is
+// told what it was.
 //
-// All calls are written alike here: their results and arguments are numbers and addresses, which go through
-// registers of the same size. So each has its name only for the linker.
+// All calls are written alike here: their results and arguments are numbers and addresses, which go
+// through registers of the same size. So each has its name only for the linker.
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -47,26 +48,23 @@ bool fails(const char *name)
 
 } // namespace
 
-#define CALL(name, failure)                                                                        \
-    extern "C" long failing_##name(long, long, long, long, long, long) __asm__(#name);             \
-    long failing_##name(long a, long b, long c, long d, long e, long f)                            \
-    {                                                                                              \
-        static const Call real = systems(#name);                                                   \
-        return fails(#name) ? failure : real(a, b, c, d, e, f);                                    \
+// With `does`, the call is carried out although it fails: a file is closed whatever closing it
+// comes to.
+#define CALL(name, failure, does)                                                      \
+    extern "C" long failing_##name(long, long, long, long, long, long) __asm__(#name); \
+    long failing_##name(long a, long b, long c, long d, long e, long f)                \
+    {                                                                                  \
+        static const Call real = systems(#name);                                       \
+        const bool failing = fails(#name);                                             \
+        const int error = errno;                                                       \
+        const long result = failing && !(does) ? failure : real(a, b, c, d, e, f);     \
+        errno = failing ? error : errno;                                               \
+        return failing ? failure : result;                                             \
     }
 
-// The number is free even when closing fails.
-#define CLOSING(name)                                                                              \
-    extern "C" long failing_##name(long, long, long, long, long, long) __asm__(#name);             \
-    long failing_##name(long a, long, long, long, long, long)                                      \
-    {                                                                                              \
-        static const Call real = systems(#name);                                                   \
-        const long result = real(a, 0, 0, 0, 0, 0);                                                \
-        return fails(#name) ? -1 : result;                                                         \
-    }
-
-#define NUMBER(name) CALL(name, -1)
-#define ADDRESS(name) CALL(name, 0)
+#define CLOSING(name) CALL(name, -1, true)
+#define NUMBER(name) CALL(name, -1, false)
+#define ADDRESS(name) CALL(name, 0, false)
 
 // clang-format off
 CLOSING(close) CLOSING(closedir)

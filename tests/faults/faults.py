@@ -66,10 +66,14 @@ def ended(game):
         return HANGS, game.communicate()[1]
 
 
-def start(folder, *words, environment=(), before=None):
-    """Starts the desktop game without a display and closes it; returns as `ended` does."""
-    game = subprocess.Popen([*words, GLIMRA, "--store", "s"], cwd=folder, stderr=subprocess.PIPE, text=True,
+def launch(folder, *words, environment=(), before=None, scale=1):
+    return subprocess.Popen([*words, GLIMRA, "--store", "s", "--scale", str(scale)], cwd=folder, stderr=subprocess.PIPE, text=True,
                             env={**os.environ, **UNSEEN, "HOME": str(folder), **dict(environment)}, preexec_fn=before)
+
+
+def start(folder, *words, **how):
+    """Starts the desktop game without a display and closes it; returns as `ended` does."""
+    game = launch(folder, *words, **how)
     try:
         deadline = time.monotonic() + 20
         while game.poll() is None and not listens(game) and time.monotonic() < deadline:

@@ -21,7 +21,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "scripts"))
 from desktop import GLIMRA, PILOT, SCALE, eventually, start_display, xdotool  # noqa: E402
 
 sys.argv += [GLIMRA, PILOT]
-from faults import EARLY, UNSEEN, ended, interrupted, played, start, stored  # noqa: E402
+from faults import EARLY, ended, interrupted, launch, played, start, stored  # noqa: E402
 
 SIGNALS = signal.SIGKILL, signal.SIGTERM, signal.SIGINT, signal.SIGHUP
 ENDS = *SIGNALS, "client", "server"
@@ -29,18 +29,13 @@ KEYS = {"Left": 37, "Right": 39, "Up": 38, "c": 194, "z": 195}
 LATE = 0.25  # seconds between a key's way through the display and the record
 
 
-def launch(folder, environment):
-    return subprocess.Popen([GLIMRA, "--store", "s", "--scale", str(SCALE)], cwd=folder, stderr=subprocess.PIPE, text=True,
-                            env={**os.environ, "HOME": str(folder), **environment})
-
-
 def early(chance):
     """While it starts, some times in a row."""
     with interrupted() as folder:
         expected = played((folder / "s/records" / EARLY).read_bytes())
         for _ in range(3):
-            game = launch(folder, UNSEEN)
-            time.sleep(chance.uniform(0, 0.06))
+            game = launch(folder)
+            time.sleep(chance.uniform(0, 0.1))
             number = chance.choice(SIGNALS)
             game.send_signal(number)
             status, said = ended(game)
@@ -84,16 +79,12 @@ def missing(text, pressed, moment):
 def while_playing(end, chance):
     server = start_display(atexit.register)
     with interrupted() as folder:
-        game = launch(folder, {})
+        game = launch(folder, environment={"SDL_VIDEODRIVER": "x11"}, scale=SCALE)
         record = lambda: max(folder.glob("s/records/*"))
         pressed = play(game, record, chance)
         moment = time.monotonic()
-        if end == "server":
-            server.kill()
-        elif end == "client":
-            xdotool("windowkill", game.window)
-        else:
-            game.send_signal(end)
+        {"server": server.kill, "client": lambda: xdotool("windowkill", game.window)}.get(
+            end, lambda: game.send_signal(end))()
         status, said = ended(game)
         server.kill()
         if status != (-end if end == signal.SIGKILL else 0) or not re.fullmatch("(the display is gone.*\n)?", said):

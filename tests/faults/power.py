@@ -9,6 +9,7 @@ before the last save that had been brought to the disk. A second round leaves ou
 as if the game did not do it, and must find a fault.
 """
 import argparse
+import ast
 import pathlib
 import random
 import re
@@ -17,51 +18,28 @@ import sys
 import tempfile
 import time
 
-from faults import EARLY, FIRST, GLIMRA, PILOT, SECOND, game_of, interrupted, played, start, store
+from faults import EARLY, PILOT, SECOND, game_of, interrupted, played, start, store
 
-CALLS = "openat,open,write,pwrite64,fsync,fdatasync,rename,unlink,mkdir,truncate,ftruncate"
-TRACE = ["strace", "-D", "-f", "-y", "-xx", "-s", "9999999", "-e", f"trace={CALLS}", "-o", "trace"]
-
-
-def text(hexadecimal):
-    return bytes.fromhex(hexadecimal.replace("\\x", ""))
+CALLS = "open,openat,write,fsync,fdatasync,rename,unlink,truncate,ftruncate"
+TRACE = ["strace", "-D", "-f", "-y", "-s", "9999999", "-e", f"trace={CALLS}", "-e", "signal=none", "-o", "trace"]
+STORE = "s/registry.reg"
 
 
 def steps(folder):
-    """What a run did below the store, in order: ("write", file, bytes), ("name", file, file that it was), ..."""
+    """What a run did in the folder, in order: the call, the name of the file, and the rest."""
     while not (log := (folder / "trace").read_text()).endswith("+++\n"):
         time.sleep(0.01)
-    assert "unfinished" not in log or not re.search(r"/s/.*<unfinished", log)
-    for line in log.splitlines():
-        call, _, rest = line.partition(" ")[2].strip().partition("(")
-        if re.search(r"= -1 |\+\+\+|---", line):
-            continue
-        paths = [text(each).decode() for each in re.findall(r'"((?:\\x..)*)"', rest)]
-        descriptor = re.match(r"\d+<(.*?)>", rest)
-        if descriptor:
-            file = text(descriptor[1]).decode() if descriptor[1].startswith("\\x") else descriptor[1]
-        else:
-            file = str(folder / paths[0]) if paths else ""
-        if not file.startswith(f"{folder}/s"):
-            continue
-        name = lambda path: str((folder / path).relative_to(folder))
-        if call in ("open", "openat") and "O_CREAT" in rest:
-            yield "make", name(paths[0]), "O_TRUNC" in rest
-        elif call == "write":
-            yield "write", name(file), text(re.search(r'"((?:\\x..)*)"', rest)[1])
-        elif call in ("truncate", "ftruncate"):
-            yield "cut", name(file), int(re.search(r", (\d+)\)", rest)[1])
-        elif call in ("fsync", "fdatasync"):
-            yield "sync", name(file), None
-        elif call == "rename":
-            yield "rename", name(paths[0]), name(paths[1])
-        elif call == "unlink":
-            yield "unlink", name(paths[0]), None
+    for call, words in re.findall(r"^\d+ +(\w+)\((.*)\) += \d", log, re.M):
+        texts = [ast.literal_eval("b" + each) for each in re.findall(r'"(?:[^"\\]|\\.)*"', words)]
+        opened = re.match(r"\d+<(.*?)>", words)
+        file = folder / (opened[1] if opened else texts[0].decode())
+        if file.is_relative_to(folder / "s"):
+            yield call, str(file.relative_to(folder)), texts[-1] if texts else None, words
 
 
 class File:
     def __init__(self, content=b""):
-        self.safe, self.pending = content, []  # bytes to append, or a length to cut at
+        self.safe, self.pending = content, []  # bytes that were appended, or a length that it was cut at
 
     def variants(self):
         """What the disk may have of it, in the order of time."""
@@ -71,71 +49,83 @@ class File:
             if isinstance(change, int):
                 content = content[:change]
                 continue
-            later = [each for each in self.pending[number + 1:] if isinstance(each, bytes)]
             yield content + change[:len(change) // 2]
-            yield content + bytes(len(change))
-            yield content + bytes(len(change)) + b"".join(later)
+            yield content + bytes(len(change)) + b"".join(each for each in self.pending[number + 1:] if isinstance(each, bytes))
             content += change
         yield content
 
 
 class Disk:
     def __init__(self, folder):
-        self.safe = {str(file.relative_to(folder)): File(file.read_bytes()) for file in folder.glob("s/**/*")
-                     if file.is_file()}
-        self.names = dict(self.safe)
-        self.pending = []  # (name, file or None), in order
+        files = (file for file in folder.glob("s/**/*") if file.is_file())
+        self.safe = {str(file.relative_to(folder)): File(file.read_bytes()) for file in files}
+        self.names, self.pending = dict(self.safe), []  # what each name stands for; the changes of that: (name, file)
 
     def name(self, name, file):
         self.pending.append((name, file))
         self.names[name] = file
 
-    def do(self, step, synced):
-        kind, name, more = step
+    def do(self, call, name, text, words, synced):
         file = self.names.get(name)
-        if kind == "make" and not file:
-            self.name(name, File())
-        elif kind == "make" and more:
-            file.pending.append(0)
-        elif kind in ("write", "cut"):
-            file.pending.append(more)
-        elif kind == "sync" and file and synced:
-            *_, file.safe = file.variants()
-            file.pending = []
-        elif kind == "sync" and not file:  # a folder
+        if call in ("open", "openat") and "O_CREAT" in words:
+            assert "O_TRUNC" not in words or not file
+            file or self.name(name, File())
+        elif call == "write":
+            file.pending.append(text)
+        elif call in ("truncate", "ftruncate"):
+            file.pending.append(int(words.split()[-1]))
+        elif call == "rename":
+            self.name(text.decode(), file)
+            self.name(name, None)
+        elif call == "unlink":
+            self.name(name, None)
+        elif "sync" in call and not file:  # a folder
             own = [each for each in self.pending if str(pathlib.Path(each[0]).parent) == name]
             self.safe.update(own)
             self.pending = [each for each in self.pending if each not in own]
-        elif kind == "rename":
-            self.name(more, file)
-            self.name(name, None)
-        elif kind == "unlink":
-            self.name(name, None)
+        elif "sync" in call and synced:
+            *_, file.safe = file.variants()
+            file.pending = []
 
     def states(self, chance):
-        """What may be left: mostly names up to some moment, once in a while any of them; and files of every kind."""
+        """What may be left: all that was done; names up to some moment, or any of them, with files of every kind."""
+        yield {name: [*file.variants()][-1] for name, file in self.names.items() if file}
         for count in range(len(self.pending) + 1):
             for some in (self.pending[:count], [each for each in self.pending if chance.random() < 0.5]):
                 names = {**self.safe, **dict(some)}
                 for _ in range(6):
-                    yield {name: chance.choice(list(file.variants())) for name, file in names.items() if file}
-                yield {name: file.safe for name, file in names.items() if file}
+                    yield {name: chance.choice([*file.variants()]) for name, file in names.items() if file}
 
 
 def sessions():
     """Real runs, each as the folder before it and its steps: a session, and the start after it was killed."""
-    for run in ("session", "start"):
-        with interrupted() as folder:
-            if run == "session":
-                (folder / "s/records" / EARLY).unlink()
-            disk = Disk(folder)
-            if run == "session":
-                script = ["--store", "s", "--record", f"s/records/{EARLY}"]
-                subprocess.run([*TRACE, PILOT, *script], input=SECOND.encode() + b"close\n", cwd=folder, check=True,
-                               stdout=subprocess.DEVNULL)
-            else:
-                assert start(folder, *TRACE)[0] == 0
-            yield run, disk, list(steps(folder))
+    with interrupted() as folder:
+        (folder / "s/records" / EARLY).unlink()
+        disk = Disk(folder)
+        subprocess.run([*TRACE, PILOT, "--store", "s", "--record", f"s/records/{EARLY}"], cwd=folder, check=True,
+                       input=SECOND.encode() + b"close\n", stdout=subprocess.DEVNULL)
+        yield "session", disk, [*steps(folder)]
+    with interrupted() as folder:
+        disk = Disk(folder)
+        assert start(folder, *TRACE) == (0, "")
+        yield "start", disk, [*steps(folder)]
+
+
+def cuts(chance, synced):
+    """Every state that a cut may leave: the moment, and the saves that the start may find then."""
+    states = {}
+    for run, disk, trace in sessions():
+        saves = [disk.names[STORE].safe]
+        for number, step in enumerate(trace, 1):
+            disk.do(*step, synced)
+            if step[0] == "rename":
+                saves.append([*disk.names[STORE].variants()][-1])
+            safe = disk.safe[STORE].safe
+            since = len(saves) - 1 - saves[::-1].index(safe) if safe in saves else 0
+            for state in disk.states(chance):
+                states.setdefault(frozenset(state.items()), (f"{run}, {number} of {len(trace)} calls", saves[since:]))
+        assert len(saves) > 2
+    return sorted(states.items(), key=lambda each: each[1][0])
 
 
 def game_in(content):
@@ -144,41 +134,21 @@ def game_in(content):
         return game_of(store.read_block(name))
 
 
-def fault(state, allowed):
+def fault(state, saves):
     """Starts on a state; says what is wrong."""
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
-        (folder / "s/records").mkdir(parents=True)
-        for file, content in state.items():
+        for file, content in state:
+            (folder / file).parent.mkdir(parents=True, exist_ok=True)
             (folder / file).write_bytes(content)
         status, said = start(folder)
-        if status != 0:
-            return f"ends with {status}: {said}"
         try:
-            found = game_of(store.read_block(folder / "s"))
+            game = game_of(store.read_block(folder / "s"))
         except (KeyError, AssertionError, ValueError):
-            return f"no game is there; {said}"
-    records = [content for file, content in state.items() if file.endswith(".pilot") and b"\n# came back" in content]
-    return "" if found in allowed or found in map(played, records) else f"another game is there; {said}"
-
-
-def cuts(chance, synced):
-    """Every state that a cut may leave: the moment, and the saves that the start may find then."""
-    states = {}
-    for run, disk, trace in sessions():
-        saves = [disk.names["s/registry.reg"].safe]
-        for number, step in enumerate([None, *trace]):
-            if step:
-                disk.do(step, synced)
-            if step and step[0] == "rename" and step[2] == "s/registry.reg":
-                *_, content = disk.names[step[2]].variants()
-                saves.append(content)
-            safe = disk.safe["s/registry.reg"].safe
-            since = len(saves) - 1 - saves[::-1].index(safe) if safe in saves else 0
-            for state in disk.states(chance):
-                states.setdefault(frozenset(state.items()), (f"{run}, {number} of {len(trace)} calls", since, saves))
-        assert len(saves) > 2 and any(step[0] == "sync" for step in trace)
-    return sorted(states.items(), key=lambda each: each[1][0])
+            return f"ends with {status}, no game: {said}"
+    records = [content for file, content in state if file.endswith(".pilot") and b"\n# came back" in content]
+    whole = game in map(game_in, saves) or game in map(played, records)
+    return "" if status == 0 and whole else f"ends with {status}, another game: {said}"
 
 
 def main():
@@ -187,21 +157,20 @@ def main():
     parser.add_argument("--seed", type=int, default=random.randrange(1 << 32))
     options = parser.parse_args()
     chance = random.Random(options.seed)
-    wrong = {True: [], False: []}
-    for synced, found in wrong.items():
+    faults = {True: [], False: []}
+    for synced, wrong in faults.items():
         states = cuts(chance, synced)
-        chosen = chance.sample(states, min(options.states, len(states)))
-        for number, (state, (moment, since, saves)) in enumerate(chosen, 1):
-            why = fault(dict(state), {game_in(save) for save in saves[since:]})
+        for number, (state, (moment, saves)) in enumerate(chance.sample(states, min(options.states, len(states))), 1):
+            why = fault(state, saves)
             if why:
-                found.append(f"after {moment}: {why}")
-                print(found[-1])
+                wrong.append(f"after {moment}: {why}")
+                print(wrong[-1])
                 if not synced:
                     break
         print(f"{'files' if synced else 'no files'} brought to the disk: {number} of {len(states)} states tried, "
-              f"{len(found)} faults")
+              f"{len(wrong)} faults")
     print("seed", options.seed)
-    sys.exit(bool(wrong[True]) or not wrong[False])
+    sys.exit(bool(faults[True]) or not faults[False])
 
 
 main()

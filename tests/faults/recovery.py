@@ -3,11 +3,14 @@
 
 recovery.py GLIMRA GLIMRA-PILOT
 """
+import os
+import pathlib
 import resource
 import signal
+import time
 import unittest
 
-from faults import EARLY, FIRST, PILOT, interrupted, played, start, store, stored
+from faults import EARLY, FIRST, PILOT, ended, interrupted, launch, played, start, store, stored
 
 LATER = "2030-01-01 00.00.00.pilot"
 
@@ -24,10 +27,6 @@ class RecoveryTest(unittest.TestCase):
         self.record = self.records / EARLY
         self.text = self.record.read_bytes()
         self.before, self.after = stored(self.folder), played(self.text)
-
-    def enterContext(self, context):  # noqa: N802, it is unittest's own in later versions
-        self.addCleanup(context.__exit__, None, None, None)
-        return context.__enter__()
 
     def expect(self, game, said=r"\Z", before=None):
         status, errors = start(self.folder, before=before)
@@ -73,6 +72,20 @@ class RecoveryTest(unittest.TestCase):
         self.record.write_bytes(self.text + b"wait 1\n" * 700000)
         self.expect(self.before, f".*{EARLY}: File too large\n\\Z")
         self.expect(self.before)
+
+    def test_meanwhile(self):
+        """Another start leaves it alone, and it does not take longer than it may."""
+        busy = b"stylus down 25 307\nwait 30\nstylus up 25 307\nwait 30\nkey 27 down\nkey 27 up\nwait 30\n"
+        self.record.write_bytes(self.text + busy * 49000)
+        game = launch(self.folder)
+        children = pathlib.Path(f"/proc/{game.pid}/task/{game.pid}/children")
+        while not children.read_text():
+            time.sleep(0.01)
+        self.expect(self.before)
+        os.kill(int(children.read_text()), signal.SIGALRM)
+        game.send_signal(signal.SIGTERM)
+        self.assertRegex(ended(game)[1], f"{EARLY}: does not play to its end")
+        self.assertEqual(stored(self.folder), self.before)
 
     def test_no_folder_of_records(self):
         self.record.rename(self.folder / "r")

@@ -43,17 +43,6 @@ class EndsTest(DesktopTest):
         self.assertGreater(store.field(block, "score"), 0)
         (self.folder / "store/registry.reg").unlink()
 
-    def test_a_game_is_kept_however_it_ends(self):
-        send = lambda number: lambda game: game.send_signal(number)
-        for end in [*map(send, (signal.SIGTERM, signal.SIGINT, signal.SIGHUP)),
-                    lambda game: xdotool("windowkill", game.window), lambda game: self.server.kill()] * ROUNDS:
-            if self.server.poll() is not None:
-                self.server = start_display(self.addCleanup)
-            game = self.play()
-            time.sleep(random.uniform(0, 0.05))
-            end(game)
-            self.expect_kept(game)
-
     def test_requests_do_not_get_into_each_others_way(self):
         game = self.play()
         for _ in range(20 * ROUNDS):  # others ask for the window

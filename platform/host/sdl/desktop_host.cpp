@@ -57,7 +57,14 @@ DesktopHost::DesktopHost(const Options &options, std::unique_ptr<ScreenWindow> w
     listenForRequests();
 }
 
-DesktopHost::~DesktopHost() { keepPlace(); }
+DesktopHost::~DesktopHost()
+{
+    keepPlace();
+    needDisplayNoMore();
+    if (displayIsLost()) {
+        window_->abandon();
+    }
+}
 
 void DesktopHost::keepPlace()
 {
@@ -96,9 +103,9 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
             limit(host::remaining(now, *moment));
         }
     }
-    if (!displayIsLost()) {
+    {
         const RequestsLetIn requests;
-        SDL_WaitEventTimeout(nullptr, longest.value_or(-1));
+        withDisplay([&] { SDL_WaitEventTimeout(nullptr, longest.value_or(-1)); });
     }
     controllers_.update();
     loudspeaker_.tend(machineTicks());
@@ -116,9 +123,7 @@ void DesktopHost::keepScreenOn(bool on)
 void DesktopHost::takeEvents()
 {
     SDL_Event event;
-    if (!displayIsLost()) {
-        SDL_PumpEvents(); // SDL_PollEvent may leave some for the next time
-    }
+    withDisplay(SDL_PumpEvents); // SDL_PollEvent may leave some for the next time
     while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) > 0) {
         handle(event);
     }

@@ -2,6 +2,10 @@
 // their end.
 #include "host/sdl/lost_display.h"
 
+#include <csetjmp>
+#include <cstdlib>
+#include <utility>
+
 #include <SDL_syswm.h>
 
 #include "host/sdl/requests.h"
@@ -10,6 +14,9 @@ namespace desktop {
 namespace {
 
 bool lost = false;
+bool needed = true;
+std::jmp_buf wayOut;
+bool canLeave = false; ///< by wayOut
 
 #ifdef SDL_VIDEO_DRIVER_X11
 
@@ -20,8 +27,18 @@ extern "C" int noteLoss(Display *)
     return 0;
 }
 
-/// In the place of exit(). The library goes on, and whatever it is asked fails.
-extern "C" void closeInstead(Display *, void *) { requestClose(); }
+/// In the place of exit(). Where there is no way out, the library goes on, and whatever it is asked
+/// fails. Its functions and SDL's are C, and leave nothing behind that is used again.
+extern "C" void closeInstead(Display *, void *)
+{
+    if (!needed) {
+        std::_Exit(EXIT_SUCCESS);
+    }
+    requestClose();
+    if (std::exchange(canLeave, false)) {
+        std::longjmp(wayOut, 1);
+    }
+}
 
 void listenToX11(Display *display)
 {
@@ -55,5 +72,16 @@ void listenForLostDisplay(SDL_Window *window)
 }
 
 bool displayIsLost() { return lost; }
+
+void withDisplay(const std::function<void()> &call)
+{
+    if (!lost && setjmp(wayOut) == 0) {
+        canLeave = true;
+        call();
+    }
+    canLeave = false;
+}
+
+void needDisplayNoMore() { needed = false; }
 
 } // namespace desktop
