@@ -8,8 +8,6 @@ add_executable(glimra-web launch/glimra_web.cpp ${web_sources} ${record_sources}
                platform/host/input_mapper.cpp platform/host/key_table.cpp platform/host/pointer_picture.cpp
                platform/host/stylus_pointer.cpp platform/host/watch.cpp)
 add_dependencies(glimra-web generators)
-add_dependencies(handheld generators)
-add_dependencies(program generators)
 target_link_libraries(glimra-web PRIVATE program)
 set_target_properties(glimra-web PROPERTIES OUTPUT_NAME glimra LINK_DEPENDS ${page_library})
 # The stack that Asyncify keeps while the program is suspended must hold every call between main
