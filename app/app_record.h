@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
@@ -30,6 +31,8 @@ struct AppRecord
     std::array<HighScoreTable, 6> highScores{}; ///< by mode; the last two are not shown
 };
 
+static_assert(std::endian::native == std::endian::little,
+              "Stored records and resources have the low byte first, and are used as they are.");
 static_assert(sizeof(AppRecord) == 2496);
 static_assert(std::is_trivially_copyable_v<AppRecord>);
 static_assert(offsetof(AppRecord, session) == 8);

@@ -53,14 +53,14 @@ std::optional<std::string> CommandLine::value(const std::string &option) const
     return found == values_.end() ? std::nullopt : std::optional(found->second);
 }
 
-std::optional<long> CommandLine::number(const std::string &option, long smallest,
-                                        long largest) const
+std::optional<std::int64_t> CommandLine::number(const std::string &option, std::int64_t smallest,
+                                                std::int64_t largest) const
 {
     const auto text = value(option);
     if (!text) {
         return std::nullopt;
     }
-    long number = 0;
+    std::int64_t number = 0;
     const char *end = text->data() + text->size();
     const auto [stop, error] = std::from_chars(text->data(), end, number);
     if (error != std::errc() || stop != end || number < smallest || number > largest) {

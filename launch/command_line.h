@@ -1,6 +1,7 @@
 // Command lines: options with "--" before their names, and other words.
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -30,7 +31,8 @@ public:
     bool has(const std::string &option) const { return values_.contains(option); }
     std::optional<std::string> value(const std::string &option) const;
     /// The value as a number; any other value is a mistake.
-    std::optional<long> number(const std::string &option, long smallest, long largest) const;
+    std::optional<std::int64_t> number(const std::string &option, std::int64_t smallest,
+                                       std::int64_t largest) const;
     const std::vector<std::string> &words() const { return words_; }
 
     /// Says what is wrong on the standard error stream. Returns `status`, for main.

@@ -1,6 +1,6 @@
 # Compiles glimra.rc and everything it names into a .res image, and that into a source file that
 # defines programResources(). Sets resources_source.
-if(EMSCRIPTEN)
+if(CMAKE_CROSSCOMPILING)
   set(resources_source ${generated_folder}/glimra_resources.cpp)
   set_source_files_properties(${resources_source} PROPERTIES COMPILE_OPTIONS "-Wno-overlength-strings")
   return()

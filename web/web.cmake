@@ -8,8 +8,6 @@ add_executable(glimra-web launch/glimra_web.cpp launch/record_end.cpp ${web_sour
                platform/host/input_mapper.cpp platform/host/key_table.cpp platform/host/pointer_picture.cpp
                platform/host/stylus_pointer.cpp platform/host/watch.cpp)
 add_dependencies(glimra-web generators)
-add_dependencies(handheld generators)
-add_dependencies(program generators)
 target_link_libraries(glimra-web PRIVATE program)
 target_compile_definitions(glimra-web PRIVATE GLIMRA_VERSION="${PROJECT_VERSION}")
 set_target_properties(glimra-web PROPERTIES OUTPUT_NAME glimra LINK_DEPENDS ${page_library})

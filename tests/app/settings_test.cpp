@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/settings_check.h"
 #include "resources/program_resources.h"
 #include "support/fake_host.h"
 
@@ -84,26 +85,9 @@ std::string refusal(const Bytes &block)
 TEST(Settings, RefuseWhatTheGameCannotWorkWith)
 {
     const Change changes[] = {
-        SET(session.cellWidth, 12),
-        SET(session.boardLeft, 0),
         SET(session.state, GameState{4}),
-        SET(session.state, GameState{-1}),
         SET(session.playfield.cells[193], (Cell{1, 7})),
-        SET(session.playfield.piece.prevX, 5000),
-        SET(session.playfield.piece.prevRotation, 4),
-        SET(session.playfield.piece.type, TetrominoType{7}),
-        SET(session.playfield.piece.rotation, -1),
-        SET(session.playfield.piece.queue.count, 17),
         SET(session.playfield.piece.queue.entries[0], TetrominoType{7}),
-        SET(session.holdType, 7),
-        SET(session.holdType, -2),
-        SET(session.phase, Phase{3}),
-        SET(session.backdrop, 3),
-        SET(session.level, -1),
-        SET(session.score, 2000000000),
-        SET(session.mode, GameMode{6}),
-        SET(session.startLevel, 10),
-        SET(session.queueLength, 7),
         SET(highScores[0].mode, 1),
         {"piece is outside", [](AppRecord &app) { app.session.playfield.piece.x = 8; }},
         {"piece is outside", [](AppRecord &app) { app.session.playfield.piece.y = 19; }},
@@ -113,6 +97,67 @@ TEST(Settings, RefuseWhatTheGameCannotWorkWith)
         const std::string said = refusal(changed(change));
         EXPECT_NE(said.find(change.first), std::string::npos) << change.first << ": " << said;
         EXPECT_EQ(std::ranges::count(said, '\n'), 1) << change.first;
+    }
+}
+
+template <class Field>
+void put(Field &field, std::int32_t value)
+{
+    field = static_cast<Field>(value);
+}
+
+/// A field, its lowest and highest value, and what puts a value into it.
+using Limit =
+    std::tuple<const char *, std::int32_t, std::int32_t, void (*)(AppRecord &, std::int32_t)>;
+#define LIMIT(field, lowest, highest) \
+    Limit(#field, lowest, highest,    \
+          [](AppRecord &app, std::int32_t value) { put(app.field, value); })
+
+TEST(Settings, AreTakenUpToTheLimitOfEachField)
+{
+    const Limit limits[] = {
+        LIMIT(session.cellWidth, 11, 11),
+        LIMIT(session.cellHeight, 11, 11),
+        LIMIT(session.boardLeft, 22, 22),
+        LIMIT(session.boardTop, 11, 11),
+        LIMIT(session.state, 0, 3),
+        LIMIT(session.playfield.piece.x, -999, 999),
+        LIMIT(session.playfield.piece.y, -999, 999),
+        LIMIT(session.playfield.piece.prevX, -999, 999),
+        LIMIT(session.playfield.piece.prevY, -999, 999),
+        LIMIT(session.playfield.piece.prevRotation, 0, 3),
+        LIMIT(session.playfield.piece.type, 0, 6),
+        LIMIT(session.playfield.piece.rotation, 0, 3),
+        LIMIT(session.playfield.piece.ghostX, -999, 999),
+        LIMIT(session.playfield.piece.ghostY, -999, 999),
+        LIMIT(session.playfield.piece.prevGhostX, -999, 999),
+        LIMIT(session.playfield.piece.prevGhostY, -999, 999),
+        LIMIT(session.playfield.piece.queue.count, 0, 16),
+        LIMIT(session.playfield.piece.queue.entries[0], 0, 6),
+        LIMIT(session.playfield.cells[9].colour, 0, 6),
+        LIMIT(session.holdType, -1, 6),
+        LIMIT(session.phase, 0, 2),
+        LIMIT(session.backdrop, 0, 2),
+        LIMIT(session.lines, -1'000'000'000, 1'000'000'000),
+        LIMIT(session.level, 0, 9'999),
+        LIMIT(session.score, -1'000'000'000, 1'000'000'000),
+        LIMIT(session.timeLeft, -1'000'000'000, 1'000'000'000),
+        LIMIT(session.mode, 0, 5),
+        LIMIT(session.startLevel, 0, 9),
+        LIMIT(session.queueLength, 0, 6),
+        LIMIT(highScores[5].mode, 5, 5),
+    };
+    for (const auto &[field, lowest, highest, set] : limits) {
+        for (const auto &[value, refused] :
+             {std::pair(lowest - 1, true), {lowest, false}, {highest, false}, {highest + 1, true}})
+        {
+            AppRecord app = goodApp();
+            app.session.playfield.cells[9].occupied = 1;
+            set(app, value);
+            const std::string fault = findFault(app).value_or("");
+            EXPECT_EQ(fault.starts_with(std::string(field) + " is "), refused)
+                << field << ": " << value << ", " << fault;
+        }
     }
 }
 

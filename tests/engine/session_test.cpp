@@ -63,6 +63,16 @@ TEST_F(Session, RedrawsWhatALockAndAClearChange)
     EXPECT_EQ(ticks(1, Action::HardDrop), dirty::score | dirty::movedPiece);
 }
 
+TEST_F(Session, RedrawsNothingWhenThePieceCannotMove)
+{
+    for (int row = 0; row < wellRows; ++row) {
+        fillRow(row, true);
+    }
+    for (const Action action : {Action::RotateLeft, Action::Left, Action::SoftDrop}) {
+        EXPECT_EQ(ticks(1, action), 0U);
+    }
+}
+
 TEST_F(Session, RedrawsARiseOfTheLevelAndTheNextBackdrop)
 {
     session.lines = 9;
@@ -106,7 +116,7 @@ TEST_F(Session, HoldShowsAtOnceAndCanBeDisabled)
 
 TEST_F(Session, NeverRemovesTheTopRow)
 {
-    for (const int row : {0, 5, 7}) {
+    for (const int row : {0, 1, 7}) {
         fillRow(row, true);
     }
     EXPECT_EQ(session.playfield.markFullRows(), 2);

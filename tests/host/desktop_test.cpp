@@ -149,6 +149,7 @@ TEST(WindowPlace, IsKeptAndTakenWhereTheWindowCanBeHeldAndSeenWhole)
                                       {"480 640 3", false},
                                       {"0 640 99 99", false},
                                       {"480 640 99 99999999999", false},
+                                      {"480 640 -99999999999999999999 99", false},
                                       {"window", false}})
     {
         std::ofstream(folder / "window") << text;

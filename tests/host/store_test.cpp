@@ -77,6 +77,7 @@ TEST_F(StoreTest, MakesItsFolderAndReplacesItsFileAsAWhole)
     ASSERT_TRUE(loaded);
     EXPECT_EQ(loaded->size(), 6U);
     EXPECT_TRUE(host::StoreFile(deep / "registry.reg").makeFolder());
+    EXPECT_TRUE(host::StoreFile(deep / "registry.reg").save(bytes("lost")));
     fs::remove_all(folder / "a");
     EXPECT_FALSE(store.save(bytes("third"))) << "its folder is made again";
     EXPECT_EQ(content("a/b/registry.reg"), "third");

@@ -126,6 +126,8 @@ TEST_F(RegistryTest, KeepsWhatOtherEditorsWrote)
                                        "\"a\\\\b\\\"c\"=hex(7):61,00,00,00,00,00\n"
                                        "\"odd text\"=hex(1):61\n"
                                        "\"empty\"=hex:\n"
+                                       "\"as long as a number\"=hex:01,02,03,04\n"
+                                       "\"odd number\"=hex(4):01,02,03\n"
                                        "\"type\"=hex(80000000):ff\n"
                                        "\n[HKEY_LOCAL_MACHINE\\k]\n"
                                        "\"n\"=dword:000000ff\n";
@@ -203,8 +205,8 @@ TEST_F(RegistryTest, SetsADamagedFileAsideAndReportsTheLine)
          header + "[k]\n",
          {"rubbish\n", "\"a=1\n\"b\"=\"2\"\n", "\"a\"=\"1\n\n", "\"a\"=\"\\n\"\n", "\"a\"\n",
           "\"a\"=1\n", "\"a\"=dword:123456789\n", "\"a\"=dword:\n", "\"a\"=hex(g):00\n",
-          "\"a\"=hex 00\n", "\"a\"=hex:000\n", "\"a\"=hex:00,01,", "\"a\"=hex:00,\\",
-          "\"a\"=hex:00,\\ 01\n", "\"a\"=\"x\" \"y\"\n"}},
+          "\"a\"=hex(123456789):00\n", "\"a\"=hex 00\n", "\"a\"=hex:000\n", "\"a\"=hex:00,01,",
+          "\"a\"=hex:00,\\", "\"a\"=hex:00,\\ 01\n", "\"a\"=\"x\" \"y\"\n"}},
         {4, header + "[k]\n", {"\"a\"=hex:00,\\\n  01,zz\n", "\"a\"=hex:00,\\\n; x"}},
     };
     for (const auto &[line, before, texts] : damages) {

@@ -1,5 +1,5 @@
 # Bakes the fonts of the handheld into bitmap strikes. Sets strikes_source.
-if(EMSCRIPTEN)
+if(CMAKE_CROSSCOMPILING)
   set(strikes_source ${generated_folder}/strikes.cpp)
   return()
 endif()

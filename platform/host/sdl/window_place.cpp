@@ -27,7 +27,7 @@ std::optional<WindowPlace> loadWindowPlace(const std::filesystem::path &folder)
     for (int &number : numbers) {
         char *end = nullptr;
         const long value = std::strtol(at, &end, 10);
-        if (end == at || std::abs(value) > farthest) {
+        if (end == at || value < -farthest || value > farthest) {
             return std::nullopt;
         }
         number = static_cast<int>(value);
