@@ -1,4 +1,4 @@
-#!/usr/bin/python3
+#!/usr/bin/env python3
 """Lets each call for a file or a socket fail, one in each run, while a game is begun, played, kept, and recovered.
 
 calls.py [--every N] [--display] [--seed N] FAILING-CALL GLIMRA GLIMRA-PILOT

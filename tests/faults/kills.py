@@ -1,4 +1,4 @@
-#!/usr/bin/python3
+#!/usr/bin/env python3
 """Ends the desktop game at random moments: while it starts and recovers a game, and while one is played on a display.
 
 kills.py [--moments N] [--seed N] GLIMRA GLIMRA-PILOT

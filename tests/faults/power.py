@@ -1,4 +1,4 @@
-#!/usr/bin/python3
+#!/usr/bin/env python3
 """Cuts the power at every moment of a session, of its recovery and its end, and starts the game on what the disk may have.
 
 power.py [--states N] [--seed N] GLIMRA GLIMRA-PILOT

@@ -1,4 +1,4 @@
-#!/usr/bin/python3
+#!/usr/bin/env python3
 """What stands in the way when a game is recovered: clocks, other records, damage, full disks, and recovery itself.
 
 recovery.py GLIMRA GLIMRA-PILOT
