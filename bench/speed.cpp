@@ -10,7 +10,7 @@
 #include <benchmark/benchmark.h>
 
 #include "engine/game_session.h"
-#include "host/new_file.h"
+#include "host/files.h"
 #include "launch/game_subject.h"
 #include "record/recording_host.h"
 #include "render/graphics.h"
