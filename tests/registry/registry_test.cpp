@@ -130,7 +130,7 @@ TEST_F(RegistryTest, KeepsWhatOtherEditorsWrote)
                                        "\"odd number\"=hex(4):01,02,03\n"
                                        "\"type\"=hex(80000000):ff\n"
                                        "\n[HKEY_LOCAL_MACHINE\\k]\n"
-                                       "\"n\"=dword:000000ff\n";
+                                       "\"n\"=dword:89abcdef\n";
     // With the byte-order mark and line ends of an export, in either encoding, it is the same.
     std::string crlf;
     std::string wide = "\xFF\xFE";
