@@ -79,6 +79,9 @@ TEST_F(Session, RedrawsARiseOfTheLevelAndTheNextBackdrop)
     session.dirty = 0;
     session.rowsCleared(1);
     EXPECT_EQ(session.dirty, dirty::score | dirty::lines | dirty::level);
+    for (const int rows : {0, 5}) { // as a damaged store may have them
+        EXPECT_EQ(session.clearPoints(rows), 0);
+    }
     session.lines = 29;
     session.rowsCleared(1);
     EXPECT_EQ(session.backdrop, 1);

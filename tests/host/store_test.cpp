@@ -76,8 +76,10 @@ TEST_F(StoreTest, MakesItsFolderAndReplacesItsFileAsAWhole)
     const auto loaded = store.load().value;
     ASSERT_TRUE(loaded);
     EXPECT_EQ(loaded->size(), 6U);
-    EXPECT_TRUE(host::StoreFile(deep / "registry.reg").makeFolder());
-    EXPECT_TRUE(host::StoreFile(deep / "registry.reg").save(bytes("lost")));
+    for (const fs::path &place : {deep / "registry.reg", deep / "registry.reg" / "below"}) {
+        const auto problem = host::StoreFile(place).save(bytes("lost"));
+        EXPECT_EQ(problem, place.string() + ": Not a directory");
+    }
     fs::remove_all(folder / "a");
     EXPECT_FALSE(store.save(bytes("third"))) << "its folder is made again";
     EXPECT_EQ(content("a/b/registry.reg"), "third");

@@ -116,6 +116,7 @@ TEST_F(RegistryTest, QueriesReportTheSizeAndRefuseASmallBuffer)
     EXPECT_EQ(RegDeleteValueW(key, u"other"), ERROR_FILE_NOT_FOUND);
     EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
     EXPECT_EQ(RegCloseKey(key), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(RegDeleteValueW(key, u""), ERROR_INVALID_HANDLE);
     EXPECT_EQ(RegQueryValueExW(key, u"", nullptr, nullptr, buffer, &size), ERROR_INVALID_HANDLE);
 }
 
@@ -125,17 +126,19 @@ TEST_F(RegistryTest, KeepsWhatOtherEditorsWrote)
                                        "@=\"\xC3\xA9 \xF0\x9F\x98\x80 \\\"quoted\\\" \\\\ back\"\n"
                                        "\"a\\\\b\\\"c\"=hex(7):61,00,00,00,00,00\n"
                                        "\"odd text\"=hex(1):61\n"
+                                       "\"odder text\"=hex(1):61,00,00\n"
+                                       "\"no text\"=hex(1):\n"
                                        "\"empty\"=hex:\n"
                                        "\"as long as a number\"=hex:01,02,03,04\n"
                                        "\"odd number\"=hex(4):01,02,03\n"
                                        "\"type\"=hex(80000000):ff\n"
                                        "\n[HKEY_LOCAL_MACHINE\\k]\n"
-                                       "\"n\"=dword:000000ff\n";
+                                       "\"n\"=dword:89abcdef\n";
     // With the byte-order mark and line ends of an export, in either encoding, it is the same.
     std::string crlf;
     std::string wide = "\xFF\xFE";
     std::string bigEndian = "\xFE\xFF";
-    const std::u16string_view name = u"\r\n[HKEY_LOCAL_MACHINE\\k]\r\n\"\u00e9\"=\"x\"\r\n";
+    const std::u16string_view name = u"\r\n[HKEY_LOCAL_MACHINE\\k]\r\n\"\u0142\"=\"x\"\r\n";
     for (const char c : whole) {
         crlf += c == '\n' ? "\r\n" : std::string(1, c);
     }
@@ -154,7 +157,7 @@ TEST_F(RegistryTest, KeepsWhatOtherEditorsWrote)
         << "what is above a key comes before it";
     for (const std::string &text : {wide, bigEndian}) {
         restart(text);
-        EXPECT_EQ(value(u"k", u"\u00e9"), "1:78000000");
+        EXPECT_EQ(value(u"k", u"\u0142"), "1:78000000");
     }
     EXPECT_TRUE(host().reports.empty());
 }
