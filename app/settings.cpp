@@ -95,8 +95,9 @@ bool saveSettings(const AppRecord &app)
 {
     const std::u16string path = loadText(IDS_REGISTRY_KEY);
     HKEY key{};
+    DWORD disposition = 0;
     if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, 0, nullptr, &key,
-                        nullptr) != ERROR_SUCCESS)
+                        &disposition) != ERROR_SUCCESS)
     {
         return false;
     }

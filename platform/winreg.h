@@ -19,13 +19,15 @@ constexpr LONG ERROR_MORE_DATA = 234;
 constexpr DWORD REG_SZ = 1;
 constexpr DWORD REG_BINARY = 3;
 constexpr DWORD REG_DWORD = 4;
+constexpr DWORD REG_CREATED_NEW_KEY = 1;
+constexpr DWORD REG_OPENED_EXISTING_KEY = 2;
 constexpr DWORD KEY_ALL_ACCESS = 0x000F003F;
 
 struct SECURITY_ATTRIBUTES;
 
 /// Opens `path` (names separated by backslashes, in upper or lower case) below `key`, and creates
-/// it when it does not exist. Class, options, access, attributes and disposition are ignored.
-/// ERROR_SUCCESS or an error code.
+/// it when it does not exist; `disposition`, if given, says which. Class, options, access and
+/// attributes are ignored. ERROR_SUCCESS or an error code.
 LONG RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR className, DWORD options,
                      DWORD access, SECURITY_ATTRIBUTES *attributes, HKEY *result,
                      DWORD *disposition);

@@ -120,7 +120,7 @@ Value *findValue(const OpenKey &open, LPCWSTR name)
 void registry::reset() { loaded.reset(); }
 
 LONG RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD, LPWSTR, DWORD, DWORD, SECURITY_ATTRIBUTES *,
-                     HKEY *result, DWORD *)
+                     HKEY *result, DWORD *disposition)
 {
     std::optional<std::u16string> whole = wholePath(key, path);
     if (!whole) {
@@ -132,6 +132,9 @@ LONG RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD, LPWSTR, DWORD, DWORD, SECURI
     const bool isNew = !exists(*whole);
     if (isNew) {
         theRegistry().hive.obtain(*whole);
+    }
+    if (disposition) {
+        *disposition = isNew ? REG_CREATED_NEW_KEY : REG_OPENED_EXISTING_KEY;
     }
     *result = addOpenKey(std::move(*whole), isNew);
     return ERROR_SUCCESS;
