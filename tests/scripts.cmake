@@ -25,7 +25,7 @@ if(GLIMRA_DESKTOP)
   add_script_test(ends scripts/ends_test.py $<TARGET_FILE:glimra> $<TARGET_FILE:glimra-pilot>)
   add_script_test(manual scripts/manual_test.py ${PROJECT_SOURCE_DIR} $<TARGET_FILE:glimra>
                   $<TARGET_FILE:glimra-pilot>)
-  set_tests_properties(window ends PROPERTIES LABELS real-time)
+  set_tests_properties(window ends PROPERTIES RUN_SERIAL TRUE LABELS real-time)
 endif()
 
 # Attacks on what the game keeps; in their long forms they run by hand.
@@ -34,7 +34,7 @@ if(GLIMRA_DESKTOP)
   add_script_test(recovery faults/recovery.py ${both})
   add_script_test(power faults/power.py --states 60 ${both})
   add_script_test(kills faults/kills.py ${both})
-  set_tests_properties(kills PROPERTIES LABELS real-time)
+  set_tests_properties(kills PROPERTIES RUN_SERIAL TRUE LABELS real-time)
   if(NOT GLIMRA_SANITIZE) # they want to be loaded first, too
     add_library(failing_call MODULE faults/failing_call.cpp)
     add_script_test(calls faults/calls.py --every 12 $<TARGET_FILE:failing_call> ${both})
@@ -47,7 +47,9 @@ add_script_test(monkey monkey/monkey.py $<TARGET_FILE:glimra-pilot> --seed 7
 
 if(GLIMRA_WEB_TESTS)
   find_program(NODE NAMES node nodejs REQUIRED)
-  add_test(NAME web COMMAND ${NODE} ${CMAKE_CURRENT_SOURCE_DIR}/web/web_test.js ${PROJECT_SOURCE_DIR}/build/web
-                            ${PROJECT_SOURCE_DIR}/web/serve.py $<TARGET_FILE:glimra-pilot>)
-  set_tests_properties(web PROPERTIES RUN_SERIAL TRUE TIMEOUT 600 LABELS real-time) # it measures time
+  foreach(engine Chromium Firefox WebKit)
+    add_test(NAME web_${engine} COMMAND ${NODE} ${CMAKE_CURRENT_SOURCE_DIR}/web/web_test.js ${PROJECT_SOURCE_DIR}/build/web
+                                        ${PROJECT_SOURCE_DIR}/web/serve.py $<TARGET_FILE:glimra-pilot>)
+    set_tests_properties(web_${engine} PROPERTIES TIMEOUT 400 LABELS real-time ENVIRONMENT ENGINE=${engine})
+  endforeach()
 endif()
