@@ -128,6 +128,8 @@ TEST_F(RegistryTest, KeepsWhatOtherEditorsWrote)
                                        "\"odd text\"=hex(1):61\n"
                                        "\"odder text\"=hex(1):61,00,00\n"
                                        "\"no text\"=hex(1):\n"
+                                       "\"two lines\"=hex(1):61,00,0a,00,00,00\n"
+                                       "\"no end\"=hex(1):61,00,0a,00\n"
                                        "\"empty\"=hex:\n"
                                        "\"as long as a number\"=hex:01,02,03,04\n"
                                        "\"odd number\"=hex(4):01,02,03\n"
