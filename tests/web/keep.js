@@ -12,7 +12,7 @@ async function resume(tab) {
   await eventually(() => hasPieces(tab), 'plays on');
 }
 
-export function keep(engine, test) {
+export function keep(engine, {test, walk}) {
   const noLocks = () => Object.defineProperty(navigator, 'locks', {value: undefined}); // as by plain http
   for (const [script, how] of [[undefined, ''], [noLocks, ', without locks']]) {
     test(`a second tab takes the game over${how}`, async () => {
@@ -60,21 +60,19 @@ export function keep(engine, test) {
     navigator.locks.request = async () => refuse();
   };
   for (const [script, how] of [[full, 'is full'], [refused, 'is refused']]) {
-    test(`where storage ${how} it says so and plays on, with sound`, async () => {
-      const visit = await begin(engine, undefined, `() => {
-        (${script})();
-        window.heard = [];
-        const {start, stop} = AudioBufferSourceNode.prototype;
-        AudioBufferSourceNode.prototype.start = function(...when) {
-          window.heard.push(\`start \${this.buffer.sampleRate} \${this.context.state}\`);
-          start.apply(this, when);
-        };
-        AudioBufferSourceNode.prototype.stop = function() {
-          window.heard.push('stop');
-          stop.call(this);
-        };
-      }`);
-      const tab = await visit.open();
+    walk(`where storage ${how} it says so and plays on, with sound`, {script: `() => {
+      (${script})();
+      window.heard = [];
+      const {start, stop} = AudioBufferSourceNode.prototype;
+      AudioBufferSourceNode.prototype.start = function(...when) {
+        window.heard.push(\`start \${this.buffer.sampleRate} \${this.context.state}\`);
+        start.apply(this, when);
+      };
+      AudioBufferSourceNode.prototype.stop = function() {
+        window.heard.push('stop');
+        stop.call(this);
+      };
+    }`}, async (tab) => {
       await start(tab);
       await says(tab, '#notice', /does not let the page store/);
       await sleep(300);
@@ -90,13 +88,10 @@ export function keep(engine, test) {
       await says(tab, '#notice', /empty.reg cannot be opened/);
       await press(tab, 'c');
       await eventually(async () => (await pieces(tab, HOLD)).length > 11, 'and plays on');
-      await visit.end();
     });
   }
 
-  test('a file or a store that is far too big stops nothing', async () => {
-    const visit = await begin(engine);
-    const tab = await visit.open();
+  walk('a file or a store that is far too big stops nothing', async (tab) => {
     await start(tab);
     await leave(tab);
     const big = `${(await store(tab)).trimEnd()}\n"filler"="${'x'.repeat(3 << 20)}"\n`;
@@ -109,29 +104,23 @@ export function keep(engine, test) {
     await tab.reload();
     await eventually(async () => !isTitle(await pixels(tab)) && await stands(tab), 'the game, paused');
     assert.ok((await store(tab)).length > 3 << 20);
-    await visit.end();
   });
 
-  test('what stops the program is said, and a start afresh keeps the old text', async () => {
-    const visit = await begin(engine, undefined, () => {
-      if (!localStorage.getItem('registry.reg.bad')) {
-        localStorage.setItem('registry.reg', 'old');
-        WebAssembly.instantiate = async () => { throw new Error('broken'); };
-      }
-    });
-    const tab = await visit.open();
+  walk('what stops the program is said, and a start afresh keeps the old text', {script: () => {
+    if (!localStorage.getItem('registry.reg.bad')) {
+      localStorage.setItem('registry.reg', 'old');
+      WebAssembly.instantiate = async () => { throw new Error('broken'); };
+    }
+  }}, async (tab) => {
     await says(tab, '#question', /has stopped: broken/);
     await tapOn(tab, '#question button:nth-child(2)');
     assert.equal(await tab.evaluate(() => window.blob.text()), 'old');
     await tapOn(tab, '#question button:nth-child(3)');
     await showsTitle(tab);
     assert.equal(await tab.evaluate('localStorage["registry.reg.bad"]'), 'old');
-    await visit.end();
   });
 
-  test('the text before a damaged one is offered', async () => {
-    const visit = await begin(engine);
-    const tab = await visit.open();
+  walk('the text before a damaged one is offered', async (tab) => {
     await start(tab);
     await leave(tab);
     await resume(tab);
@@ -143,7 +132,6 @@ export function keep(engine, test) {
     assert.equal(await tab.evaluate('localStorage["registry.reg.bad"]'), 'nonsense');
     await tapOn(tab, '#question button');
     await eventually(async () => !isTitle(await pixels(tab)) && await stands(tab), 'the earlier game, paused');
-    await visit.end();
   });
 
   test('a damaged store is kept, and left in its place where that is refused', async () => {

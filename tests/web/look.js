@@ -25,11 +25,9 @@ const boxes = (tab) => tab.evaluate(() => Object.fromEntries(['#bezel', '#menu-b
   })));
 const apart = (a, b) => a.left >= b.right - 0.1 || b.left >= a.right - 0.1 || a.top >= b.bottom - 0.1 || b.top >= a.bottom - 0.1;
 
-export function look(engine, test, needs) {
+export function look(engine, {test, walk, needs}) {
   for (const fingers of [true, false]) {
-    test(`everything has its place, ${fingers ? 'with' : 'without'} fingers`, async () => {
-      const visit = await begin(engine, {width: 800, height: 900}, fingers ? touch : undefined);
-      const tab = await visit.open();
+    walk(`everything has its place, ${fingers ? 'with' : 'without'} fingers`, {screen: {width: 800, height: 900}, script: fingers ? touch : undefined}, async (tab) => {
       await showsTitle(tab);
       for (const [width, height, , ...edges] of DISPLAYS.filter((display) => display[2] === fingers)) {
         if (engine.cannot.size && (width < 500 || width > 1500)) {
@@ -61,13 +59,10 @@ export function look(engine, test, needs) {
         const filled = Math.max(screen.width / (inside[0] - left - right), screen.height / (inside[1] - top - bottom));
         assert.ok(filled > (fingers ? 0.6 : 0.75), `${filled.toFixed(2)} filled ${where}`);
       }
-      await visit.end();
     });
   }
 
-  test('hands: left-handed, the size of the buttons, kept', async () => {
-    const visit = await begin(engine, {width: 600, height: 850}, touch);
-    const tab = await visit.open();
+  walk('hands: left-handed, the size of the buttons, kept', {screen: {width: 600, height: 850}, script: touch}, async (tab) => {
     await start(tab);
     const before = await boxes(tab);
     await tapOn(tab, '#menu-button');
@@ -81,13 +76,10 @@ export function look(engine, test, needs) {
     await showsTitleOrGame(tab);
     const {pad, buttons} = await boxes(tab);
     assert.ok(pad.left > buttons.right && pad.width < before.pad.width - 10, JSON.stringify({pad, before}));
-    await visit.end();
   });
   const showsTitleOrGame = (tab) => eventually(() => tab.evaluate('!document.querySelector("#starting")'), 'a picture');
 
-  test('each pixel is as big as the other, at every density', needs('ratio'), async () => {
-    const visit = await begin(engine, {width: 700, height: 900});
-    const tab = await visit.open();
+  walk('each pixel is as big as the other, at every density', {screen: {width: 700, height: 900}, ...needs('ratio')}, async (tab) => {
     await showsTitle(tab);
     for (const ratio of [1, 1.25, 1.5, 1.75, 2, 2.625, 3]) {
       await tab.resize({width: 700, height: 900, deviceScaleFactor: ratio});
@@ -109,12 +101,9 @@ export function look(engine, test, needs) {
       }, (await tab.screenshot()).toString('base64'));
       assert.equal(uneven, 0, `at a density of ${ratio}`);
     }
-    await visit.end();
   });
 
-  test('a notice lets touches through, names and roles are sound', async () => {
-    const visit = await begin(engine, {width: 600, height: 850}, touch);
-    const tab = await visit.open();
+  walk('a notice lets touches through, names and roles are sound', {screen: {width: 600, height: 850}, script: touch}, async (tab) => {
     await start(tab);
     const axe = readFileSync(new URL('node_modules/axe-core/axe.min.js', import.meta.url), 'utf8');
     await tab.evaluate(`(() => { ${axe}; return 0; })()`);
@@ -130,17 +119,13 @@ export function look(engine, test, needs) {
       const box = notice.getBoundingClientRect();
       return document.elementFromPoint(box.left + box.width / 2, box.top + box.height / 2).id;
     }), 'notice');
-    await visit.end();
   });
 
-  test('where it cannot run it says so', async () => {
-    const visit = await begin(engine, undefined, () => { delete window.WebAssembly; });
-    const tab = await visit.open();
+  walk('where it cannot run it says so', {script: () => { delete window.WebAssembly; }}, async (tab, visit) => {
     await says(tab, '#sentence', /needs a browser with WebAssembly/);
     await tab.goto(`file://${visit.copy}/index.html`);
     await says(tab, '#sentence', /only from a web server/);
     await tab.goto(visit.address);
-    await visit.end();
   });
 
   test('it is small, and sleeps while nothing happens', async () => {

@@ -21,7 +21,7 @@ function pilotRecord() {
   return file;
 }
 
-export function records(engine, test) {
+export function records(engine, {test, walk}) {
   test('a lost game is shared by a link, watched elsewhere and taken over; the own game there stays as it is', async () => {
     const visit = await begin(engine, undefined, catchLink);
     const tab = await visit.open();
@@ -89,9 +89,7 @@ export function records(engine, test) {
     await there.end();
   });
 
-  test('the bar has its place at every size, and its names and roles are sound', async () => {
-    const visit = await begin(engine, {width: 600, height: 850});
-    const tab = await visit.open();
+  walk('the bar has its place at every size, and its names and roles are sound', {screen: {width: 600, height: 850}}, async (tab) => {
     await showsTitle(tab);
     await tab.choose('#record-file', pilotRecord());
     await watching(tab, 'plays');
@@ -116,7 +114,6 @@ export function records(engine, test) {
         (each) => each.offsetHeight < 40 || each.offsetWidth < 34).map(({outerHTML}) => outerHTML));
       assert.deepEqual(low, [], `big enough ${where}`);
     }
-    await visit.end();
   });
 
   test('a record of the pilot plays the same in the page, and what was changed is found', async () => {
@@ -161,13 +158,11 @@ export function records(engine, test) {
     await visit.end();
   });
 
-  test('the game of a tab that was killed comes back, and a damaged record does no harm', async () => {
-    const visit = await begin(engine, undefined, () => {
-      for (const kind of ['pagehide', 'blur', 'freeze', 'visibilitychange']) { // it does not get to say farewell
-        addEventListener(kind, (event) => (document.hidden || kind !== 'visibilitychange') && event.stopImmediatePropagation(), true);
-      }
-    });
-    const tab = await visit.open();
+  walk('the game of a tab that was killed comes back, and a damaged record does no harm', {script: () => {
+    for (const kind of ['pagehide', 'blur', 'freeze', 'visibilitychange']) { // it does not get to say farewell
+      addEventListener(kind, (event) => (document.hidden || kind !== 'visibilitychange') && event.stopImmediatePropagation(), true);
+    }
+  }}, async (tab) => {
     await start(tab);
     const kept = await store(tab);
     await press(tab, 'c');
@@ -188,20 +183,17 @@ export function records(engine, test) {
     await tab.reload();
     await says(tab, '#notice', /goes on from where it was stored last.*line \d+: two numbers/);
     await eventually(() => stands(tab), 'the game of before');
-    await visit.end();
   });
 
-  test('a record that fills the storage makes room for the game', async () => {
-    const visit = await begin(engine, undefined, () => {
-      const {setItem} = Storage.prototype;
-      Storage.prototype.setItem = function(name, text) {
-        if (name === 'registry.reg' && window.full && this.getItem('glimra.record') !== null) {
-          throw new DOMException('full', 'QuotaExceededError');
-        }
-        setItem.call(this, name, text);
-      };
-    });
-    const tab = await visit.open();
+  walk('a record that fills the storage makes room for the game', {script: () => {
+    const {setItem} = Storage.prototype;
+    Storage.prototype.setItem = function(name, text) {
+      if (name === 'registry.reg' && window.full && this.getItem('glimra.record') !== null) {
+        throw new DOMException('full', 'QuotaExceededError');
+      }
+      setItem.call(this, name, text);
+    };
+  }}, async (tab) => {
     await start(tab);
     await eventually(() => tab.evaluate('localStorage["glimra.record"] !== undefined'), 'a copy of the record');
     const before = await store(tab);
@@ -210,6 +202,5 @@ export function records(engine, test) {
     await leave(tab);
     assert.notEqual(await store(tab), before);
     assert.doesNotMatch(await textOf(tab, '#notice'), /does not let the page store/);
-    await visit.end();
   });
 }
