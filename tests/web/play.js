@@ -14,7 +14,7 @@ const plug = (tab, mapping) => tab.evaluate((mapping) => {
 }, mapping);
 const setButton = (tab, button, down) => tab.evaluate((button, down) => { window.pad.buttons[button].pressed = down; }, button, down);
 
-export function play(engine, {test, walk, needs}) {
+export function play({walk, needs}) {
   walk('a game is played with a finger, and is there, paused, after a reload', {screen: PHONE, script: () => {
     window.awake = 0;
     Object.defineProperty(navigator, 'wakeLock', {value: {async request() {

@@ -4,7 +4,7 @@ import {execFileSync, spawnSync} from 'node:child_process';
 import {readFileSync, writeFileSync} from 'node:fs';
 import {join} from 'node:path';
 import {deflateRawSync, inflateRawSync} from 'node:zlib';
-import {begin, boxOf, eventually, pieces, pixels, press, says, sleep, store, tap, tapOn, temporary, textOf, HOLD, PLAY}
+import {begin, boxOf, eventually, flaws, pieces, pixels, press, resize, says, sleep, store, tap, tapOn, temporary, textOf, HOLD, PLAY}
   from './browser.js';
 import {hasPieces, leave, comeBack, pilot, showsTitle, stands, start} from './game.js';
 
@@ -21,7 +21,7 @@ function pilotRecord() {
   return file;
 }
 
-export function records(engine, {test, walk}) {
+export function records({engine, test, walk}) {
   test('a lost game is shared by a link, watched elsewhere and taken over; the own game there stays as it is', async () => {
     const visit = await begin(engine, undefined, catchLink);
     const tab = await visit.open();
@@ -95,17 +95,12 @@ export function records(engine, {test, walk}) {
     await watching(tab, 'plays');
     await press(tab, ' ');
     await watching(tab, 'stands');
-    const axe = readFileSync(new URL('node_modules/axe-core/axe.min.js', import.meta.url), 'utf8');
-    await tab.evaluate(`(() => { ${axe}; return 0; })()`);
-    assert.deepEqual(await tab.evaluate(
-      async () => (await axe.run()).violations.map(({id, nodes}) => `${id}: ${nodes[0].html}`)), []);
+    assert.deepEqual(await flaws(tab), []);
     for (const [width, height] of [[320, 454], [390, 844], [640, 312], [700, 1000], [844, 390], [1280, 800]]) {
       if (engine.cannot.size && width < 500) {
         continue;
       }
-      await tab.resize({width, height});
-      await eventually(async () => await tab.evaluate('innerWidth') === width, `${width} pixels wide`);
-      await tab.evaluate(() => { dispatchEvent(new Event('resize')); });
+      await resize(tab, {width, height});
       const screen = await boxOf(tab, '#bezel'), panel = await boxOf(tab, '.panel');
       const where = `${width} by ${height}: ${JSON.stringify({screen, panel})}`;
       assert.ok(panel.x >= screen.x + screen.width + 7 || panel.y >= screen.y + screen.height + 7, `beside the screen ${where}`);
@@ -116,13 +111,11 @@ export function records(engine, {test, walk}) {
     }
   });
 
-  test('a record of the pilot plays the same in the page, and what was changed is found', async () => {
+  walk('a record of the pilot plays the same in the page, and what was changed is found', async (tab) => {
     const file = pilotRecord(), text = readFileSync(file, 'utf8');
     const other = (digit) => digit === '0' ? '1' : '0';
     const changed = join(temporary, 'changed.pilot');
     writeFileSync(changed, text.replace(/(# over.*\n# digest )(.)/, (_, before, digit) => before + other(digit)));
-    const visit = await begin(engine);
-    const tab = await visit.open();
     await showsTitle(tab);
     for (const [record, words] of [[file, /^over Marathon/], [changed, /^differs at 0:\d\d\.\d+, line \d+$/]]) {
       await tab.choose('#record-file', record);
@@ -135,7 +128,6 @@ export function records(engine, {test, walk}) {
       await tapOn(tab, '[data-key=Escape]');
       await showsTitle(tab);
     }
-    await visit.end();
   });
 
   test('a link that is no record says why', async () => {

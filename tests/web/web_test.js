@@ -28,7 +28,7 @@ for (const engine of engines.filter((engine) => !missing.includes(engine))) {
     before(() => engine.launch());
     after(() => engine.end());
     for (const cases of [play, records, keep, look]) {
-      cases(engine, {test, walk, needs});
+      cases({engine, test, walk, needs});
     }
   });
 }
