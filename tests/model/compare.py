@@ -18,8 +18,8 @@ import tempfile
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / 'support'))
 import model
 from names import expand
-from model import (CLEARING, ENDING, HARD_DROP, HOLD, KEYS, LEFT, PAUSE, PAUSED, PLAYING, RIGHT, ROTATE_LEFT, ROTATE_RIGHT,
-                   RUNNING, SOFT_DROP, TITLE, TITLE_BAR)
+from model import (CLEARING, ENDING, HARD_DROP, HOLD, KEYS, LEFT, PAUSE, PAUSED, PLAYING, RIGHT, ROTATE_LEFT,
+                   ROTATE_RIGHT, RUNNING, SOFT_DROP, TITLE, TITLE_BAR)
 
 # Between them these reach each end of each mode, levels that rise, four rows twice, and each place that a
 # turn of each rotation tries.
@@ -195,8 +195,9 @@ def run(pilot, seed, folder):
     expected = player.app.records + [(player.app.clock, player.app.record())]
     for tick, (theirs, (clock, ours)) in enumerate(zip(records, expected)):
         if differs := difference(theirs, ours):
-            sys.exit('seed {}, timer message {} at {} ms: {} is {} in the program, {} by the rules; {}/script, --clock {}'
-                     .format(seed, tick + 1, clock, *differs, folder, player.clock))
+            name, program, rules = differs
+            sys.exit(f'seed {seed}, timer message {tick + 1} at {clock} ms: {name} is {program} in the program, {rules} by '
+                     f'the rules; {folder}/script, --clock {player.clock}')
     if len(records) != len(expected):
         sys.exit(f'seed {seed}: {len(records) - 1} timer messages, {len(expected) - 1} by the rules')
     return len(records)

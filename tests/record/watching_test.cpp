@@ -56,10 +56,9 @@ TEST(Watching, GoesAtTheSpeedOfTheViewer)
     viewer.expect(40, 1000, __LINE__);
     viewer.give(Faster, 0);
     viewer.expect(40 + 80, 1000, __LINE__);
-    viewer.give(Faster, 0);
-    viewer.give(Faster, 0);
-    viewer.give(Faster, 0);
-    viewer.give(Faster, 0);
+    for (int i = 0; i < 4; ++i) {
+        viewer.give(Faster, 0);
+    }
     viewer.expect(120 + 640, 1000, __LINE__, 10);
     for (int i = 0; i < 9; ++i) {
         viewer.give(Slower, 0); // the last two do nothing

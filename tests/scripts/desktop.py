@@ -52,6 +52,13 @@ def xdotool(*words):
                           timeout=20).stdout.split()
 
 
+def focus_window(game):
+    search = ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(game.pid), "--name", "^Glimra$"]
+    game.window, = eventually(lambda: subprocess.run(search, capture_output=True, text=True).stdout.split(),
+                              "a window opens")
+    xdotool("windowfocus", "--sync", game.window)
+
+
 def start_display(add_cleanup, depth=24):
     """A display's server, for all that is started from now on."""
     reader, writer = os.pipe()
@@ -86,10 +93,7 @@ class DesktopTest(unittest.TestCase):
         self.addCleanup(game.stderr.close if game.stderr else int)
         self.addCleanup(game.wait)
         self.addCleanup(game.kill)
-        search = ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(game.pid), "--name", "^Glimra$"]
-        game.window, = eventually(lambda: subprocess.run(search, capture_output=True, text=True).stdout.split(),
-                                  "a window opens")
-        xdotool("windowfocus", "--sync", game.window)
+        focus_window(game)
         return game
 
     def click(self, game, point):

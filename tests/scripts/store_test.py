@@ -80,15 +80,5 @@ class StoreTest(store.FolderTest):
         self.assertEqual((self.store / "registry.reg.bad").read_text(), "nonsense")
         self.assertEqual(store.field(store.read_block(self.store), "requestedState"), TITLE)
 
-    def test_an_export_of_a_device_is_taken_over(self):
-        more = '"other"="kept"\n\n[HKEY_CURRENT_USER\\Elsewhere]\n@=dword:00000007\n'
-        store.write_block(self.store, self.game(state=PAUSED), more=more.replace("\n", "\r\n"), encoding="utf-16")
-        output, errors = self.play("menu IDM_ABANDON_GAME\nclick IDYES\nclose\n")
-        self.assertEqual((len(output), errors), (2, ""))
-        found = store.read(self.store / "registry.reg")
-        self.assertEqual(found["HKEY_CURRENT_USER\\Elsewhere"], {"@": "dword:00000007"})
-        self.assertEqual(found[store.KEY]["other"], '"kept"')
-        self.assertEqual(store.field(store.read_block(self.store), "requestedState"), TITLE)
-
 
 unittest.main()
