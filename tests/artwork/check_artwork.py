@@ -19,14 +19,6 @@ WELL, VALUES = (22, 11, 132, 231), ((0, 249, 80, 267), (100, 249, 140, 267), (14
 BOX_CORNERS = ((166, 2, 215, 160), (166, 182, 215, 215))  # corner pixels inclusive
 CAPTIONS = {"NEXT": (168, 4, 182, 8), "HOLD": (199, 209, 213, 213), "SCORE": (62, 245, 80, 249),
             "LEVEL": (113, 245, 131, 249), "LINES": (164, 245, 180, 249), "TIME": (208, 245, 221, 249)}
-TILES = """173,190,255 74,85,222 24,32,115 | 239,255,255 156,170,255 57,69,148
-255,203,132 198,117,0 82,56,0 | 255,247,181 255,227,115 132,105,49
-189,247,115 74,190,0 0,60,0 | 231,255,156 189,255,115 33,89,24
-247,239,173 206,199,24 90,89,8 | 255,255,198 255,255,99 165,158,82
-255,158,173 206,32,33 132,0,8 | 255,227,239 255,101,107 165,36,41
-255,121,247 206,0,198 90,0,107 | 255,203,255 255,69,255 123,32,140
-140,231,255 0,158,231 0,85,107 | 189,255,255 99,255,255 49,134,156"""
-CLEARED = "255,255,255 255,255,255 255,255,255 | 255,255,255 239,239,239 115,113,115 | 214,215,214 148,146,148 66,69,66"
 SOUNDS = {"rotate": (2230, 300, 1500), "rows": (21150, 500, 4000), "lock": (566, 60, 500), "level": (21150, 350, 2500),
           "shift": (188, 700, 2500)}  # samples; the spectrum's centre of gravity lies between these (Hz)
 PICTURES = [*BACKDROPS, "title.bmp", "about.bmp", "tiles.bmp"]
@@ -73,17 +65,10 @@ def contrast(a, b):
     return (np.maximum(a, b) + 0.05) / (np.minimum(a, b) + 0.05)
 
 
-def colours(text):
-    return np.array([[int(v) for v in colour.split(",")] for colour in text.replace("|", " ").split()])
-
-
 def check_tiles(sheet):
-    for column, line in enumerate(TILES.splitlines()):
-        wanted = np.vstack([colours(line), colours(CLEARED)])
+    for column in range(7):
         for row in range(5):
             tile = sheet[11 * row:11 * row + 11, 11 * column:11 * column + 11]
-            found = tile[(0, 5, 10), (0, 5, 10)]
-            expect((found == wanted[3 * row:3 * row + 3]).all(), f"tile {column}, look {row}: {found.tolist()}")
             expect((luminance(tile)[0, :10] >= luminance(tile)[10, 1:]).all(), f"tile {column}, look {row}: shading")
         block, ghost = (sheet[at:at + 11, 11 * column:11 * column + 11] for at in (0, 55))
         expect((ghost[RING] == block[RING]).all() and not ghost[~RING].any(), f"tile {column}: ghost")

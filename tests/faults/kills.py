@@ -18,7 +18,7 @@ import sys
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "scripts"))
-from desktop import GLIMRA, PILOT, SCALE, eventually, start_display, xdotool  # noqa: E402
+from desktop import GLIMRA, PILOT, SCALE, eventually, focus_window, start_display, xdotool  # noqa: E402
 
 sys.argv += [GLIMRA, PILOT]
 from faults import EARLY, ended, interrupted, launch, played, start, stored  # noqa: E402
@@ -47,9 +47,7 @@ def early(chance):
 
 def play(game, record, chance):
     """Plays for a while; returns the keys that were pressed, each with its moment."""
-    search = ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(game.pid), "--name", "^Glimra$"]
-    game.window, = eventually(lambda: subprocess.run(search, capture_output=True, text=True).stdout.split(), "it opens")
-    xdotool("windowfocus", "--sync", game.window)
+    focus_window(game)
     click = lambda: xdotool("mousemove", "--window", game.window, 120 * SCALE, 150 * SCALE, "click", 1, "sleep", 0.1)
     eventually(lambda: click() or "# came back" in record().read_text(), "the game goes on")
     pressed, end = [], time.monotonic() + chance.uniform(0.3, 3)

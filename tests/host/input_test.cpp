@@ -101,7 +101,8 @@ TEST_F(InputTest, TypingIsNotPlaying)
     EXPECT_EQ(taken(), "") << "a character of the third level";
     input.wantText(false);
     tap("p");
-    EXPECT_EQ(taken(), "+193 -193");
+    tap("a");
+    EXPECT_EQ(taken(), "+193 -193 +65 -65") << "a letter that is no button may become one";
 }
 
 TEST_F(InputTest, CombinationsOfTheDesktopAreLeftToIt)

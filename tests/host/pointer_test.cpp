@@ -100,62 +100,75 @@ TEST_F(PointerTest, StickMovesItTheFartherTheFasterAndItHidesAfterARest)
     EXPECT_LE(pointer.shownAt()->x, x + 20) << "after a stall it does not leap";
 }
 
-/// The whole way, from a stick to the events that the handheld gets.
-TEST(Pointer, ControllerAloneTapsAndQuits)
+/// The whole way, from controllers that SDL makes up to the events that the handheld gets.
+class ControllerTest : public testing::Test
 {
-    setenv("SDL_VIDEODRIVER", "dummy", 1);
-    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
-    const auto folder = std::filesystem::path(testing::TempDir()) / "pointer_test";
-    std::filesystem::create_directories(folder);
-    const auto host = desktop::open({.storeFolder = folder, .scale = 1, .needsScreen = {}});
-    ASSERT_TRUE(host);
-    const std::vector<std::uint16_t> pixels(240 * 320);
-    host->present({pixels.data(), 240, 320}, {0, 0, 240, 320});
-    host->wait(host->ticks() + 20); // looks for controllers
-    const int index = SDL_JoystickAttachVirtual(
-        SDL_JOYSTICK_TYPE_GAMECONTROLLER, SDL_CONTROLLER_AXIS_MAX, SDL_CONTROLLER_BUTTON_MAX, 0);
-    ASSERT_GE(index, 0) << SDL_GetError();
-    SDL_Joystick *stick = SDL_JoystickOpen(index);
-    const auto events = [&] {
-        std::vector<host::Event> result;
+protected:
+    ControllerTest()
+    {
+        setenv("SDL_VIDEODRIVER", "dummy", 1);
+        SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
+        std::filesystem::create_directories(folder);
+    }
+    void open()
+    {
+        host = desktop::open({.storeFolder = folder, .scale = 1, .needsScreen = {}});
+        host->present({pixels.data(), 240, 320}, {0, 0, 240, 320});
+        events(); // looks for controllers
+    }
+    std::vector<Kind> events()
+    {
+        std::vector<Kind> kinds;
         const std::uint32_t end = host->ticks() + 120;
-        while (auto event = host->wait(end)) {
-            result.push_back(*event);
+        while (const auto event = host->wait(end)) {
+            kinds.push_back(event->kind);
+            x = event->x;
         }
-        return result;
-    };
-    const auto press = [&](int button, bool down) {
+        return kinds;
+    }
+    std::vector<Kind> press(int button, bool down)
+    {
         SDL_JoystickSetVirtualButton(stick, button, down ? 1 : 0);
         return events();
-    };
+    }
+
+    const std::filesystem::path folder =
+        std::filesystem::path(testing::TempDir()) / "controllers" /
+        testing::UnitTest::GetInstance()->current_test_info()->name();
+    const std::vector<std::uint16_t> pixels = std::vector<std::uint16_t>(240 * 320);
+    std::unique_ptr<host::Host> host;
+    SDL_Joystick *stick = nullptr;
+    int x = 0; ///< of the last event
+};
+
+TEST_F(ControllerTest, AloneTapsAndQuits)
+{
+    open();
+    stick = SDL_JoystickOpen(SDL_JoystickAttachVirtual(
+        SDL_JOYSTICK_TYPE_GAMECONTROLLER, SDL_CONTROLLER_AXIS_MAX, SDL_CONTROLLER_BUTTON_MAX, 0));
     events();
-    SDL_JoystickSetVirtualAxis(stick, SDL_CONTROLLER_AXIS_RIGHTX, 32767);
-    EXPECT_TRUE(events().empty()) << "a raised stylus makes no event";
-    SDL_JoystickSetVirtualAxis(stick, SDL_CONTROLLER_AXIS_RIGHTX, 0);
-    events();
-    const auto down = press(SDL_CONTROLLER_BUTTON_RIGHTSTICK, true);
-    const auto up = press(SDL_CONTROLLER_BUTTON_RIGHTSTICK, false);
-    ASSERT_EQ(down.size(), 1U);
-    ASSERT_EQ(up.size(), 1U);
-    EXPECT_EQ(down[0].kind, Kind::StylusDown);
-    EXPECT_EQ(up[0].kind, Kind::StylusUp);
-    EXPECT_GT(up[0].x, 125);
-    EXPECT_EQ(up[0].y, 160);
-    EXPECT_EQ(press(SDL_CONTROLLER_BUTTON_X, true).size(), 1U);
-    EXPECT_EQ(press(SDL_CONTROLLER_BUTTON_X, false).back().kind, Kind::KeyUp);
-    press(SDL_CONTROLLER_BUTTON_BACK, true);
-    EXPECT_EQ(press(SDL_CONTROLLER_BUTTON_X, true).back().kind, Kind::Help);
-    EXPECT_TRUE(press(SDL_CONTROLLER_BUTTON_X, false).empty());
-    EXPECT_EQ(press(SDL_CONTROLLER_BUTTON_START, true).back().kind, Kind::Close);
+    for (const Sint16 lean : std::initializer_list<Sint16>{32767, 0}) {
+        SDL_JoystickSetVirtualAxis(stick, SDL_CONTROLLER_AXIS_RIGHTX, lean);
+        EXPECT_TRUE(events().empty()) << "a raised stylus makes no event";
+    }
+    for (const auto &[button, down, expected] :
+         {std::tuple(SDL_CONTROLLER_BUTTON_RIGHTSTICK, true, std::vector{Kind::StylusDown}),
+          {SDL_CONTROLLER_BUTTON_RIGHTSTICK, false, {Kind::StylusUp}},
+          {SDL_CONTROLLER_BUTTON_X, true, {Kind::KeyDown}},
+          {SDL_CONTROLLER_BUTTON_X, false, {Kind::KeyUp}},
+          {SDL_CONTROLLER_BUTTON_BACK, true, {Kind::KeyDown}},
+          {SDL_CONTROLLER_BUTTON_X, true, {Kind::Help}},
+          {SDL_CONTROLLER_BUTTON_X, false, {}},
+          {SDL_CONTROLLER_BUTTON_START, true, {Kind::Close}}})
+    {
+        EXPECT_EQ(press(button, down), expected) << button << down;
+        EXPECT_TRUE(expected != std::vector{Kind::StylusUp} || x > 125) << x;
+    }
     SDL_JoystickClose(stick);
 }
 
-TEST(Controllers, ComeGoAndAreTaught)
+TEST_F(ControllerTest, ComesGoesAndIsTaught)
 {
-    setenv("SDL_VIDEODRIVER", "dummy", 1);
-    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
-    const auto folder = std::filesystem::path(testing::TempDir()) / "controllers_test";
-    std::filesystem::create_directories(folder);
     const auto plugIn = [](SDL_JoystickType type) {
         return SDL_JoystickAttachVirtual(type, 0, 1, 0);
     };
@@ -169,24 +182,12 @@ TEST(Controllers, ComeGoAndAreTaught)
         << idOf(plugIn(SDL_JOYSTICK_TYPE_DRUM_KIT)) << ",taught,x:b0,\n";
     SDL_QuitSubSystem(SDL_INIT_JOYSTICK);
 
-    const auto host = desktop::open({.storeFolder = folder, .scale = 1, .needsScreen = {}});
-    const std::vector<std::uint16_t> pixels(240 * 320);
-    host->present({pixels.data(), 240, 320}, {0, 0, 240, 320});
-    const auto events = [&] {
-        std::vector<Kind> kinds;
-        const std::uint32_t end = host->ticks() + 60;
-        while (const auto event = host->wait(end)) {
-            kinds.push_back(event->kind);
-        }
-        return kinds;
-    };
-    events();
+    open();
     for (int round = 0; round < 2; ++round) {
         const int index = plugIn(SDL_JOYSTICK_TYPE_DRUM_KIT); // back again, or another
         events();
-        SDL_Joystick *stick = SDL_JoystickOpen(index);
-        SDL_JoystickSetVirtualButton(stick, 0, 1);
-        EXPECT_EQ(events(), std::vector{Kind::KeyDown});
+        stick = SDL_JoystickOpen(index);
+        EXPECT_EQ(press(0, true), std::vector{Kind::KeyDown});
         SDL_JoystickClose(stick);
         SDL_JoystickDetachVirtual(index); // in mid-press
         EXPECT_EQ(events(), std::vector{Kind::KeyUp});

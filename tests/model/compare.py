@@ -3,9 +3,8 @@
 
     compare.py PILOT [--seeds SEED...]
 
-PILOT is the glimra-pilot executable. A seed makes one script: a start anywhere on the clock, then
-two games, each in some mode from some level, played well, wildly or hardly at all, to its end. The
-first field that differs is reported with its time and both values, and the script is kept.
+A seed makes one script: a start anywhere on the clock, then two games, each in some mode from some level, played well,
+wildly or hardly at all, to its end. The first field that differs is reported, and the script is kept.
 """
 
 import argparse
@@ -19,8 +18,8 @@ import tempfile
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / 'support'))
 import model
 from names import expand
-from model import CLEARING, ENDING, HARD_DROP, HOLD, KEYS, LEFT, PAUSE, PAUSED, PLAYING, RIGHT
-from model import ROTATE_LEFT, ROTATE_RIGHT, RUNNING, SOFT_DROP, TITLE, TITLE_BAR
+from model import (CLEARING, ENDING, HARD_DROP, HOLD, KEYS, LEFT, PAUSE, PAUSED, PLAYING, RIGHT, ROTATE_LEFT,
+                   ROTATE_RIGHT, RUNNING, SOFT_DROP, TITLE, TITLE_BAR)
 
 # Between them these reach each end of each mode, levels that rise, four rows twice, and each place that a
 # turn of each rotation tries.
@@ -60,9 +59,10 @@ class Player:
                 self.do(f'key {KEYS[action]} up')
 
     def play(self):
+        idle = lambda: self.wait(3000)
         for _ in range(2):
             self.choose()
-            style = self.random.choice([self.steer, self.steer, self.fumble, self.idle])
+            style = self.random.choice([self.steer, self.steer, self.fumble, idle])
             enough = len(self.app.records) + self.random.choice([400, 1000, 3000])
             while self.app.state == PLAYING and not self.app.asking:
                 state, tired = self.app.session.state, len(self.app.records) > enough
@@ -71,7 +71,7 @@ class Player:
                 elif self.chance(0.02):
                     self.random.choice([self.pause, self.leave])()
                 elif state == ENDING:
-                    self.random.choice([self.fumble, self.idle])()
+                    self.random.choice([self.fumble, idle])()
                 elif tired and self.app.session.timeLeft == 0:
                     self.press(HARD_DROP, 26)
                     self.do('wait 26')
@@ -116,9 +116,6 @@ class Player:
             self.wait(400)
             self.press(self.random.randrange(PAUSE), 10)
 
-    def idle(self):
-        self.wait(3000)
-
     def fumble(self):
         """Presses, holds or releases a random button; some presses are shorter than a tick."""
         action = self.random.choice([LEFT, RIGHT, ROTATE_LEFT, ROTATE_RIGHT, SOFT_DROP] * 3 + list(range(8)))
@@ -150,8 +147,8 @@ class Player:
 
 
 def goodPlace(session, greedy):
-    """The (rotation, x) where the piece, dropped from its height, leaves the best well: low and
-    without holes. A greedy player keeps the last column free for four rows while there is room."""
+    """The (rotation, x) where the piece, dropped from its height, leaves the best well: low and without holes. A greedy
+    player keeps the last column free for four rows while there is room."""
     best = (-1e9, session.rotation, session.x)
     for rotation, x in [(rotation, x) for rotation in range(4) for x in range(-2, 9)]:
         y = session.y
@@ -172,7 +169,7 @@ def goodPlace(session, greedy):
 
 
 def difference(theirs, ours):
-    """The first field that differs, with the program's value and the rules' value; None if none does."""
+    """The first field that differs, with the program's value and the rules' value, if any does."""
     count = ours[model.NAMES.index('count')]
     for name, program, rules in zip(model.NAMES, model.RECORD.unpack(theirs), ours):
         if name.endswith('name'):
@@ -182,7 +179,6 @@ def difference(theirs, ours):
                 at = next(i for i in range(len(rules)) if program[i] != rules[i])
                 name, program, rules = f'{name}[{at}]', program[at], rules[at]
             return name, program, rules
-    return None
 
 
 def run(pilot, seed, folder):
@@ -191,8 +187,7 @@ def run(pilot, seed, folder):
     player.play()
     script = [f'trace {folder}/trace', *player.script, f'state {folder}/state', '']
     (folder / 'script').write_text('\n'.join(script))
-    done = subprocess.run([pilot, '--clock', str(player.clock), folder / 'script'],
-                          capture_output=True, text=True)
+    done = subprocess.run([pilot, '--clock', str(player.clock), folder / 'script'], capture_output=True, text=True)
     if done.returncode != 0:
         sys.exit(f'seed {seed}: the pilot ended with {done.returncode}: {done.stderr.strip()}')
     trace = (folder / 'trace').read_bytes() + (folder / 'state').read_bytes()
@@ -200,9 +195,9 @@ def run(pilot, seed, folder):
     expected = player.app.records + [(player.app.clock, player.app.record())]
     for tick, (theirs, (clock, ours)) in enumerate(zip(records, expected)):
         if differs := difference(theirs, ours):
-            sys.exit('seed {}, timer message {} at {} ms: {} is {} in the program, {} by the rules'
-                     .format(seed, tick + 1, clock, *differs) + f'; {folder}/script, --clock '
-                     f'{player.clock}')
+            name, program, rules = differs
+            sys.exit(f'seed {seed}, timer message {tick + 1} at {clock} ms: {name} is {program} in the program, {rules} by '
+                     f'the rules; {folder}/script, --clock {player.clock}')
     if len(records) != len(expected):
         sys.exit(f'seed {seed}: {len(records) - 1} timer messages, {len(expected) - 1} by the rules')
     return len(records)
@@ -221,5 +216,4 @@ def main():
     print(f'{len(options.seeds)} scripts, {total} records, no difference')
 
 
-if __name__ == '__main__':
-    main()
+main()

@@ -39,13 +39,10 @@ CELLS = [[pairs(rotation) for rotation in piece.split('|')] for piece in (
     '1 2 2 2 3 2 4 2 | 2 1 2 2 2 3 2 4 | 0 2 1 2 2 2 3 2 | 2 0 2 1 2 2 2 3')]
 # The places tried by a turn to the right out of each rotation.
 USUAL_KICKS = [pairs(kicks) for kicks in (
-    '0 0 -1 0 -1 -1 0 2 -1 2', '0 0 1 0 1 1 0 -2 1 -2',
-    '0 0 1 0 1 -1 0 2 1 2', '0 0 -1 0 -1 1 0 -2 -1 -2')]
+    '0 0 -1 0 -1 -1 0 2 -1 2', '0 0 1 0 1 1 0 -2 1 -2', '0 0 1 0 1 -1 0 2 1 2', '0 0 -1 0 -1 1 0 -2 -1 -2')]
 I_KICKS = [pairs(kicks) for kicks in (
-    '1 0 -1 0 2 0 -1 1 2 -2', '0 1 -1 1 2 1 -1 -1 2 2',
-    '-1 0 1 0 -2 0 1 -1 -2 2', '0 -1 1 -1 -2 -1 1 1 -2 -2')]
-O_KICKS = [[(0, 0)] * 5] * 4
-KICKS = [USUAL_KICKS] * 3 + [O_KICKS] + [USUAL_KICKS] * 2 + [I_KICKS]
+    '1 0 -1 0 2 0 -1 1 2 -2', '0 1 -1 1 2 1 -1 -1 2 2', '-1 0 1 0 -2 0 1 -1 -2 2', '0 -1 1 -1 -2 -1 1 1 -2 -2')]
+KICKS = [USUAL_KICKS] * 3 + [[[(0, 0)] * 5] * 4] + [USUAL_KICKS] * 2 + [I_KICKS]
 SPAWN = [(3, -1, 0), (3, -1, 0), (3, -2, 0), (3, -1, 0), (3, -2, 0), (3, -2, 2), (2, -2, 0)]
 
 
@@ -120,8 +117,7 @@ class Session:
 
     def fits(self, x, y, rotation):
         places = [(x + dx, y + dy) for dx, dy in CELLS[self.type][rotation]]
-        return all(0 <= column <= 9 and row <= 19 and (column, row) not in self.well
-                   for column, row in places)
+        return all(0 <= column <= 9 and row <= 19 and (column, row) not in self.well for column, row in places)
 
     def canFall(self):
         return self.fits(self.x, self.y + 1, self.rotation)
@@ -138,8 +134,7 @@ class Session:
 
     def removeFullRows(self):
         for row in self.full:
-            self.well = {(c, r + (r < row)): colour
-                         for (c, r), colour in self.well.items() if r != row}
+            self.well = {(c, r + (r < row)): colour for (c, r), colour in self.well.items() if r != row}
         count, self.full = len(self.full), []
         return count
 
@@ -352,8 +347,7 @@ def defaults(shorter):
     names = 'Pell Rix Wend Odalys Quin Fenn Garo Nimsa'.split()
     scores = [7000, 6000, 5000] if shorter else [10000, 8000, 6000]
     lines = [40, 40, 40, 40] if shorter else [80, 70, 60, 50]
-    return list(zip(scores + [4000, 3000, 2000, 1000, 500], lines + [40, 30, 20, 10],
-                    range(8, 0, -1), names))
+    return list(zip(scores + [4000, 3000, 2000, 1000, 500], lines + [40, 30, 20, 10], range(8, 0, -1), names))
 
 
 class App:
@@ -387,9 +381,8 @@ class App:
         game = [getattr(session, name) for name, _ in GAME if name != '_']
         slots = zip(KEYS, buttons.down, buttons.wasDown)
         tables = [[mode, *sum(table, ())] for mode, table in enumerate(self.tables)]
-        return [self.state, self.state, *well, *session.queue, *[0] * (16 - session.count), *game,
-                *sum(slots, ()), self.page, self.pageDeadline, self.selectedMode,
-                self.selectedLevel, *sum(tables, [])]
+        return [self.state, self.state, *well, *session.queue, *[0] * (16 - session.count), *game, *sum(slots, ()),
+                self.page, self.pageDeadline, self.selectedMode, self.selectedLevel, *sum(tables, [])]
 
     # Keys and time
 

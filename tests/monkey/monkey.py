@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """A monkey plays: random scripts for the pilot, some of them on damaged stores.
 
-    monkey.py GLIMRA-PILOT [--seed SEED] [--commands COUNT] [--recorded SHARE] [--keep FOLDER]
+    monkey.py GLIMRA-PILOT [--seed SEED] [--commands COUNT] [--recorded SHARE]
 
 The pilot should be built with sanitizers. The test fails on a crash, a fault in the game, a hang, or a
-record that does not hold or play the same game again, and keeps the script and the store.
+record that does not hold or play the same game again, and keeps the script and the store in monkey-found.
 """
 import argparse
 import itertools
@@ -64,7 +64,12 @@ class Script:
         """Sends a few commands and reads the list of windows. Returns False when the pilot has stopped."""
         if self.ended and self.record:
             return False  # a record ends with the program
-        commands = self.next_commands()
+        aimed = self.aimed()
+        if aimed and self.dice.random() < 0.6:
+            commands = [self.dice.choice(aimed)]
+        else:  # those that may end the program come last
+            commands = sorted((self.command() for _ in range(self.dice.randrange(1, 9))),
+                              key=lambda command: bool(ENDING.search(command)))
         try:
             if self.ended:
                 self.write("restart")
@@ -86,14 +91,6 @@ class Script:
             elif " rect=" in line:
                 self.windows.append(line)
         return False
-
-    def next_commands(self):
-        """One command aimed at a window, or up to eight of any kind; those that may end the program come last."""
-        aimed = self.aimed()
-        if aimed and self.dice.random() < 0.6:
-            return [self.dice.choice(aimed)]
-        commands = [self.command() for _ in range(self.dice.randrange(1, 9))]
-        return sorted(commands, key=lambda command: bool(ENDING.search(command)))
 
     def command(self):
         dice = self.dice
@@ -189,23 +186,12 @@ def damaged(store, dice):
     return bytes(text[:dice.randrange(len(text) + 1)] if dice.random() < 0.2 else text)
 
 
-def run_script(pilot, folder, dice, store, recorded):
-    script = Script(pilot, folder, dice, store, record=dice.random() < recorded)
-    while script.commands < SCRIPT_COMMANDS and script.move():
-        pass
-    problem = script.finish()
-    (folder / "script").write_text("".join(line + "\n" for line in script.written))
-    (folder / "options").write_text(" ".join(script.options) + "\n")
-    return script.commands, problem or (replay(pilot, folder, script.marks) if script.record else "")
-
-
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("pilot", type=os.path.abspath)
     parser.add_argument("--seed", type=int, default=random.randrange(10**6))
     parser.add_argument("--commands", type=int, default=10000)
     parser.add_argument("--recorded", type=float, default=0.2)
-    parser.add_argument("--keep", type=pathlib.Path, default=pathlib.Path("monkey-found"))
     arguments = parser.parse_args()
     print(f"seed {arguments.seed}", flush=True)
     done, number, found, store, begun = 0, 0, 0, None, time.monotonic()
@@ -217,13 +203,17 @@ def main():
             start = None if store is None or dice.random() < 0.2 else store
             if start is not None and dice.random() < 0.5:
                 start = damaged(start, dice)
-            count, problem = run_script(arguments.pilot, folder, dice, start, arguments.recorded)
-            done += count
+            script = Script(arguments.pilot, folder, dice, start, record=dice.random() < arguments.recorded)
+            while script.commands < SCRIPT_COMMANDS and script.move():
+                pass
+            done += script.commands
+            problem = script.finish() or (replay(arguments.pilot, folder, script.marks) if script.record else "")
             if problem:
                 found += 1
-                kept = arguments.keep / f"{arguments.seed}-{number}"
+                kept = pathlib.Path("monkey-found") / f"{arguments.seed}-{number}"
                 shutil.copytree(folder, kept, dirs_exist_ok=True)
                 (kept / "start.reg").write_bytes(start or b"")
+                (kept / "script").write_text("\n".join(["# " + " ".join(script.options), *script.written, ""]))
                 print(f"script {number}: {problem}\nkept in {kept}", flush=True)
             saved = folder / "store/registry.reg"
             if saved.exists() and not problem:

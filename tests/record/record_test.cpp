@@ -5,7 +5,6 @@
 #include <random>
 #include <sstream>
 
-#include "record/base64.h"
 #include "record/playback.h"
 #include "record/recording_host.h"
 #include "record/small_program.h"
@@ -194,7 +193,6 @@ TEST(Record, IsRefusedWithTheLineAndTheReason)
     const std::string line(201, 'x');
     const std::pair<std::string, std::string> cases[] = {
         {"", "it does not begin as a record does"},
-        {"wait 5\n", "it does not begin as a record does"},
         {"# record 2\n", "line 1: a format that this version does not know"},
         {"# record 1\n# clock 4294967296\n", "line 2: the clock must be"},
         {"# record 1\n# store 3\n#: QUJ=\nwait 1\n", "line 2: the store is not complete"},
@@ -203,8 +201,6 @@ TEST(Record, IsRefusedWithTheLineAndTheReason)
         {"# record 1\n\ntap 1 1\n", "line 3: a record cannot hold \"tap\""},
         {"# record 1\nkey 255 down\n", "line 2: key: CODE must be a number from 1 to 254"},
         {"# record 1\nkey 5 down 1\n", "line 2: key: only ctrl, shift and esc"},
-        {"# record 1\nstylus up 0 320\n", "line 2: stylus: a coordinate must be"},
-        {"# record 1\nturn 3\n", "line 2: turn: N must be"},
         {"# record 1\nhelp me\n", "line 2: help: \"me\" is too much"},
         {"# record 1\nwait -1\n", "line 2: wait: MS must be"},
         {"# record 1\nwait 86400000\njump 1\n", "line 3: a record has at most 24 hours"},
@@ -219,22 +215,6 @@ TEST(Record, IsRefusedWithTheLineAndTheReason)
     }
     const auto cut = record::read("# record 1\nwait 5\r\nkey 3", true);
     EXPECT_EQ(cut.value.length, 5U) << cut.problem.value_or("");
-}
-
-TEST(Base64, IsReadAndWritten)
-{
-    for (const auto &[text, letters] :
-         {std::pair("", ""), {"f", "Zg=="}, {"fo", "Zm8="}, {"foo", "Zm9v"}, {"\xFF\xFE~", "//5+"}})
-    {
-        const auto bytes = std::as_bytes(std::span(std::string_view(text)));
-        EXPECT_EQ(record::toBase64(bytes), letters);
-        const auto again = record::fromBase64(letters);
-        ASSERT_TRUE(again) << letters;
-        EXPECT_TRUE(std::ranges::equal(*again, bytes)) << letters;
-    }
-    for (const char *wrong : {"Zg", "Zg=", "Zm8", "Z===", "Zm-v", "Zg==Zg==", "Zm9v\n"}) {
-        EXPECT_FALSE(record::fromBase64(wrong)) << wrong;
-    }
 }
 
 } // namespace

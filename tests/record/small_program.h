@@ -26,7 +26,7 @@ struct SmallProgram
         return {std::as_bytes(std::span(&state, 1)), [this] { return std::exchange(chapter, {}); }};
     }
 
-    /// Ends when it is asked to. Each tick draws a new frame; a key begins a chapter.
+    /// Ends when it is asked to. Each tick draws its state; a key begins a chapter.
     void run(host::Host &host)
     {
         std::array<std::uint16_t, 1> pixels{};
@@ -49,6 +49,7 @@ struct SmallProgram
             }
             state =
                 state * 1664525 + static_cast<std::uint32_t>(heard.size()) + ticks + host.ticks();
+            pixels[0] = static_cast<std::uint16_t>(state >> 16U);
             host.present({pixels.data(), 1, 1}, {0, 0, 1, 1});
         }
     }

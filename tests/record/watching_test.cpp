@@ -1,6 +1,10 @@
 // A viewer before a record: time, places, and playing on.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+#include <set>
+
 #include "record/small_program.h"
 #include "record/watching_host.h"
 #include "support/fake_host.h"
@@ -52,10 +56,9 @@ TEST(Watching, GoesAtTheSpeedOfTheViewer)
     viewer.expect(40, 1000, __LINE__);
     viewer.give(Faster, 0);
     viewer.expect(40 + 80, 1000, __LINE__);
-    viewer.give(Faster, 0);
-    viewer.give(Faster, 0);
-    viewer.give(Faster, 0);
-    viewer.give(Faster, 0);
+    for (int i = 0; i < 4; ++i) {
+        viewer.give(Faster, 0);
+    }
     viewer.expect(120 + 640, 1000, __LINE__, 10);
     for (int i = 0; i < 9; ++i) {
         viewer.give(Slower, 0); // the last two do nothing
@@ -115,6 +118,38 @@ TEST(Watching, SeeksUnseen)
         ASSERT_TRUE(next) << position;
         EXPECT_EQ(next->position, expected) << position;
         EXPECT_EQ(next->quarterSpeed, 2);
+    }
+}
+
+/// What a viewer sees who goes from moment to moment.
+std::vector<int> sights(const std::vector<int> &moments)
+{
+    Viewer viewer;
+    std::vector<int> seen;
+    for (const int moment : moments) {
+        viewer.give(Seek, 0, moment);
+        viewer.host.act([&] { seen.push_back(viewer.host.corner); });
+    }
+    viewer.give(End, 0);
+    EXPECT_EQ(viewer.watch({.playing = false}), std::nullopt);
+    return seen;
+}
+
+TEST(Watching, ShowsTheSameWhicheverWayTheViewerComesToAMoment)
+{
+    std::vector<int> all(60000 / 25);
+    std::generate(all.begin(), all.end(), [next = 0]() mutable { return 25 * next++; });
+    const std::vector<int> straight = sights(all);
+    ASSERT_GT(std::set(straight.begin(), straight.end()).size(), 2000U);
+    std::minstd_rand dice(1);
+    for (int i = 0; i < 200; ++i) {
+        std::vector<int> moments;
+        std::ranges::sample(all, std::back_inserter(moments), 5, dice);
+        const std::vector<int> seen = sights(moments);
+        for (std::size_t k = 0; k < moments.size(); ++k) {
+            EXPECT_EQ(seen.at(k), straight.at(static_cast<std::size_t>(moments[k] / 25)))
+                << moments[k];
+        }
     }
 }
 

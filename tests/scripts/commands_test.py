@@ -15,7 +15,6 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(sys.argv[1]).resolve()
-BUILT = re.compile(r"build/(?:release|sanitize|clang|fuzz)/")
 
 
 def is_script(name):
@@ -32,16 +31,15 @@ def command_lines():
         named = [code for code in re.findall(r"`([^`\n]+)`", text) if is_script(code.split()[0])]
         for line in re.findall(r"^    (?=\S)(.+)$", text, re.MULTILINE) + named:
             for command in re.split(r"&&|\|", line.split("  #")[0]):
-                words = shlex.split(command.replace("$ ", "", 1).split(">")[0])
-                if words[:1] == ["xargs"]:
-                    words = words[1:]
-                yield page, words
+                words = shlex.split(command.split(">")[0].replace("xargs ", ""))
+                if words:
+                    yield page, words
 
 
 def fault(words):
     """What is wrong with a command, or nothing."""
     program = ROOT / words[0]
-    if BUILT.match(words[0]):
+    if re.match(r"build/(release|sanitize|clang|fuzz)/", words[0]):
         return ""  # a build makes it; its --help is the manual's test
     if words[0].startswith("tests/scripts/"):
         return "" if os.access(program, os.X_OK) else "it is not executable"
@@ -61,8 +59,7 @@ def fault(words):
 
 
 def main():
-    commands = [(page, words) for page, words in command_lines() if words]
-    faults = []
+    commands, faults = [*command_lines()], []
     for page, words in commands:
         try:
             reason = fault(words)

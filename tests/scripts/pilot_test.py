@@ -3,6 +3,7 @@
 
 pilot_test.py GLIMRA-PILOT
 """
+import operator
 import os
 import pathlib
 import signal
@@ -105,11 +106,11 @@ class PilotTest(store.FolderTest):
         frames = [film[at:at + size] for at in range(0, len(film), size)]
         self.assertEqual([(len(frame), frame[:6]) for frame in frames], [(size, b"FRAME\n")] * 41)
         shown = subprocess.run(["convert", "now.png", "rgb:-"], cwd=self.folder, check=True, capture_output=True).stdout
-        for at in range(0, 240 * 320, 7):
-            red, green, blue = shown[3 * at:3 * at + 3]
-            self.assertAlmostEqual(frames[20][6 + at], 16 + (65.74 * red + 129.06 * green + 25.06 * blue) / 256, delta=1)
-            self.assertAlmostEqual(frames[20][6 + 240 * 320 + at],
-                                   128 + (-37.95 * red - 74.49 * green + 112.44 * blue) / 256, delta=1.5)
+        planes = ((16, 65.74, 129.06, 25.06), (128, -37.95, -74.49, 112.44), (128, 112.44, -94.15, -18.29))
+        for plane, (base, *weights) in enumerate(planes):
+            for at in range(0, 240 * 320, 7):
+                value = base + sum(map(operator.mul, weights, shown[3 * at:3 * at + 3])) / 256
+                self.assertAlmostEqual(frames[20][6 + 240 * 320 * plane + at], value, delta=1.5)
         self.assertTrue(frames[19] != frames[20] == frames[21] != frames[23], "the turns are seen at their moments")
         self.assertEqual([frames[33][6 + 240 * y + 120] == 16 for y in (69, 70, 249, 250)], [True, False, False, True])
 

@@ -70,6 +70,9 @@ class ShellTest(store.FolderTest):
                 self.assertFalse(any("Please press" in line for line in lines), "that page is gone")
                 expected = [changes.get(action, key) for action, key in enumerate(DEFAULT_KEYS)]
                 self.assertEqual(store.keys(self.read("s")), expected)
+        self.play(f"{GAME}menu IDM_BUTTONS\nclick IDC_ACTION_0+7\npress 65\ndone\ntap 120 150\nwait 100\npress 65\n"
+                  "wait 50\nstate s\n")
+        self.assertEqual(store.field(self.read("s"), "rotation") % 2, 1, "the button that was given turns the piece")
         names = ["<A>", "<Right>", "< >", "<p>", "<Select>", "<Key 200>", "(not assigned)", "<Button C>"]
         presses = "".join(f"click IDC_ACTION_0+{action}\npress {key}\n"
                           for action, key in ((0, 65), (2, 32), (3, 112), (4, 13), (5, 200), (7, 195)))

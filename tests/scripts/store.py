@@ -89,8 +89,8 @@ def read_block(folder):
     return block
 
 
-def write_block(folder, block, version=3, more="", encoding="utf-8"):
+def write_block(folder, block, version=3, more=""):
     folder = pathlib.Path(folder)
     folder.mkdir(exist_ok=True)
     text = f'{FIRST_LINE}\n\n[{KEY}]\n"version"=dword:{version:08x}\n"app"=hex:{block.hex(",")}\n{more}'
-    (folder / "registry.reg").write_bytes(text.encode(encoding))
+    (folder / "registry.reg").write_text(text)

@@ -110,9 +110,10 @@ void FakeHost::finishRun(std::optional<std::uint32_t> deadline)
     PostQuitMessage(0);
 }
 
-void FakeHost::present(const host::Frame &, const host::Area &changed)
+void FakeHost::present(const host::Frame &frame, const host::Area &changed)
 {
     ++presented;
+    corner = frame.pixels[0];
     lastChanged = changed;
 }
 

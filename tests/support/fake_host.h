@@ -39,6 +39,7 @@ public:
     std::uint32_t clock = 1000;
     int presented = 0; ///< frames
     host::Area lastChanged{};
+    std::uint16_t corner = 0; ///< the first pixel of the frame shown last
     std::u16string title;
     int raised = 0;
     bool textWanted = false;

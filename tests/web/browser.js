@@ -139,6 +139,21 @@ export async function tap(tab, [x, y]) {
   await tapWindow(tab, box.x + (x + 0.5) * box.width / 240, box.y + (y + 0.5) * box.height / 320);
 }
 
+/** Gives the page a size. A driver's change is not always told to the page. */
+export async function resize(tab, screen, message = `${screen.width} pixels wide`) {
+  await tab.resize(screen);
+  await eventually(() => tab.evaluate(({width, deviceScaleFactor}) =>
+    innerWidth === width && devicePixelRatio === (deviceScaleFactor ?? devicePixelRatio), screen), message);
+  await tab.evaluate(() => { dispatchEvent(new Event('resize')); });
+}
+
+/** What is wrong with the page's names, roles and contrasts. */
+export async function flaws(tab) {
+  const axe = readFileSync(new URL('node_modules/axe-core/axe.min.js', import.meta.url), 'utf8');
+  await tab.evaluate(`(() => { ${axe}; return 0; })()`);
+  return tab.evaluate(async () => (await axe.run()).violations.map(({id, nodes}) => `${id}: ${nodes[0].html}`));
+}
+
 export async function tapWindow(tab, x, y) {
   await tab.point('down', x, y);
   await sleep(30);

@@ -2,7 +2,7 @@
 import assert from 'node:assert/strict';
 import {writeFileSync} from 'node:fs';
 import {join} from 'node:path';
-import {begin, changeFile, eventually, pieces, pixels, press, says, sleep, store, tap, tapOn, temporary, HOLD, PLAY} from './browser.js';
+import {changeFile, eventually, pieces, pixels, press, says, sleep, store, tap, tapOn, temporary, HOLD, PLAY} from './browser.js';
 import {comeBack, hasPieces, isTitle, leave, showsTitle, stands, start} from './game.js';
 
 // Comes back to the tab that was left and resumes its game.
@@ -12,12 +12,10 @@ async function resume(tab) {
   await eventually(() => hasPieces(tab), 'plays on');
 }
 
-export function keep(engine, test) {
+export function keep({walk}) {
   const noLocks = () => Object.defineProperty(navigator, 'locks', {value: undefined}); // as by plain http
   for (const [script, how] of [[undefined, ''], [noLocks, ', without locks']]) {
-    test(`a second tab takes the game over${how}`, async () => {
-      const visit = await begin(engine, undefined, script);
-      const first = await visit.open();
+    walk(`a second tab takes the game over${how}`, {script}, async (first, visit) => {
       await start(first);
       const second = await visit.open();
       await says(second, '#question', /open in another tab/);
@@ -26,16 +24,13 @@ export function keep(engine, test) {
       assert.ok(!isTitle(paused));
       await eventually(async () => paused.equals(await pixels(first)), 'the same game');
       await says(first, '#question', /goes on in another tab/);
-      await visit.end();
     });
   }
 
-  test('a tab that cannot ask the other does not write over its game', async () => {
-    const visit = await begin(engine, undefined, () => {
-      Object.defineProperty(navigator, 'locks', {value: undefined});
-      window.BroadcastChannel = undefined;
-    });
-    const first = await visit.open();
+  walk('a tab that cannot ask the other does not write over its game', {script: () => {
+    Object.defineProperty(navigator, 'locks', {value: undefined});
+    window.BroadcastChannel = undefined;
+  }}, async (first, visit) => {
     await start(first);
     await leave(first);
     const second = await visit.open();
@@ -49,7 +44,6 @@ export function keep(engine, test) {
     await leave(first);
     await says(first, '#question', /goes on in another tab/);
     assert.equal(await store(first), kept);
-    await visit.end();
   });
 
   const full = () => { Storage.prototype.setItem = () => { throw new DOMException('full', 'QuotaExceededError'); }; };
@@ -60,21 +54,19 @@ export function keep(engine, test) {
     navigator.locks.request = async () => refuse();
   };
   for (const [script, how] of [[full, 'is full'], [refused, 'is refused']]) {
-    test(`where storage ${how} it says so and plays on, with sound`, async () => {
-      const visit = await begin(engine, undefined, `() => {
-        (${script})();
-        window.heard = [];
-        const {start, stop} = AudioBufferSourceNode.prototype;
-        AudioBufferSourceNode.prototype.start = function(...when) {
-          window.heard.push(\`start \${this.buffer.sampleRate} \${this.context.state}\`);
-          start.apply(this, when);
-        };
-        AudioBufferSourceNode.prototype.stop = function() {
-          window.heard.push('stop');
-          stop.call(this);
-        };
-      }`);
-      const tab = await visit.open();
+    walk(`where storage ${how} it says so and plays on, with sound`, {script: `() => {
+      (${script})();
+      window.heard = [];
+      const {start, stop} = AudioBufferSourceNode.prototype;
+      AudioBufferSourceNode.prototype.start = function(...when) {
+        window.heard.push(\`start \${this.buffer.sampleRate} \${this.context.state}\`);
+        start.apply(this, when);
+      };
+      AudioBufferSourceNode.prototype.stop = function() {
+        window.heard.push('stop');
+        stop.call(this);
+      };
+    }`}, async (tab) => {
       await start(tab);
       await says(tab, '#notice', /does not let the page store/);
       await sleep(300);
@@ -90,13 +82,10 @@ export function keep(engine, test) {
       await says(tab, '#notice', /empty.reg cannot be opened/);
       await press(tab, 'c');
       await eventually(async () => (await pieces(tab, HOLD)).length > 11, 'and plays on');
-      await visit.end();
     });
   }
 
-  test('a file or a store that is far too big stops nothing', async () => {
-    const visit = await begin(engine);
-    const tab = await visit.open();
+  walk('a file or a store that is far too big stops nothing', async (tab) => {
     await start(tab);
     await leave(tab);
     const big = `${(await store(tab)).trimEnd()}\n"filler"="${'x'.repeat(3 << 20)}"\n`;
@@ -109,29 +98,23 @@ export function keep(engine, test) {
     await tab.reload();
     await eventually(async () => !isTitle(await pixels(tab)) && await stands(tab), 'the game, paused');
     assert.ok((await store(tab)).length > 3 << 20);
-    await visit.end();
   });
 
-  test('what stops the program is said, and a start afresh keeps the old text', async () => {
-    const visit = await begin(engine, undefined, () => {
-      if (!localStorage.getItem('registry.reg.bad')) {
-        localStorage.setItem('registry.reg', 'old');
-        WebAssembly.instantiate = async () => { throw new Error('broken'); };
-      }
-    });
-    const tab = await visit.open();
+  walk('what stops the program is said, and a start afresh keeps the old text', {script: () => {
+    if (!localStorage.getItem('registry.reg.bad')) {
+      localStorage.setItem('registry.reg', 'old');
+      WebAssembly.instantiate = async () => { throw new Error('broken'); };
+    }
+  }}, async (tab) => {
     await says(tab, '#question', /has stopped: broken/);
     await tapOn(tab, '#question button:nth-child(2)');
     assert.equal(await tab.evaluate(() => window.blob.text()), 'old');
     await tapOn(tab, '#question button:nth-child(3)');
     await showsTitle(tab);
     assert.equal(await tab.evaluate('localStorage["registry.reg.bad"]'), 'old');
-    await visit.end();
   });
 
-  test('the text before a damaged one is offered', async () => {
-    const visit = await begin(engine);
-    const tab = await visit.open();
+  walk('the text before a damaged one is offered', async (tab) => {
     await start(tab);
     await leave(tab);
     await resume(tab);
@@ -143,49 +126,41 @@ export function keep(engine, test) {
     assert.equal(await tab.evaluate('localStorage["registry.reg.bad"]'), 'nonsense');
     await tapOn(tab, '#question button');
     await eventually(async () => !isTitle(await pixels(tab)) && await stands(tab), 'the earlier game, paused');
-    await visit.end();
   });
 
-  test('a damaged store is kept, and left in its place where that is refused', async () => {
-    const kept = () => Object.assign(localStorage, {'registry.reg': 'nonsense', 'registry.reg.bad': 'older nonsense'});
-    const refused = () => {
-      localStorage['registry.reg'] = 'nonsense';
-      Storage.prototype.setItem = (name, text) => {
-        if (name.includes('bad')) {
-          throw new DOMException('full', 'QuotaExceededError');
-        }
-        localStorage[name] = text;
-      };
+  const older = () => Object.assign(localStorage, {'registry.reg': 'nonsense', 'registry.reg.bad': 'older nonsense'});
+  const noRoom = () => {
+    localStorage['registry.reg'] = 'nonsense';
+    Storage.prototype.setItem = (name, text) => {
+      if (name.includes('bad')) {
+        throw new DOMException('full', 'QuotaExceededError');
+      }
+      localStorage[name] = text;
     };
-    for (const [script, name] of [[kept, 'registry.reg.bad.1'], [refused, 'registry.reg']]) {
-      const visit = await begin(engine, undefined, script);
-      const tab = await visit.open();
+  };
+  for (const [script, name, how] of [[older, 'registry.reg.bad.1', 'kept'], [noRoom, 'registry.reg', 'left in its place']]) {
+    walk(`a damaged store is ${how}`, {script}, async (tab) => {
       await start(tab);
       await leave(tab); // the game is saved, or would be
       assert.equal(await tab.evaluate((key) => localStorage[key], name), 'nonsense');
-      await visit.end();
-    }
-  });
+    });
+  }
 
-  /** A visit whose page the service worker has kept. */
-  const keptVisit = async () => {
-    const visit = await begin(engine);
-    const tab = await visit.open();
+  /** The service worker has kept the page. */
+  const isKept = async (tab) => {
     await showsTitle(tab);
     await eventually(() => tab.evaluate(async () => Boolean((await navigator.serviceWorker.getRegistration())?.active)), 'kept');
-    return [visit, tab];
   };
 
-  test('it starts without a connection after the first visit', async () => {
-    const [visit, tab] = await keptVisit();
+  walk('it starts without a connection after the first visit', async (tab, visit) => {
+    await isKept(tab);
     await visit.stopServer();
     await tab.reload();
     await showsTitle(tab);
-    await visit.end();
   });
 
-  test('a new version comes at the next start', async () => {
-    const [visit, tab] = await keptVisit();
+  walk('a new version comes at the next start', async (tab, visit) => {
+    await isKept(tab);
     changeFile(join(visit.copy, 'worker.js'), /glimra-\w+/, 'glimra-next');
     changeFile(join(visit.copy, 'index.html'), '<html', '<html data-next');
     await tab.reload();
@@ -196,6 +171,5 @@ export function keep(engine, test) {
     await eventually(() => tab.evaluate('document.documentElement.dataset.next === ""').catch(() => false),
                      'the next start is the new version');
     await showsTitle(tab);
-    await visit.end();
   });
 }

@@ -4,7 +4,7 @@ import {readdirSync, readFileSync} from 'node:fs';
 import {join} from 'node:path';
 import {fileURLToPath} from 'node:url';
 import {brotliCompressSync} from 'node:zlib';
-import {begin, eventually, isPacked, page, says, serve, sleep, tapOn} from './browser.js';
+import {eventually, flaws, isPacked, page, resize, says, serve, sleep, tapOn} from './browser.js';
 import {showsTitle, start} from './game.js';
 
 /** Width, height, whether fingers are used, and what hides the edges: top, right, bottom, left. */
@@ -25,18 +25,15 @@ const boxes = (tab) => tab.evaluate(() => Object.fromEntries(['#bezel', '#menu-b
   })));
 const apart = (a, b) => a.left >= b.right - 0.1 || b.left >= a.right - 0.1 || a.top >= b.bottom - 0.1 || b.top >= a.bottom - 0.1;
 
-export function look(engine, test, needs) {
+export function look({engine, test, walk, needs}) {
   for (const fingers of [true, false]) {
-    test(`everything has its place, ${fingers ? 'with' : 'without'} fingers`, async () => {
-      const visit = await begin(engine, {width: 800, height: 900}, fingers ? touch : undefined);
-      const tab = await visit.open();
+    walk(`everything has its place, ${fingers ? 'with' : 'without'} fingers`, {screen: {width: 800, height: 900}, script: fingers ? touch : undefined}, async (tab) => {
       await showsTitle(tab);
       for (const [width, height, , ...edges] of DISPLAYS.filter((display) => display[2] === fingers)) {
         if (engine.cannot.size && (width < 500 || width > 1500)) {
           continue; // its window cannot be so narrow, nor its display so wide
         }
-        await tab.resize({width, height});
-        await eventually(async () => await tab.evaluate('innerWidth') === width, `${width} pixels wide`);
+        await resize(tab, {width, height});
         await tab.evaluate((edges) => {
           ['top', 'right', 'bottom', 'left'].forEach((side, i) =>
             document.documentElement.style.setProperty(`--safe-${side}`, `${edges[i] ?? 0}px`));
@@ -61,13 +58,10 @@ export function look(engine, test, needs) {
         const filled = Math.max(screen.width / (inside[0] - left - right), screen.height / (inside[1] - top - bottom));
         assert.ok(filled > (fingers ? 0.6 : 0.75), `${filled.toFixed(2)} filled ${where}`);
       }
-      await visit.end();
     });
   }
 
-  test('hands: left-handed, the size of the buttons, kept', async () => {
-    const visit = await begin(engine, {width: 600, height: 850}, touch);
-    const tab = await visit.open();
+  walk('hands: left-handed, the size of the buttons, kept', {screen: {width: 600, height: 850}, script: touch}, async (tab) => {
     await start(tab);
     const before = await boxes(tab);
     await tapOn(tab, '#menu-button');
@@ -81,18 +75,13 @@ export function look(engine, test, needs) {
     await showsTitleOrGame(tab);
     const {pad, buttons} = await boxes(tab);
     assert.ok(pad.left > buttons.right && pad.width < before.pad.width - 10, JSON.stringify({pad, before}));
-    await visit.end();
   });
   const showsTitleOrGame = (tab) => eventually(() => tab.evaluate('!document.querySelector("#starting")'), 'a picture');
 
-  test('each pixel is as big as the other, at every density', needs('ratio'), async () => {
-    const visit = await begin(engine, {width: 700, height: 900});
-    const tab = await visit.open();
+  walk('each pixel is as big as the other, at every density', {screen: {width: 700, height: 900}, ...needs('ratio')}, async (tab) => {
     await showsTitle(tab);
     for (const ratio of [1, 1.25, 1.5, 1.75, 2, 2.625, 3]) {
-      await tab.resize({width: 700, height: 900, deviceScaleFactor: ratio});
-      await eventually(async () => await tab.evaluate('devicePixelRatio') === ratio, `density ${ratio}`);
-      await tab.evaluate(() => { dispatchEvent(new Event('resize')); }); // a driver's change of density is not told to the page
+      await resize(tab, {width: 700, height: 900, deviceScaleFactor: ratio}, `density ${ratio}`);
       const uneven = await tab.evaluate(async (base64) => {
         const picture = await createImageBitmap(await new Blob([Uint8Array.from(atob(base64), (c) => c.charCodeAt(0))]));
         const box = document.querySelector('#screen').getBoundingClientRect(), ratio = devicePixelRatio;
@@ -109,20 +98,14 @@ export function look(engine, test, needs) {
       }, (await tab.screenshot()).toString('base64'));
       assert.equal(uneven, 0, `at a density of ${ratio}`);
     }
-    await visit.end();
   });
 
-  test('a notice lets touches through, names and roles are sound', async () => {
-    const visit = await begin(engine, {width: 600, height: 850}, touch);
-    const tab = await visit.open();
+  walk('a notice lets touches through, names and roles are sound', {screen: {width: 600, height: 850}, script: touch}, async (tab) => {
     await start(tab);
-    const axe = readFileSync(new URL('node_modules/axe-core/axe.min.js', import.meta.url), 'utf8');
-    await tab.evaluate(`(() => { ${axe}; return 0; })()`);
-    const faults = () => tab.evaluate(async () => (await axe.run()).violations.map(({id, nodes}) => `${id}: ${nodes[0].html}`));
-    assert.deepEqual(await faults(), []);
+    assert.deepEqual(await flaws(tab), []);
     await tapOn(tab, '#menu-button');
     await says(tab, '#menu', /Help/);
-    assert.deepEqual(await faults(), []);
+    assert.deepEqual(await flaws(tab), []);
     await tapOn(tab, '[data-do=back]');
     assert.notEqual(await tab.evaluate(() => {
       const notice = document.querySelector('#notice');
@@ -130,20 +113,25 @@ export function look(engine, test, needs) {
       const box = notice.getBoundingClientRect();
       return document.elementFromPoint(box.left + box.width / 2, box.top + box.height / 2).id;
     }), 'notice');
-    await visit.end();
   });
 
-  test('where it cannot run it says so', async () => {
-    const visit = await begin(engine, undefined, () => { delete window.WebAssembly; });
-    const tab = await visit.open();
+  walk('where it cannot run it says so', {script: () => { delete window.WebAssembly; }}, async (tab, visit) => {
     await says(tab, '#sentence', /needs a browser with WebAssembly/);
     await tab.goto(`file://${visit.copy}/index.html`);
     await says(tab, '#sentence', /only from a web server/);
     await tab.goto(visit.address);
-    await visit.end();
   });
 
-  test('it is small, and sleeps while nothing happens', async () => {
+  walk('it is small, and sleeps while nothing happens', {script: () => {
+    window.wakes = 0;
+    for (const name of ['setTimeout', 'setInterval', 'requestAnimationFrame', 'requestIdleCallback']) {
+      const original = window[name];
+      window[name] = (act, ...words) => original((...values) => {
+        ++window.wakes;
+        act(...values);
+      }, ...words);
+    }
+  }}, async (tab) => {
     const files = readdirSync(page).filter((name) => !isPacked(name));
     const size = files.reduce((sum, name) => sum + brotliCompressSync(readFileSync(join(page, name))).length, 0);
     assert.ok(size <= 360 * 1024, `${size} bytes`);
@@ -152,24 +140,12 @@ export function look(engine, test, needs) {
     assert.match(sent.headers.get('content-encoding'), /^(br|gzip)$/);
     assert.equal(await sent.text(), readFileSync(join(page, 'main.js'), 'utf8'));
     await server.stop();
-    const visit = await begin(engine, undefined, () => {
-      window.wakes = 0;
-      for (const name of ['setTimeout', 'setInterval', 'requestAnimationFrame', 'requestIdleCallback']) {
-        const original = window[name];
-        window[name] = (act, ...words) => original((...values) => {
-          ++window.wakes;
-          act(...values);
-        }, ...words);
-      }
-    });
-    const tab = await visit.open();
     await showsTitle(tab);
     await sleep(1500);
     const earlier = await tab.evaluate('window.wakes');
     await sleep(3000);
     const wakes = await tab.evaluate('window.wakes') - earlier;
     assert.ok(wakes >= 5 && wakes <= 7, `${wakes} wakes in 3 s`);
-    await visit.end();
   });
 
   test('its first picture is little work', needs('work'), async () => {

@@ -2,7 +2,7 @@
 import assert from 'node:assert/strict';
 import {writeFileSync} from 'node:fs';
 import {join} from 'node:path';
-import {begin, eventually, finger, pieces, pixels, press, says, sleep, store, tap, tapOn, temporary, textOf, HOLD, PHONE, PLAY, WELL}
+import {eventually, finger, pieces, pixels, press, says, sleep, store, tap, tapOn, temporary, textOf, HOLD, PHONE, PLAY, WELL}
   from './browser.js';
 import {comeBack, falling, hasPieces, leave, left, showsTitle, stands, start} from './game.js';
 
@@ -14,16 +14,14 @@ const plug = (tab, mapping) => tab.evaluate((mapping) => {
 }, mapping);
 const setButton = (tab, button, down) => tab.evaluate((button, down) => { window.pad.buttons[button].pressed = down; }, button, down);
 
-export function play(engine, test, needs) {
-  test('a game is played with a finger, and is there, paused, after a reload', async () => {
-    const visit = await begin(engine, PHONE, () => {
-      window.awake = 0;
-      Object.defineProperty(navigator, 'wakeLock', {value: {async request() {
-        ++window.awake;
-        return {release() { --window.awake; }};
-      }}});
-    });
-    const tab = await visit.open();
+export function play({walk, needs}) {
+  walk('a game is played with a finger, and is there, paused, after a reload', {screen: PHONE, script: () => {
+    window.awake = 0;
+    Object.defineProperty(navigator, 'wakeLock', {value: {async request() {
+      ++window.awake;
+      return {release() { --window.awake; }};
+    }}});
+  }}, async (tab) => {
     await start(tab);
     await says(tab, '#state', /Marathon, level 0/);
     assert.ok(await tab.evaluate('document.activeElement.id === "screen" && !document.querySelector(":focus-visible")'), 'no ring');
@@ -43,12 +41,9 @@ export function play(engine, test, needs) {
     const paused = await eventually(() => stands(tab), 'nothing moves');
     await tab.reload();
     await eventually(async () => paused.equals(await pixels(tab)), 'the same game, paused');
-    await visit.end();
   });
 
-  test('two fingers press two buttons', needs('fingers'), async () => {
-    const visit = await begin(engine, PHONE, () => { Date.now = () => 1000; });
-    const tab = await visit.open();
+  walk('two fingers press two buttons', {screen: PHONE, script: () => { Date.now = () => 1000; }, ...needs('fingers')}, async (tab) => {
     await start(tab);
     await finger(tab, 'down', 'Left');
     const lying = await eventually(async () => {
@@ -63,12 +58,9 @@ export function play(engine, test, needs) {
     }, 'D turns it, and Left, which is still held, takes it back to the wall');
     await finger(tab, 'up', 'D', 1);
     await finger(tab, 'up', 'Left');
-    await visit.end();
   });
 
-  test('the keyboard plays; leaving pauses and saves; the menu saves and opens files', async () => {
-    const visit = await begin(engine);
-    const tab = await visit.open();
+  walk('the keyboard plays; leaving pauses and saves; the menu saves and opens files', async (tab, visit) => {
     await start(tab);
     await press(tab, 'c');
     await eventually(async () => (await pieces(tab, HOLD)).length > 11, 'C holds the piece');
@@ -122,14 +114,11 @@ export function play(engine, test, needs) {
     await press(tab, 'F1');
     const help = await eventually(() => visit.opened(), 'the help opens in a tab');
     await eventually(async () => /How to play/.test(await help.evaluate('document.body.textContent')), 'it is the help');
-    await visit.end();
   });
 
-  test('a lost game takes a name typed with keys and on the input panel', async () => {
-    const visit = await begin(engine, PHONE, () => {
-      addEventListener('keydown', (event) => setTimeout(() => { window.prevented = event.defaultPrevented; }));
-    });
-    const tab = await visit.open();
+  walk('a lost game takes a name typed with keys and on the input panel', {screen: PHONE, script: () => {
+    addEventListener('keydown', (event) => setTimeout(() => { window.prevented = event.defaultPrevented; }));
+  }}, async (tab) => {
     await start(tab);
     for (let i = 0; i < 30; ++i) {
       if (i < 21 && i % 3 < 2) {
@@ -148,12 +137,9 @@ export function play(engine, test, needs) {
     await tap(tab, [74, 180]);
     await showsTitle(tab);
     assert.match((await store(tab)).replace(/\\\n */g, ''), /27,00,7a,00,61,00,67,00,00/, 'the name stands in a table');
-    await visit.end();
   });
 
-  test('a controller that the browser does not know is taught', async () => {
-    const visit = await begin(engine);
-    const tab = await visit.open();
+  walk('a controller that the browser does not know is taught', async (tab) => {
     await start(tab);
     await plug(tab, '');
     await says(tab, '#notice', /does not know the buttons/);
@@ -177,6 +163,5 @@ export function play(engine, test, needs) {
     await eventually(() => hasPieces(tab), 'the game goes on');
     await setButton(tab, 9, true);
     await eventually(async () => !await hasPieces(tab), 'what was taught pauses');
-    await visit.end();
   });
 }

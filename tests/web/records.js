@@ -4,7 +4,7 @@ import {execFileSync, spawnSync} from 'node:child_process';
 import {readFileSync, writeFileSync} from 'node:fs';
 import {join} from 'node:path';
 import {deflateRawSync, inflateRawSync} from 'node:zlib';
-import {begin, boxOf, eventually, pieces, pixels, press, says, sleep, store, tap, tapOn, temporary, textOf, HOLD, PLAY}
+import {begin, boxOf, eventually, flaws, pieces, pixels, press, resize, says, sleep, store, tap, tapOn, temporary, textOf, HOLD, PLAY}
   from './browser.js';
 import {hasPieces, leave, comeBack, pilot, showsTitle, stands, start} from './game.js';
 
@@ -21,7 +21,7 @@ function pilotRecord() {
   return file;
 }
 
-export function records(engine, test) {
+export function records({engine, test, walk}) {
   test('a lost game is shared by a link, watched elsewhere and taken over; the own game there stays as it is', async () => {
     const visit = await begin(engine, undefined, catchLink);
     const tab = await visit.open();
@@ -89,25 +89,18 @@ export function records(engine, test) {
     await there.end();
   });
 
-  test('the bar has its place at every size, and its names and roles are sound', async () => {
-    const visit = await begin(engine, {width: 600, height: 850});
-    const tab = await visit.open();
+  walk('the bar has its place at every size, and its names and roles are sound', {screen: {width: 600, height: 850}}, async (tab) => {
     await showsTitle(tab);
     await tab.choose('#record-file', pilotRecord());
     await watching(tab, 'plays');
     await press(tab, ' ');
     await watching(tab, 'stands');
-    const axe = readFileSync(new URL('node_modules/axe-core/axe.min.js', import.meta.url), 'utf8');
-    await tab.evaluate(`(() => { ${axe}; return 0; })()`);
-    assert.deepEqual(await tab.evaluate(
-      async () => (await axe.run()).violations.map(({id, nodes}) => `${id}: ${nodes[0].html}`)), []);
+    assert.deepEqual(await flaws(tab), []);
     for (const [width, height] of [[320, 454], [390, 844], [640, 312], [700, 1000], [844, 390], [1280, 800]]) {
       if (engine.cannot.size && width < 500) {
         continue;
       }
-      await tab.resize({width, height});
-      await eventually(async () => await tab.evaluate('innerWidth') === width, `${width} pixels wide`);
-      await tab.evaluate(() => { dispatchEvent(new Event('resize')); });
+      await resize(tab, {width, height});
       const screen = await boxOf(tab, '#bezel'), panel = await boxOf(tab, '.panel');
       const where = `${width} by ${height}: ${JSON.stringify({screen, panel})}`;
       assert.ok(panel.x >= screen.x + screen.width + 7 || panel.y >= screen.y + screen.height + 7, `beside the screen ${where}`);
@@ -116,16 +109,13 @@ export function records(engine, test) {
         (each) => each.offsetHeight < 40 || each.offsetWidth < 34).map(({outerHTML}) => outerHTML));
       assert.deepEqual(low, [], `big enough ${where}`);
     }
-    await visit.end();
   });
 
-  test('a record of the pilot plays the same in the page, and what was changed is found', async () => {
+  walk('a record of the pilot plays the same in the page, and what was changed is found', async (tab) => {
     const file = pilotRecord(), text = readFileSync(file, 'utf8');
     const other = (digit) => digit === '0' ? '1' : '0';
     const changed = join(temporary, 'changed.pilot');
     writeFileSync(changed, text.replace(/(# over.*\n# digest )(.)/, (_, before, digit) => before + other(digit)));
-    const visit = await begin(engine);
-    const tab = await visit.open();
     await showsTitle(tab);
     for (const [record, words] of [[file, /^over Marathon/], [changed, /^differs at 0:\d\d\.\d+, line \d+$/]]) {
       await tab.choose('#record-file', record);
@@ -138,7 +128,6 @@ export function records(engine, test) {
       await tapOn(tab, '[data-key=Escape]');
       await showsTitle(tab);
     }
-    await visit.end();
   });
 
   test('a link that is no record says why', async () => {
@@ -161,13 +150,11 @@ export function records(engine, test) {
     await visit.end();
   });
 
-  test('the game of a tab that was killed comes back, and a damaged record does no harm', async () => {
-    const visit = await begin(engine, undefined, () => {
-      for (const kind of ['pagehide', 'blur', 'freeze', 'visibilitychange']) { // it does not get to say farewell
-        addEventListener(kind, (event) => (document.hidden || kind !== 'visibilitychange') && event.stopImmediatePropagation(), true);
-      }
-    });
-    const tab = await visit.open();
+  walk('the game of a tab that was killed comes back, and a damaged record does no harm', {script: () => {
+    for (const kind of ['pagehide', 'blur', 'freeze', 'visibilitychange']) { // it does not get to say farewell
+      addEventListener(kind, (event) => (document.hidden || kind !== 'visibilitychange') && event.stopImmediatePropagation(), true);
+    }
+  }}, async (tab) => {
     await start(tab);
     const kept = await store(tab);
     await press(tab, 'c');
@@ -188,20 +175,17 @@ export function records(engine, test) {
     await tab.reload();
     await says(tab, '#notice', /goes on from where it was stored last.*line \d+: two numbers/);
     await eventually(() => stands(tab), 'the game of before');
-    await visit.end();
   });
 
-  test('a record that fills the storage makes room for the game', async () => {
-    const visit = await begin(engine, undefined, () => {
-      const {setItem} = Storage.prototype;
-      Storage.prototype.setItem = function(name, text) {
-        if (name === 'registry.reg' && window.full && this.getItem('glimra.record') !== null) {
-          throw new DOMException('full', 'QuotaExceededError');
-        }
-        setItem.call(this, name, text);
-      };
-    });
-    const tab = await visit.open();
+  walk('a record that fills the storage makes room for the game', {script: () => {
+    const {setItem} = Storage.prototype;
+    Storage.prototype.setItem = function(name, text) {
+      if (name === 'registry.reg' && window.full && this.getItem('glimra.record') !== null) {
+        throw new DOMException('full', 'QuotaExceededError');
+      }
+      setItem.call(this, name, text);
+    };
+  }}, async (tab) => {
     await start(tab);
     await eventually(() => tab.evaluate('localStorage["glimra.record"] !== undefined'), 'a copy of the record');
     const before = await store(tab);
@@ -210,6 +194,5 @@ export function records(engine, test) {
     await leave(tab);
     assert.notEqual(await store(tab), before);
     assert.doesNotMatch(await textOf(tab, '#notice'), /does not let the page store/);
-    await visit.end();
   });
 }
