@@ -104,7 +104,7 @@ int show(const Viewing &viewing, const View &view, const host::Descriptor &paren
 class Children
 {
 public:
-    explicit Children(Viewing viewing) : viewing_(std::move(viewing)) {}
+    explicit Children(const Viewing &viewing) : viewing_(viewing) {}
 
     /// Follows them to the end; returns the last one's exit status.
     int follow()
