@@ -13,8 +13,6 @@ namespace {
 using host::Event;
 using Kind = Event::Kind;
 
-constexpr std::uint64_t samplesPerSecond = 22050;
-
 Event closeEvent()
 {
     Event event;
@@ -156,15 +154,6 @@ void Playback::programEnded()
         compare(step);
     }
 }
-
-void Playback::playSamples(std::span<const std::uint8_t> samples)
-{
-    const std::uint32_t start = samplesQueued() ? *soundEnd_ : clock_;
-    soundEnd_ = start + static_cast<std::uint32_t>((samples.size() * 1000 + samplesPerSecond - 1) /
-                                                   samplesPerSecond);
-}
-
-bool Playback::samplesQueued() { return soundEnd_ && host::isBefore(clock_, *soundEnd_); }
 
 std::optional<std::vector<std::byte>> Playback::loadStore() { return stores_.back(); }
 

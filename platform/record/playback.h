@@ -10,6 +10,7 @@
 
 #include "host/geometry.h"
 #include "host/host.h"
+#include "host/silent_speaker.h"
 #include "record/record.h"
 
 namespace record {
@@ -42,9 +43,12 @@ public:
     bool hasLoudspeaker() override { return true; }
     bool openLoudspeaker() override { return true; }
     void closeLoudspeaker() override { dropSamples(); }
-    void playSamples(std::span<const std::uint8_t> samples) override;
-    void dropSamples() override { soundEnd_.reset(); }
-    bool samplesQueued() override;
+    void playSamples(std::span<const std::uint8_t> samples) override
+    {
+        speaker_.play(samples.size(), clock_);
+    }
+    void dropSamples() override { speaker_.drop(); }
+    bool samplesQueued() override { return speaker_.isPlaying(clock_); }
     std::optional<std::vector<std::byte>> loadStore() override;
     bool saveStore(std::span<const std::byte> bytes) override;
     void setStoreAside() override {}
@@ -85,7 +89,7 @@ private:
     std::uint32_t clock_;
     std::uint64_t position_ = 0;
     std::string chapter_; ///< what the program says it is at, not yet compared
-    std::optional<std::uint32_t> soundEnd_;
+    host::SilentSpeaker speaker_;
     host::Problem difference_;
     std::vector<Store> stores_; ///< the present one last, the one before it perhaps first
     std::vector<Store> storesAtEnd_;

@@ -10,7 +10,6 @@
 namespace pilot {
 namespace {
 
-constexpr std::uint64_t samplesPerSecond = 22050;
 constexpr int shortSide = 240;
 constexpr int longSide = 320;
 
@@ -104,10 +103,7 @@ void PilotHost::playSamples(std::span<const std::uint8_t> samples)
         state_.sounds.back().cut = true;
     }
     interrupted_ = false;
-    const std::uint32_t start = samplesQueued() ? *playingUntil_ : state_.clock;
-    const std::uint64_t milliseconds =
-        (samples.size() * 1000 + samplesPerSecond - 1) / samplesPerSecond;
-    playingUntil_ = start + static_cast<std::uint32_t>(milliseconds);
+    const std::uint32_t start = speaker_.play(samples.size(), state_.clock);
     state_.sounds.push_back({start, static_cast<std::uint32_t>(samples.size())});
     film_.play(samples);
 }
@@ -115,13 +111,8 @@ void PilotHost::playSamples(std::span<const std::uint8_t> samples)
 void PilotHost::dropSamples()
 {
     interrupted_ = interrupted_ || samplesQueued();
-    playingUntil_.reset();
+    speaker_.drop();
     film_.silence();
-}
-
-bool PilotHost::samplesQueued()
-{
-    return playingUntil_ && host::isBefore(state_.clock, *playingUntil_);
 }
 
 std::vector<Sound> PilotHost::takeSounds()

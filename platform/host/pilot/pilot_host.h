@@ -8,6 +8,7 @@
 #include "host/file_host.h"
 #include "host/pilot/film.h"
 #include "host/pilot/run_state.h"
+#include "host/silent_speaker.h"
 
 namespace pilot {
 
@@ -55,7 +56,7 @@ public:
     void closeLoudspeaker() override { dropSamples(); }
     void playSamples(std::span<const std::uint8_t> samples) override;
     void dropSamples() override;
-    bool samplesQueued() override;
+    bool samplesQueued() override { return speaker_.isPlaying(state_.clock); }
     bool showHelp(std::u16string_view program, std::u16string_view arguments,
                   std::span<const std::byte> document, std::u16string_view anchor) override;
     void messageBoxOpened(std::u16string_view caption, std::u16string_view text) override;
@@ -72,7 +73,7 @@ private:
     host::Frame frame_;
     Film film_;
     int landscape_; ///< how the display was turned when it last lay on its side: 1 or 4
-    std::optional<std::uint32_t> playingUntil_;
+    host::SilentSpeaker speaker_;
     bool interrupted_ = false; ///< the last sound was dropped before its end
 };
 
