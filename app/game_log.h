@@ -1,4 +1,4 @@
-// The games of a session, as they are told afterwards: the chapters of a record, and an account of
+// What was played in a session, game by game: the chapters of a record, and an account of
 // what was played.
 #pragma once
 

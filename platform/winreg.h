@@ -2,7 +2,7 @@
 //
 // A key that was written is stored as a whole when it is closed, so a save is all or nothing.
 // Where the store cannot be written, the values stay in memory and the functions succeed; the host
-// tells the user once.
+// reports that to the user once.
 #pragma once
 
 #include "windef.h"

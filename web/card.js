@@ -6,12 +6,12 @@ const card = element('card');
 
 /** Shows the last game of a record. `watch` is called with where that begins, in milliseconds; `leave` without. */
 export function showCard(text, {watch, leave}) {
-  const told = chaptersOf(text);
-  const game = gamesOf(told).at(-1) ?? {start: {words: '', at: 0}};
+  const chapters = chaptersOf(text);
+  const game = gamesOf(chapters).at(-1) ?? {start: {words: '', at: 0}};
   const {mode, points, rest} = resultOf((game.end ?? game.start).words);
   element('card-mode').textContent = mode;
   element('card-points').textContent = points;
-  element('card-rest').textContent = [...rest, clockTime((game.end?.at ?? told.length) - game.start.at)].join(', ');
+  element('card-rest').textContent = [...rest, clockTime((game.end?.at ?? chapters.length) - game.start.at)].join(', ');
   const answer = (act) => () => {
     card.close();
     act();

@@ -42,14 +42,14 @@ export function prepareHands(changed) {
 
 /** Asks the browser to keep what is stored, at the first save of a visit; Safari needs the player's help. */
 let asked = false;
-export function keepForLong(tell) {
+export function keepForLong(show) {
   if (asked) {
     return;
   }
   asked = true;
   navigator.storage?.persist?.().catch(() => {});
   if (forgets && !settings.advised) {
-    tell(advice.textContent);
+    show(advice.textContent);
     keep({advised: true});
   }
 }

@@ -14,7 +14,7 @@ import {Session} from './session.js';
 import {share} from './share.js';
 import {Sound} from './sound.js';
 import {Store} from './store.js';
-import {ask, choose, hush, notice, tell, whenAsked} from './talk.js';
+import {ask, choose, hush, notice, say, whenAsked} from './talk.js';
 import {Viewing} from './watch.js';
 
 const element = (id) => document.getElementById(id);
@@ -41,7 +41,7 @@ function send(name, ...values) {
 // The program's surroundings ------------------------------------------------------------------------
 
 const store = new Store({
-  tell: notice,
+  warn: notice,
   lost: () => setTimeout(loseTurn), // the program is just saving
   kept: () => keepForLong(notice),
   makeRoom: () => session.drop(),
@@ -73,7 +73,7 @@ const page = {
   },
   report: notice,
   keepRecord: (lines) => session.add(lines),
-  watchKeys: (text) => tell(`${text}\nShift+Tab: to the buttons`),
+  watchKeys: (text) => say(`${text}\nShift+Tab: to the buttons`),
   help(address) {
     const shown = window.open(address, '_blank') !== null;
     if (!shown) {
@@ -225,7 +225,7 @@ async function watchFile(file) {
   const text = file.size > LARGEST ? '' : await file.text();
   const problem = file.size > LARGEST ? 'it is larger than 4 MB' : await faultInRecord(text);
   if (problem) {
-    tell(`${file.name} cannot be watched: ${problem}.`);
+    say(`${file.name} cannot be watched: ${problem}.`);
   } else {
     view(text);
   }

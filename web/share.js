@@ -1,7 +1,7 @@
 // Gives the player a link to one of the games of this session.
 import {chaptersOf, gamesOf, resultOf} from './chapters.js';
 import {linkTo, LONGEST} from './link.js';
-import {choose, download, notice, tell} from './talk.js';
+import {choose, download, notice, say} from './talk.js';
 
 /** The record up to the end of a game, which is confirmed by the digest that follows; or up to now. */
 function upTo({end}, text) {
@@ -52,7 +52,7 @@ export function share(text) {
   const games = gamesOf(chaptersOf(text)).map((game, i) => ({...game, number: i + 1})).reverse();
   games.sort((a, b) => Boolean(b.end) - Boolean(a.end));
   if (games.length === 0) {
-    tell('There is no game to share yet. Play one, and come back here.');
+    say('There is no game to share yet. Play one, and come back here.');
   } else if (games.length === 1) {
     copy(upTo(games[0], text));
   } else {

@@ -11,20 +11,20 @@ export class Store {
   closed = false;
   frozen = false;     // what the browser holds is not to be touched
   damaged = false;
-  told = false;
+  warned = false;
 
   /**
    * Calls `lost` when another tab has written the store in the meantime, and `kept` after each save; `makeRoom` when
    * the browser refuses one, and tries again if it has.
    */
-  constructor({tell, lost, kept, makeRoom}) { Object.assign(this, {tell, lost, kept, makeRoom}); }
+  constructor({warn, lost, kept, makeRoom}) { Object.assign(this, {warn, lost, kept, makeRoom}); }
 
   load() {
     this.text = this.written = this.read(NAME);
     return this.text;
   }
 
-  /** Replaces the whole text. When the browser refuses, it has the old one, and the user is told once. */
+  /** Replaces the whole text. When the browser refuses, it has the old one, and the user is warned once. */
   save(text) {
     if (this.closed || this.isTaken()) {
       return false;
@@ -46,7 +46,7 @@ export class Store {
 
   /** Whether another tab, which could not ask for its turn, has gone on with the game. */
   isTaken() {
-    const now = this.told ? null : this.read(NAME);
+    const now = this.warned ? null : this.read(NAME);
     const taken = now !== null && now !== this.written;
     if (taken) {
       this.closed = true;
@@ -112,9 +112,9 @@ export class Store {
   }
 
   complain() {
-    if (!this.told) {
-      this.told = true;
-      this.tell('This browser does not let the page store anything: the game is kept only while the page is open. ' +
+    if (!this.warned) {
+      this.warned = true;
+      this.warn('This browser does not let the page store anything: the game is kept only while the page is open. ' +
                 'The menu saves it to a file.');
     }
   }

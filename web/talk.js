@@ -43,7 +43,7 @@ export const choose = (text, acts, field) => ask(text, Object.fromEntries(Object
   ([label, act]) => [label, (input) => { hush(); act(input.value); }])), field);
 
 /** Says something that is to be read. */
-export const tell = (text) => choose(text, {OK() {}});
+export const say = (text) => choose(text, {OK() {}});
 
 /** Gives the player a file. */
 export function download(text, name) {

@@ -1,6 +1,6 @@
 // Loaded before the system's library, this lets one call of a program for a file or a socket fail.
-// The file FAILING_CALL, which all processes of the program share, says which one and how, and is
-// told what it was.
+// The file FAILING_CALL, which all processes of the program share, says which one and how, and
+// gets a line that says what it was.
 //
 // All calls are written alike here: their results and arguments are numbers and addresses, which go
 // through registers of the same size. So each has its name only for the linker.

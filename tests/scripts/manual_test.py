@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The manual pages and --help tell of the same options, and the pilot's page of every command.
+"""The manual pages and --help name the same options, and the pilot's page names every command.
 
 manual_test.py ROOT GLIMRA GLIMRA-PILOT
 """
@@ -12,10 +12,10 @@ ROOT, EXECUTABLES = pathlib.Path(sys.argv[1]), map(pathlib.Path, sys.argv[2:])
 faults = 0
 
 
-def expect_same(name, told, true):
+def expect_same(name, named, true):
     global faults
-    for word in told ^ true:
-        print(f"{name}: {word} is told of in one place only")
+    for word in named ^ true:
+        print(f"{name}: {word} is named in one place only")
         faults += 1
 
 

@@ -101,7 +101,7 @@ TEST_F(Windows, ChildrenStayInTheOrderOfTheirMaking)
     EXPECT_FALSE(GetWindow(second, GW_HWNDNEXT));
     EXPECT_EQ(GetParent(second), parent);
     recorder.noted = {WM_MOVE, WM_SIZE};
-    MoveWindow(parent, 20, 60, 90, 100, TRUE); // children go along and are not told
+    MoveWindow(parent, 20, 60, 90, 100, TRUE); // children go along without a message
     MoveWindow(second, 5, 6, 10, 20, TRUE);
     EXPECT_EQ(recorder.takeLog(), (Log{"A:move 20,60", "2:move 5,6", "2:size 10,20"}));
     POINT point{0, 0};

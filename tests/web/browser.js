@@ -139,7 +139,7 @@ export async function tap(tab, [x, y]) {
   await tapWindow(tab, box.x + (x + 0.5) * box.width / 240, box.y + (y + 0.5) * box.height / 320);
 }
 
-/** Gives the page a size. A driver's change is not always told to the page. */
+/** Gives the page a size. A page does not always notice a driver's change. */
 export async function resize(tab, screen, message = `${screen.width} pixels wide`) {
   await tab.resize(screen);
   await eventually(() => tab.evaluate(({width, deviceScaleFactor}) =>
