@@ -129,44 +129,26 @@ void WatchingHost::countFromNow()
 
 void WatchingHost::obey(const Event &event)
 {
-    if (event.kind == Kind::Close) {
-        ended_ = true;
-    }
     if (event.kind != Kind::Watch) {
+        ended_ = ended_ || event.kind == Kind::Close;
         return;
     }
-    const auto here = static_cast<std::int64_t>(view_.position);
+    if (event.watch == WatchCommand::Tick) {
+        play(false);
+    }
+    if (const auto position = goalOf(event)) {
+        seek(*position);
+        return;
+    }
     switch (event.watch) {
     case WatchCommand::Toggle:
         play(!view_.playing);
-        break;
-    case WatchCommand::Tick:
-        play(false);
-        seek(here + tickTime);
         break;
     case WatchCommand::Faster:
         setSpeed(view_.quarterSpeed * 2);
         break;
     case WatchCommand::Slower:
         setSpeed(view_.quarterSpeed / 2);
-        break;
-    case WatchCommand::Back:
-        seek(here - seekStep);
-        break;
-    case WatchCommand::Forward:
-        seek(here + seekStep);
-        break;
-    case WatchCommand::PreviousChapter:
-        seek(static_cast<std::int64_t>(otherChapter(false).value_or(0)));
-        break;
-    case WatchCommand::NextChapter:
-        seek(static_cast<std::int64_t>(otherChapter(true).value_or(record_.length)));
-        break;
-    case WatchCommand::Start:
-        seek(0);
-        break;
-    case WatchCommand::Seek:
-        seek(event.x);
         break;
     case WatchCommand::TakeOver:
         takeOver();
@@ -180,6 +162,32 @@ void WatchingHost::obey(const Event &event)
     case WatchCommand::End:
         ended_ = true;
         break;
+    default:
+        break;
+    }
+}
+
+/// The position that the viewer asks for, perhaps outside the record; none for another command.
+std::optional<std::int64_t> WatchingHost::goalOf(const Event &event) const
+{
+    const auto here = static_cast<std::int64_t>(view_.position);
+    switch (event.watch) {
+    case WatchCommand::Tick:
+        return here + tickTime;
+    case WatchCommand::Back:
+        return here - seekStep;
+    case WatchCommand::Forward:
+        return here + seekStep;
+    case WatchCommand::PreviousChapter:
+        return static_cast<std::int64_t>(otherChapter(false).value_or(0));
+    case WatchCommand::NextChapter:
+        return static_cast<std::int64_t>(otherChapter(true).value_or(record_.length));
+    case WatchCommand::Start:
+        return 0;
+    case WatchCommand::Seek:
+        return event.x;
+    default:
+        return std::nullopt;
     }
 }
 
