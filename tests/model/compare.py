@@ -216,4 +216,5 @@ def main():
     print(f'{len(options.seeds)} scripts, {total} records, no difference')
 
 
-main()
+if __name__ == '__main__':  # bench/measure.py uses Player
+    main()
