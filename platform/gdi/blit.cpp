@@ -5,28 +5,20 @@ namespace gdi {
 
 namespace {
 
-struct Size
-{
-    int width;
-    int height;
-};
-
 /// Calls `draw(raster, part, source raster, source corner)` for every rectangle that can be
-/// copied: inside the source and where the target may draw.
+/// copied to `to`: inside the source, from its `from` on, and where the target may draw.
 template <class Draw>
-void transfer(const DeviceContext &target, POINT to, Size size, const DeviceContext &source,
-              POINT from, const Draw &draw)
+void transfer(const DeviceContext &target, const RECT &to, const DeviceContext &source, const POINT &from,
+              const Draw &draw)
 {
     const Extent picture = extentOf(source);
-    const RECT asked{to.x, to.y, to.x + size.width, to.y + size.height};
-    // The source in the target's coordinates.
-    const RECT there =
-        moved(picture.bounds, to.x - from.x - picture.origin.x, to.y - from.y - picture.origin.y);
-    paint(target, intersection(asked, there),
+    // From the source's raster to the target's coordinates.
+    const LONG dx = to.left - from.x - picture.origin.x;
+    const LONG dy = to.top - from.y - picture.origin.y;
+    paint(target, intersection(to, moved(picture.bounds, dx, dy)),
           [&](const Raster &raster, POINT origin, const RECT &part) {
-              const POINT corner{part.left - origin.x - to.x + from.x + picture.origin.x,
-                                 part.top - origin.y - to.y + from.y + picture.origin.y};
-              draw(raster, part, picture.raster, corner);
+              draw(raster, part, picture.raster,
+                   {part.left - origin.x - dx, part.top - origin.y - dy});
           });
 }
 
@@ -43,7 +35,7 @@ BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sou
         !gdi::inReach(x, y, width, height, sourceX, sourceY)) {
         return FALSE;
     }
-    gdi::transfer(*to, {x, y}, {width, height}, *from, {sourceX, sourceY}, gdi::copy);
+    gdi::transfer(*to, {x, y, x + width, y + height}, *from, {sourceX, sourceY}, gdi::copy);
     return TRUE;
 }
 
@@ -57,7 +49,7 @@ BOOL TransparentImage(HDC target, int x, int y, int width, int height, HDC sourc
     {
         return FALSE;
     }
-    gdi::transfer(*to, {x, y}, {width, height}, *from, {sourceX, sourceY},
+    gdi::transfer(*to, {x, y, x + width, y + height}, *from, {sourceX, sourceY},
                   [key = gdi::toPixel(transparent)](const gdi::Raster &raster, const RECT &part,
                                                     const gdi::Raster &picture, POINT corner) {
                       gdi::copyTransparent(raster, part, picture, corner, key);

@@ -48,12 +48,13 @@ void drawWhole(const Raster &raster, const Glyph &glyph, const std::uint8_t *bit
                Pixel ink)
 {
     const std::uint64_t inks = ink * std::uint64_t{0x0001'0001'0001'0001};
-    const LONG bytes = rowBytes(glyph);
     const int pitch = raster.width;
+    const LONG bytes = rowBytes(glyph);
+    const std::uint8_t *end = bits + bytes * glyph.height;
     for (LONG i = 0; i < bytes; ++i) {
         Pixel *target = raster.at(corner.x + i * pixelsPerByte, corner.y);
-        for (int row = 0; row < glyph.height; ++row) {
-            inkGroup(target + row * pitch, masks[bits[row * bytes + i]], inks);
+        for (const std::uint8_t *byte = bits + i; byte < end; byte += bytes, target += pitch) {
+            inkGroup(target, masks[*byte], inks);
         }
     }
 }
@@ -74,16 +75,6 @@ void drawPart(const Raster &raster, const RECT &inside, const Glyph &glyph,
 }
 
 } // namespace
-
-const Glyph &glyphOf(const Strike &strike, char16_t character)
-{
-    for (const CharacterRun &run : strike.runs) {
-        if (character >= run.first && character <= run.last) {
-            return strike.glyphs[run.glyph + static_cast<std::size_t>(character - run.first)];
-        }
-    }
-    return strike.glyphs[0];
-}
 
 void drawGlyph(const Raster &raster, const RECT &part, const Strike &strike, const Glyph &glyph,
                POINT pen, Pixel ink)

@@ -7,7 +7,15 @@
 namespace gdi {
 
 /// The glyph of a character; the box when the strike has none.
-const Glyph &glyphOf(const Strike &strike, char16_t character);
+inline const Glyph &glyphOf(const Strike &strike, char16_t character)
+{
+    for (const CharacterRun &run : strike.runs) {
+        if (character >= run.first && character <= run.last) {
+            return strike.glyphs[run.glyph + static_cast<std::size_t>(character - run.first)];
+        }
+    }
+    return strike.glyphs[0];
+}
 
 /// Draws a glyph, the pen at `pen` on the baseline, as far as it lies in `part` of the raster.
 void drawGlyph(const Raster &raster, const RECT &part, const Strike &strike, const Glyph &glyph,
