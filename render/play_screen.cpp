@@ -11,7 +11,8 @@ namespace {
 constexpr RECT wholeScreen{0, 0, screenWidth, screenHeight};
 constexpr RECT queueRect{154, 11, 228, 161};
 constexpr RECT holdRect{154, 185, 228, 209};
-constexpr int queuePitch = 25; ///< pixels from one coming piece to the next
+constexpr int queuePitch = 25;  ///< pixels from one coming piece to the next
+constexpr int pieceBoxSide = 4; ///< cells
 
 /// Rows of the tile sheet.
 constexpr int normalLook = 0; // 1 to 4: a row that is being cleared
@@ -70,11 +71,13 @@ void eraseCell(const GameSession &session, int column, int row)
     }
 }
 
-void drawPiece(const GameSession &session, const RotationState &state, int x, int y)
+/// Draws the falling piece where it is.
+void drawPiece(const GameSession &session)
 {
-    const Cell cell{1, static_cast<std::uint8_t>(state.type)};
-    for (const CellOffset &offset : state.cells) {
-        drawCell(session, x + offset.x, y + offset.y, cell, normalLook);
+    const ActivePiece &piece = session.playfield.piece;
+    const Cell cell{1, static_cast<std::uint8_t>(piece.type)};
+    for (const CellOffset &offset : session.playfield.currentState().cells) {
+        drawCell(session, piece.x + offset.x, piece.y + offset.y, cell, normalLook);
     }
 }
 
@@ -85,18 +88,20 @@ void erasePiece(const GameSession &session, const RotationState &state, int x, i
     }
 }
 
-/// Outlines the cells of the ghost, unless its box origin is above the well.
-void drawGhost(const GameSession &session, const RotationState &state, int x, int y)
+/// Outlines the cells of the ghost, unless it is off or its box origin is above the well.
+void drawGhost(const GameSession &session)
 {
-    if (y < 0) {
+    const ActivePiece &piece = session.playfield.piece;
+    if (session.ghostEnabled == 0 || piece.ghostY < 0) {
         return;
     }
     const int width = session.cellWidth;
     const int height = session.cellHeight;
-    for (const CellOffset &offset : state.cells) {
-        const auto [left, top] = cornerOf(session, x + offset.x, y + offset.y);
+    for (const CellOffset &offset : session.playfield.currentState().cells) {
+        const auto [left, top] =
+            cornerOf(session, piece.ghostX + offset.x, piece.ghostY + offset.y);
         TransparentImage(session.backDC, left, top, width, height, session.tileDC,
-                         static_cast<int>(state.type) * width, ghostLook * height, width, height,
+                         static_cast<int>(piece.type) * width, ghostLook * height, width, height,
                          RGB(0, 0, 0));
     }
 }
@@ -111,16 +116,6 @@ void drawPreview(const GameSession &session, TetrominoType type, int top)
         drawTile(session, left + session.cellWidth * offset.x,
                  top - shift.y + session.cellHeight * offset.y, static_cast<int>(type), normalLook);
     }
-}
-
-void drawGhostAndPiece(const GameSession &session)
-{
-    const Playfield &playfield = session.playfield;
-    const ActivePiece &piece = playfield.piece;
-    if (session.ghostEnabled != 0) {
-        drawGhost(session, playfield.currentState(), piece.ghostX, piece.ghostY);
-    }
-    drawPiece(session, playfield.currentState(), piece.x, piece.y);
 }
 
 void drawRow(const GameSession &session, int row, int look)
@@ -139,7 +134,8 @@ void drawBoard(const GameSession &session)
         drawRow(session, row, normalLook);
     }
     if (session.state != GameState::Ending) {
-        drawGhostAndPiece(session);
+        drawGhost(session);
+        drawPiece(session);
     }
 }
 
@@ -152,6 +148,8 @@ void drawFallingPiece(const GameSession &session)
     const ActivePiece &piece = playfield.piece;
     const bool ghostMoved = piece.prevGhostX != piece.ghostX || piece.prevGhostY != piece.ghostY ||
                             piece.prevRotation != piece.rotation;
+    // From farther above, the piece cannot have covered any of a ghost that stays.
+    const bool ghostCovered = piece.ghostY - piece.prevY < pieceBoxSide;
     {
         const Selection backdrop(session.tileDC, backdropOf(session));
         if (ghostMoved && wasDrawn(piece.prevGhostX, piece.prevGhostY)) {
@@ -162,7 +160,10 @@ void drawFallingPiece(const GameSession &session)
         }
     }
     const Selection tiles(session.tileDC, tileSheet->bitmap);
-    drawGhostAndPiece(session);
+    if (ghostMoved || ghostCovered) {
+        drawGhost(session);
+    }
+    drawPiece(session);
 }
 
 /// Draws the complete rows in the look of the moment. In a clear that goes on after a pause,

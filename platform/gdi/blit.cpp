@@ -8,8 +8,8 @@ namespace {
 /// Calls `draw(raster, part, source raster, source corner)` for every rectangle that can be
 /// copied to `to`: inside the source, from its `from` on, and where the target may draw.
 template <class Draw>
-void transfer(const DeviceContext &target, const RECT &to, const DeviceContext &source, const POINT &from,
-              const Draw &draw)
+void transfer(const DeviceContext &target, const RECT &to, const DeviceContext &source,
+              const POINT &from, const Draw &draw)
 {
     const Extent picture = extentOf(source);
     // From the source's raster to the target's coordinates.

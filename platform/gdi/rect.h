@@ -20,8 +20,8 @@ constexpr bool holds(const RECT &outer, const RECT &inner)
            outer.bottom >= inner.bottom;
 }
 
-/// The part common to both; empty when there is none. Most of what is drawn needs no clipping, and a
-/// predicted branch finds that out sooner than the arithmetic.
+/// The part common to both; empty when there is none. Most of what is drawn needs no clipping, and
+/// a predicted branch finds that out sooner than the arithmetic.
 constexpr RECT intersection(const RECT &a, const RECT &b)
 {
     if (holds(b, a)) {
