@@ -120,8 +120,9 @@ void drawPreview(const GameSession &session, TetrominoType type, int top)
 
 void drawRow(const GameSession &session, int row, int look)
 {
+    const Cell *cells = &session.playfield.cells[static_cast<std::size_t>(row * wellColumns)];
     for (int column = 0; column < wellColumns; ++column) {
-        drawCell(session, column, row, *session.playfield.cellAt(column, row), look);
+        drawCell(session, column, row, cells[column], look);
     }
 }
 

@@ -28,37 +28,44 @@ inline Extent extentOf(const DeviceContext &dc)
     return {raster, origin, intersection(area, raster.bounds())};
 }
 
-/// Calls `draw(raster, origin, part)` for every rectangle `part` of the raster in which the
-/// device context may draw, as far as it meets `bounds` (logical coordinates, in reach).
+/// Calls `draw(raster, origin, part)` for every rectangle `part` of the screen in which the device
+/// context may draw, as far as it meets `bounds` (logical coordinates).
 template <class Draw>
-void paint(const DeviceContext &dc, const RECT &bounds, const Draw &draw)
+void paintOnScreen(const DeviceContext &dc, const RECT &bounds, const Draw &draw)
 {
     const Extent extent = extentOf(dc);
-    const POINT origin = extent.origin;
-    const RECT limit = intersection(
-        moved(intersection(bounds, dc.settings.clip), origin.x, origin.y), extent.bounds);
-    if (isEmpty(limit)) {
-        return;
-    }
-    if (!dc.area) {
-        draw(extent.raster, origin, limit);
-        return;
-    }
-    const auto drawOnScreen = [&](const RECT &part) {
+    const RECT limit = intersection(moved(bounds, extent.origin.x, extent.origin.y), extent.bounds);
+    const auto drawPart = [&](const RECT &part) {
         if (!isEmpty(part)) {
-            draw(extent.raster, origin, part);
+            draw(extent.raster, extent.origin, part);
             screen().changed = enclosing(screen().changed, part);
         }
     };
     for (const RECT &visible : dc.area->visible().rects()) {
         const RECT part = intersection(limit, visible);
         if (!dc.within) {
-            drawOnScreen(part);
+            drawPart(part);
             continue;
         }
         for (const RECT &within : dc.within->rects()) {
-            drawOnScreen(intersection(part, within));
+            drawPart(intersection(part, within));
         }
+    }
+}
+
+/// The same for any device context; `bounds` is in reach.
+template <class Draw>
+void paint(const DeviceContext &dc, const RECT &bounds, const Draw &draw)
+{
+    const RECT wanted = intersection(bounds, dc.settings.clip);
+    if (dc.area) {
+        paintOnScreen(dc, wanted, draw);
+        return;
+    }
+    const Raster raster = dc.selected<Bitmap>().raster();
+    const RECT part = intersection(wanted, raster.bounds());
+    if (!isEmpty(part)) {
+        draw(raster, POINT{0, 0}, part);
     }
 }
 

@@ -22,19 +22,22 @@ struct Pitches
     std::ptrdiff_t picture;
 };
 
+void write(Pixel *target, const Group &group) { std::memcpy(target, group.data(), sizeof group); }
+
 /// Copies rows of one to two groups (a tile's rows, for example): each row is two groups, which may
 /// overlap, so it takes neither a call nor a loop.
 void copyNarrow(Pixel *target, const Pixel *picture, LONG width, LONG height, Pitches pitches)
 {
+    const LONG right = width - groupSize;
     for (LONG y = 0; y < height; ++y) {
-        Pixel *to = target + y * pitches.target;
-        const Pixel *from = picture + y * pitches.picture;
-        Group left;
-        Group right;
-        std::memcpy(left.data(), from, sizeof left);
-        std::memcpy(right.data(), from + width - groupSize, sizeof right);
-        std::memcpy(to, left.data(), sizeof left);
-        std::memcpy(to + width - groupSize, right.data(), sizeof right);
+        Group first;
+        Group last;
+        std::memcpy(first.data(), picture, sizeof first);
+        std::memcpy(last.data(), picture + right, sizeof last);
+        write(target, first);
+        write(target + right, last);
+        target += pitches.target;
+        picture += pitches.picture;
     }
 }
 
@@ -53,8 +56,6 @@ Group mixed(const Pixel *target, const Pixel *picture, Pixel transparent)
     return fresh;
 }
 
-void write(Pixel *target, const Group &group) { std::memcpy(target, group.data(), sizeof group); }
-
 } // namespace
 
 void fill(const Raster &raster, const RECT &part, Pixel pixel)
@@ -68,18 +69,19 @@ void copy(const Raster &to, const RECT &part, const Raster &from, POINT source)
 {
     const LONG width = part.right - part.left;
     const LONG height = part.bottom - part.top;
+    Pixel *target = to.at(part.left, part.top);
+    const Pixel *picture = from.at(source.x, source.y);
     if (width == to.width && width == from.width) {
-        std::memmove(to.at(0, part.top), from.at(0, source.y),
-                     bytes(width) * static_cast<std::size_t>(height));
+        std::memmove(target, picture, bytes(width) * static_cast<std::size_t>(height));
         return;
     }
-    // Moving down inside one raster, copy the last row first, or it would be overwritten.
-    const bool upwards = to.pixels == from.pixels && source.y < part.top;
-    const LONG first = upwards ? height - 1 : 0;
-    const int direction = upwards ? -1 : 1;
-    Pixel *target = to.at(part.left, part.top + first);
-    const Pixel *picture = from.at(source.x, source.y + first);
-    const Pitches pitches{direction * to.width, direction * from.width};
+    Pitches pitches{to.width, from.width};
+    if (to.pixels == from.pixels && source.y < part.top) {
+        // Moving down inside one raster, copy the last row first, or it would be overwritten.
+        target += (height - 1) * pitches.target;
+        picture += (height - 1) * pitches.picture;
+        pitches = {-pitches.target, -pitches.picture};
+    }
     if (width >= groupSize && width <= 2 * groupSize) {
         copyNarrow(target, picture, width, height, pitches);
         return;
