@@ -4,7 +4,7 @@
 
 play_packages='g++ cmake ninja-build llvm libsdl2-dev libpng-dev libfreetype-dev fonts-liberation'
 web_packages="$play_packages emscripten esbuild brotli python3"
-test_packages="$play_packages libgtest-dev python3 python3-numpy xvfb xdotool imagemagick strace"
+test_packages="$play_packages libgtest-dev python3 python3-numpy xvfb xdotool imagemagick strace sway"
 lint_packages='git clang clang-tidy cppcheck'
 gate_packages="$test_packages $web_packages $lint_packages chromium firefox-esr \
     webkit2gtk-driver nodejs clang-format \

@@ -1,6 +1,8 @@
 // glimra: the game on the desktop.
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 
 #include <pwd.h>
 #include <unistd.h>
@@ -11,6 +13,7 @@
 #include "app/situation.h"
 #include "handheld.h"
 #include "host/files.h"
+#include "host/moment.h"
 #include "host/sdl/desktop.h"
 #include "host/standard_streams.h"
 #include "host/store_file.h"
@@ -84,13 +87,33 @@ int watchRecord(const CommandLine &line, const std::filesystem::path &store,
                : 0;
 }
 
+bool isPlaying() { return situationOf(gameApp).stage == Stage::Playing; }
+
+/// Whether the record shall be brought to the disk: once a second while a game runs, and once after
+/// that. A title page would keep the disk awake for nothing.
+std::function<bool()> onceASecondInPlay(const host::Host &host)
+{
+    return [&host, last = host.ticks(), played = false]() mutable {
+        constexpr std::int32_t second = 1000;
+        const bool playing = isPlaying();
+        played = played || playing;
+        if (!played || host::distance(last, host.ticks()) < second) {
+            return false;
+        }
+        last = host.ticks();
+        played = playing;
+        return true;
+    };
+}
+
 /// Plays with the session recorded, in a file of its own or in the folder of sessions.
 int playRecorded(desktop::Desktop &host, const CommandLine &line, SessionRecords &records,
                  const handheld::Program &program)
 {
     const bool landscape = line.has("landscape");
     const auto named = line.value("record");
-    const auto [sink, problem] = named ? host::makeFile(*named) : records.begin();
+    const auto [sink, problem] =
+        named ? host::makeFile(*named) : records.begin(onceASecondInPlay(host));
     if (problem && named) {
         return line.complain(*problem);
     }
@@ -124,11 +147,10 @@ int main(int argc, char **argv)
                            1);
     const handheld::Program program{WinMain, programResources()};
     const auto store = line.value("store");
-    const desktop::Options options{
-        .storeFolder = store.value_or(defaultStore()),
-        .scale = line.number("scale", 1, 16),
-        .landscape = line.has("landscape"),
-        .needsScreen = [] { return situationOf(gameApp).stage == Stage::Playing; }};
+    const desktop::Options options{.storeFolder = store.value_or(defaultStore()),
+                                   .scale = line.number("scale", 1, 16),
+                                   .landscape = line.has("landscape"),
+                                   .needsScreen = isPlaying};
     if (line.has("watch")) {
         return watchRecord(line, options.storeFolder, program);
     }

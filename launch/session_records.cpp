@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <ctime>
 #include <string>
+#include <utility>
 
 #include "record/record.h"
 
@@ -98,13 +99,13 @@ std::string SessionRecords::newName() const
     return nameAt(moment);
 }
 
-host::Result<host::Append> SessionRecords::begin()
+host::Result<host::Append> SessionRecords::begin(std::function<bool()> bringToDisk)
 {
     std::error_code error;
     fs::create_directory(folder_, error);
     makeRoom();
     begun_ = folder_ / newName();
-    return host::makeFile(begun_);
+    return host::makeFile(begun_, std::move(bringToDisk));
 }
 
 /// It is without its end when it could not be written further.

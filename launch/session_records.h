@@ -4,6 +4,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,8 +19,8 @@ public:
         : folder_(storeFolder / "records")
     {}
 
-    /// Begins a record, and deletes old ones to make room.
-    host::Result<host::Append> begin();
+    /// Begins a record, and deletes old ones to make room. `bringToDisk` as in makeFile.
+    host::Result<host::Append> begin(std::function<bool()> bringToDisk);
     /// The session that was begun has ended as it should. The record of one without a game is
     /// deleted.
     host::Problem end(bool hasGame) const;

@@ -34,7 +34,7 @@ if(GLIMRA_DESKTOP)
   add_script_test(recovery faults/recovery.py ${both})
   add_script_test(power faults/power.py --states 60 ${both})
   add_script_test(kills faults/kills.py ${both})
-  set_tests_properties(kills PROPERTIES RUN_SERIAL TRUE LABELS real-time)
+  set_tests_properties(power kills PROPERTIES RUN_SERIAL TRUE LABELS real-time)
   if(NOT GLIMRA_SANITIZE) # they want to be loaded first, too
     add_library(failing_call MODULE faults/failing_call.cpp)
     add_script_test(calls faults/calls.py --every 12 $<TARGET_FILE:failing_call> ${both})

@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <utility>
 
+#include <aio.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,15 +17,89 @@ namespace host {
 namespace {
 
 /// Some file systems cannot do that; the bytes are as safe there as they can be.
+bool cannotSync(int error) { return error == EINVAL || error == ENOSYS; }
+
 bool bringToDisk(const Descriptor &file)
 {
     while (fsync(file.number()) != 0) {
         if (errno != EINTR) {
-            return errno == EINVAL || errno == ENOSYS;
+            return cannotSync(errno);
         }
     }
     return true;
 }
+
+/// Asks the system to bring a file to the disk while the program goes on.
+class DiskRequest
+{
+public:
+    explicit DiskRequest(const Descriptor &file)
+    {
+        request_->aio_fildes = file.number();
+        request_->aio_sigevent.sigev_notify = SIGEV_NONE;
+    }
+    DiskRequest(const DiskRequest &) = delete;
+    DiskRequest &operator=(const DiskRequest &) = delete;
+    /// The system writes into the request until it is done.
+    ~DiskRequest()
+    {
+        const aiocb *own = request_.get();
+        while (isPending()) {
+            aio_suspend(&own, 1, nullptr);
+        }
+    }
+
+    /// False when the last request has failed; errno says why.
+    bool worked() const
+    {
+        errno = aio_error(request_.get());
+        return errno == 0 || isPending() || cannotSync(errno);
+    }
+    /// Does nothing while the last one is pending. False when none can be made.
+    bool make() { return isPending() || aio_fsync(O_SYNC, request_.get()) == 0; }
+
+private:
+    bool isPending() const { return aio_error(request_.get()) == EINPROGRESS; }
+
+    std::unique_ptr<aiocb> request_ = std::make_unique<aiocb>();
+};
+
+/// The folder of a file; none when it may not be read.
+Descriptor folderOf(const std::filesystem::path &file)
+{
+    return {file.has_parent_path() ? file.parent_path() : ".", O_RDONLY | O_DIRECTORY};
+}
+
+/// A file that grows. Its bytes are brought to the disk again and again, its name once.
+class GrowingFile
+{
+public:
+    GrowingFile(Descriptor file, Descriptor folder)
+        : file_(std::move(file)), folder_(std::move(folder)), bytes_(file_), name_(folder_),
+          named_(!folder_)
+    {}
+
+    bool append(std::string_view text) const
+    {
+        return file_.writeAll(std::as_bytes(std::span(text)));
+    }
+    /// False when that failed the last time, or cannot be asked for; errno says why.
+    bool requestDisk()
+    {
+        if (!bytes_.worked() || !name_.worked()) {
+            return false;
+        }
+        named_ = named_ || name_.make();
+        return named_ && bytes_.make();
+    }
+
+private:
+    const Descriptor file_;
+    const Descriptor folder_;
+    DiskRequest bytes_;
+    DiskRequest name_;
+    bool named_;
+};
 
 /// The owner of another user's file stays only if this one may give files away.
 void copyOwner(const std::filesystem::path &from, const Descriptor &to)
@@ -95,23 +171,22 @@ Problem replaceFile(const std::filesystem::path &file, std::span<const std::byte
         return fileProblem(place, error);
     }
     // The new name is safe once the folder is on the disk.
-    const Descriptor folder(place.has_parent_path() ? place.parent_path() : ".",
-                            O_RDONLY | O_DIRECTORY);
+    const Descriptor folder = folderOf(place);
     const bool safe = folder ? bringToDisk(folder) : errno == EACCES; // that needs no permission
     return safe ? std::nullopt : Problem(fileProblem(place));
 }
 
-Result<Append> makeFile(const std::filesystem::path &file)
+Result<Append> makeFile(const std::filesystem::path &file, std::function<bool()> bringToDisk)
 {
-    const auto target =
-        std::make_shared<Descriptor>(file, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_APPEND);
-    if (!*target) {
+    Descriptor made(file, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_APPEND);
+    if (!made) {
         return {{}, errno == EEXIST ? file.string() + ": exists already" : fileProblem(file)};
     }
-    return {[target, file](std::string_view text) {
-                return target->writeAll(std::as_bytes(std::span(text)))
-                           ? std::nullopt
-                           : Problem(fileProblem(file));
+    const auto target = std::make_shared<GrowingFile>(std::move(made), folderOf(file));
+    return {[target, file, bringToDisk = std::move(bringToDisk)](std::string_view text) {
+                const bool kept = target->append(text) &&
+                                  (!bringToDisk || !bringToDisk() || target->requestDisk());
+                return kept ? std::nullopt : Problem(fileProblem(file));
             },
             {}};
 }

@@ -32,8 +32,11 @@ std::string readEnd(const std::filesystem::path &file, std::size_t size);
 /// Appends text to a file, at once.
 using Append = std::function<Problem(std::string_view)>;
 /// Makes a file that must not exist, not even as a link, and returns what writes to it. The file is
-/// closed with that.
-[[nodiscard]] Result<Append> makeFile(const std::filesystem::path &file);
+/// closed with that. After each time `bringToDisk`, if there is one, is asked whether the system
+/// shall now bring the file and its name to the disk. It does so while the program goes on, so the
+/// problem of one time is that of the next.
+[[nodiscard]] Result<Append> makeFile(const std::filesystem::path &file,
+                                      std::function<bool()> bringToDisk = nullptr);
 /// Appends to a file that exists.
 [[nodiscard]] Problem appendToFile(const std::filesystem::path &file, std::string_view text);
 

@@ -86,6 +86,8 @@ std::optional<Event> Playback::takeStep(const Step &step)
     switch (step.kind) {
     case Step::Kind::Event:
         noteHeld(step.event);
+        stores_.erase(stores_.begin(),
+                      stores_.end() - std::min<std::ptrdiff_t>(2, std::ssize(stores_)));
         return step.event;
     case Step::Kind::Jump:
         clock_ += step.jump;
@@ -159,9 +161,6 @@ std::optional<std::vector<std::byte>> Playback::loadStore() { return stores_.bac
 
 bool Playback::saveStore(std::span<const std::byte> bytes)
 {
-    if (stores_.size() == 2) {
-        stores_.erase(stores_.begin());
-    }
     stores_.emplace_back(std::in_place, bytes.begin(), bytes.end());
     return true;
 }

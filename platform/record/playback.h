@@ -30,9 +30,9 @@ public:
     using Store = std::optional<std::vector<std::byte>>;
     /// What the program has in its store.
     const Store &store() const { return stores_.back(); }
-    /// The last two states of the store by the end of the record: the second may not have reached
-    /// the disk of the session that was recorded.
-    const std::vector<Store> &storesAtEnd() const { return storesAtEnd_; }
+    /// The states of the store since shortly before the last event, by the end of the record: the
+    /// session that was recorded may have been stopped before one of them had reached its disk.
+    const std::vector<Store> &storesAtEnd() const { return ended_ ? storesAtEnd_ : stores_; }
 
     std::uint32_t ticks() const override { return clock_; }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
@@ -84,14 +84,14 @@ private:
 
     Subject subject_;
     bool checked_;         ///< the record has digests
-    bool ended_ = false;   ///< the record has
+    bool ended_ = false;   ///< the record has, and the program was still running
     std::size_t next_ = 0; ///< step
     std::uint32_t clock_;
     std::uint64_t position_ = 0;
     std::string chapter_; ///< what the program says it is at, not yet compared
     host::SilentSpeaker speaker_;
     host::Problem difference_;
-    std::vector<Store> stores_; ///< the present one last, the one before it perhaps first
+    std::vector<Store> stores_; ///< the present one last; at least those since the last event
     std::vector<Store> storesAtEnd_;
 };
 

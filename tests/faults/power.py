@@ -3,33 +3,48 @@
 
 power.py [--states N] [--seed N] GLIMRA GLIMRA-PILOT
 
-The order of calls is that of real runs, by strace. What had not been brought to the disk may be there, or missing, or
-in part, or zeros; names may be the old ones or the new. The game must then be there as it was at one moment, not
-before the last save that had been brought to the disk. A second round leaves out that files were brought to the disk,
-as if the game did not do it, and must find a fault.
+The order of calls is that of a real run, by strace. What had not been brought to the disk may be there, or missing, or
+in part, or zeros; names may be the old ones or the new. The game must then be there as it was at one moment, not more
+than two seconds before. Further rounds leave out that the store or the record was brought to the disk, as if the game
+did not do it, and must find a fault.
 """
 import argparse
 import ast
+import atexit
+import copy
 import pathlib
 import random
 import re
-import subprocess
 import sys
 import tempfile
 import time
 
-from faults import EARLY, PILOT, SECOND, game_of, interrupted, played, start, store
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "scripts"))
+from desktop import GLIMRA, PILOT, focus_window, start_display, xdotool  # noqa: E402
+
+sys.argv += [GLIMRA, PILOT]
+from faults import ended, interrupted, launch, played, start, stored  # noqa: E402
 
 CALLS = "open,openat,write,fsync,fdatasync,rename,unlink,truncate,ftruncate"
 TRACE = ["strace", "-D", "-f", "-y", "-s", "9999999", "-e", f"trace={CALLS}", "-e", "signal=none", "-o", "trace"]
-STORE = "s/registry.reg"
+RECORD, DONE = "records/", b"# closed\n"
+LATE = 2500  # milliseconds that may be missing: two seconds, and while a record is brought to the disk
 
 
 def steps(folder):
-    """What a run did in the folder, in order: the call, the name of the file, and the rest."""
+    """What a run did in the folder, in order: the call, the name of the file, and the rest. A sync during which
+    others were made comes twice, first as "begun"."""
     while not (log := (folder / "trace").read_text()).endswith("+++\n"):
         time.sleep(0.01)
-    for call, words in re.findall(r"^\d+ +(\w+)\((.*)\) += \d", log, re.M):
+    begun = {}
+    line = r"^(\d+) +(?:<\.\.\. )?(\w+)(?: resumed>|\()(.*)(\) += \d| <unf)"
+    for thread, call, words, end in re.findall(line, log, re.M):
+        words = begun.pop(thread, "") + words
+        if end == " <unf":
+            begun[thread] = words
+            if "sync" not in call:
+                continue
+            call = "begun"
         texts = [ast.literal_eval("b" + each) for each in re.findall(r'"(?:[^"\\]|\\.)*"', words)]
         opened = re.match(r"\d+<(.*?)>", words)
         file = folder / (opened[1] if opened else texts[0].decode())
@@ -40,6 +55,7 @@ def steps(folder):
 class File:
     def __init__(self, content=b""):
         self.safe, self.pending = content, []  # bytes that were appended, or a length that it was cut at
+        self.asked = None  # how many of these are on their way to the disk
 
     def variants(self):
         """What the disk may have of it, in the order of time."""
@@ -65,11 +81,13 @@ class Disk:
         self.pending.append((name, file))
         self.names[name] = file
 
-    def do(self, call, name, text, words, synced):
+    def do(self, call, name, text, words, left_out):
         file = self.names.get(name)
         if call in ("open", "openat") and "O_CREAT" in words:
             assert "O_TRUNC" not in words or not file
             file or self.name(name, File())
+        elif call == "begun" and file:
+            file.asked = len(file.pending)
         elif call == "write":
             file.pending.append(text)
         elif call in ("truncate", "ftruncate"):
@@ -83,9 +101,11 @@ class Disk:
             own = [each for each in self.pending if str(pathlib.Path(each[0]).parent) == name]
             self.safe.update(own)
             self.pending = [each for each in self.pending if each not in own]
-        elif "sync" in call and synced:
+        elif "sync" in call and left_out not in name:
+            count = len(file.pending) if file.asked is None else file.asked
+            later, file.pending = file.pending[count:], file.pending[:count]
             *_, file.safe = file.variants()
-            file.pending = []
+            file.pending, file.asked = later, None
 
     def states(self, chance):
         """What may be left: all that was done; names up to some moment, or any of them, with files of every kind."""
@@ -97,44 +117,44 @@ class Disk:
                     yield {name: chance.choice([*file.variants()]) for name, file in names.items() if file}
 
 
-def sessions():
-    """Real runs, each as the folder before it and its steps: a session, and the start after it was killed."""
-    with interrupted() as folder:
-        (folder / "s/records" / EARLY).unlink()
-        disk = Disk(folder)
-        subprocess.run([*TRACE, PILOT, "--store", "s", "--record", f"s/records/{EARLY}"], cwd=folder, check=True,
-                       input=SECOND.encode() + b"close\n", stdout=subprocess.DEVNULL)
-        yield "session", disk, [*steps(folder)]
+def session():
+    """A real run: the folder before it, and its steps. It recovers a game, which is played for a while and paused."""
     with interrupted() as folder:
         disk = Disk(folder)
-        assert start(folder, *TRACE) == (0, "")
-        yield "start", disk, [*steps(folder)]
+        game = launch(folder, *TRACE, environment={"SDL_VIDEODRIVER": "x11"})
+        focus_window(game)
+        xdotool("mousemove", "--window", game.window, 120, 150, "click", 1, "sleep", 1, "key", "Up", "sleep", 1.5,
+                "key", "Left", "sleep", 1.5, "key", "Up", "sleep", 3, "key", "Escape", "sleep", 2)
+        game.terminate()
+        assert ended(game) == (0, "")
+        return disk, [*steps(folder)]
 
 
-def cuts(chance, synced):
-    """Every state that a cut may leave: the moment, and the saves that the start may find then."""
-    states = {}
-    for run, disk, trace in sessions():
-        saves = [disk.names[STORE].safe]
-        for number, step in enumerate(trace, 1):
-            disk.do(*step, synced)
-            if step[0] == "rename":
-                saves.append([*disk.names[STORE].variants()][-1])
-            safe = disk.safe[STORE].safe
-            since = len(saves) - 1 - saves[::-1].index(safe) if safe in saves else 0
-            for state in disk.states(chance):
-                states.setdefault(frozenset(state.items()), (f"{run}, {number} of {len(trace)} calls", saves[since:]))
-        assert len(saves) > 2
+def timeline(record):
+    """A record after each line: its length, the milliseconds that it has, and the game that it leads to."""
+    lines, at = record.splitlines(keepends=True), 0
+    beginning = max(number for number, line in enumerate(lines, 1) if line.startswith(b"#: "))
+    for count in range(beginning, len(lines) + 1):
+        word, *rest = lines[count - 1].split()
+        at += int(rest[0]) if word in (b"wait", b"jump") else 0
+        text = b"".join(lines[:count])
+        yield len(text), at, played(text)
+
+
+def cuts(disk, trace, games, chance, left_out):
+    """Every state that a cut may leave: the moment, and the games that the start may find then."""
+    states, size = {}, 0
+    for number, step in enumerate(trace, 1):
+        disk.do(*step, left_out)
+        size += len(step[2]) if step[0] == "write" and RECORD in step[1] and step[2] != DONE else 0
+        so_far = [each for each in games if each[0] <= size] or games[:1]
+        late = {game for _, at, game in so_far if at >= so_far[-1][1] - LATE}
+        for state in disk.states(chance):
+            states.setdefault(frozenset(state.items()), (f"{number} of {len(trace)} calls", late))
     return sorted(states.items(), key=lambda each: each[1][0])
 
 
-def game_in(content):
-    with tempfile.TemporaryDirectory() as name:
-        (pathlib.Path(name) / "registry.reg").write_bytes(content)
-        return game_of(store.read_block(name))
-
-
-def fault(state, saves):
+def fault(state, games):
     """Starts on a state; says what is wrong."""
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
@@ -143,12 +163,10 @@ def fault(state, saves):
             (folder / file).write_bytes(content)
         status, said = start(folder)
         try:
-            game = game_of(store.read_block(folder / "s"))
+            game = stored(folder)
         except (KeyError, AssertionError, ValueError):
             return f"ends with {status}, no game: {said}"
-    records = [content for file, content in state if file.endswith(".pilot") and b"\n# came back" in content]
-    whole = game in map(game_in, saves) or game in map(played, records)
-    return "" if status == 0 and whole else f"ends with {status}, another game: {said}"
+    return "" if status == 0 and game in games else f"ends with {status}, another game: {said}"
 
 
 def main():
@@ -156,21 +174,24 @@ def main():
     parser.add_argument("--states", type=int, default=1 << 30)
     parser.add_argument("--seed", type=int, default=random.randrange(1 << 32))
     options = parser.parse_args()
-    chance = random.Random(options.seed)
-    faults = {True: [], False: []}
-    for synced, wrong in faults.items():
-        states = cuts(chance, synced)
-        for number, (state, (moment, saves)) in enumerate(chance.sample(states, min(options.states, len(states))), 1):
-            why = fault(state, saves)
+    chance, failed = random.Random(options.seed), False
+    start_display(atexit.register)
+    disk, trace = session()
+    written = [text for call, name, text, _ in trace if call == "write" and RECORD in name and text != DONE]
+    games = [*timeline(b"".join(written))]
+    for left_out in ("nothing", "registry", RECORD):
+        faults, states = [], cuts(copy.deepcopy(disk), trace, games, chance, left_out)
+        for number, (state, (moment, late)) in enumerate(chance.sample(states, min(options.states, len(states))), 1):
+            why = fault(state, late)
             if why:
-                wrong.append(f"after {moment}: {why}")
-                print(wrong[-1])
-                if not synced:
+                faults.append(f"after {moment}: {why}")
+                print(faults[-1])
+                if left_out != "nothing":
                     break
-        print(f"{'files' if synced else 'no files'} brought to the disk: {number} of {len(states)} states tried, "
-              f"{len(wrong)} faults")
+        print(f"{left_out} left out: {number} of {len(states)} states tried, {len(faults)} faults", flush=True)
+        failed = failed or bool(faults) == (left_out == "nothing")
     print("seed", options.seed)
-    sys.exit(bool(faults[True]) or not faults[False])
+    sys.exit(failed)
 
 
 main()

@@ -47,6 +47,10 @@ class RecoveryTest(unittest.TestCase):
         self.expect(self.after)
         self.assertTrue(self.record.read_bytes().endswith(b"# closed\n"))
 
+    def test_the_session_was_stopped_while_it_stored_the_game(self):
+        self.record.write_bytes(self.text + b"close\n")
+        self.expect(self.after)
+
     def test_a_record_of_another_store_is_named_once(self):
         store.play(PILOT, FIRST.replace("38", "39"), "--store", "s", folder=self.folder)
         game = stored(self.folder)

@@ -6,6 +6,8 @@ window_test.py GLIMRA GLIMRA-PILOT
 import ctypes
 import os
 import pathlib
+import re
+import shutil
 import signal
 import subprocess
 import time
@@ -126,6 +128,32 @@ class WindowTest(DesktopTest):
         self.assertTrue(goes_dark(), "on the title page")
         self.begin_game(game)
         self.assertFalse(goes_dark(), "in a game")
+
+    @unittest.skipUnless(shutil.which("sway"), "no sway")
+    def test_it_is_sharp_at_every_scale_of_wayland(self):
+        run = self.folder / "run"
+        run.mkdir()
+        (run / "config").write_text("output HEADLESS-1 resolution 2560x2048\nfor_window [title=.*] floating enable\n")
+        user = []
+        if os.getuid() == 0:  # whom sway does not serve
+            self.folder.chmod(0o755)
+            os.chown(run, 65534, 65534)
+            user = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"]
+        here = {**os.environ, "XDG_RUNTIME_DIR": str(run), "WLR_BACKENDS": "headless", "WLR_RENDERER": "pixman"}
+        desktop = subprocess.Popen([*user, "sway", "-c", run / "config"], env=here, stderr=subprocess.DEVNULL)
+        self.addCleanup(desktop.wait)
+        self.addCleanup(desktop.terminate)
+        socket, = eventually(lambda: list(run.glob("sway-ipc*")), "a desktop on Wayland")
+        there = {**here, "WAYLAND_DISPLAY": "wayland-1", "SDL_VIDEODRIVER": "wayland", "WAYLAND_DEBUG": "1"}
+        for scale in 1, 1.25, 1.5, 2:
+            subprocess.run(["swaymsg", "-s", socket, "output", "*", "scale", str(scale)], check=True,
+                           stdout=subprocess.DEVNULL)
+            with subprocess.Popen([GLIMRA, "--store", self.folder, "--scale", "2"], env=there, text=True,
+                                  stderr=subprocess.PIPE) as game:
+                buffers = (re.search(r"create_buffer\([^,]+, 0, (\d+), (\d+),", line) for line in game.stderr)
+                size = next(filter(None, buffers))
+                game.kill()
+            self.assertEqual([int(each) for each in size.groups()], [480 * scale, 640 * scale])
 
     def test_it_sleeps_while_nothing_happens(self):
         game = self.start()
