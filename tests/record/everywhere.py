@@ -143,7 +143,11 @@ def look_at(lines, moments):
     # A viewer stops before what may end the program, and with it the picture.
     last = next(i for i in reversed(range(len(script))) if not script[i].startswith("#"))
     after = re.match(r"wait|jump|key \d+ up", script[last]) is not None
-    script[last + after:last + after] = look()
+    looks = []
+    while left:  # in a jump that leads to the end
+        looks += look()
+        left.popleft()
+    script[last + after:last + after] = looks + look()
     return script, now
 
 
