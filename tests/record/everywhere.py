@@ -22,6 +22,9 @@ import sys
 import tempfile
 import time
 
+if "--help" in sys.argv:
+    print(__doc__)
+    sys.exit()
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(ROOT / "tests/scripts"), str(ROOT / "tests/monkey")]
 import store  # noqa: E402, they are found by the line above
