@@ -124,10 +124,18 @@ private:
         {
             return "two numbers of 16 hexadecimal digits must follow \"# digest\"";
         }
-        digested_.add(std::as_bytes(std::span(before_.substr(digestedSize_))));
-        digestedSize_ = before_.size();
+        digestLines(before_.substr(std::exchange(digestedSize_, before_.size())));
         step.linesHold = digested_.value() == lines;
         return std::nullopt;
+    }
+
+    /// As they were written, with a newline each, even if other ends have been made of those.
+    void digestLines(std::string_view lines)
+    {
+        while (!lines.empty()) {
+            digested_.add(std::as_bytes(std::span(takeLine(lines))));
+            digested_.add(std::as_bytes(std::span(std::string_view("\n"))));
+        }
     }
 
     host::Problem readTime(const std::string &name, std::string_view line, Record &record)

@@ -90,6 +90,7 @@ bool WatchingHost::mayMove(std::optional<std::uint64_t> target)
             obey(*event);
         }
     }
+    reached_ = target.value_or(reached_);
     return !ended_ && !offset_;
 }
 
@@ -195,7 +196,7 @@ void WatchingHost::seek(std::int64_t position)
 {
     view_.position =
         std::min(static_cast<std::uint64_t>(std::max<std::int64_t>(position, 0)), record_.length);
-    if (view_.position < this->position()) {
+    if (view_.position < reached_) {
         callbacks_.restart(view_);
         for (;;) {
             shown_.wait(std::nullopt); // until the fresh one is shown instead

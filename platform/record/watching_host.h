@@ -75,6 +75,7 @@ private:
     View view_;               ///< its position is the viewer's; the program's follows at once
     std::uint32_t realStart_; ///< the shown host's tick count at `startPosition_`
     std::uint64_t startPosition_;
+    std::uint64_t reached_ = 0; ///< by the program; a jump of the record may have led it further
     host::Frame frame_;
     std::optional<host::Area> unseen_; ///< what the viewer has not seen of the frame
     host::Progress progress_{};

@@ -222,4 +222,5 @@ def main():
     sys.exit(1 if found else 0)
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <random>
+#include <regex>
 #include <sstream>
 
 #include "record/playback.h"
@@ -99,6 +100,7 @@ TEST(Record, HoldsTheStartTheUsersDoingsTheChaptersAndADigestEveryTenSeconds)
               "wait 2980\ntext 9786\nwait 7020\n# digest\nwait 5330\nkey 67 down\n# chapter 1019\n"
               "# digest\nwait 3000\nclose\n# digest\n# closed\n");
     EXPECT_EQ(play(session.text), std::nullopt);
+    EXPECT_EQ(play(std::regex_replace(session.text, std::regex("\n"), "\r\n")), std::nullopt);
 }
 
 TEST(Record, IsWrittenAtOnceButForTheRepeatsOfAHeldKeyAndTheMovesOfTheStylus)

@@ -15,10 +15,11 @@ using host::WatchCommand;
 using View = record::WatchingHost::View;
 using enum WatchCommand;
 
-/// A minute in which a key is held from 0:10.005 to 0:20.005, and then the stylus.
+/// A minute in which a key is held from 0:10.005 to 0:20.005, and then the stylus; from 0:30 the
+/// machine sleeps for 5 seconds.
 const std::string minute =
     "# record 1\nwait 10005\n# one\nkey 67 down\nwait 10000\n# two\nkey 67 up\n"
-    "stylus down 3 4\nwait 39995\nclose\n# closed\n";
+    "stylus down 3 4\nwait 9995\njump 5000\nwait 25000\nclose\n# closed\n";
 
 struct Viewer
 {
