@@ -145,13 +145,13 @@ function isBelow(process, root) {
   return false;
 }
 
-/** Seconds of a core that the main threads of the engine's pages have taken, and how often they were woken. */
+/** What the main threads of the engine's pages have taken so far, by process: seconds of a core, and times they were woken. */
 function taken(engine) {
   const pages = readdirSync('/proc').filter((name) => RENDERERS[engine.name].test(fact(`${name}/cmdline`).replaceAll('\0', ' ')) &&
                                                       isBelow(Number(name), rootOf(engine)));
-  const sum = (numberOf) => pages.reduce((sum, name) => sum + numberOf(`${name}/task/${name}`), 0);
-  return [sum((main) => Number(fact(`${main}/schedstat`).split(' ')[0]) / 1e9),
-          sum((main) => Number(/\nvoluntary_ctxt_switches:\s*(\d+)/.exec(fact(`${main}/status`))?.[1] ?? 0))];
+  return new Map(pages.map((name) => [name, [
+    Number(fact(`${name}/task/${name}/schedstat`).split(' ')[0]) / 1e9,
+    Number(/\nvoluntary_ctxt_switches:\s*(\d+)/.exec(fact(`${name}/task/${name}/status`))?.[1])]]));
 }
 
 /** The share of a core that the page's main thread takes. */
@@ -165,8 +165,9 @@ async function work(engine) {
     const begin = performance.now(), before = taken(engine);
     await act();
     const seconds = (performance.now() - begin) / 1000, after = taken(engine);
-    row(`${engine.name}: ${what}`, `${((after[0] - before[0]) / seconds * 100).toFixed(2)} %`,
-        `${((after[1] - before[1]) / seconds).toFixed(0)} wakes/s`);
+    const both = [...before.keys()].filter((name) => after.has(name)); // browsers begin and end some that show no page
+    const [core, wakes] = [0, 1].map((i) => both.reduce((sum, name) => sum + after.get(name)[i] - before.get(name)[i], 0) / seconds);
+    row(`${engine.name}: ${what}`, `${(core * 100).toFixed(2)} %`, `${wakes.toFixed(0)} wakes/s`);
   };
   await sleep(3000);
   await share('title page, of a core');
