@@ -9,7 +9,7 @@
 #include <SDL.h>
 #include <benchmark/benchmark.h>
 
-#include "engine/game_session.h"
+#include "game.h"
 #include "host/files.h"
 #include "launch/game_subject.h"
 #include "record/recording_host.h"
@@ -27,47 +27,6 @@ constexpr int sheetWidth = 7 * tileSide;
 constexpr int sheetHeight = 6 * tileSide;
 constexpr WCHAR value[] = u"123456";
 constexpr RECT valueRect{0, 249, 80, 267};
-
-/// A game in a window where the real one has its own, on a handheld that is switched on for it.
-struct Game
-{
-    SwitchedOn on{programResources()};
-    HWND window{};
-    GameSession session;
-    InputState input;
-
-    Game()
-    {
-        WNDCLASSW windowClass{};
-        windowClass.lpfnWndProc = DefWindowProcW;
-        windowClass.lpszClassName = u"Bench";
-        RegisterClassW(&windowClass);
-        window = CreateWindowExW(0, u"Bench", u"", WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT,
-                                 CW_USEDEFAULT, CW_USEDEFAULT, {}, {}, {}, nullptr);
-        ShowWindow(window, SW_SHOW);
-        windowDC = GetDC(window);
-        screenSurface = new Surface(windowDC, screenWidth, screenHeight);
-        session.create(window);
-        session.newGame(window);
-        session.tick(window, input);
-    }
-    ~Game()
-    {
-        session.destroy(window);
-        deleteSurface(screenSurface);
-    }
-    Game(const Game &) = delete;
-    Game &operator=(const Game &) = delete;
-
-    /// On to the next tick. The piece falls through the upper half of the well, again and again.
-    void advanceClock()
-    {
-        on.host.clock += timing::tick;
-        if (session.playfield.piece.y > wellRows / 2) {
-            session.playfield.piece.y = 0;
-        }
-    }
-};
 
 /// A black picture in a device context; both last until the handheld is switched off.
 HDC makePicture(int width, int height)
@@ -98,13 +57,8 @@ void copyMemory(State &state)
 void tickPieceMoved(State &state)
 {
     Game game;
-    game.session.gravityMs = timing::tick; // it falls in every tick
-    game.session.deadline = game.session.now;
     for (auto _ : state) {
-        game.advanceClock();
-        const std::int32_t before = game.session.playfield.piece.y;
-        game.session.tick(game.window, game.input);
-        if (game.session.playfield.piece.y == before) {
+        if (!game.fall()) {
             state.SkipWithError("the piece does not move");
         }
     }
@@ -113,14 +67,9 @@ void tickPieceMoved(State &state)
 void repaint(State &state)
 {
     Game game;
-    const auto blocks = static_cast<int>(state.range(0));
-    for (int i = 0; i < blocks; ++i) {
-        game.session.playfield.setCell(i % wellColumns, wellRows - 1 - i / wellColumns,
-                                       static_cast<TetrominoType>(i % tetrominoCount));
-    }
+    game.settle(static_cast<int>(state.range(0)));
     for (auto _ : state) {
-        game.session.dirty = dirty::everything;
-        game.session.paint(game.window, HDC{});
+        game.repaint();
     }
 }
 
@@ -128,9 +77,7 @@ void update(State &state)
 {
     Game game;
     for (auto _ : state) {
-        game.advanceClock();
-        game.session.now += timing::tick;
-        game.session.update(game.input);
+        game.update();
     }
 }
 

@@ -1,13 +1,15 @@
 #!/usr/bin/env node
-// What the page costs: bytes, requests, time to the first picture, work at rest and in play.
-//   bench/web.js [PAGE-FOLDER]       from the root of the project, with tests/web's packages installed
+// What the page costs: bytes, requests, time to the first picture, work at rest and in play, and the game's own work
+// beside that of this machine's code. `bench/run page` builds what it needs and starts it.
+//   bench/web.js [PAGE-FOLDER [TICKS-OF-THE-PAGE [TICKS-OF-THIS-MACHINE]]]
+import {execFileSync} from 'node:child_process';
 import {readFileSync, readdirSync, existsSync} from 'node:fs';
 import {createServer} from 'node:http';
 import {extname, join} from 'node:path';
 import {chromium, firefox} from '../tests/web/puppets.js';
 import {webkit} from '../tests/web/webkit.js';
 
-const page = process.argv[2] ?? 'build/web';
+const [page = 'build/web', ticksFolder = 'build/web-objects', nativeTicks = 'build/bench/bench/ticks'] = process.argv.slice(2);
 const bare = new URL('bare', import.meta.url).pathname;
 const ROUNDS = 25, SLOW = 400e3, LATENCY = 40;
 const TYPES = {'.html': 'text/html', '.js': 'text/javascript', '.css': 'text/css', '.wasm': 'application/wasm',
@@ -129,22 +131,43 @@ async function slowLine() {
   await visit.end();
 }
 
-/** The share of a core that the page's own process takes. */
-async function work() {
+/** What runs a page, by engine, and where all of an engine's processes come from. */
+const RENDERERS = {Chromium: /--type=renderer/, Firefox: /-contentproc.*\btab\b/, WebKit: /WebKitWebProcess/};
+const rootOf = (engine) => (engine.browser?.process() ?? engine.driver).pid;
+const fact = (path) => { try { return readFileSync(`/proc/${path}`, 'utf8'); } catch { return ''; } };
+
+function isBelow(process, root) {
+  for (; process > 1; process = Number(/\) \S (\d+)/.exec(fact(`${process}/stat`))?.[1])) {
+    if (process === root) {
+      return true;
+    }
+  }
+  return false;
+}
+
+/** What the main threads of the engine's pages have taken so far, by process: seconds of a core, and times they were woken. */
+function taken(engine) {
+  const pages = readdirSync('/proc').filter((name) => RENDERERS[engine.name].test(fact(`${name}/cmdline`).replaceAll('\0', ' ')) &&
+                                                      isBelow(Number(name), rootOf(engine)));
+  return new Map(pages.map((name) => [name, [
+    Number(fact(`${name}/task/${name}/schedstat`).split(' ')[0]) / 1e9,
+    Number(/\nvoluntary_ctxt_switches:\s*(\d+)/.exec(fact(`${name}/task/${name}/status`))?.[1])]]));
+}
+
+/** The share of a core that the page's main thread takes. */
+async function work(engine) {
   const server = await serve(page);
-  const visit = await chromium.begin({width: 1280, height: 1000});
+  await engine.launch();
+  const visit = await engine.begin({width: 1280, height: 1000});
   const tab = await visit.open();
   await tab.goto(server.address);
-  const session = await tab.page.createCDPSession();
-  await session.send('Performance.enable');
-  const busy = async () => {
-    const {metrics} = await session.send('Performance.getMetrics');
-    return metrics.find(({name}) => name === 'TaskDuration').value;
-  };
-  const share = async (name) => {
-    const before = await busy();
-    await sleep(10000);
-    row(name, `${((await busy() - before) * 10).toFixed(2)} %`);
+  const share = async (what, act = () => sleep(10000)) => {
+    const begin = performance.now(), before = taken(engine);
+    await act();
+    const seconds = (performance.now() - begin) / 1000, after = taken(engine);
+    const both = [...before.keys()].filter((name) => after.has(name)); // browsers begin and end some that show no page
+    const [core, wakes] = [0, 1].map((i) => both.reduce((sum, name) => sum + after.get(name)[i] - before.get(name)[i], 0) / seconds);
+    row(`${engine.name}: ${what}`, `${(core * 100).toFixed(2)} %`, `${wakes.toFixed(0)} wakes/s`);
   };
   await sleep(3000);
   await share('title page, of a core');
@@ -158,28 +181,75 @@ async function work() {
     await tab.point(kind, box.x + box.width / 2, box.y + box.height * 0.755);
   }
   const says = (text) => waitFor(() => tab.evaluate((text) => document.querySelector('#state').textContent.includes(text), text));
+  const press = async (key) => {
+    await tab.keyDown(key);
+    await sleep(100);
+    await tab.keyUp(key);
+  };
   await says('Marathon');
+  await sleep(1000);
   await share('in play, of a core');
-  await tab.keyDown('p');
-  await tab.keyUp('p');
+  await share('in play, two buttons a second', async () => {
+    for (const key of ['ArrowLeft', 'ArrowRight', 'x', 'z', 'ArrowLeft', 'ArrowRight', 'x', 'z'].flatMap((key) => [key, key])) {
+      await press(key);
+      await sleep(400);
+    }
+  });
+  await press('p');
   await says('Paused');
-  await share('paused, of a core');
+  await sleep(5000);
+  await share('paused');
   await tab.evaluate(() => {
     const pad = {index: 0, id: 'pad', mapping: 'standard', axes: [0, 0, 0, 0], buttons: Array.from({length: 17}, () => ({pressed: false}))};
     navigator.getGamepads = () => [pad];
     dispatchEvent(Object.assign(new Event('gamepadconnected'), {gamepad: pad}));
   });
-  await share('paused, with a controller, of a core');
+  await share('paused, with a controller');
   await visit.end();
+  await engine.end();
 }
 
+/** Runs bench/ticks.cpp in a page. */
+async function ticksIn(engine) {
+  const server = await serve(ticksFolder);
+  await engine.launch({JSC_useBBQJIT: '1', JSC_useOMGJIT: '1'}); // nothing sounds: it may compile
+  const visit = await engine.begin({width: 800, height: 900});
+  const tab = await visit.open();
+  await tab.goto(`${server.address}ticks.js`);
+  const lines = await tab.evaluate(async () => {
+    const lines = [];
+    const {default: run} = await import('/ticks.js');
+    await run({print: (line) => lines.push(line)});
+    return lines;
+  });
+  await visit.end();
+  await engine.end();
+  return lines;
+}
+
+/** Nanoseconds, by name. */
+const times = (lines) => Object.fromEntries(lines.map((line) => line.split(' ')));
+
+async function ticks(engines) {
+  const own = () => times(execFileSync(nativeTicks, {encoding: 'utf8'}).trim().split('\n'));
+  for (const engine of engines) {
+    const before = own(), there = times(await ticksIn(engine)), after = own();
+    for (const name of Object.keys(there)) {
+      row(`${engine.name}: ${name}, in the page by native`, `${Math.round(there[name])} ns`,
+          (there[name] / Math.min(before[name], after[name])).toFixed(2));
+    }
+  }
+}
+
+const engines = [chromium, firefox, webkit].filter((engine) => !engine.missing);
 sizes();
-for (const engine of [chromium, firefox, webkit].filter((engine) => !engine.missing)) {
+await ticks(engines);
+for (const engine of engines) {
   await requests(engine);
+  await work(engine);
 }
 await chromium.launch();
 await starts();
 await slowLine();
-await work();
 await chromium.end();
 process.exit();

@@ -2,6 +2,8 @@
 // it decides, for example, what a button does in the tick in which a piece locks.
 #include "engine/game_session.h"
 
+#include <algorithm>
+
 // The life of a game ------------------------------------------------------------------------------
 
 void GameSession::newGame(HWND window)
@@ -96,6 +98,24 @@ void GameSession::tick(HWND window, InputState &input)
     if (state == GameState::Ending && since(deadline) > 0) {
         state = GameState::Over;
     }
+}
+
+std::optional<std::int32_t> GameSession::nextChange(const InputState &input) const
+{
+    if (dirty != 0 || input.anyHeld()) {
+        return now;
+    }
+    if (state == GameState::Paused) {
+        return std::nullopt;
+    }
+    if (state != GameState::Running || phase == Phase::Clearing) {
+        return now;
+    }
+    if (!isUltra()) {
+        return deadline;
+    }
+    const int quiet = std::min(timeLeft % timing::ticksPerSecond, timeLeft - 1); // ticks
+    return after(std::min(timing::between(now, deadline), (quiet + 1) * timing::tick));
 }
 
 void GameSession::handlePauseButton(HWND window, const InputState &input)

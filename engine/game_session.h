@@ -9,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include <windows.h>
 
@@ -123,6 +124,9 @@ struct GameSession
     /// Redraws what is dirty and copies the play screen to `target`, or to the window's own device
     /// context when that is none. Returns 1.
     int paint(HWND window, HDC target);
+    /// The moment before which no tick changes what is seen or heard, as long as no button goes
+    /// down; none when that is for ever.
+    std::optional<std::int32_t> nextChange(const InputState &input) const;
 
     // The rules.
 

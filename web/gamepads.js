@@ -41,6 +41,7 @@ function moved(pad, before) {
   return button >= 0 ? {button} : axis >= 0 ? {axis, at: pad.axes[axis]} : null;
 }
 
+/** How a controller is while nothing is pressed. */
 const rest = (pad) => ({buttons: pad.buttons.map(({pressed}) => pressed), axes: [...pad.axes]});
 
 /**
@@ -49,7 +50,7 @@ const rest = (pad) => ({buttons: pad.buttons.map(({pressed}) => pressed), axes: 
  */
 export async function teach(show) {
   const [pad] = raw().filter(({mapping}) => mapping !== 'standard');
-  const atRest = {buttons: pad.buttons.map(({pressed}) => pressed), axes: [...pad.axes]};
+  const atRest = rest(pad);
   const lesson = {buttons: {}, axes: {}};
   for (const [name, place, kind] of LESSONS) {
     const found = await learn(pad.index, atRest, kind, (skip) => show(`Press what is to ${name}.`, skip));

@@ -47,7 +47,7 @@ const store = new Store({
   makeRoom: () => session.drop(),
 });
 const session = new Session();
-const sound = new Sound();
+const sound = new Sound(() => runs);
 const screen = new Screen(element('screen'), settings);
 const controls = new Controls(send, screen, sound, () => away, () => runs);
 
@@ -69,6 +69,9 @@ const page = {
   state(kind, text) {
     runs = kind === 'game' || kind === 'level';
     stayAwake(runs && !away);
+    if (!away) {
+      sound.stir();
+    }
     element('state').textContent = text;
   },
   report: notice,

@@ -1,10 +1,14 @@
 // The loudspeaker. Browsers allow sound only after the first gesture; until then it is silent.
 const RATE = 22050;
+const REST = 3000; // milliseconds after which it sleeps while no game runs: longer than any sound
 
 export class Sound {
   context = null;
   sources = new Set();
   queueEnd = 0;
+
+  /** `isRunning` says whether a game runs, which may be heard at any moment. */
+  constructor(isRunning) { this.isRunning = isRunning; }
 
   exists() { return 'AudioContext' in window; }
 
@@ -12,10 +16,20 @@ export class Sound {
   wake() {
     if (this.exists()) {
       this.context ??= new AudioContext({sampleRate: RATE, latencyHint: 'interactive'});
-      if (this.context.state !== 'running') {
-        this.context.resume();
-      }
+      this.stir();
     }
+  }
+
+  /** Called when a game begins or stops to run. A loudspeaker that waits, even silent, keeps the machine busy. */
+  stir() {
+    if (!this.context) {
+      return;
+    }
+    if (this.context.state !== 'running') {
+      this.context.resume();
+    }
+    clearTimeout(this.resting);
+    this.resting = setTimeout(() => this.isRunning() || this.rest(), REST);
   }
 
   /** While the game is away the machine's sound may sleep. */

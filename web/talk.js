@@ -7,10 +7,12 @@ let asked = () => {};
 /** Has `act` called when a question is there. */
 export function whenAsked(act) { asked = act; }
 
+let fading;
 export function notice(text) {
   element('notice').textContent = text;
   element('notice').hidden = false;
-  setTimeout(() => { element('notice').hidden = true; }, 8000);
+  clearTimeout(fading);
+  fading = setTimeout(() => { element('notice').hidden = true; }, 8000);
 }
 
 /**

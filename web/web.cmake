@@ -14,12 +14,20 @@ set_target_properties(glimra-web PROPERTIES OUTPUT_NAME glimra LINK_DEPENDS ${pa
 # The stack that Asyncify keeps while the program is suspended must hold every call between main
 # and the host's wait. Memory grows when a store is unusually big. Data begins at
 # 64 KiB, for what is passed as a name and lies below that is a number.
+set(page_options
+    --js-library ${page_library} -sASYNCIFY -sASYNCIFY_IMPORTS=['pageSleep']
+    "-sASYNCIFY_REMOVE=['gdi::*','registry::*','resources::*','theme::*','base::*']"
+    -sASYNCIFY_STACK_SIZE=65536 -sINITIAL_MEMORY=16777216 -sALLOW_MEMORY_GROWTH -sGLOBAL_BASE=65536 -sMODULARIZE -sEXPORT_ES6
+    -sUSE_ES6_IMPORT_META -sENVIRONMENT=web -sFILESYSTEM=0 -sDYNAMIC_EXECUTION=0 -sSUPPORT_LONGJMP=0)
 target_link_options(
-  glimra-web PRIVATE --js-library ${page_library} -sASYNCIFY -sASYNCIFY_IMPORTS=['pageSleep']
-  "-sASYNCIFY_REMOVE=['gdi::*','registry::*','resources::*','theme::*','base::*']"
-  -sASYNCIFY_STACK_SIZE=65536 -sINITIAL_MEMORY=16777216 -sALLOW_MEMORY_GROWTH -sGLOBAL_BASE=65536 -sMODULARIZE -sEXPORT_ES6
-  -sUSE_ES6_IMPORT_META -sENVIRONMENT=web -sFILESYSTEM=0 -sDYNAMIC_EXECUTION=0
-  -sSUPPORT_LONGJMP=0 -sEXPORTED_FUNCTIONS=_main,_free,_faultInStore,_faultInRecord,_catchUp,_seek,_keyDown,_keyUp,_moveFinger,_stylusDown,_stylusMove,_stylusUp,_controllerButton,_controllerAxis,_controllerGone,_setAway,_askForHelp -sEXPORTED_RUNTIME_METHODS=allocateUTF8,UTF8ToString)
+  glimra-web PRIVATE ${page_options}
+  -sEXPORTED_FUNCTIONS=_main,_free,_faultInStore,_faultInRecord,_catchUp,_seek,_keyDown,_keyUp,_moveFinger,_stylusDown,_stylusMove,_stylusUp,_controllerButton,_controllerAxis,_controllerGone,_setAway,_askForHelp -sEXPORTED_RUNTIME_METHODS=allocateUTF8,UTF8ToString)
+
+# What bench/web.js runs in a page to time the game's own work there.
+add_executable(ticks EXCLUDE_FROM_ALL bench/ticks.cpp tests/support/fake_host.cpp)
+target_include_directories(ticks PRIVATE tests)
+target_link_libraries(ticks PRIVATE program)
+target_link_options(ticks PRIVATE ${page_options})
 
 find_program(ESBUILD esbuild REQUIRED)
 file(GLOB page_files CONFIGURE_DEPENDS

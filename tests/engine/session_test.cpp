@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/game_session.h"
+#include "engine/random.h"
 #include "support/fake_host.h"
 
 namespace {
@@ -103,6 +104,39 @@ TEST_F(Session, RefreshesTheUltraClockEverySecond)
     EXPECT_EQ(refreshes, 5);
     EXPECT_EQ(ticks(1) & dirty::well, dirty::well);
     EXPECT_EQ(session.state, GameState::Ending);
+}
+
+/// A host may be late to the ticks before it: none of them redraws anything or sounds.
+TEST_F(Session, KnowsItsNextChange)
+{
+    int quietTicks = 0;
+    for (int game = 0; game < 40; ++game) {
+        session.mode = game % 2 == 0 ? GameMode::Marathon : GameMode::Ultra2Min;
+        session.startLevel = game % 10;
+        session.newGame(HWND{});
+        session.timeLeft = 500;
+        fillRow(19, false);
+        putO(16);
+        std::optional<Action> down;
+        while (session.state == GameState::Running) {
+            const int chance = drawRandom() % 40;
+            const bool same = chance > static_cast<int>(actionCount);
+            if (!same) {
+                down = chance > 0 ? std::optional(static_cast<Action>(chance - 1)) : std::nullopt;
+            }
+            session.dirty = 0;
+            session.soundEvent = SoundEvent::None;
+            const bool quiet = session.nextChange(input) > session.after(timing::tick);
+            const bool changed = ticks(1, down) != 0 || session.soundEvent != SoundEvent::None;
+            EXPECT_FALSE(quiet && (same || !down) && changed);
+            quietTicks += quiet;
+        }
+        ticks(1);
+    }
+    EXPECT_GT(quietTicks, 1000);
+    session.pause();
+    session.dirty = 0;
+    EXPECT_EQ(session.nextChange(input), std::nullopt);
 }
 
 TEST_F(Session, HoldShowsAtOnceAndCanBeDisabled)

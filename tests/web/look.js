@@ -21,7 +21,7 @@ const boxes = (tab) => tab.evaluate(() => Object.fromEntries(['#bezel', '#menu-b
   .flatMap((selector) => [...document.querySelectorAll(selector)]).filter((element) => element.checkVisibility())
   .map((element) => {
     const {left, top, right, bottom, width, height} = element.getBoundingClientRect();
-    return [element.id || `key ${element.dataset.key}`, {left, top, right, bottom, width, height}];
+    return [element.id || `key ${element.dataset.button}`, {left, top, right, bottom, width, height}];
   })));
 const apart = (a, b) => a.left >= b.right - 0.1 || b.left >= a.right - 0.1 || a.top >= b.bottom - 0.1 || b.top >= a.bottom - 0.1;
 

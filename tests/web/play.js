@@ -150,7 +150,7 @@ export function play({walk, needs}) {
       await setButton(tab, 16 - i, true);
       await eventually(async () => !asked.test(await textOf(tab, '#question')), 'it is taken');
       await setButton(tab, 16 - i, false);
-      await sleep(300);
+      await tab.evaluate(() => new Promise((resolve) => { requestAnimationFrame(resolve); })); // it has been seen
     }
     for (const asked of [/tap/, /stylus right/, /stylus down/]) {
       await says(tab, '#question', asked);

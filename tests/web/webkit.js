@@ -115,7 +115,8 @@ export const webkit = {
     size: `its window is at least ${NARROWEST} pixels wide`,
   },
 
-  async launch() {
+  /** With `settings` in its environment. */
+  async launch(settings = {}) {
     this.display = spawn('Xvfb', ['-displayfd', '3', '-screen', '0', '1600x1300x24'], {stdio: ['ignore', 'ignore', 'ignore', 'pipe']});
     process.on('exit', () => this.display.kill());
     const [number] = await once(this.display.stdio[3], 'data');
@@ -123,7 +124,7 @@ export const webkit = {
     this.address = `http://127.0.0.1:${port}`;
     // While it compiles WebAssembly anew it interrupts its main thread hundreds of times a second. An interruption just
     // when its first sound has it look for the session's bus is taken for a failure and ends it. So it only interprets.
-    const env = {...process.env, DISPLAY: `:${String(number).trim()}`, JSC_useBBQJIT: '0', JSC_useOMGJIT: '0'};
+    const env = {...process.env, DISPLAY: `:${String(number).trim()}`, JSC_useBBQJIT: '0', JSC_useOMGJIT: '0', ...settings};
     this.driver = spawn(COMMAND, [`--port=${port}`], {stdio: ['ignore', 'ignore', 'pipe'], env});
     this.driver.stderr.on('data', (text) => { this.said = `${this.said ?? ''}${text}`.slice(-1000); });
     process.on('exit', () => this.driver.kill());

@@ -16,9 +16,6 @@ void pageSleep(double milliseconds);
 /// Draws pixels of red, green, blue and opacity, 8 bits each; only the given area has changed.
 void pageDraw(const std::uint8_t *pixels, int width, int height, int left, int top, int areaWidth,
               int areaHeight);
-/// What the program is doing, for who cannot see it: `kind` is one of the page's words for it,
-/// `text` a sentence.
-void pageState(const char *kind, const char *text);
 /// A button of the handheld's face, by name (key_table.h), went down or up.
 void pageShowButton(const char *name, bool down);
 void pageTitle(const char *title);

@@ -20,7 +20,6 @@ mergeInto(LibraryManager.library, {
     const frame = new Uint8ClampedArray(HEAPU8.buffer, pixels, width * height * 4);
     Module.page.draw(frame, width, left, top, areaWidth, areaHeight);
   },
-  pageState: function(kind, text) { Module.page.state(UTF8ToString(kind), UTF8ToString(text)); },
   pageShowButton: function(name, down) { Module.page.showButton(UTF8ToString(name), Boolean(down)); },
   pageTitle: function(title) { Module.page.title(UTF8ToString(title)); },
   pageRaise: function() { window.focus(); },

@@ -1,6 +1,7 @@
 // The web host: the handheld in a browser page.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -17,12 +18,18 @@ struct State
     const char *kind;
     std::string text;
 };
-/// The state, when it has changed since the last call.
-using ChangedState = std::function<std::optional<State>()>;
+/// What the host asks the program before it sleeps.
+struct Program
+{
+    /// The state, when it has changed since the last call.
+    std::function<std::optional<State>()> changedState;
+    /// The program is to wake at `moment`. Until when may it be late, and catch up, without anyone
+    /// noticing, if nothing happens in the page?
+    std::function<std::uint32_t(std::uint32_t moment)> latest;
+};
 
-/// The one page there is, which is given each new state before the program sleeps. When the host
-/// goes, the page learns that the program has ended.
-std::unique_ptr<host::Host> open(ChangedState changedState);
+/// The one page there is. When the host goes, the page learns that the program has ended.
+std::unique_ptr<host::Host> open(Program program);
 
 /// The record that this instance of the program is to play.
 std::string givenRecord();

@@ -42,13 +42,13 @@ void convert(const host::Pixel *source, std::uint8_t *target, int count)
 
 } // namespace
 
-std::unique_ptr<host::Host> open(ChangedState changedState)
+std::unique_ptr<host::Host> open(Program program)
 {
-    return std::make_unique<WebHost>(std::move(changedState));
+    return std::make_unique<WebHost>(std::move(program));
 }
 
-WebHost::WebHost(ChangedState changedState)
-    : changedState_(std::move(changedState)), timeline_(pageTicks()),
+WebHost::WebHost(Program program)
+    : program_(std::move(program)), timeline_(pageTicks()),
       input_(pageTicks, [this](const Event &event) { emit(event); })
 {
     theHost = this;
@@ -75,22 +75,35 @@ void WebHost::emit(const Event &event)
 
 std::optional<Event> WebHost::wait(std::optional<std::uint32_t> deadline)
 {
-    return timeline_.wait(deadline, pageTicks, [&] {
-        showPointer();
-        if (const auto state = changedState_()) {
-            pageState(state->kind, state->text.c_str());
+    const std::uint32_t before = ticks();
+    const auto event = timeline_.wait(deadline, pageTicks, [&] { sleep(deadline); });
+    if (event || ticks() != before) {
+        alert_ = event.has_value();
+    }
+    return event;
+}
+
+/// Each waking costs the browser much more than what the program then does, so it wakes only for
+/// moments that matter. What was due meanwhile it does afterwards, each at its own moment.
+void WebHost::sleep(std::optional<std::uint32_t> deadline)
+{
+    showPointer();
+    if (const auto state = program_.changedState()) {
+        pageState(state->kind, state->text.c_str());
+    }
+    if (deadline && !alert_) {
+        deadline = program_.latest(*deadline);
+    }
+    const std::uint32_t now = pageTicks();
+    int longest = -1;
+    for (const auto moment : {input_.due(), deadline}) {
+        if (moment) {
+            const int left = std::max(0, host::distance(now, *moment));
+            longest = longest < 0 ? left : std::min(longest, left);
         }
-        const std::uint32_t now = pageTicks();
-        int longest = -1;
-        for (const auto moment : {input_.due(), deadline}) {
-            if (moment) {
-                const int left = std::max(0, host::distance(now, *moment));
-                longest = longest < 0 ? left : std::min(longest, left);
-            }
-        }
-        pageSleep(longest);
-        input_.advance();
-    });
+    }
+    pageSleep(longest);
+    input_.advance();
 }
 
 // Screen -----------------------------------------------------------------------------------------

@@ -14,7 +14,7 @@ namespace web {
 class WebHost final : public host::Host
 {
 public:
-    explicit WebHost(ChangedState changedState);
+    explicit WebHost(Program program);
     WebHost(const WebHost &) = delete;
     WebHost &operator=(const WebHost &) = delete;
     ~WebHost() override;
@@ -51,10 +51,12 @@ public:
 
 private:
     void emit(const host::Event &event);
+    void sleep(std::optional<std::uint32_t> deadline);
     void draw(const host::Area &area);
     void showPointer();
 
-    ChangedState changedState_;
+    Program program_;
+    bool alert_ = true; ///< something has happened since the program last woke by the clock
     host::Timeline timeline_;
     host::InputMapper input_;
     host::Frame frame_;
