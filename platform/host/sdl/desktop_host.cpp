@@ -77,8 +77,10 @@ void DesktopHost::keepPlace()
 
 std::optional<Event> DesktopHost::wait(std::optional<std::uint32_t> deadline)
 {
-    if (deadline && !host::isBefore(machineTicks(), *deadline)) {
-        takeEvents(); // a late program does not come to SDL's wait, which looks for them
+    const bool late = deadline && host::isBefore(ticks(), *deadline) &&
+                      !host::isBefore(machineTicks(), *deadline);
+    if (late) {
+        takeEvents(); // SDL's wait, which it will not come to, would look for them
     }
     return timeline_.wait(deadline, machineTicks, [&] { sleep(deadline); });
 }
