@@ -1,5 +1,5 @@
-"""How long a key takes to change the picture, measured by another client of the display: it sends the key through the
-XTest extension, and the Damage extension reports the first pixels that change."""
+"""What another client of the display sees: how long a key takes to change the picture, and when a window comes up. The
+key is sent through the XTest extension, and the Damage extension reports the first pixels that change."""
 import ctypes
 import random
 import select
@@ -54,3 +54,25 @@ def key_to_pixels(window, samples):
         assert seen, "the picture changes"
         times.append((seen - begin) * 1000)
     return sorted(times)
+
+
+class Door:
+    """Sees windows come up on the display."""
+
+    def __init__(self):
+        self.x11 = ctypes.CDLL("libX11.so.6")
+        self.x11.XOpenDisplay.restype = ctypes.c_void_p
+        self.x11.XDefaultRootWindow.restype = ctypes.c_ulong
+        self.display = ctypes.c_void_p(self.x11.XOpenDisplay(None))
+        substructure = ctypes.c_long(1 << 19)
+        self.x11.XSelectInput(self.display, ctypes.c_ulong(self.x11.XDefaultRootWindow(self.display)), substructure)
+        self.x11.XSync(self.display, 1)
+
+    def next_window(self):
+        """The moment when the next one is shown, in nanoseconds."""
+        event = (ctypes.c_int * 48)()
+        while event[0] != 19:  # MapNotify
+            self.x11.XNextEvent(self.display, event)
+        moment = time.monotonic_ns()
+        self.x11.XCloseDisplay(self.display)
+        return moment

@@ -1,6 +1,6 @@
 """Measures the game and prints each figure beside its goal. bench/run starts it.
 
-measure.py BUILD [speed|records|start|memory|size|idle|play|latency]...
+measure.py BUILD [speed|records|start|memory|size|idle|play|latency|peers]...
 """
 import json
 import os
@@ -11,7 +11,7 @@ import sys
 import tempfile
 import time
 
-from latency import key_to_pixels
+from latency import Door, key_to_pixels
 
 sys.path.append(str(pathlib.Path(__file__).parents[1] / "tests/model"))
 import compare  # noqa: E402 pylint: disable=wrong-import-position
@@ -48,6 +48,8 @@ def speed():
     report("BitBlt 240 x 268 / memcpy", ns["blit"] / copy)
     report("TransparentImage 11 x 11 / SDL_BlitSurface with a key", ns["tile"] / ns["tileSdl"], goal=0.8)
     report("DrawTextW of a value / BitBlt of its picture", ns["drawValue"] / ns["blitValue"], goal=3)
+    for scale in (3, 6):
+        report(f"a moved piece's picture, enlarged {scale} times / memcpy", ns[f"enlarge/{scale}"] / copy)
     report("recording a minute of play: 1 % of a core is 600", ns["recordMinute"] / 1e6, "ms", 600)
 
 
@@ -86,8 +88,11 @@ class Running:
         begin = time.monotonic_ns()
         self.process = subprocess.Popen([str(word) for word in command], env=environment, cwd=self.folder.name,
                                         stdout=subprocess.PIPE)
-        self.milliseconds = (int(self.process.stdout.readline()) - begin) / 1e6
+        self.milliseconds = (self.first_sight() - begin) / 1e6
         self.facts = pathlib.Path(f"/proc/{self.process.pid}")
+
+    def first_sight(self):
+        return int(self.process.stdout.readline())
 
     def __enter__(self):
         return self
@@ -100,6 +105,10 @@ class Running:
 
     def resident_mib(self):
         return int((self.facts / "status").read_text().split("VmRSS:")[1].split()[0]) / 1024
+
+    def private_mib(self):
+        rollup = (self.facts / "smaps_rollup").read_text()
+        return sum(int(rollup.split(f"Private_{kind}:")[1].split()[0]) for kind in ("Clean", "Dirty")) / 1024
 
     def taken(self):
         """Wake-ups and nanoseconds of a core of all threads so far."""
@@ -118,8 +127,9 @@ class Running:
 
 
 class Game(Running):
-    def __init__(self):
-        super().__init__(BUILD / "glimra", "--store", "store", "--scale", SCALE)
+    def __init__(self, *options, scale=SCALE):
+        self.scale = scale
+        super().__init__(BUILD / "glimra", "--store", "store", "--scale", scale, *options)
 
     def xdotool(self, *words):
         search = ["search", "--onlyvisible", "--pid", self.process.pid, "--name", "^Glimra$", "windowfocus", "--sync"]
@@ -127,8 +137,13 @@ class Game(Running):
 
     def tap(self, x, y):
         time.sleep(0.5)
-        self.xdotool("mousemove", "--window", "%1", SCALE * x + 1, SCALE * y + 1, "click", 1)
+        self.xdotool("mousemove", "--window", "%1", self.scale * x + 1, self.scale * y + 1, "click", 1)
         time.sleep(0.5)
+
+
+class Unrecorded(Game):
+    def __init__(self):
+        super().__init__("--no-record")
 
 
 class Minimal(Running):
@@ -136,30 +151,45 @@ class Minimal(Running):
         super().__init__(BUILD / "bench/minimal_window", SCALE)
 
 
+class Peer(Running):
+    """Any program with a window; its first sight is that the window comes up."""
+
+    def __init__(self, *command):
+        self.door = Door()
+        super().__init__(*command)
+
+    def first_sight(self):
+        return self.door.next_window()
+
+
 def start():
-    times = {Minimal: [], Game: []}
+    times = {Minimal: [], Game: [], Unrecorded: []}
     for _ in range(41):
         for program, measured in times.items():
             with program() as started:
                 measured.append(started.milliseconds)
-    minimal, game = (statistics.median(measured) for measured in times.values())
+    minimal, game, unrecorded = (statistics.median(measured) for measured in times.values())
     report("minimal program, start to first frame", minimal, "ms")
     report("game, start to first frame / minimal program", game / minimal, goal=1.5)
+    report("the same, not recorded", unrecorded / minimal)
 
 
 def memory():
-    more, with_audio = [], []
+    more, unrecorded, with_audio = [], [], []
     for _ in range(5):
-        with Minimal() as minimal, Game() as game:
+        with Minimal() as minimal, Game() as game, Unrecorded() as other:
             time.sleep(1.5)
             least = minimal.resident_mib()
             more.append(game.resident_mib() - least)
+            unrecorded.append(other.resident_mib() - least)
+            other.process.kill()
             game.tap(120, 241)
             game.xdotool("key", "x")  # the first sound starts SDL's audio
             time.sleep(1)
             with_audio.append(game.resident_mib() - least)
     report("minimal program, resident memory", least, "MiB")
-    report("game, title page: more than that", statistics.median(more), "MiB", 4)
+    report("game, title page: more than that", statistics.median(more), "MiB", 3)
+    report("the same, not recorded", statistics.median(unrecorded), "MiB")
     report("game, in play, audio started: more than that", statistics.median(with_audio), "MiB")
 
 
@@ -180,14 +210,17 @@ def idle():
 
 
 def play():
-    with Game() as game:
-        game.tap(120, 241)
-        moves = [word for key in ("Left", "Right", "x", "z") * 10
-                 for word in ("keydown", key, "sleep", 0.1, "keyup", key, "sleep", 0.4)]
-        wakes, core = game.over(20, lambda: game.xdotool(*moves))
-        assert wakes > 1000 / 25, "a game is played"
-        report("in play, two buttons a second, of a core", core, "%", 1)
-        report("in play, wake-ups: ticks, buttons, loudspeaker", wakes, "/s")
+    moves = [word for key in ("Left", "Right", "x", "z") * 10
+             for word in ("keydown", key, "sleep", 0.1, "keyup", key, "sleep", 0.4)]
+    for what, goal, options, scale in (("in play, two buttons a second", 1, [], SCALE),
+                                       ("the same, not recorded", None, ["--no-record"], SCALE),
+                                       ("the same at scale 6, which fills a 4K screen", None, [], 6)):
+        with Game(*options, scale=scale) as game:
+            game.tap(120, 241)
+            wakes, core = game.over(20, lambda: game.xdotool(*moves))
+            assert wakes > 1000 / 25, "a game is played"
+            report(f"{what}, of a core", core, "%", goal)
+            report(f"{what}, wake-ups", wakes, "/s")
 
 
 def latency():
@@ -200,13 +233,31 @@ def latency():
         report("a key to its picture, the longest", times[-1], "ms", 41.7)
 
 
+def peers():
+    """The game beside two others of the distribution."""
+    for name, command in (("game", [BUILD / "glimra", "--store", "store", "--scale", SCALE]),
+                          ("sopwith", ["/usr/games/sopwith"]), ("sgt-puzzles", ["/usr/games/sgt-mines"])):
+        if not pathlib.Path(command[0]).exists():
+            print(f"{name}: skipped, it is not installed")
+            continue
+        times = []
+        for _ in range(11):
+            with Peer(*command) as program:
+                times.append(program.milliseconds)
+        report(f"{name}, start to window", statistics.median(times), "ms")
+        with Peer(*command) as program:
+            time.sleep(3)
+            report(f"{name}, memory that it shares with nobody", program.private_mib(), "MiB")
+            report(f"{name}, wake-ups while nothing is done", program.over(10)[0], "/s")
+
+
 reader, writer = os.pipe()
-server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-noreset"],
+server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "3840x2160x24", "-noreset"],
                           pass_fds=[writer], stderr=subprocess.DEVNULL)
 os.close(writer)
 os.environ["DISPLAY"] = ":" + os.read(reader, 20).decode().strip()
 try:
-    for measure in (speed, records, start, memory, size, idle, play, latency):
+    for measure in (speed, records, start, memory, size, idle, play, latency, peers):
         if measure is idle:
             os.environ["SDL_AUDIODRIVER"] = "dummy"  # the same on every machine, with a sound device or without
         if measure.__name__ in (sys.argv[2:] or measure.__name__):

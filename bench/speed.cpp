@@ -11,6 +11,7 @@
 
 #include "game.h"
 #include "host/files.h"
+#include "host/sdl/picture.h"
 #include "launch/game_subject.h"
 #include "record/recording_host.h"
 #include "render/graphics.h"
@@ -165,6 +166,27 @@ void blitValue(State &state)
     }
 }
 
+/// What the window does when a piece has moved by a column: its cells and its ghost's are enlarged.
+void enlarge(State &state)
+{
+    const int scale = static_cast<int>(state.range(0));
+    const desktop::Size picture{240, 320};
+    const desktop::Size window{picture.width * scale, picture.height * scale};
+    const std::vector<std::uint16_t> pixels(240 * 320, 1);
+    std::vector<std::uint32_t> target(static_cast<std::size_t>(window.width * window.height));
+    const desktop::Canvas canvas{reinterpret_cast<std::byte *>(target.data()),
+                                 static_cast<std::size_t>(window.width) * 4,
+                                 window,
+                                 16,
+                                 8,
+                                 0};
+    for (auto _ : state) {
+        desktop::drawEnlarged({pixels.data(), picture.width, picture.height}, {99, 48, 154, 268},
+                              {scale, 0, 0}, canvas);
+        ClobberMemory();
+    }
+}
+
 /// What recording adds to a minute of play with two buttons a second. The record goes to a file.
 void recordMinute(State &state)
 {
@@ -209,6 +231,7 @@ BENCHMARK(tile);
 BENCHMARK(tileSdl);
 BENCHMARK(drawValue);
 BENCHMARK(blitValue);
+BENCHMARK(enlarge)->Arg(3)->Arg(6);
 BENCHMARK(recordMinute);
 
 } // namespace

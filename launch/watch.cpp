@@ -4,10 +4,11 @@
 // a folder of their own.
 #include "launch/watch.h"
 
+#include <cinttypes>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <sstream>
 
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -90,10 +91,9 @@ int show(const Viewing &viewing, const View &view, const host::Descriptor &paren
     record::WatchingHost host(viewing.record, gameSubject(games), *window, view,
                               {[&](const View &next) {
                                    window->keepPlace();
-                                   std::ostringstream line;
-                                   line << "view " << next.position << ' ' << next.quarterSpeed
-                                        << ' ' << next.playing << '\n';
-                                   say(parent, line.str());
+                                   say(parent, "view " + std::to_string(next.position) + ' ' +
+                                                   std::to_string(next.quarterSpeed) +
+                                                   (next.playing ? " 1\n" : " 0\n"));
                                },
                                [&] { say(parent, "shown\n"); }});
     handheld::run(host, viewing.program, landscape ? 1 : 0);
@@ -112,14 +112,14 @@ public:
         begin({});
         for (;;) {
             const std::string line = readLine();
-            std::istringstream words(line);
-            std::string word;
-            words >> word;
-            if (word == "shown") {
+            View next;
+            int playing = 0;
+            if (line == "shown") {
                 end(former_);
-            } else if (word == "view") {
-                View next;
-                words >> next.position >> next.quarterSpeed >> next.playing;
+            } else if (std::sscanf(line.c_str(), "view %" SCNu64 " %d %d", &next.position,
+                                   &next.quarterSpeed, &playing) == 3)
+            {
+                next.playing = playing != 0;
                 end(former_);
                 former_ = present_;
                 begin(next);

@@ -8,8 +8,9 @@
 namespace desktop {
 namespace {
 
-constexpr int updateMilliseconds = 8;    ///< three times at least in a tick of the game
-constexpr int searchMilliseconds = 3000; ///< for a controller that comes back
+constexpr int updateMilliseconds = 8;           ///< three times at least in a tick of the game
+constexpr int searchMilliseconds = 3000;        ///< for a controller that comes back
+constexpr std::uint32_t lookMilliseconds = 400; ///< for the first one
 
 /// SDL's buttons by the numbers of the standard gamepad.
 constexpr int standardButtons[] = {0, 1, 2, 3, 8, 16, 9, 10, 11, 4, 5, 12, 13, 14, 15};
@@ -54,9 +55,11 @@ std::optional<int> Controllers::updateInterval() const
     return updateMilliseconds;
 }
 
-void Controllers::update()
+void Controllers::update(std::uint32_t now)
 {
-    if (started_ && !input_.isAway()) {
+    const bool due = !open_.empty() || now - updated_ >= lookMilliseconds;
+    if (started_ && !input_.isAway() && due) {
+        updated_ = now;
         SDL_GameControllerUpdate();
     }
 }

@@ -77,11 +77,12 @@ void DesktopHost::keepPlace()
 
 std::optional<Event> DesktopHost::wait(std::optional<std::uint32_t> deadline)
 {
-    takeEvents();
-    return timeline_.wait(deadline, machineTicks, [&] {
-        sleep(deadline);
-        takeEvents();
-    });
+    const bool late = deadline && host::isBefore(ticks(), *deadline) &&
+                      !host::isBefore(machineTicks(), *deadline);
+    if (late) {
+        takeEvents(); // SDL's wait, which it will not come to, would look for them
+    }
+    return timeline_.wait(deadline, machineTicks, [&] { sleep(deadline); });
 }
 
 void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
@@ -103,12 +104,16 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
             limit(host::remaining(now, *moment));
         }
     }
+    bool waitedInVain = false;
     {
         const RequestsLetIn requests;
-        withDisplay([&] { SDL_WaitEventTimeout(nullptr, longest.value_or(-1)); });
+        withDisplay(
+            [&] { waitedInVain = SDL_WaitEventTimeout(nullptr, longest.value_or(-1)) == 0; });
     }
-    controllers_.update();
-    loudspeaker_.tend(machineTicks());
+    const std::uint32_t woken = machineTicks();
+    controllers_.update(woken);
+    loudspeaker_.tend(woken);
+    waitedInVain ? takeQueuedEvents() : takeEvents();
 }
 
 /// Controllers do not keep it on by themselves.
@@ -120,10 +125,16 @@ void DesktopHost::keepScreenOn(bool on)
     }
 }
 
+/// Asking the display takes a dozen system calls.
 void DesktopHost::takeEvents()
 {
-    SDL_Event event;
     withDisplay(SDL_PumpEvents); // SDL_PollEvent may leave some for the next time
+    takeQueuedEvents();
+}
+
+void DesktopHost::takeQueuedEvents()
+{
+    SDL_Event event;
     while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) > 0) {
         handle(event);
     }

@@ -42,6 +42,7 @@ private:
     void sleep(std::optional<std::uint32_t> deadline);
     void keepScreenOn(bool on);
     void takeEvents();
+    void takeQueuedEvents();
     void handle(const SDL_Event &event);
     void handleWindow(const SDL_WindowEvent &event);
     void takeRequests();

@@ -207,9 +207,6 @@ bool ScreenWindow::draw(const host::Area &part, bool everything)
     if (!surface) {
         return false;
     }
-    if (everything) {
-        SDL_FillRect(surface, nullptr, SDL_MapRGB(surface->format, 0, 0, 0));
-    }
     const Size size{surface->w, surface->h};
     const SDL_PixelFormat &format = *surface->format;
     const Canvas canvas{static_cast<std::byte *>(surface->pixels),
@@ -219,6 +216,11 @@ bool ScreenWindow::draw(const host::Area &part, bool everything)
                         format.Gshift,
                         format.Bshift};
     const Placement placement = place(picture_, size);
+    const bool fills = picture_.width * placement.scale == size.width &&
+                       picture_.height * placement.scale == size.height;
+    if (everything && !fills) {
+        SDL_FillRect(surface, nullptr, SDL_MapRGB(surface->format, 0, 0, 0));
+    }
     const host::Area all{0, 0, frame_.width, frame_.height};
     const host::Area changed = drawEnlarged(frame_, everything ? all : part, placement, canvas);
     if (pointer_) {
