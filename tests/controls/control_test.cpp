@@ -1,6 +1,5 @@
 // The controls as a user meets them: with stylus and keys, in a dialog.
 #include "controls/dialog_words.h"
-#include "pilot/inspect.h"
 #include "user/icon.h"
 #include "user/program_test.h"
 
@@ -35,7 +34,7 @@ struct Control : ProgramTest
 
     void look(std::function<void(HWND dialog)> action)
     {
-        user.then([=] { action(GetActiveWindow()); });
+        host.act([=] { action(GetActiveWindow()); });
     }
 };
 
@@ -60,12 +59,12 @@ TEST_F(Control, EditBoxTakesTextAndKeys)
         for (const char unit : typed) {
             const auto key = keys.find(unit);
             if (key != keys.end()) {
-                user.press(key->second.first, key->second.second);
+                host.press(key->second.first, key->second.second);
             } else {
-                user.type(std::u16string(1, static_cast<char16_t>(unit)));
+                host.type(std::u16string(1, static_cast<char16_t>(unit)));
             }
         }
-        user.then([&wanted = expected, &how = typed] { EXPECT_EQ(textOf(10), wanted) << how; });
+        host.act([&wanted = expected, &how = typed] { EXPECT_EQ(textOf(10), wanted) << how; });
         end();
         runDialog(1, owner);
     }
@@ -73,18 +72,18 @@ TEST_F(Control, EditBoxTakesTextAndKeys)
 
 TEST_F(Control, EditBoxIsUsedWithTheStylusAndScrolls)
 {
-    user.type(u"\u00E9\u03B1\u0436 ab"); // the first of every word becomes a capital by default
-    user.type(u"cdefghijklmnopqrstuvwxyz0123456789");
-    user.stylus(host::Event::Kind::StylusDown, 2, 36);
-    user.stylus(host::Event::Kind::StylusMove, 89, 36);
+    host.type(u"\u00E9\u03B1\u0436 ab"); // the first of every word becomes a capital by default
+    host.type(u"cdefghijklmnopqrstuvwxyz0123456789");
+    host.stylus(host::Event::Kind::StylusDown, 2, 36);
+    host.stylus(host::Event::Kind::StylusMove, 89, 36);
     look([](HWND dialog) {
         WCHAR text[12];
         EXPECT_EQ(GetDlgItemTextW(dialog, 10, text, 12), 11U);
         EXPECT_EQ(text, std::u16string(u"\u00C9\u03B1\u0436 Abcdefg"));
         EXPECT_EQ(textOf(10).size(), 40U);
     });
-    user.stylus(host::Event::Kind::StylusUp, 89, 36);
-    user.type(u"!"); // replaces what is selected
+    host.stylus(host::Event::Kind::StylusUp, 89, 36);
+    host.type(u"!"); // replaces what is selected
     look([](HWND) {
         const std::u16string text = textOf(10);
         EXPECT_GT(text.size(), 6U); // the beginning had been scrolled out
@@ -115,21 +114,21 @@ LRESULT selection(HWND dialog, int id)
 
 TEST_F(Control, ComboBoxIsChosenFromByStylus)
 {
-    user.click(20);
+    host.tapAt(inspect::control, 20);
     look([](HWND dialog) {
         EXPECT_TRUE(inspect::openListItem(20, 4));
         EXPECT_FALSE(inspect::openListItem(20, 5));
         EXPECT_EQ(GetActiveWindow(), dialog);
     });
-    user.tapListItem(20, 1);
+    host.tapAt(inspect::openListItem, 20, 1);
     look([](HWND dialog) {
         EXPECT_EQ(selection(dialog, 20), 1);
         EXPECT_EQ(selection(dialog, 21), 0);
         EXPECT_FALSE(inspect::openListItem(20, 1));
         EXPECT_EQ(textOf(20), u"one");
     });
-    user.click(20);
-    user.click(21); // elsewhere: the first list closes, the other opens
+    host.tapAt(inspect::control, 20);
+    host.tapAt(inspect::control, 21); // elsewhere: the first list closes, the other opens
     look([](HWND dialog) {
         EXPECT_FALSE(inspect::openListItem(20, 1));
         EXPECT_TRUE(inspect::openListItem(21, 1));
@@ -149,15 +148,15 @@ TEST_F(Control, ComboBoxIsChosenFromByDraggingAndKeys)
         host.stylus(host::Event::Kind::StylusUp, field->centre.x, field->centre.y + 34);
     });
     look([](HWND dialog) { EXPECT_EQ(selection(dialog, 21), 1); });
-    user.press(VK_DOWN);
-    user.press(VK_F4);
-    user.press(VK_END);
+    host.press(VK_DOWN);
+    host.press(VK_F4);
+    host.press(VK_END);
     look([](HWND dialog) { EXPECT_EQ(selection(dialog, 21), 2); });
-    user.press(VK_RETURN);
+    host.press(VK_RETURN);
     look([](HWND dialog) { EXPECT_EQ(selection(dialog, 21), 4); });
-    user.press(VK_F4);
-    user.press(VK_HOME);
-    user.press(VK_ESCAPE);
+    host.press(VK_F4);
+    host.press(VK_HOME);
+    host.press(VK_ESCAPE);
     look([](HWND dialog) {
         EXPECT_EQ(selection(dialog, 21), 4);
         EXPECT_FALSE(inspect::openListItem(21, 4));
@@ -169,12 +168,12 @@ TEST_F(Control, ComboBoxIsChosenFromByDraggingAndKeys)
 TEST_F(Control, ButtonIsClickedWhereTheStylusIsLifted)
 {
     std::vector<int> clicks;
-    user.click(30);
-    user.click(31); // disabled
-    user.stylus(host::Event::Kind::StylusDown, 30, 50);
-    user.stylus(host::Event::Kind::StylusMove, 30, 200);
-    user.stylus(host::Event::Kind::StylusUp, 30, 200);
-    user.press(VK_SPACE);
+    host.tapAt(inspect::control, 30);
+    host.tapAt(inspect::control, 31); // disabled
+    host.stylus(host::Event::Kind::StylusDown, 30, 50);
+    host.stylus(host::Event::Kind::StylusMove, 30, 200);
+    host.stylus(host::Event::Kind::StylusUp, 30, 200);
+    host.press(VK_SPACE);
     end();
     runDialog(3, owner, [&](HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
         if (message == WM_COMMAND) {

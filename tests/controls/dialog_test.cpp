@@ -71,7 +71,7 @@ TEST(DialogTemplate, IsReadButNotWhenItIsCutShort)
 TEST_F(Dialog, DisablesItsOwnerAndGivesTheActivationBack)
 {
     recorder.noted = {WM_ACTIVATE};
-    user.then([&] {
+    host.act([&] {
         const HWND dialog = GetActiveWindow();
         EXPECT_EQ(GetFocus(), GetDlgItem(dialog, 10));
         EXPECT_EQ(recorder.takeLog(), Log{"A:activate 0 -"});
@@ -134,10 +134,10 @@ TEST_F(Dialog, KeysMoveTheFocusAndPressButtons)
     };
     for (const Case &each : cases) {
         for (const int key : each.keys) {
-            user.press(std::abs(key), key < 0);
+            host.press(std::abs(key), key < 0);
         }
         int focus = 0;
-        user.then([&] { focus = GetDlgCtrlID(GetFocus()); });
+        host.act([&] { focus = GetDlgCtrlID(GetFocus()); });
         end(100);
         EXPECT_EQ(runDialog(1, owner, endByCommand), each.result) << each.keys[0];
         EXPECT_EQ(focus, each.focus) << each.keys[0];
@@ -147,12 +147,12 @@ TEST_F(Dialog, KeysMoveTheFocusAndPressButtons)
 
 TEST_F(Dialog, TabSelectsTheTextThatItComesTo)
 {
-    user.press(VK_TAB);
-    user.type(u"ab");
-    user.press(VK_TAB);
-    user.press(VK_TAB, true);
-    user.type(u"c");
-    user.then([&] {
+    host.press(VK_TAB);
+    host.type(u"ab");
+    host.press(VK_TAB);
+    host.press(VK_TAB, true);
+    host.type(u"c");
+    host.act([&] {
         EXPECT_EQ(textOf(12), u"C");
         EXPECT_TRUE(host.textWanted);
     });
@@ -170,7 +170,7 @@ TEST_F(Dialog, APageWithoutControlsGetsEveryKeyOnce)
     {
         std::vector<WPARAM> taken;
         int messages = 0;
-        user.press(key);
+        host.press(key);
         end();
         runDialog(2, owner, [&](HWND, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
             const auto *asked = reinterpret_cast<const MSG *>(lParam);
@@ -193,7 +193,7 @@ TEST_F(Dialog, EscCancelsAndIsNotPolledAsItsButton)
     GXOpenInput();
     for (const bool wantsAllKeys : {false, true}) {
         std::vector<WPARAM> taken;
-        user.give({.kind = Kind::KeyDown, .key = VK_APP1, .escape = true});
+        host.give({.kind = Kind::KeyDown, .key = VK_APP1, .escape = true});
         end();
         runDialog(2, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             if (message == WM_KEYDOWN || message == WM_COMMAND) {
@@ -212,14 +212,14 @@ TEST_F(Dialog, EscCancelsAndIsNotPolledAsItsButton)
 TEST_F(Dialog, EndsAfterTheQuestionThatItAskedHasBeenAnswered)
 {
     // Losing the activation to its own question ends the page, which must stay until the answer.
-    user.press('Z');
+    host.press('Z');
     bool pageLives = false;
     int answer = 0;
-    user.then([&] {
+    host.act([&] {
         EXPECT_EQ(host.boxes, std::vector<std::u16string>{u"Caption|Question?"});
         pageLives = IsWindowVisible(GetParent(GetActiveWindow()));
     });
-    user.press('Y');
+    host.press('Y');
     const INT_PTR result =
         runDialog(2, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             if (message == WM_ACTIVATE && wParam == WA_INACTIVE) {
@@ -237,14 +237,14 @@ TEST_F(Dialog, EndsAfterTheQuestionThatItAskedHasBeenAnswered)
 
 TEST_F(Dialog, EndsWhileAnotherProgramIsAtTheFront)
 {
-    user.give({.kind = Kind::Background});
+    host.give({.kind = Kind::Background});
     const INT_PTR result =
         runDialog(2, owner, [](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             return message == WM_ACTIVATE && wParam == WA_INACTIVE ? EndDialog(page, 3) : FALSE;
         });
     EXPECT_EQ(result, 3);
     EXPECT_FALSE(GetActiveWindow());
-    user.give({.kind = Kind::Foreground});
+    host.give({.kind = Kind::Foreground});
     host.run();
     EXPECT_EQ(GetActiveWindow(), owner);
 }
@@ -253,7 +253,7 @@ TEST_F(Dialog, QuittingAndClosingEndEveryLoop)
 {
     const auto nest = [&](const std::function<void()> &action) {
         bool asked = false;
-        user.then(action);
+        host.act(action);
         return runDialog(2, owner, [&](HWND page, UINT message, WPARAM, LPARAM) -> INT_PTR {
             if (message == WM_SETFOCUS && !std::exchange(asked, true)) {
                 EXPECT_EQ(MessageBoxW(page, u"", u"", MB_OK), 0);

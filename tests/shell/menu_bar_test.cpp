@@ -1,6 +1,5 @@
 // The menu bar, its drop-downs and the menus behind them.
 #include "controls/dialog_words.h"
-#include "pilot/inspect.h"
 #include "user/menu.h"
 #include "user/program_test.h"
 
@@ -68,7 +67,7 @@ struct MenuBar : ProgramTest
     }
     void expectOpen(bool open)
     {
-        user.then([=] { EXPECT_EQ(inspect::menuOpen(), open); });
+        host.act([=] { EXPECT_EQ(inspect::menuOpen(), open); });
     }
 };
 
@@ -88,20 +87,20 @@ TEST_F(MenuBar, ItemsAreFoundGrayedAndReported)
 
 TEST_F(MenuBar, ItemsAreChosenByTappingOrDragging)
 {
-    user.tapMenuButton(0);
+    host.tapAt(inspect::menuBarButton, 0);
     expectOpen(true);
-    user.tapMenuItem(103);
+    host.tapAt(inspect::openMenuItem, 103);
     expectOpen(false);
     EXPECT_EQ(run(), Log{"A:command 103"});
     EXPECT_EQ(popups, Log{"0"});
 
-    user.then([&] {
+    host.act([&] {
         const auto button = inspect::menuBarButton(1);
-        user.stylus(Kind::StylusDown, button->centre.x, button->centre.y);
-        user.then([&] {
+        host.stylus(Kind::StylusDown, button->centre.x, button->centre.y);
+        host.act([&] {
             const auto item = inspect::openMenuItem(201);
-            user.stylus(Kind::StylusMove, item->centre.x, item->centre.y);
-            user.stylus(Kind::StylusUp, item->centre.x, item->centre.y);
+            host.stylus(Kind::StylusMove, item->centre.x, item->centre.y);
+            host.stylus(Kind::StylusUp, item->centre.x, item->centre.y);
         });
     });
     EXPECT_EQ(run(), Log{"A:command 201"});
@@ -110,20 +109,20 @@ TEST_F(MenuBar, ItemsAreChosenByTappingOrDragging)
 
 TEST_F(MenuBar, GrayedItemsDoNothingAndATapElsewhereIsSwallowed)
 {
-    user.tapMenuButton(0);
-    user.tapMenuItem(102);
+    host.tapAt(inspect::menuBarButton, 0);
+    host.tapAt(inspect::openMenuItem, 102);
     expectOpen(true);
-    user.then([&] { EXPECT_FALSE(inspect::openMenuItem(102)->enabled); });
-    user.tap(200, 100);
+    host.act([&] { EXPECT_FALSE(inspect::openMenuItem(102)->enabled); });
+    host.tap(200, 100);
     expectOpen(false);
     EXPECT_EQ(run(), Log{});
-    user.tap(200, 100);
+    host.tap(200, 100);
     EXPECT_EQ(run().size(), 2U);
 
-    user.tapMenuButton(0);
-    user.tapMenuButton(1); // the other button opens the other drop-down
-    user.then([] { EXPECT_TRUE(inspect::openMenuItem(201)); });
-    user.tapMenuButton(1); // its own closes it
+    host.tapAt(inspect::menuBarButton, 0);
+    host.tapAt(inspect::menuBarButton, 1); // the other button opens the other drop-down
+    host.act([] { EXPECT_TRUE(inspect::openMenuItem(201)); });
+    host.tapAt(inspect::menuBarButton, 1); // its own closes it
     expectOpen(false);
     EXPECT_EQ(run(), Log{});
 }
@@ -140,10 +139,10 @@ TEST_F(MenuBar, KeysMoveChooseAndDismiss)
         {{'A', VK_ESCAPE}, {}},
     };
     for (const auto &[keys, log] : cases) {
-        user.tapMenuButton(0);
+        host.tapAt(inspect::menuBarButton, 0);
         expectOpen(true);
         for (const int key : keys) {
-            user.press(key);
+            host.press(key);
         }
         expectOpen(false);
         EXPECT_EQ(run(), log) << keys.size();
@@ -162,7 +161,7 @@ TEST_F(MenuBar, TimersRunBehindAnOpenDropDownWhichADialogCloses)
         }
     });
     SetTimer(owner, 1, 25, nullptr);
-    user.tapMenuButton(0);
+    host.tapAt(inspect::menuBarButton, 0);
     run(100);
     EXPECT_EQ(ticks, 7); // 100 ms after the third
     EXPECT_FALSE(inspect::menuOpen());
@@ -172,21 +171,21 @@ TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
 {
     const auto bar = [&] { return IsWindowVisible(info.hwndMB) != FALSE; };
     EXPECT_TRUE(bar());
-    user.then([&] {
+    host.act([&] {
         EXPECT_TRUE(bar()); // beside a small dialog, but with no use
         EXPECT_FALSE(inspect::menuBarButton(0)->enabled);
-        user.tap(20, 310);
-        user.then([&] {
+        host.tap(20, 310);
+        host.act([&] {
             EXPECT_FALSE(inspect::menuOpen());
             EndDialog(GetActiveWindow(), 0);
         });
     });
     runDialog(6, owner);
-    user.then([&] {
+    host.act([&] {
         EXPECT_FALSE(bar());
-        user.then([&] {
+        host.act([&] {
             EXPECT_FALSE(bar()); // nor beside a box upon the page
-            user.press(VK_RETURN);
+            host.press(VK_RETURN);
             end();
         });
         MessageBoxW(GetActiveWindow(), u"", u"", MB_OK);
@@ -199,9 +198,9 @@ TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
 
 TEST_F(MenuBar, QuittingEndsTheLoopOfADropDown)
 {
-    user.tapMenuButton(0);
-    user.then([&] { DestroyWindow(owner); });
-    user.then([] { PostQuitMessage(0); });
+    host.tapAt(inspect::menuBarButton, 0);
+    host.act([&] { DestroyWindow(owner); });
+    host.act([] { PostQuitMessage(0); });
     run();
     EXPECT_FALSE(inspect::menuOpen());
     EXPECT_FALSE(IsWindow(info.hwndMB));

@@ -1,6 +1,5 @@
 // The OK button of the title bar, full-screen pages, and the input panel.
 #include "controls/dialog_words.h"
-#include "pilot/inspect.h"
 #include "user/program_test.h"
 
 namespace {
@@ -34,16 +33,16 @@ struct Shell : ProgramTest
 TEST_F(Shell, OkButtonIsThereForTheDialogsThatAskForIt)
 {
     EXPECT_FALSE(inspect::okButton());
-    user.tapOk();
+    host.tapAt(inspect::okButton);
     EXPECT_EQ(runDialog(1, owner, endByCommand), IDOK);
     EXPECT_FALSE(inspect::okButton());
 
-    user.then([] { EXPECT_FALSE(inspect::okButton()); }); // a plain dialog has none
+    host.act([] { EXPECT_FALSE(inspect::okButton()); }); // a plain dialog has none
     end();
     runDialog(2, owner);
 
-    user.tapOk();
-    user.then([] {});
+    host.tapAt(inspect::okButton);
+    host.act([] {});
     EXPECT_EQ(runDialog(2, owner, beFullScreen), IDOK);
 }
 
@@ -54,10 +53,10 @@ TEST_F(Shell, FullScreenPageFollowsTheDisplay)
         GetWindowRect(GetActiveWindow(), &rect);
         EXPECT_EQ(rect, (RECT{0, 26, right, bottom}));
     };
-    user.then([=] { expectRect(240, 320); });
-    user.give({.kind = host::Event::Kind::Turn, .orientation = 1});
-    user.then([=] { expectRect(320, 240); });
-    user.tapOk();
+    host.act([=] { expectRect(240, 320); });
+    host.give({.kind = host::Event::Kind::Turn, .orientation = 1});
+    host.act([=] { expectRect(320, 240); });
+    host.tapAt(inspect::okButton);
     runDialog(1, owner, beFullScreen);
 }
 
@@ -66,24 +65,24 @@ TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)
     SHInitExtraControls();
     SHInitExtraControls();
     const auto row = [](int index) { return 294 - 88 + 1 + index * 17 + 8; };
-    user.then([] { EXPECT_TRUE(panelIsUp()); });
-    user.tap(50, row(1)); // q, as the first letter a capital
-    user.tap(50, row(1));
-    user.tap(10, row(3)); // Shift
-    user.tap(50, row(1));
-    user.tap(10, row(0));  // 1
-    user.tap(120, row(4)); // space
-    user.tap(10, row(0));
-    user.tap(230, row(0)); // Backspace
-    user.type(u"x");       // the real keyboard goes on working; a new word
-    user.then([&] {
+    host.act([] { EXPECT_TRUE(panelIsUp()); });
+    host.tap(50, row(1)); // q, as the first letter a capital
+    host.tap(50, row(1));
+    host.tap(10, row(3)); // Shift
+    host.tap(50, row(1));
+    host.tap(10, row(0));  // 1
+    host.tap(120, row(4)); // space
+    host.tap(10, row(0));
+    host.tap(230, row(0)); // Backspace
+    host.type(u"x");       // the real keyboard goes on working; a new word
+    host.act([&] {
         EXPECT_EQ(textOf(10), u"QqQ1 X");
         SetFocus(GetDlgItem(GetActiveWindow(), IDOK));
         EXPECT_FALSE(panelIsUp());
         SetFocus(GetDlgItem(GetActiveWindow(), 10));
         EXPECT_TRUE(panelIsUp());
     });
-    user.tap(230, row(2)); // Enter
+    host.tap(230, row(2)); // Enter
     EXPECT_EQ(runDialog(2, owner, endByCommand), IDOK);
     EXPECT_FALSE(panelIsUp());
     recorder.noted = {WM_LBUTTONUP};

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "aygshell.h"
+#include "pilot/inspect.h"
 #include "user/recorder.h"
-#include "user/user_script.h"
 
 struct HandheldTest : testing::Test
 {
@@ -26,7 +26,6 @@ struct HandheldTest : testing::Test
     std::vector<std::byte> image;
     Recorder recorder{image};
     FakeHost &host = recorder.host;
-    UserScript user{host};
 };
 
 /// A program of one window, which owns the dialogs.
@@ -40,7 +39,7 @@ struct ProgramTest : HandheldTest
     /// Ends the dialog that is open then.
     void end(INT_PTR result = 0)
     {
-        user.then([=] { EndDialog(GetActiveWindow(), result); });
+        host.act([=] { EndDialog(GetActiveWindow(), result); });
     }
     /// The text of a control of the open dialog.
     static std::u16string textOf(int control)
