@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/utf.h"
 #include "host/moment.h"
 #include "winuser.h"
 
@@ -151,10 +152,9 @@ void FakeHost::setStoreAside()
 bool FakeHost::showHelp(std::u16string_view program, std::u16string_view arguments,
                         std::span<const std::byte> document, std::u16string_view anchor)
 {
-    std::u16string line{program};
-    help.push_back(line.append(u" ").append(arguments).append(u"|").append(anchor));
-    helpSize = document.size();
-    return helpWorks;
+    help.assign(program).append(u" ").append(arguments).append(u"|").append(anchor).append(u"|");
+    help += base::toUtf16(std::to_string(document.size()) + " bytes");
+    return true;
 }
 
 void FakeHost::messageBoxOpened(std::u16string_view caption, std::u16string_view text)

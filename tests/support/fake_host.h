@@ -61,9 +61,7 @@ public:
     int saves = 0;
     bool otherRuns = false;
     int otherRaised = 0;
-    bool helpWorks = true;
-    std::vector<std::u16string> help; ///< "PROGRAM ARGUMENTS|ANCHOR"
-    std::size_t helpSize = 0;         ///< of the page shown last, in bytes
+    std::u16string help; ///< shown last: "PROGRAM ARGUMENTS|ANCHOR|SIZE bytes"
     std::vector<std::string> reports;
     std::vector<std::u16string> boxes; ///< "CAPTION|TEXT"
     int timersHandled = 0;

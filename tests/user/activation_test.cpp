@@ -107,7 +107,7 @@ struct OneWindow : HandheldTest
     HWND a;
 };
 
-TEST_F(OneWindow, IsToldOfItsLifeStepByStep)
+TEST_F(OneWindow, LearnsOfItsLifeStepByStep)
 {
     EXPECT_EQ(recorder.takeLog(), (Log{"A:create", "A:size 100,100", "A:move 0,50", "A:show 1",
                                        "A:activate 1 -", "A:setfocus -", "A:paint"}));
