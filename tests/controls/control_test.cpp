@@ -1,37 +1,13 @@
 // The controls as a user meets them: with stylus and keys, in a dialog.
-#include "controls/dialog_words.h"
+#include "controls/run_dialog.h"
+#include "support/resource_image.h"
 #include "user/icon.h"
 #include "user/program_test.h"
 
 namespace {
 
-constexpr DWORD edit = WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL;
-constexpr DWORD comboBox = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
-
-/// 1 to 3: a dialog with a CAPEDIT, with two combo boxes, with buttons.
-std::vector<std::byte> makeImage()
-{
-    ResourceImage image;
-    image.add(
-        5, 1,
-        DialogWords(WS_POPUP, 0, 125, 69, u"").add(u"CAPEDIT", edit, {0, 0, 60, 13}, 10).words);
-    image.add(5, 2,
-              DialogWords(WS_POPUP, 0, 160, 160, u"")
-                  .add(u"COMBOBOX", comboBox, {10, 10, 60, 40}, 20)
-                  .add(u"COMBOBOX", comboBox, {10, 90, 60, 40}, 21)
-                  .words);
-    image.add(5, 3,
-              DialogWords(WS_POPUP, 0, 160, 160, u"")
-                  .add(u"BUTTON", WS_TABSTOP, {10, 10, 50, 12}, 30, u"Go")
-                  .add(u"BUTTON", WS_TABSTOP | WS_DISABLED, {10, 30, 50, 12}, 31, u"Stay")
-                  .words);
-    return image.bytes;
-}
-
 struct Control : ProgramTest
 {
-    Control() : ProgramTest(makeImage()) {}
-
     void expectSelected(int combo, int index)
     {
         host.act([=] {

@@ -2,7 +2,7 @@
 #include <utility>
 
 #include "controls/dialog_template.h"
-#include "controls/dialog_words.h"
+#include "controls/run_dialog.h"
 #include "gx.h"
 #include "user/program_test.h"
 
@@ -10,30 +10,7 @@ namespace {
 
 using Kind = host::Event::Kind;
 
-constexpr DWORD style = WS_POPUP | WS_CAPTION | DS_SETFONT;
-
-/// 1: buttons, one disabled and OK the default, and texts; 2: nothing that can have the focus.
-std::vector<std::byte> makeImage()
-{
-    ResourceImage image;
-    image.add(5, 1,
-              DialogWords(style, 0, 125, 69, u"First")
-                  .add(u"BUTTON", WS_TABSTOP, {7, 7, 50, 12}, 10, u"Ten")
-                  .add(u"BUTTON", WS_TABSTOP | WS_DISABLED, {7, 20, 50, 12}, 11, u"Eleven")
-                  .add(u"STATIC", 0, {7, 30, 50, 12}, -1, u"Text")
-                  .add(u"CAPEDIT", WS_TABSTOP, {60, 7, 50, 12}, 12)
-                  .add(u"EDIT", WS_TABSTOP, {60, 20, 50, 12}, 13)
-                  .add(u"BUTTON", WS_TABSTOP | BS_DEFPUSHBUTTON, {7, 48, 50, 14}, IDOK, u"OK")
-                  .words);
-    image.add(5, 2,
-              DialogWords(style, 0, 138, 154, u"").add(u"STATIC", 0, {15, 50, 110, 15}, 21).words);
-    return image.bytes;
-}
-
-struct Dialog : ProgramTest
-{
-    Dialog() : ProgramTest(makeImage()) {}
-};
+using Dialog = ProgramTest;
 
 TEST(DialogTemplate, TurnsUnitsToPixels)
 {
@@ -87,7 +64,7 @@ TEST_F(Dialog, DisablesItsOwnerAndGivesTheActivationBack)
         }
         return FALSE;
     };
-    EXPECT_EQ(runDialog(1, owner, procedure), 5);
+    EXPECT_EQ(runDialog(4, owner, procedure), 5);
     EXPECT_EQ(recorder.takeLog(), Log{"A:activate 1 -"});
     EXPECT_EQ(GetActiveWindow(), owner);
     EXPECT_EQ(DialogBoxIndirectParamW({}, nullptr, owner, handledDialog, 0), -1);
@@ -97,7 +74,7 @@ TEST_F(Dialog, DisablesItsOwnerAndGivesTheActivationBack)
 TEST_F(Dialog, GivesTheFocusBackHoweverItGoes)
 {
     const auto goes = [&](auto end, UINT when) {
-        runDialog(2, owner, [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
+        runDialog(5, owner, [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
             return message == when ? end(dialog) : FALSE;
         });
         EXPECT_EQ(GetActiveWindow(), owner);
@@ -136,7 +113,7 @@ TEST_F(Dialog, KeysMoveTheFocusAndPressButtons)
         int focus = 0;
         host.act([&] { focus = GetDlgCtrlID(GetFocus()); });
         end(100);
-        EXPECT_EQ(runDialog(1, owner, endByCommand), each.result) << each.keys[0];
+        EXPECT_EQ(runDialog(4, owner, endByCommand), each.result) << each.keys[0];
         EXPECT_EQ(focus, each.focus) << each.keys[0];
         host.run();
     }
@@ -153,7 +130,7 @@ TEST_F(Dialog, APageWithoutControlsGetsEveryKeyOnce)
         int messages = 0;
         host.press(key);
         end();
-        runDialog(2, owner, [&](HWND, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
+        runDialog(5, owner, [&](HWND, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
             const auto *asked = reinterpret_cast<const MSG *>(lParam);
             if (message == WM_GETDLGCODE && asked && asked->message == WM_KEYDOWN) {
                 taken.push_back(asked->wParam);
@@ -176,7 +153,7 @@ TEST_F(Dialog, EscCancelsAndIsNotPolledAsItsButton)
         std::vector<WPARAM> taken;
         host.give({.kind = Kind::KeyDown, .key = VK_APP1, .escape = true});
         end();
-        runDialog(2, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+        runDialog(5, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             if (message == WM_KEYDOWN || message == WM_COMMAND) {
                 taken.push_back(LOWORD(wParam));
             }
@@ -202,7 +179,7 @@ TEST_F(Dialog, EndsAfterTheQuestionThatItAskedHasBeenAnswered)
     });
     host.press('Y');
     const INT_PTR result =
-        runDialog(2, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+        runDialog(5, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             if (message == WM_ACTIVATE && wParam == WA_INACTIVE) {
                 EndDialog(page, 3);
             } else if (message == WM_KEYDOWN) {
@@ -220,7 +197,7 @@ TEST_F(Dialog, EndsWhileAnotherProgramIsAtTheFront)
 {
     host.give({.kind = Kind::Background});
     const INT_PTR result =
-        runDialog(2, owner, [](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+        runDialog(5, owner, [](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             return message == WM_ACTIVATE && wParam == WA_INACTIVE ? EndDialog(page, 3) : FALSE;
         });
     EXPECT_EQ(result, 3);
@@ -235,7 +212,7 @@ TEST_F(Dialog, QuittingAndClosingEndEveryLoop)
     const auto nest = [&](const std::function<void()> &action) {
         bool asked = false;
         host.act(action);
-        return runDialog(2, owner, [&](HWND page, UINT message, WPARAM, LPARAM) -> INT_PTR {
+        return runDialog(5, owner, [&](HWND page, UINT message, WPARAM, LPARAM) -> INT_PTR {
             if (message == WM_SETFOCUS && !std::exchange(asked, true)) {
                 EXPECT_EQ(MessageBoxW(page, u"", u"", MB_OK), 0);
             }

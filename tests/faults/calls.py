@@ -22,7 +22,6 @@ from faults import EARLY, GLIMRA, PILOT, SECOND, interrupted, start, store, stor
 
 ERRORS = errno.ENOSPC, errno.EIO, errno.EINTR, errno.ENOMEM
 PLAN = struct.Struct("<3i52s")
-DONE = "# closed\n"
 
 
 def play(folder, environment):
@@ -40,10 +39,9 @@ def display(folder, environment):
 
 
 def kept(folder):
-    """All that must be the same when nothing is said."""
-    records = sorted(folder.glob("s/records/*")) + [folder / "r"]
-    texts = [record.read_text() for record in records if record.exists()]
-    return stored(folder), [text.endswith(DONE) for text in texts]
+    """All that must be the same when nothing is said: the game, and which records are closed."""
+    records = sorted([*folder.glob("s/records/*"), *folder.glob("r")])
+    return stored(folder), [record.read_text().endswith("# closed\n") for record in records]
 
 
 def attack(run, library, number, error, expected):

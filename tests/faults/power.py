@@ -57,8 +57,8 @@ class File:
 
 class Disk:
     def __init__(self, folder):
-        files = (file for file in folder.glob("s/**/*") if file.is_file())
-        self.safe = {str(file.relative_to(folder)): File(file.read_bytes()) for file in files}
+        self.safe = {str(file.relative_to(folder)): File(file.read_bytes())
+                     for file in folder.glob("s/**/*") if file.is_file()}
         self.names, self.pending = dict(self.safe), []  # what each name stands for; the changes of that: (name, file)
 
     def name(self, name, file):
@@ -157,20 +157,19 @@ def main():
     parser.add_argument("--seed", type=int, default=random.randrange(1 << 32))
     options = parser.parse_args()
     chance = random.Random(options.seed)
-    faults = {True: [], False: []}
-    for synced, wrong in faults.items():
+    faults = {True: 0, False: 0}
+    for synced in faults:
         states = cuts(chance, synced)
         for number, (state, (moment, saves)) in enumerate(chance.sample(states, min(options.states, len(states))), 1):
-            why = fault(state, saves)
-            if why:
-                wrong.append(f"after {moment}: {why}")
-                print(wrong[-1])
+            if why := fault(state, saves):
+                faults[synced] += 1
+                print(f"after {moment}: {why}")
                 if not synced:
                     break
         print(f"{'files' if synced else 'no files'} brought to the disk: {number} of {len(states)} states tried, "
-              f"{len(wrong)} faults")
+              f"{faults[synced]} faults")
     print("seed", options.seed)
-    sys.exit(bool(faults[True]) or not faults[False])
+    sys.exit(faults[True] > 0 or not faults[False])
 
 
 main()

@@ -132,7 +132,8 @@ protected:
         return events();
     }
 
-    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "controllers";
+    const std::filesystem::path folder =
+        testing::TempDir() + testing::UnitTest::GetInstance()->current_test_info()->name();
     const std::vector<std::uint16_t> pixels = std::vector<std::uint16_t>(240 * 320);
     std::unique_ptr<host::Host> host;
     SDL_Joystick *stick = nullptr;

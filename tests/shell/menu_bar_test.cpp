@@ -1,5 +1,5 @@
 // The menu bar, its drop-downs and the menus behind them.
-#include "controls/dialog_words.h"
+#include "controls/run_dialog.h"
 #include "user/menu.h"
 #include "user/program_test.h"
 
@@ -7,47 +7,8 @@ namespace {
 
 using Kind = host::Event::Kind;
 
-void append(std::vector<std::uint16_t> &words, unsigned flags, std::u16string_view text,
-            int id = -1)
-{
-    words.push_back(static_cast<std::uint16_t>(flags));
-    if (id >= 0) {
-        words.push_back(static_cast<std::uint16_t>(id));
-    }
-    words.insert(words.end(), text.begin(), text.end());
-    words.push_back(0);
-}
-
-/// Menu 102 with the drop-downs 101, 102 grayed, a separator, 103; and 201. Full-screen page 5.
-std::vector<std::byte> makeImage()
-{
-    std::vector<std::uint16_t> menu = {0, 0};
-    append(menu, MF_POPUP, u"Game");
-    append(menu, 0, u"New", 101);
-    append(menu, MF_GRAYED, u"Abandon", 102);
-    append(menu, 0, u"", 0);
-    append(menu, 0x80, u"Scores", 103);
-    append(menu, MF_POPUP | 0x80, u"Tools");
-    append(menu, 0x80, u"Options", 201);
-    ResourceImage image;
-    image.add(4, 102, menu);
-    image.add(10, 102,
-              std::vector<std::uint16_t>{102, 2, 0xFFFE, 1, 4, 0x18, 1, 0, 0, //
-                                         0xFFFE, 2, 4, 0x18, 2, 0, 1});
-    image.add(10, 103, std::vector<std::uint16_t>{102, 1, 0xFFFE, 1, 4, 0x18, 1, 0, 7});
-    std::vector<std::uint16_t> strings = {0, 4,    u'G', u'a', u'm', u'e',
-                                          5, u'T', u'o', u'o', u'l', u's'};
-    strings.resize(strings.size() + 13);
-    image.add(6, 1, strings);
-    image.add(5, 5, DialogWords(WS_POPUP, 0, 138, 154, u"").words);
-    image.add(5, 6, DialogWords(WS_POPUP, 0, 50, 50, u"").words);
-    return image.bytes;
-}
-
 struct MenuBar : ProgramTest
 {
-    MenuBar() : ProgramTest(makeImage()) {}
-
     SHMENUBARINFO info{32, owner, 0, 102, {}, 0, 0, {}};
     Log popups;
 
@@ -157,7 +118,7 @@ TEST_F(MenuBar, TimersRunBehindAnOpenDropDownWhichADialogCloses)
             EXPECT_TRUE(inspect::menuOpen());
             expectOpen(false);
             end(1);
-            EXPECT_EQ(runDialog(6, owner), 1);
+            EXPECT_EQ(runDialog(8, owner), 1);
         }
     });
     SetTimer(owner, 1, 25, nullptr);
@@ -180,7 +141,7 @@ TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
             EndDialog(GetActiveWindow(), 0);
         });
     });
-    runDialog(6, owner);
+    runDialog(8, owner);
     host.act([&] {
         EXPECT_FALSE(bar());
         host.act([&] {
@@ -190,7 +151,7 @@ TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
         });
         MessageBoxW(GetActiveWindow(), u"", u"", MB_OK);
     });
-    runDialog(5, owner, beFullScreen);
+    runDialog(9, owner, beFullScreen);
     EXPECT_TRUE(bar());
     recorder.window('B', {0, 26, 100, 100});
     EXPECT_FALSE(bar());

@@ -1,26 +1,11 @@
 // The OK button of the title bar, full-screen pages, and the input panel.
-#include "controls/dialog_words.h"
+#include "controls/run_dialog.h"
 #include "user/program_test.h"
 
 namespace {
 
-std::vector<std::byte> makeImage()
-{
-    ResourceImage image;
-    image.add(5, 1, DialogWords(WS_POPUP, WS_EX_CAPTIONOKBTN, 60, 60, u"Small").words);
-    image.add(5, 2,
-              DialogWords(WS_POPUP, 0, 125, 69, u"Name")
-                  .add(u"CAPEDIT", WS_TABSTOP, {7, 7, 100, 13}, 10)
-                  .add(u"BUTTON", WS_TABSTOP | BS_DEFPUSHBUTTON, {7, 27, 50, 12}, IDOK, u"OK")
-                  .add(u"SIPPREF", 0, {-10, -10, 5, 5}, -1)
-                  .words);
-    return image.bytes;
-}
-
 struct Shell : ProgramTest
 {
-    Shell() : ProgramTest(makeImage()) {}
-
     static bool panelIsUp()
     {
         const auto views = inspect::windows();
@@ -34,16 +19,16 @@ TEST_F(Shell, OkButtonIsThereForTheDialogsThatAskForIt)
 {
     EXPECT_FALSE(inspect::okButton());
     host.tapAt(inspect::okButton);
-    EXPECT_EQ(runDialog(1, owner, endByCommand), IDOK);
+    EXPECT_EQ(runDialog(6, owner, endByCommand), IDOK);
     EXPECT_FALSE(inspect::okButton());
 
     host.act([] { EXPECT_FALSE(inspect::okButton()); }); // a plain dialog has none
     end();
-    runDialog(2, owner);
+    runDialog(7, owner);
 
     host.tapAt(inspect::okButton);
     host.act([] {});
-    EXPECT_EQ(runDialog(2, owner, beFullScreen), IDOK);
+    EXPECT_EQ(runDialog(7, owner, beFullScreen), IDOK);
 }
 
 TEST_F(Shell, FullScreenPageFollowsTheDisplay)
@@ -57,7 +42,7 @@ TEST_F(Shell, FullScreenPageFollowsTheDisplay)
     host.give({.kind = host::Event::Kind::Turn, .orientation = 1});
     host.act([=] { expectRect(320, 240); });
     host.tapAt(inspect::okButton);
-    runDialog(1, owner, beFullScreen);
+    runDialog(6, owner, beFullScreen);
 }
 
 TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)
@@ -83,7 +68,7 @@ TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)
         EXPECT_TRUE(panelIsUp());
     });
     host.tap(230, row(2)); // Enter
-    EXPECT_EQ(runDialog(2, owner, endByCommand), IDOK);
+    EXPECT_EQ(runDialog(7, owner, endByCommand), IDOK);
     EXPECT_FALSE(panelIsUp());
     recorder.noted = {WM_LBUTTONUP};
     EXPECT_EQ(run(), Log{}) << "what is below gets nothing of the last tap";

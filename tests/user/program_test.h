@@ -1,12 +1,9 @@
-// Tests on a handheld with resources of their own, with a user before it.
+// Tests on a handheld with a user before it.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "aygshell.h"
 #include "pilot/inspect.h"
@@ -14,8 +11,6 @@
 
 struct HandheldTest : testing::Test
 {
-    explicit HandheldTest(std::vector<std::byte> resources = {}) : image(std::move(resources)) {}
-
     /// What is noted while all that the test has given is handled and the time passes.
     Log run(unsigned milliseconds = 0)
     {
@@ -23,18 +18,14 @@ struct HandheldTest : testing::Test
         return recorder.takeLog();
     }
 
-    std::vector<std::byte> image;
-    Recorder recorder{image};
+    Recorder recorder;
     FakeHost &host = recorder.host;
 };
 
 /// A program of one window, which owns the dialogs.
 struct ProgramTest : HandheldTest
 {
-    explicit ProgramTest(std::vector<std::byte> resources = {}) : HandheldTest(std::move(resources))
-    {
-        SHInitExtraControls();
-    }
+    ProgramTest() { SHInitExtraControls(); }
 
     /// Ends the dialog that is open then.
     void end(INT_PTR result = 0)
