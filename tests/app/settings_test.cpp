@@ -163,23 +163,16 @@ TEST(Settings, AreTakenUpToTheLimitOfEachField)
 
 TEST(Settings, AcceptWhatIsOddButPlayable)
 {
-    const Change changes[] = {
-        SET(appState, AppState{77}),
-        SET(requestedState, AppState{9}),
-        SET(session.playfield.piece.y, -3),
-        SET(session.playfield.cells[0], (Cell{0, 99})),
-        SET(session.now, -5),
-        SET(session.gravityMs, 0),
-        SET(session.dirty, 0xFFFFFFFF),
-        SET(session.mode, GameMode{5}),
-        SET(session.queueLength, 3),
-        SET(session.holdEnabled, 2),
-        SET(input.slots[0].keyCode, 0xFFFFFFFF),
-        SET(titleScreen.page, TitlePage{99}),
-    };
-    for (const Change &change : changes) {
-        EXPECT_EQ(refusal(changed(change)), "") << change.first;
-    }
+    EXPECT_EQ(refusal(changed({"all",
+                               [](AppRecord &app) {
+                                   app.appState = AppState{77};
+                                   app.session.playfield.cells[0] = {0, 99};
+                                   app.session.gravityMs = 0;
+                                   app.session.holdEnabled = 2;
+                                   app.input.slots[0].keyCode = 0xFFFFFFFF;
+                                   app.titleScreen.page = TitlePage{99};
+                               }})),
+              "");
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 // The controls as a user meets them: with stylus and keys, in a dialog.
 #include "controls/run_dialog.h"
-#include "support/resource_image.h"
 #include "user/icon.h"
 #include "user/program_test.h"
 
@@ -153,19 +152,7 @@ TEST_F(Control, ButtonIsClickedWhereTheStylusIsLifted)
 
 TEST(Icon, GivesTheHostItsLargestPicture)
 {
-    ResourceImage image;
-    // 1 by 1, and 2 by 1 with its right pixel masked out
-    image.add(
-        14, 1,
-        std::vector<std::uint16_t>{0, 1, 2, 0x0101, 0, 1, 4, 60, 0, 1, 0x0102, 0, 1, 4, 60, 0, 2});
-    std::vector<std::uint16_t> picture = {40, 0, 2,      0,    2,      0, 1,      8, 0, 0,
-                                          0,  0, 0,      0,    0,      0, 2,      0, 0, 0,
-                                          0,  0, 0x3322, 0x11, 0x0001, 0, 0x0040, 0};
-    image.add(3, 2, picture);
-    picture.resize(picture.size() - 2);
-    image.add(3, 3, picture);
-    image.add(14, 3, std::vector<std::uint16_t>{0, 1, 1, 0x0102, 0, 1, 4, 60, 0, 3});
-    SwitchedOn on(image.bytes);
+    SwitchedOn on(testResources());
     const host::Icon icon = user::iconPicture(LoadIconW({}, MAKEINTRESOURCEW(1)));
     EXPECT_EQ(std::pair(icon.width, icon.height), std::pair(2, 1));
     EXPECT_EQ(icon.rgba, (std::vector<std::uint8_t>{0x11, 0x33, 0x22, 0xFF, 0, 0, 0, 0}));

@@ -8,17 +8,15 @@ in part, or zeros; names may be the old ones or the new. The game must then be t
 before the last save that had been brought to the disk. A second round leaves out that files were brought to the disk,
 as if the game did not do it, and must find a fault.
 """
-import argparse
 import ast
 import pathlib
-import random
 import re
 import subprocess
 import sys
 import tempfile
 import time
 
-from faults import EARLY, PILOT, SECOND, game_of, interrupted, played, start, store
+from faults import EARLY, PILOT, SECOND, game_of, interrupted, options, played, start, store
 
 CALLS = "open,openat,write,fsync,fdatasync,rename,unlink,truncate,ftruncate"
 TRACE = ["strace", "-D", "-f", "-y", "-s", "9999999", "-e", f"trace={CALLS}", "-e", "signal=none", "-o", "trace"]
@@ -152,15 +150,11 @@ def fault(state, saves):
 
 
 def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--states", type=int, default=1 << 30)
-    parser.add_argument("--seed", type=int, default=random.randrange(1 << 32))
-    options = parser.parse_args()
-    chance = random.Random(options.seed)
+    given, chance = options(states=1 << 30)
     faults = {True: 0, False: 0}
     for synced in faults:
         states = cuts(chance, synced)
-        for number, (state, (moment, saves)) in enumerate(chance.sample(states, min(options.states, len(states))), 1):
+        for number, (state, (moment, saves)) in enumerate(chance.sample(states, min(given.states, len(states))), 1):
             if why := fault(state, saves):
                 faults[synced] += 1
                 print(f"after {moment}: {why}")
@@ -168,7 +162,7 @@ def main():
                     break
         print(f"{'files' if synced else 'no files'} brought to the disk: {number} of {len(states)} states tried, "
               f"{faults[synced]} faults")
-    print("seed", options.seed)
+    print("seed", given.seed)
     sys.exit(faults[True] > 0 or not faults[False])
 
 

@@ -56,13 +56,13 @@ TEST_F(MenuBar, ItemsAreChosenByTappingOrDragging)
     EXPECT_EQ(popups, Log{"0"});
 
     host.act([&] {
-        const auto button = inspect::menuBarButton(1);
-        host.stylus(Kind::StylusDown, button->centre.x, button->centre.y);
-        host.act([&] {
-            const auto item = inspect::openMenuItem(201);
-            host.stylus(Kind::StylusMove, item->centre.x, item->centre.y);
-            host.stylus(Kind::StylusUp, item->centre.x, item->centre.y);
-        });
+        const auto [x, y] = inspect::menuBarButton(1).value().centre;
+        host.stylus(Kind::StylusDown, x, y);
+    });
+    host.act([&] {
+        const auto [x, y] = inspect::openMenuItem(201).value().centre;
+        host.stylus(Kind::StylusMove, x, y);
+        host.stylus(Kind::StylusUp, x, y);
     });
     EXPECT_EQ(run(), Log{"A:command 201"});
     EXPECT_EQ(popups, (Log{"0", "1"}));
@@ -136,19 +136,15 @@ TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
         EXPECT_TRUE(bar()); // beside a small dialog, but with no use
         EXPECT_FALSE(inspect::menuBarButton(0)->enabled);
         host.tap(20, 310);
-        host.act([&] {
-            EXPECT_FALSE(inspect::menuOpen());
-            EndDialog(GetActiveWindow(), 0);
-        });
+        expectOpen(false);
+        end();
     });
     runDialog(8, owner);
     host.act([&] {
         EXPECT_FALSE(bar());
-        host.act([&] {
-            EXPECT_FALSE(bar()); // nor beside a box upon the page
-            host.press(VK_RETURN);
-            end();
-        });
+        host.act([&] { EXPECT_FALSE(bar()); }); // nor beside a box upon the page
+        host.press(VK_RETURN);
+        end();
         MessageBoxW(GetActiveWindow(), u"", u"", MB_OK);
     });
     runDialog(9, owner, beFullScreen);

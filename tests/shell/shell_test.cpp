@@ -8,8 +8,7 @@ struct Shell : ProgramTest
 {
     static bool panelIsUp()
     {
-        const auto views = inspect::windows();
-        return std::any_of(views.begin(), views.end(), [](const inspect::WindowView &view) {
+        return std::ranges::any_of(inspect::windows(), [](const inspect::WindowView &view) {
             return view.className == u"SoftKeyboard" && !view.hidden;
         });
     }
@@ -33,14 +32,16 @@ TEST_F(Shell, OkButtonIsThereForTheDialogsThatAskForIt)
 
 TEST_F(Shell, FullScreenPageFollowsTheDisplay)
 {
-    const auto expectRect = [](int right, int bottom) {
-        RECT rect;
-        GetWindowRect(GetActiveWindow(), &rect);
-        EXPECT_EQ(rect, (RECT{0, 26, right, bottom}));
+    const auto expectRect = [&](int right, int bottom) {
+        host.act([=] {
+            RECT rect;
+            GetWindowRect(GetActiveWindow(), &rect);
+            EXPECT_EQ(rect, (RECT{0, 26, right, bottom}));
+        });
     };
-    host.act([=] { expectRect(240, 320); });
+    expectRect(240, 320);
     host.give({.kind = host::Event::Kind::Turn, .orientation = 1});
-    host.act([=] { expectRect(320, 240); });
+    expectRect(320, 240);
     host.tapAt(inspect::okButton);
     runDialog(6, owner, beFullScreen);
 }
@@ -85,13 +86,11 @@ TEST_F(Shell, ActivationGivesTheFocusBack)
 {
     const HWND child = recorder.window('C', {0, 0, 50, 50}, owner, WS_CHILD | WS_VISIBLE);
     SHACTIVATEINFO info{sizeof info, {}, 0};
-    recorder.handler = [&](HWND window, UINT message, WPARAM wParam,
-                           LPARAM lParam) -> std::optional<LRESULT> {
-        if (window != owner || message != WM_ACTIVATE) {
-            return std::nullopt;
+    recorder.when(WM_ACTIVATE, [&](HWND window, WPARAM wParam, LPARAM lParam) {
+        if (window == owner) {
+            SHHandleWMActivate(window, wParam, lParam, &info, 0);
         }
-        return SHHandleWMActivate(window, wParam, lParam, &info, 0);
-    };
+    });
     SetFocus(child);
     const HWND other = recorder.window('B', {0, 26, 100, 100});
     EXPECT_EQ(GetFocus(), other);

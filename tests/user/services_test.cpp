@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_host.h"
-#include "support/resource_image.h"
+#include "support/test_resources.h"
 #include "winbase.h"
 
 namespace {
@@ -41,18 +41,14 @@ TEST(Text, IsFormatted)
 
 TEST(Processes, TheHelpViewerGetsThePageOfTheProgram)
 {
-    constexpr std::uint16_t html = 23;
-    ResourceImage image;
-    const std::vector<std::uint16_t> page(10, u'x');
-    image.add(html, u"GLIMRA.HTM", page);
-    SwitchedOn handheld(image.bytes);
+    SwitchedOn handheld(testResources());
     const auto start = [](LPCWSTR program, LPCWSTR commandLine) {
         return CreateProcessW(program, commandLine, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                               nullptr, nullptr) != FALSE;
     };
     EXPECT_TRUE(start(u"peghelp.exe", u"file:glimra.htm#Main_Contents"));
     EXPECT_EQ(handheld.host.help,
-              u"peghelp.exe file:glimra.htm#Main_Contents|Main_Contents|20 bytes");
+              u"peghelp.exe file:glimra.htm#Main_Contents|Main_Contents|10 bytes");
     EXPECT_FALSE(start(u"peghelp.exe", u"file:other.htm") || start(u"peghelp.exe", nullptr) ||
                  start(u"calc.exe", u"file:glimra.htm"));
 }

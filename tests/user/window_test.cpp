@@ -89,10 +89,19 @@ TEST_F(Windows, ChildrenStayInTheOrderOfTheirMaking)
     MoveWindow(parent, 20, 60, 90, 100, TRUE); // children go along without a message
     MoveWindow(second, 5, 6, 10, 20, TRUE);
     EXPECT_EQ(recorder.takeLog(), (Log{"A:move 20,60", "2:move 5,6", "2:size 10,20"}));
-    POINT point{0, 0};
-    ClientToScreen(second, &point);
-    EXPECT_EQ(point.x, 25);
-    EXPECT_EQ(point.y, 66);
+    RECT place{};
+    GetWindowRect(second, &place);
+    EXPECT_EQ(place, (RECT{25, 66, 35, 86}));
+}
+
+TEST_F(Windows, KeepValuesAndTexts)
+{
+    const HWND window = recorder.window('A', rect);
+    SetWindowLongW(window, DWL_USER, 5); // not a dialog
+    EXPECT_EQ(GetWindowLongW(window, DWL_USER), 0);
+    WCHAR text[4] = u"???";
+    EXPECT_EQ(GetWindowTextW(window, text, 4), 3);
+    EXPECT_EQ(std::u16string(text), u"a w");
 }
 
 } // namespace
