@@ -1,6 +1,5 @@
 // The store on disk, and texts on their way to the host.
 #include <cerrno>
-#include <csignal>
 #include <deque>
 #include <filesystem>
 #include <fstream>
@@ -8,7 +7,6 @@
 #include <sstream>
 #include <string>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <gtest/gtest.h>
@@ -80,23 +78,6 @@ TEST_F(StoreTest, MakesItsFolderAndReplacesItsFileAsAWhole)
     for (const fs::path &made : {folder / "a", deep}) {
         EXPECT_EQ(fs::status(made).permissions(), fs::perms::owner_all);
     }
-}
-
-TEST_F(StoreTest, FullDiskLeavesTheOldFileWhole)
-{
-    host::StoreFile store(folder);
-    ASSERT_FALSE(store.save(bytes("old")));
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{100, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    const auto problem = store.save(bytes(std::string(1000, 'x')));
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(problem.value_or("none").find(folder.string()), 0U);
-    EXPECT_EQ(content("registry.reg"), "old");
-    EXPECT_EQ(count(), 1) << "the unfinished file is gone";
 }
 
 TEST_F(StoreTest, WhatIsSetAsideIsNeverLost)

@@ -1,4 +1,6 @@
 // The OK button of the title bar, full-screen pages, and the input panel.
+#include <algorithm>
+
 #include "controls/run_dialog.h"
 #include "user/program_test.h"
 

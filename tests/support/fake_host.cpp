@@ -4,7 +4,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "base/utf.h"
 #include "host/moment.h"
 #include "winuser.h"
 
@@ -147,14 +146,6 @@ void FakeHost::setStoreAside()
 {
     setAside = std::move(store);
     store.reset();
-}
-
-bool FakeHost::showHelp(std::u16string_view program, std::u16string_view arguments,
-                        std::span<const std::byte> document, std::u16string_view anchor)
-{
-    help.assign(program).append(u" ").append(arguments).append(u"|").append(anchor).append(u"|");
-    help += base::toUtf16(std::to_string(document.size()) + " bytes");
-    return true;
 }
 
 void FakeHost::messageBoxOpened(std::u16string_view caption, std::u16string_view text)

@@ -1,8 +1,6 @@
-// The base services: text functions and the help viewer.
+// The base services: text functions.
 #include <gtest/gtest.h>
 
-#include "support/fake_host.h"
-#include "support/test_resources.h"
 #include "winbase.h"
 
 namespace {
@@ -37,20 +35,6 @@ TEST(Text, IsFormatted)
     WCHAR small[4];
     EXPECT_EQ(std::u16string(lstrcpynW(small, u"abcdef", 4)), u"abc");
     EXPECT_EQ(lstrcpynW(small, u"abc", 0), nullptr);
-}
-
-TEST(Processes, TheHelpViewerGetsThePageOfTheProgram)
-{
-    SwitchedOn handheld(testResources());
-    const auto start = [](LPCWSTR program, LPCWSTR commandLine) {
-        return CreateProcessW(program, commandLine, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                              nullptr, nullptr) != FALSE;
-    };
-    EXPECT_TRUE(start(u"peghelp.exe", u"file:glimra.htm#Main_Contents"));
-    EXPECT_EQ(handheld.host.help,
-              u"peghelp.exe file:glimra.htm#Main_Contents|Main_Contents|10 bytes");
-    EXPECT_FALSE(start(u"peghelp.exe", u"file:other.htm") || start(u"peghelp.exe", nullptr) ||
-                 start(u"calc.exe", u"file:glimra.htm"));
 }
 
 } // namespace
