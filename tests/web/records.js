@@ -1,6 +1,6 @@
 // Records of games: shared by a link, watched, taken over, and what brings back a game that was cut off.
 import assert from 'node:assert/strict';
-import {execFileSync, spawnSync} from 'node:child_process';
+import {execFileSync} from 'node:child_process';
 import {readFileSync} from 'node:fs';
 import {join} from 'node:path';
 import {deflateRawSync, inflateRawSync} from 'node:zlib';
