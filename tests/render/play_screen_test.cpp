@@ -2,11 +2,10 @@
 #include <gtest/gtest.h>
 
 #include "engine/game_session.h"
-#include "gdi/objects.h"
-#include "gdi/screen.h"
 #include "render/graphics.h"
 #include "resources/program_resources.h"
 #include "support/fake_host.h"
+#include "support/pixel.h"
 
 namespace {
 
@@ -46,13 +45,16 @@ struct PlayScreen : testing::Test
         session.paint(HWND{}, HDC{});
     }
 
-    static gdi::Pixel shown(int x, int y)
+    static COLORREF shown(int x, int y) { return getPixel(windowDC, x, y); }
+    /// A pixel of a surface, as the display shows it.
+    static COLORREF pixelOf(const Surface *surface, int x, int y)
     {
-        return gdi::screen().pixels.at(static_cast<std::size_t>(y * 240 + x));
-    }
-    static gdi::Pixel pixelOf(const Surface *surface, int x, int y)
-    {
-        return *gdi::find<gdi::Bitmap>(surface->bitmap.value)->raster().at(x, y);
+        const HDC dc = CreateCompatibleDC(windowDC);
+        const HGDIOBJ previous = SelectObject(dc, surface->bitmap);
+        const COLORREF colour = getPixel(dc, x, y);
+        SelectObject(dc, previous);
+        DeleteDC(dc);
+        return colour;
     }
     /// Whether a tile of this kind and look has its corner at a point.
     static bool tileAt(int x, int y, TetrominoType type, int look)
@@ -225,7 +227,7 @@ TEST_F(PlayScreen, WritesItsValues)
     const auto inkAt = [&](int timeLeft) {
         session.timeLeft = timeLeft;
         paint(dirty::time);
-        std::vector<gdi::Pixel> pixels;
+        std::vector<COLORREF> pixels;
         for (int y = timeRect.top; y < timeRect.bottom; ++y) {
             for (int x = timeRect.left; x < timeRect.right; ++x) {
                 pixels.push_back(shown(x, y));
@@ -242,11 +244,12 @@ TEST_F(PlayScreen, WritesItsValues)
 
 TEST_F(PlayScreen, HidesThePieceOnceTheGameIsDecided)
 {
+    put(T, 3, 0, 2);
     paint(dirty::everything);
-    EXPECT_FALSE(cellEmpty(4, 7));
+    EXPECT_FALSE(cellEmpty(4, 2));
     session.state = GameState::Ending;
     paint(dirty::well);
-    EXPECT_TRUE(cellEmpty(4, 7));
+    EXPECT_TRUE(cellEmpty(4, 2));
 }
 
 } // namespace

@@ -88,11 +88,13 @@ TEST_F(Shell, ActivationGivesTheFocusBack)
 {
     const HWND child = recorder.window('C', {0, 0, 50, 50}, owner, WS_CHILD | WS_VISIBLE);
     SHACTIVATEINFO info{sizeof info, {}, 0};
-    recorder.when(WM_ACTIVATE, [&](HWND window, WPARAM wParam, LPARAM lParam) {
-        if (window == owner) {
-            SHHandleWMActivate(window, wParam, lParam, &info, 0);
+    recorder.handler = [&](HWND window, UINT message, WPARAM wParam,
+                           LPARAM lParam) -> std::optional<LRESULT> {
+        if (window != owner || message != WM_ACTIVATE) {
+            return std::nullopt;
         }
-    });
+        return SHHandleWMActivate(window, wParam, lParam, &info, 0);
+    };
     SetFocus(child);
     const HWND other = recorder.window('B', {0, 26, 100, 100});
     EXPECT_EQ(GetFocus(), other);
