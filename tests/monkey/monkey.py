@@ -195,7 +195,7 @@ def main():
         dice = random.Random(f"{arguments.seed} {number}")
         with tempfile.TemporaryDirectory() as name:
             folder = pathlib.Path(name)
-            start = store if dice.random() < 0.8 else None
+            start = None if store is None or dice.random() < 0.2 else store
             if start is not None and dice.random() < 0.5:
                 start = damaged(start, dice)
             script = Script(arguments.pilot, folder, dice, start, record=dice.random() < RECORDED_SHARE)
