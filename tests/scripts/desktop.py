@@ -3,12 +3,9 @@
 The last words of their command line are GLIMRA GLIMRA-PILOT.
 """
 import os
-import pathlib
 import subprocess
 import sys
-import tempfile
 import time
-import unittest
 
 import store
 
@@ -74,17 +71,12 @@ def start_display(add_cleanup, depth=24, more=()):
     return server
 
 
-class DesktopTest(unittest.TestCase):
-    """Plays on a display in memory, with a folder of its own."""
+class DesktopTest(store.FolderTest):
+    """Plays on a display in memory."""
 
     @classmethod
     def setUpClass(cls):
         start_display(cls.addClassCleanup)
-
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
 
     def start(self, store="store", *options, scale=("--scale", str(SCALE)), **how):
         home = {"HOME": str(self.folder), "PATH": f"{self.folder}:{os.environ['PATH']}"}

@@ -5,44 +5,28 @@
 
 A unit is a source with its header. It includes units of its own storey or of those below, never of
 a storey above or beside it, and no chain of includes leads back to where it began. The program has
-the handheld's public headers and the standard library; only a host includes what a machine has. The
-tables are those of docs/ARCHITECTURE.md.
+the handheld's public headers and the standard library; only a host includes what a machine has.
+docs/ARCHITECTURE.md has the tables of the storeys.
 """
+import graphlib
 import pathlib
 import re
 import sys
 
 ROOT = pathlib.Path(sys.argv[1])
-# From the roof to the ground; the storeys in one line stand side by side.
-HANDHELD = [
-    "pilot",
-    "handheld",
-    "shell",
-    "controls",
-    "user registry wave",
-    "gdi",
-    "resources record host/sdl host/web host/pilot",
-    "base",
-    "host",
-    "public",
-]
-PROGRAM = [
-    "app",
-    "frontend sound input/buttons_dialog",
-    "render",
-    "engine",
-    "input",
-    "resources",
-]
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 
 
-def storeys(table, root):
-    """Each storey's name and its rank, the ground first."""
-    return {root + name: rank for rank, line in enumerate(reversed(table)) for name in line.split()}
+def storeys():
+    """Each storey's name and its rank, the ground first; those that stand side by side share a line."""
+    text = (ROOT / "docs/ARCHITECTURE.md").read_text(encoding="utf-8")
+    handheld, program = re.findall(r"```\n(.*?)```", text.split("## Two towers")[1], re.DOTALL)[:2]
+    for root, table in (("platform/", handheld), ("", program)):
+        for rank, line in enumerate(reversed(table.splitlines())):
+            yield from ((root + name, rank) for name in re.split("  +", line)[0].split())
 
 
-RANKS = {**storeys(HANDHELD, "platform/"), **storeys(PROGRAM, "")}
+RANKS = dict(storeys())
 
 
 def unit_of(path):
@@ -56,14 +40,10 @@ def storey_of(unit):
     return max((name for name in RANKS if f"{unit}/".startswith(f"{name}/")), key=len)
 
 
-def is_standard(bracket, name):
-    return bracket == "<" and re.fullmatch(r"[a-z_]+", name) is not None
-
-
 def may_leave(unit, bracket, name):
     """Whether a unit may include something that is not of this repository."""
-    if is_standard(bracket, name):
-        return True
+    if bracket == "<" and re.fullmatch("[a-z_]+", name):
+        return True  # of the standard library
     if name.startswith("SDL"):
         return unit.startswith("platform/host/sdl/")
     if name.startswith("emscripten"):
@@ -103,37 +83,15 @@ def wrong_way(unit, other):
     return "goes across" if RANKS[below] == RANKS[storey] else "goes up"
 
 
-def circles(includes):
-    """Every unit from which includes lead back to itself, with the way."""
-    for start in includes:
-        ways = [[start]]
-        seen = set()
-        while ways:
-            way = ways.pop(0)
-            for other in sorted(includes.get(way[-1], ())):
-                if other == start and len(way) > 1:
-                    yield " -> ".join([*way, start])
-                    ways.clear()
-                    break
-                if other not in seen and other != start:
-                    seen.add(other)
-                    ways.append([*way, other])
-
-
-def documented():
-    """The first column of the two tables in docs/ARCHITECTURE.md."""
-    text = (ROOT / "docs/ARCHITECTURE.md").read_text(encoding="utf-8")
-    blocks = re.findall(r"```\n(.*?)```", text.split("## Two towers")[1], re.DOTALL)[:2]
-    return [[re.split(r"  +", line)[0] for line in block.splitlines()] for block in blocks]
-
-
 units, faults = read_units()
-if documented() != [HANDHELD, PROGRAM]:
-    faults.append("docs/ARCHITECTURE.md has other tables of storeys")
 for unit, others in units.items():
-    for other in sorted(others - {unit}):
+    others.discard(unit)
+    for other in sorted(others):
         if reason := wrong_way(unit, other):
             faults.append(f"{unit} includes {other}: {reason}")
-faults += [f"a circle: {circle}" for circle in circles(units)]
+try:
+    graphlib.TopologicalSorter(units).prepare()
+except graphlib.CycleError as error:
+    faults.append(f"a circle: {' -> '.join(reversed(error.args[1]))}")
 print("\n".join(faults) or f"{len(units)} units, one direction.")
 sys.exit(bool(faults))

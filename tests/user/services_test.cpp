@@ -1,8 +1,6 @@
-// The base services: text functions and the help viewer.
+// The base services: text functions.
 #include <gtest/gtest.h>
 
-#include "support/fake_host.h"
-#include "support/resource_image.h"
 #include "winbase.h"
 
 namespace {
@@ -10,17 +8,15 @@ namespace {
 TEST(Text, NumbersAreReadAsFarAsTheyGo)
 {
     constexpr int most = std::numeric_limits<int>::max();
-    const std::pair<LPCWSTR, int> cases[] = {
-        {u"42", 42},
-        {u" \t-17x9", -17},
-        {u"+3 4", 3},
-        {u"- 5", 0},
-        {u"", 0},
-        {u"x", 0},
-        {u"2147483647", most},
-        {u"99999999999999999999", most},
-        {u"-99999999999", -most - 1},
-    };
+    const std::pair<LPCWSTR, int> cases[] = {{u"42", 42},
+                                             {u" \t-17x9", -17},
+                                             {u"+3 4", 3},
+                                             {u"- 5", 0},
+                                             {u"", 0},
+                                             {u"x", 0},
+                                             {u"2147483647", most},
+                                             {u"99999999999999999999", most},
+                                             {u"-99999999999", -most - 1}};
     for (const auto &[text, value] : cases) {
         EXPECT_EQ(_wtoi(text), value) << lstrlenW(text);
     }
@@ -39,27 +35,6 @@ TEST(Text, IsFormatted)
     WCHAR small[4];
     EXPECT_EQ(std::u16string(lstrcpynW(small, u"abcdef", 4)), u"abc");
     EXPECT_EQ(lstrcpynW(small, u"abc", 0), nullptr);
-}
-
-TEST(Processes, TheHelpViewerGetsThePageOfTheProgram)
-{
-    constexpr std::uint16_t html = 23;
-    ResourceImage image;
-    const std::vector<std::uint16_t> page(10, u'x');
-    image.add(html, u"GLIMRA.HTM", page);
-    SwitchedOn handheld(image.bytes);
-    const auto start = [](LPCWSTR program, LPCWSTR commandLine) {
-        return CreateProcessW(program, commandLine, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                              nullptr, nullptr);
-    };
-    EXPECT_TRUE(start(u"peghelp.exe", u"file:glimra.htm#Main_Contents"));
-    EXPECT_EQ(handheld.host.help.at(0), u"peghelp.exe file:glimra.htm#Main_Contents|Main_Contents");
-    EXPECT_EQ(handheld.host.helpSize, 20U);
-    EXPECT_FALSE(start(u"peghelp.exe", u"file:other.htm"));
-    EXPECT_FALSE(start(u"calc.exe", u"file:glimra.htm"));
-    EXPECT_FALSE(start(u"peghelp.exe", nullptr));
-    handheld.host.helpWorks = false;
-    EXPECT_FALSE(start(u"peghelp.exe", u"file:glimra.htm"));
 }
 
 } // namespace
