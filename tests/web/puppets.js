@@ -22,6 +22,15 @@ class Tab {
   keyDown(key) { return this.page.keyboard.down(key); }
   keyUp(key) { return this.page.keyboard.up(key); }
   async screenshot() { return Buffer.from(await this.page.screenshot()); }
+  /** Seconds that the page's main thread has worked, whatever else the machine does; `goto` begins anew. */
+  async work() {
+    const {metrics} = await this.session.send('Performance.getMetrics');
+    return metrics.find(({name}) => name === 'ThreadTime').value;
+  }
+  async measure() {
+    this.session = await this.page.createCDPSession();
+    await this.session.send('Performance.enable');
+  }
   async choose(selector, file) { return (await this.page.$(selector)).uploadFile(file); }
 
   /** Puts a finger down ('down'), moves it or lifts it; without touch it is the mouse. */
@@ -61,9 +70,7 @@ class Visit {
 }
 
 class Engine {
-  cannot = {};
-
-  constructor(name, command, options) { Object.assign(this, {name, command, options}); }
+  constructor(name, command, options, cannot) { Object.assign(this, {name, command, options, cannot}); }
 
   get missing() { return existsSync(this.command) ? null : `no ${this.command}`; }
 
@@ -76,7 +83,8 @@ class Engine {
   end() { return this.browser.close(); }
 }
 
-export const chromium = new Engine('Chromium', '/usr/bin/chromium', {args: FLAGS});
+export const chromium = new Engine('Chromium', '/usr/bin/chromium', {args: FLAGS}, {});
 /** It plays sound without a loudspeaker only to one that is made up. */
 const PREFERENCES = {'media.cubeb.force_mock_context': true};
-export const firefox = new Engine('Firefox', '/usr/bin/firefox-esr', {browser: 'firefox', extraPrefsFirefox: PREFERENCES});
+export const firefox = new Engine('Firefox', '/usr/bin/firefox-esr', {browser: 'firefox', extraPrefsFirefox: PREFERENCES},
+                                  {work: 'its driver does not say how much a page has worked'});

@@ -109,6 +109,7 @@ export const webkit = {
   },
   cannot: {
     fingers: 'its driver has a mouse only',
+    work: 'its driver does not say how much a page has worked',
     ratio: 'its driver cannot change the density of the display',
     size: `its window is at least ${NARROWEST} pixels wide`,
   },
