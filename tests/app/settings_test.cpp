@@ -101,8 +101,11 @@ TEST(Settings, AcceptWhatIsOddButPlayable)
 {
     AppRecord app = goodApp();
     app.appState = AppState{77};
+    app.requestedState = AppState{9};
     app.session.playfield.cells[0] = {0, 99};
+    app.session.now = -5;
     app.session.gravityMs = 0;
+    app.session.dirty = 0xFFFFFFFF;
     app.session.holdEnabled = 2;
     app.input.slots[0].keyCode = 0xFFFFFFFF;
     app.titleScreen.page = TitlePage{99};

@@ -69,6 +69,21 @@ TEST(Objects, AHandleNeverNamesALaterObject)
     }
 }
 
+TEST(Objects, LiveObjectsAreNamedAndResetForgetsThem)
+{
+    LOGFONTW description{};
+    description.lfHeight = 16;
+    description.lfWeight = FW_BOLD;
+    CreateFontIndirectW(&description);
+    SelectObject(CreateCompatibleDC({}), CreateCompatibleBitmap({}, 240, 268));
+    std::vector<std::string> lines = gdi::liveObjects();
+    std::sort(lines.begin(), lines.end());
+    EXPECT_EQ(lines, (Rows{"bitmap 240x268", "dc memory", "font 16 bold"}));
+    gdi::reset();
+    EXPECT_TRUE(gdi::liveObjects().empty());
+    EXPECT_TRUE(GetStockObject(SYSTEM_FONT));
+}
+
 TEST(Objects, RefusesWhatItCannotMake)
 {
     EXPECT_FALSE(CreateCompatibleBitmap({}, 0, 5) || CreateCompatibleBitmap({}, 5, -1) ||

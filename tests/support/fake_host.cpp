@@ -148,6 +148,15 @@ void FakeHost::setStoreAside()
     store.reset();
 }
 
+bool FakeHost::showHelp(std::u16string_view program, std::u16string_view arguments,
+                        std::span<const std::byte> document, std::u16string_view anchor)
+{
+    std::u16string line{program};
+    help.push_back(line.append(u" ").append(arguments).append(u"|").append(anchor));
+    helpSize = document.size();
+    return helpWorks;
+}
+
 void FakeHost::messageBoxOpened(std::u16string_view caption, std::u16string_view text)
 {
     boxes.push_back(std::u16string(caption) + u"|" + std::u16string(text));

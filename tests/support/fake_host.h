@@ -59,6 +59,9 @@ public:
     std::optional<std::vector<std::byte>> setAside; ///< registry.reg.bad
     bool storeFails = false;
     int saves = 0;
+    bool helpWorks = true;
+    std::vector<std::u16string> help; ///< "PROGRAM ARGUMENTS|ANCHOR"
+    std::size_t helpSize = 0;         ///< of the page shown last, in bytes
     std::vector<std::string> reports;
     std::vector<std::u16string> boxes; ///< "CAPTION|TEXT"
     int timersHandled = 0;
@@ -81,11 +84,8 @@ public:
     void setStoreAside() override;
     bool runsElsewhere() override { return false; }
     void raiseOther() override {}
-    bool showHelp(std::u16string_view, std::u16string_view, std::span<const std::byte>,
-                  std::u16string_view) override
-    {
-        return true;
-    }
+    bool showHelp(std::u16string_view program, std::u16string_view arguments,
+                  std::span<const std::byte> document, std::u16string_view anchor) override;
     void report(std::string_view line) override { reports.emplace_back(line); }
     void messageBoxOpened(std::u16string_view caption, std::u16string_view text) override;
     void timerHandled() override { ++timersHandled; }

@@ -130,6 +130,22 @@ TEST_F(Painting, TheDisplayTurnsWithItsWindows)
                                 {box.value, {0, 0, 100, 50}}}));
     EXPECT_EQ(recorder.takeLog(),
               (Log{"B:move 20,190", "A:size 320,214", "B:setting", "A:setting"}));
+
+    const auto change = reinterpret_cast<ChangeDisplaySettingsExProc>(
+        GetProcAddressW(LoadLibraryW(u"COREDLL.dll"), u"ChangeDisplaySettingsEx"));
+    DEVMODEW mode{};
+    mode.dmSize = sizeof mode;
+    mode.dmFields = DM_DISPLAYORIENTATION;
+    EXPECT_EQ(change(nullptr, &mode, {}, CDS_TEST, nullptr), DISP_CHANGE_SUCCESSFUL);
+    EXPECT_EQ(mode.dmDisplayOrientation, DMDO_90);
+    mode.dmDisplayOrientation = 3;
+    EXPECT_EQ(change(nullptr, &mode, {}, CDS_RESET, nullptr), DISP_CHANGE_BADMODE);
+    mode.dmDisplayOrientation = DMDO_0;
+    EXPECT_EQ(change(nullptr, &mode, {}, CDS_RESET, nullptr), DISP_CHANGE_SUCCESSFUL);
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    EXPECT_EQ(rect, (RECT{0, 26, 240, 320}));
+    EXPECT_EQ(gdi::screen().height, 320);
 }
 
 } // namespace

@@ -1,6 +1,8 @@
-// The base services: text functions.
+// The base services: text functions and the help viewer.
 #include <gtest/gtest.h>
 
+#include "support/fake_host.h"
+#include "support/test_resources.h"
 #include "winbase.h"
 
 namespace {
@@ -35,6 +37,23 @@ TEST(Text, IsFormatted)
     WCHAR small[4];
     EXPECT_EQ(std::u16string(lstrcpynW(small, u"abcdef", 4)), u"abc");
     EXPECT_EQ(lstrcpynW(small, u"abc", 0), nullptr);
+}
+
+TEST(Processes, TheHelpViewerGetsThePageOfTheProgram)
+{
+    SwitchedOn handheld(testResources());
+    const auto start = [](LPCWSTR program, LPCWSTR commandLine) {
+        return CreateProcessW(program, commandLine, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                              nullptr, nullptr);
+    };
+    EXPECT_TRUE(start(u"peghelp.exe", u"file:glimra.htm#Main_Contents"));
+    EXPECT_EQ(handheld.host.help.at(0), u"peghelp.exe file:glimra.htm#Main_Contents|Main_Contents");
+    EXPECT_EQ(handheld.host.helpSize, 20U);
+    EXPECT_FALSE(start(u"peghelp.exe", u"file:other.htm"));
+    EXPECT_FALSE(start(u"calc.exe", u"file:glimra.htm"));
+    EXPECT_FALSE(start(u"peghelp.exe", nullptr));
+    handheld.host.helpWorks = false;
+    EXPECT_FALSE(start(u"peghelp.exe", u"file:glimra.htm"));
 }
 
 } // namespace
