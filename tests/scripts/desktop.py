@@ -56,11 +56,11 @@ def focus_window(game):
     xdotool("windowfocus", "--sync", game.window)
 
 
-def start_display(add_cleanup, depth=24, more=()):
+def start_display(add_cleanup, depth=24):
     """A display's server, for all that is started from now on."""
     reader, writer = os.pipe()
     # Without -noreset the server restarts when its last client leaves, and refuses others meanwhile.
-    options = ["-noreset", "-screen", "0", f"1280x1024x{depth}", "-nolisten", "tcp", *more]
+    options = ["-noreset", "-screen", "0", f"1280x1024x{depth}", "-nolisten", "tcp"]
     server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), *options], pass_fds=[writer], stderr=subprocess.DEVNULL)
     os.close(writer)
     os.environ["DISPLAY"] = ":" + os.read(reader, 20).decode().strip()
