@@ -1,7 +1,7 @@
 // What a link brings, before anything of it plays: in somebody else's words, which are plain text.
 import {chaptersOf, clockTime, gamesOf, resultOf} from './chapters.js';
+import {element} from './talk.js';
 
-const element = (id) => document.getElementById(id);
 const card = element('card');
 
 /** Shows the last game of a record. `watch` is called with where that begins, in milliseconds; `leave` without. */

@@ -1,5 +1,5 @@
 // What the page says: notices that go by themselves, and questions that stay until they are answered.
-const element = (id) => document.getElementById(id);
+export const element = (id) => document.getElementById(id);
 const question = element('question');
 
 let asked = () => {};

@@ -2,8 +2,8 @@
 // back a fresh one does; the player's own rests meanwhile.
 import {clockTime} from './chapters.js';
 import {instantiate} from './instance.js';
+import {element} from './talk.js';
 
-const element = (id) => document.getElementById(id);
 const bar = element('bar'), slider = element('position'), root = document.documentElement;
 const SPEEDS = {1: '× ¼', 2: '× ½'};
 

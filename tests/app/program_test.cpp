@@ -3,43 +3,44 @@
 
 #include "app/window.h"
 #include "gdi/inventory.h"
+#include "pilot/inspect.h"
 #include "resources/program_resources.h"
 #include "resources/resource.h"
-#include "user/user_script.h"
+#include "support/fake_host.h"
 
 namespace {
 
 TEST(Program, LeavesNothingBehind)
 {
     SwitchedOn handheld(programResources());
-    UserScript user(handheld.host);
+    FakeHost &host = handheld.host;
     constexpr int gameMenu = 0; // the buttons of the menu bar
     constexpr int toolsMenu = 1;
     const auto choose = [&](int button, int command) {
-        user.tapMenuButton(button);
-        user.tapMenuItem(command);
+        host.tapAt(inspect::menuBarButton, button);
+        host.tapAt(inspect::openMenuItem, command);
     };
     choose(toolsMenu, IDM_GAME_OPTIONS);
-    user.click(IDC_QUEUE);
-    user.tapListItem(IDC_QUEUE, 1);
-    user.tapOk();
+    host.tapAt(inspect::control, IDC_QUEUE);
+    host.tapAt(inspect::openListItem, IDC_QUEUE, 1);
+    host.tapAt(inspect::okButton);
     choose(toolsMenu, IDM_ABOUT);
-    user.tapOk();
+    host.tapAt(inspect::okButton);
     choose(gameMenu, IDM_NEW_GAME);
-    user.then([&] {
-        handheld.host.key(VK_UP, true, 500);
-        handheld.host.key(VK_UP, false, 2000);
+    host.act([&] {
+        host.key(VK_UP, true, 500);
+        host.key(VK_UP, false, 2000);
     });
-    user.then([] {
+    host.act([] {
         EXPECT_FALSE(inspect::liveObjects().empty());
         EXPECT_FALSE(gdi::liveObjects().empty());
     });
     choose(gameMenu, IDM_ABANDON_GAME);
-    user.give({.kind = host::Event::Kind::Close});
+    host.give({.kind = host::Event::Kind::Close});
 
     WCHAR commandLine[] = u"";
     EXPECT_EQ(WinMain(HINSTANCE{1}, {}, commandLine, SW_SHOWNORMAL), 0);
-    EXPECT_EQ(handheld.host.boxes.size(), 1U);
+    EXPECT_EQ(host.boxes.size(), 1U);
     EXPECT_EQ(inspect::liveObjects(), std::vector<std::string>{});
     EXPECT_EQ(gdi::liveObjects(), std::vector<std::string>{});
 }

@@ -2,7 +2,7 @@
 #include <utility>
 
 #include "controls/dialog_template.h"
-#include "controls/dialog_words.h"
+#include "controls/run_dialog.h"
 #include "gx.h"
 #include "user/program_test.h"
 
@@ -10,38 +10,16 @@ namespace {
 
 using Kind = host::Event::Kind;
 
-constexpr DWORD style = WS_POPUP | WS_CAPTION | DS_SETFONT;
-
-/// 1: buttons, one disabled and OK the default, and texts; 2: nothing that can have the focus.
-std::vector<std::byte> makeImage()
-{
-    ResourceImage image;
-    image.add(5, 1,
-              DialogWords(style, 0, 125, 69, u"First")
-                  .add(u"BUTTON", WS_TABSTOP, {7, 7, 50, 12}, 10, u"Ten")
-                  .add(u"BUTTON", WS_TABSTOP | WS_DISABLED, {7, 20, 50, 12}, 11, u"Eleven")
-                  .add(u"STATIC", 0, {7, 30, 50, 12}, -1, u"Text")
-                  .add(u"CAPEDIT", WS_TABSTOP, {60, 7, 50, 12}, 12)
-                  .add(u"EDIT", WS_TABSTOP, {60, 20, 50, 12}, 13)
-                  .add(u"BUTTON", WS_TABSTOP | BS_DEFPUSHBUTTON, {7, 48, 50, 14}, IDOK, u"OK")
-                  .words);
-    image.add(5, 2,
-              DialogWords(style, 0, 138, 154, u"").add(u"STATIC", 0, {15, 50, 110, 15}, 21).words);
-    return image.bytes;
-}
-
-struct Dialog : ProgramTest
-{
-    Dialog() : ProgramTest(makeImage()) {}
-};
+using Dialog = ProgramTest;
 
 TEST(DialogTemplate, TurnsUnitsToPixels)
 {
-    EXPECT_EQ(controls::pixelsAcross(160), 240);
-    EXPECT_EQ(controls::pixelsDown(166), 270);
-    EXPECT_EQ(controls::pixelsAcross(125), 188); // 187.5
-    EXPECT_EQ(controls::pixelsDown(7), 11);      // 11.375
-    EXPECT_EQ(controls::pixelsAcross(-10), -15);
+    for (const auto &[units, across, down] :
+         {std::tuple(160, 240, 260), {125, 188, 203}, {7, 11, 11}, {-10, -15, -16}})
+    {
+        EXPECT_EQ(controls::pixelsAcross(units), across);
+        EXPECT_EQ(controls::pixelsDown(units), down);
+    }
 }
 
 TEST(DialogTemplate, IsReadButNotWhenItIsCutShort)
@@ -50,19 +28,16 @@ TEST(DialogTemplate, IsReadButNotWhenItIsCutShort)
                                    0,    u'C',   0, 8,      u'S',   0,      0x00E, 0x5000, 0,   0,
                                    4,    8,      8, 16,     0xFFFF, 0xFFFF, 0x82,  0xFFFF, 122, 0};
     const auto bytes = std::as_bytes(std::span(words));
-    const auto read = controls::parseTemplate(bytes);
-    ASSERT_TRUE(read);
-    EXPECT_EQ(read->caption, u"C");
-    EXPECT_EQ(read->exStyle, 0x80000000U);
-    EXPECT_EQ(read->rect.right, 30);
-    ASSERT_EQ(read->controls.size(), 1U);
-    const controls::ControlTemplate &control = read->controls[0];
-    EXPECT_EQ(control.className, u"STATIC");
-    EXPECT_EQ(control.text, u"#122");
+    const auto read = controls::parseTemplate(bytes).value();
+    EXPECT_EQ(read.caption, u"C");
+    EXPECT_EQ(read.exStyle, 0x80000000U);
+    EXPECT_EQ(read.rect.right, 30);
+    ASSERT_EQ(read.controls.size(), 1U);
+    const controls::ControlTemplate &control = read.controls[0];
+    EXPECT_EQ(control.className + control.text, u"STATIC#122");
     EXPECT_EQ(control.id, -1);
     EXPECT_EQ(control.style, 0x5000000EU);
-    EXPECT_EQ(control.rect.left, 6);
-    EXPECT_EQ(control.rect.bottom, 39);
+    EXPECT_EQ(control.rect, (RECT{6, 13, 18, 39}));
     for (std::size_t size = 0; size < bytes.size(); ++size) {
         EXPECT_FALSE(controls::parseTemplate(bytes.first(size))) << size;
     }
@@ -71,7 +46,7 @@ TEST(DialogTemplate, IsReadButNotWhenItIsCutShort)
 TEST_F(Dialog, DisablesItsOwnerAndGivesTheActivationBack)
 {
     recorder.noted = {WM_ACTIVATE};
-    user.then([&] {
+    host.act([&] {
         const HWND dialog = GetActiveWindow();
         EXPECT_EQ(GetFocus(), GetDlgItem(dialog, 10));
         EXPECT_EQ(recorder.takeLog(), Log{"A:activate 0 -"});
@@ -89,9 +64,8 @@ TEST_F(Dialog, DisablesItsOwnerAndGivesTheActivationBack)
         }
         return FALSE;
     };
-    EXPECT_EQ(runDialog(1, owner, procedure), 5);
+    EXPECT_EQ(runDialog(4, owner, procedure), 5);
     EXPECT_EQ(recorder.takeLog(), Log{"A:activate 1 -"});
-    EXPECT_TRUE(IsWindowEnabled(owner));
     EXPECT_EQ(GetActiveWindow(), owner);
     EXPECT_EQ(DialogBoxIndirectParamW({}, nullptr, owner, handledDialog, 0), -1);
     EXPECT_TRUE(IsWindowEnabled(owner));
@@ -100,7 +74,7 @@ TEST_F(Dialog, DisablesItsOwnerAndGivesTheActivationBack)
 TEST_F(Dialog, GivesTheFocusBackHoweverItGoes)
 {
     const auto goes = [&](auto end, UINT when) {
-        runDialog(2, owner, [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
+        runDialog(5, owner, [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
             return message == when ? end(dialog) : FALSE;
         });
         EXPECT_EQ(GetActiveWindow(), owner);
@@ -134,31 +108,15 @@ TEST_F(Dialog, KeysMoveTheFocusAndPressButtons)
     };
     for (const Case &each : cases) {
         for (const int key : each.keys) {
-            user.press(std::abs(key), key < 0);
+            host.press(std::abs(key), key < 0);
         }
         int focus = 0;
-        user.then([&] { focus = GetDlgCtrlID(GetFocus()); });
+        host.act([&] { focus = GetDlgCtrlID(GetFocus()); });
         end(100);
-        EXPECT_EQ(runDialog(1, owner, endByCommand), each.result) << each.keys[0];
+        EXPECT_EQ(runDialog(4, owner, endByCommand), each.result) << each.keys[0];
         EXPECT_EQ(focus, each.focus) << each.keys[0];
         host.run();
     }
-}
-
-TEST_F(Dialog, TabSelectsTheTextThatItComesTo)
-{
-    user.press(VK_TAB);
-    user.type(u"ab");
-    user.press(VK_TAB);
-    user.press(VK_TAB, true);
-    user.type(u"c");
-    user.then([&] {
-        EXPECT_EQ(textOf(12), u"C");
-        EXPECT_TRUE(host.textWanted);
-    });
-    end();
-    runDialog(1, owner);
-    EXPECT_FALSE(host.textWanted);
 }
 
 /// A page that waits for any key, which it takes when it is asked whether it wants it.
@@ -170,9 +128,9 @@ TEST_F(Dialog, APageWithoutControlsGetsEveryKeyOnce)
     {
         std::vector<WPARAM> taken;
         int messages = 0;
-        user.press(key);
+        host.press(key);
         end();
-        runDialog(2, owner, [&](HWND, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
+        runDialog(5, owner, [&](HWND, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
             const auto *asked = reinterpret_cast<const MSG *>(lParam);
             if (message == WM_GETDLGCODE && asked && asked->message == WM_KEYDOWN) {
                 taken.push_back(asked->wParam);
@@ -193,9 +151,9 @@ TEST_F(Dialog, EscCancelsAndIsNotPolledAsItsButton)
     GXOpenInput();
     for (const bool wantsAllKeys : {false, true}) {
         std::vector<WPARAM> taken;
-        user.give({.kind = Kind::KeyDown, .key = VK_APP1, .escape = true});
+        host.give({.kind = Kind::KeyDown, .key = VK_APP1, .escape = true});
         end();
-        runDialog(2, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+        runDialog(5, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             if (message == WM_KEYDOWN || message == WM_COMMAND) {
                 taken.push_back(LOWORD(wParam));
             }
@@ -212,16 +170,16 @@ TEST_F(Dialog, EscCancelsAndIsNotPolledAsItsButton)
 TEST_F(Dialog, EndsAfterTheQuestionThatItAskedHasBeenAnswered)
 {
     // Losing the activation to its own question ends the page, which must stay until the answer.
-    user.press('Z');
+    host.press('Z');
     bool pageLives = false;
     int answer = 0;
-    user.then([&] {
+    host.act([&] {
         EXPECT_EQ(host.boxes, std::vector<std::u16string>{u"Caption|Question?"});
         pageLives = IsWindowVisible(GetParent(GetActiveWindow()));
     });
-    user.press('Y');
+    host.press('Y');
     const INT_PTR result =
-        runDialog(2, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+        runDialog(5, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             if (message == WM_ACTIVATE && wParam == WA_INACTIVE) {
                 EndDialog(page, 3);
             } else if (message == WM_KEYDOWN) {
@@ -237,14 +195,14 @@ TEST_F(Dialog, EndsAfterTheQuestionThatItAskedHasBeenAnswered)
 
 TEST_F(Dialog, EndsWhileAnotherProgramIsAtTheFront)
 {
-    user.give({.kind = Kind::Background});
+    host.give({.kind = Kind::Background});
     const INT_PTR result =
-        runDialog(2, owner, [](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+        runDialog(5, owner, [](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             return message == WM_ACTIVATE && wParam == WA_INACTIVE ? EndDialog(page, 3) : FALSE;
         });
     EXPECT_EQ(result, 3);
     EXPECT_FALSE(GetActiveWindow());
-    user.give({.kind = Kind::Foreground});
+    host.give({.kind = Kind::Foreground});
     host.run();
     EXPECT_EQ(GetActiveWindow(), owner);
 }
@@ -253,8 +211,8 @@ TEST_F(Dialog, QuittingAndClosingEndEveryLoop)
 {
     const auto nest = [&](const std::function<void()> &action) {
         bool asked = false;
-        user.then(action);
-        return runDialog(2, owner, [&](HWND page, UINT message, WPARAM, LPARAM) -> INT_PTR {
+        host.act(action);
+        return runDialog(5, owner, [&](HWND page, UINT message, WPARAM, LPARAM) -> INT_PTR {
             if (message == WM_SETFOCUS && !std::exchange(asked, true)) {
                 EXPECT_EQ(MessageBoxW(page, u"", u"", MB_OK), 0);
             }

@@ -41,14 +41,14 @@ TEST(MessageBox, KeysAnswerByTheButtonsThatThereAre)
 TEST_F(ProgramTest, MessageBoxIsModalAndFitsTheScreen)
 {
     recorder.noted = {WM_ACTIVATE, WM_LBUTTONDOWN};
-    user.tap(10, 40);
-    user.then([&] {
+    host.tap(10, 40);
+    host.act([&] {
         RECT rect;
         GetWindowRect(GetActiveWindow(), &rect);
         EXPECT_TRUE(rect.left >= 0 && rect.right <= 240 && rect.top >= 26 && rect.bottom <= 320);
         EXPECT_EQ(recorder.takeLog(), Log{"A:activate 0 -"});
     });
-    user.click(IDNO);
+    host.tapAt(inspect::control, IDNO);
     const std::u16string text(100, u'w');
     EXPECT_EQ(MessageBoxW(owner, (text + u" and more words").c_str(), u"Caption", MB_YESNO), IDNO);
     EXPECT_EQ(recorder.takeLog(), Log{"A:activate 1 -"});

@@ -7,22 +7,19 @@ No run may crash or hang, the start after it must find one whole state of the ga
 everything must be as if no call had failed. --every N takes one of N calls; --display begins the desktop game on a
 display in memory too.
 """
-import argparse
 import atexit
 import collections
 import errno
 import os
-import random
 import re
 import struct
 import subprocess
 import sys
 
-from faults import EARLY, GLIMRA, PILOT, SECOND, interrupted, start, store, stored
+from faults import EARLY, GLIMRA, PILOT, SECOND, interrupted, options, start, store, stored
 
 ERRORS = errno.ENOSPC, errno.EIO, errno.EINTR, errno.ENOMEM
 PLAN = struct.Struct("<3i52s")
-DONE = "# closed\n"
 
 
 def play(folder, environment):
@@ -40,10 +37,9 @@ def display(folder, environment):
 
 
 def kept(folder):
-    """All that must be the same when nothing is said."""
-    records = sorted(folder.glob("s/records/*")) + [folder / "r"]
-    texts = [record.read_text() for record in records if record.exists()]
-    return stored(folder), [text.endswith(DONE) for text in texts]
+    """All that must be the same when nothing is said: the game, and which records are closed."""
+    records = sorted([*folder.glob("s/records/*"), *folder.glob("r")])
+    return stored(folder), [record.read_text().endswith("# closed\n") for record in records]
 
 
 def attack(run, library, number, error, expected):
@@ -78,30 +74,26 @@ def states():
 
 
 def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("library", type=os.path.abspath)
-    parser.add_argument("--every", type=int, default=1)
-    parser.add_argument("--display", action="store_true")
-    parser.add_argument("--seed", type=int, default=random.randrange(1 << 32))
-    options = parser.parse_args()
-    chance = random.Random(options.seed)
-    if options.display:
+    given, chance = options(every=1)
+    on_display = "--display" in sys.argv
+    library = os.path.abspath(sys.argv[-1])
+    if on_display:
         sys.argv += [GLIMRA, PILOT]
         from desktop import start_display
         start_display(atexit.register)
     found, total, between = [], collections.Counter(), set(states())
-    for run in [play, desktop] + [display] * options.display:
-        calls, whole, after = attack(run, options.library, 0, 0, None)
+    for run in [play, desktop] + [display] * on_display:
+        calls, whole, after = attack(run, library, 0, 0, None)
         assert calls > 50, "the library is not loaded"
         for number in range(1, calls + 1):
             for error in ERRORS:
-                if chance.randrange(options.every) == 0:
-                    name, wrong = attack(run, options.library, number, error, (whole, between | after))
+                if chance.randrange(given.every) == 0:
+                    name, wrong = attack(run, library, number, error, (whole, between | after))
                     total[run.__name__, name] += 1
                     if wrong:
                         found.append(f"{run.__name__}: {name}, call {number}, {errno.errorcode[error]}: {wrong}")
                         print(found[-1], flush=True)
-    print(f"seed {options.seed}:", ", ".join(f"{name} {count}" for (_, name), count in total.items()))
+    print(f"seed {given.seed}:", ", ".join(f"{name} {count}" for (_, name), count in total.items()))
     print(f"{total.total()} calls failed, {len(found)} faults")
     sys.exit(bool(found))
 

@@ -2,11 +2,13 @@
 
 The last words of the command line are GLIMRA GLIMRA-PILOT.
 """
+import argparse
 import base64
 import contextlib
 import functools
 import os
 import pathlib
+import random
 import shutil
 import signal
 import subprocess
@@ -18,6 +20,15 @@ PILOT, GLIMRA = os.path.abspath(sys.argv.pop()), os.path.abspath(sys.argv.pop())
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "scripts"))
 import store  # noqa: E402, it is found by the line above
+
+def options(**numbers):
+    """The numbers of the command line, and chance by its seed."""
+    parser = argparse.ArgumentParser()
+    for name, default in {**numbers, "seed": random.randrange(1 << 32)}.items():
+        parser.add_argument(f"--{name}", type=int, default=default)
+    given, sys.argv[1:] = parser.parse_known_args()
+    return given, random.Random(given.seed)
+
 
 HANGS = -99  # in the place of an exit status
 UNSEEN = {"SDL_VIDEODRIVER": "dummy", "SDL_AUDIODRIVER": "dummy"}

@@ -6,11 +6,9 @@ kills.py [--moments N] [--seed N] GLIMRA GLIMRA-PILOT
 The next start must have the game, paused. After a signal or the end of the display nothing is missing; after SIGKILL at
 most the last second, and no key that was pressed before.
 """
-import argparse
 import atexit
 import os
 import pathlib
-import random
 import re
 import signal
 import subprocess
@@ -21,7 +19,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "scripts"))
 from desktop import GLIMRA, PILOT, SCALE, eventually, focus_window, start_display, xdotool  # noqa: E402
 
 sys.argv += [GLIMRA, PILOT]
-from faults import EARLY, ended, interrupted, launch, played, start, stored  # noqa: E402
+from faults import EARLY, ended, interrupted, launch, options, played, start, stored  # noqa: E402
 
 SIGNALS = signal.SIGKILL, signal.SIGTERM, signal.SIGINT, signal.SIGHUP
 ENDS = *SIGNALS, "client", "server"
@@ -40,9 +38,9 @@ def early(chance):
             game.send_signal(number)
             status, said = ended(game)
             if status not in (0, -number) or said:
-                return f"{status}: {said}"
+                return f"while it starts: {status}: {said}"
         status, said = start(folder)
-        return "" if (status, said) == (0, "") and stored(folder) == expected else f"the game is another, {said}"
+        return "" if (status, said) == (0, "") and stored(folder) == expected else f"while it starts: another game, {said}"
 
 
 def play(game, record, chance):
@@ -98,20 +96,14 @@ def while_playing(end, chance):
 
 
 def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--moments", type=int, default=len(ENDS))
-    parser.add_argument("--seed", type=int, default=random.randrange(1 << 32))
-    options = parser.parse_args()
-    chance = random.Random(options.seed)
+    given, chance = options(moments=len(ENDS))
     faults = 0
-    for number in range(options.moments):
+    for number in range(given.moments):
         end = ENDS[number % len(ENDS)]
-        for name, attack in (("while it starts", lambda: early(chance)), (end, lambda: while_playing(end, chance))):
-            wrong = attack()
-            if wrong:
-                faults += 1
-                print(f"moment {number}, {name}: {wrong}", flush=True)
-    print(f"seed {options.seed}: {options.moments} games ended while they were played, {3 * options.moments} while they "
+        for wrong in filter(None, (early(chance), while_playing(end, chance))):
+            faults += 1
+            print(f"moment {number}, {end}: {wrong}", flush=True)
+    print(f"seed {given.seed}: {given.moments} games ended while they were played, {3 * given.moments} while they "
           f"started, {faults} faults")
     sys.exit(bool(faults))
 

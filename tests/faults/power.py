@@ -8,12 +8,10 @@ in part, or zeros; names may be the old ones or the new. The game must then be t
 than two seconds before. Further rounds leave out that the store or the record was brought to the disk, as if the game
 did not do it, and must find a fault.
 """
-import argparse
 import ast
 import atexit
 import copy
 import pathlib
-import random
 import re
 import sys
 import tempfile
@@ -23,7 +21,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "scripts"))
 from desktop import GLIMRA, PILOT, focus_window, start_display, xdotool  # noqa: E402
 
 sys.argv += [GLIMRA, PILOT]
-from faults import ended, interrupted, launch, played, start, stored  # noqa: E402
+from faults import ended, interrupted, launch, options, played, start, stored  # noqa: E402
 
 CALLS = "open,openat,write,fsync,fdatasync,rename,unlink,truncate,ftruncate"
 TRACE = ["strace", "-D", "-f", "-y", "-s", "9999999", "-e", f"trace={CALLS}", "-e", "signal=none", "-o", "trace"]
@@ -73,8 +71,8 @@ class File:
 
 class Disk:
     def __init__(self, folder):
-        files = (file for file in folder.glob("s/**/*") if file.is_file())
-        self.safe = {str(file.relative_to(folder)): File(file.read_bytes()) for file in files}
+        self.safe = {str(file.relative_to(folder)): File(file.read_bytes())
+                     for file in folder.glob("s/**/*") if file.is_file()}
         self.names, self.pending = dict(self.safe), []  # what each name stands for; the changes of that: (name, file)
 
     def name(self, name, file):
@@ -170,27 +168,23 @@ def fault(state, games):
 
 
 def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--states", type=int, default=1 << 30)
-    parser.add_argument("--seed", type=int, default=random.randrange(1 << 32))
-    options = parser.parse_args()
-    chance, failed = random.Random(options.seed), False
+    given, chance = options(states=1 << 30)
+    failed = False
     start_display(atexit.register)
     disk, trace = session()
     written = [text for call, name, text, _ in trace if call == "write" and RECORD in name and text != DONE]
     games = [*timeline(b"".join(written))]
     for left_out in ("nothing", "registry", RECORD):
         faults, states = [], cuts(copy.deepcopy(disk), trace, games, chance, left_out)
-        for number, (state, (moment, late)) in enumerate(chance.sample(states, min(options.states, len(states))), 1):
-            why = fault(state, late)
-            if why:
+        for number, (state, (moment, late)) in enumerate(chance.sample(states, min(given.states, len(states))), 1):
+            if why := fault(state, late):
                 faults.append(f"after {moment}: {why}")
                 print(faults[-1])
                 if left_out != "nothing":
                     break
         print(f"{left_out} left out: {number} of {len(states)} states tried, {len(faults)} faults", flush=True)
         failed = failed or bool(faults) == (left_out == "nothing")
-    print("seed", options.seed)
+    print("seed", given.seed)
     sys.exit(failed)
 
 

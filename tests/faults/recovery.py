@@ -98,16 +98,17 @@ class RecoveryTest(unittest.TestCase):
         self.expect(self.before, ".*records: Not a directory\nthis session is not recorded: .*: Not a directory\n\\Z")
 
     def test_a_store_that_cannot_be_read_or_written_keeps_the_record(self):
-        file = self.folder / "s/registry.reg"
-        for way in (file.rename(self.folder / "aside") and file.mkdir, lambda: None):
-            way()
-            status, errors = start(self.folder, before=limited(4096) if file.is_file() else None)
+        file, aside = self.folder / "s/registry.reg", self.folder / "aside"
+        file.rename(aside)
+        file.mkdir()
+        for why, before in (("not a regular file", None), ("File too large", limited(4096))):
+            status, errors = start(self.folder, before=before)
             self.assertEqual(status, 0)
-            self.assertRegex(errors, "registry.reg: (not a regular file|File too large)")
+            self.assertRegex(errors, f"registry.reg: {why}")
             self.assertEqual(self.record.read_bytes(), self.text)
             if file.is_dir():
                 file.rmdir()
-                (self.folder / "aside").rename(file)
+                aside.rename(file)
         self.expect(self.after)
 
     def test_a_disk_that_fills_ends_the_record_and_not_the_game(self):
@@ -116,9 +117,8 @@ class RecoveryTest(unittest.TestCase):
             size = self.text.index(b"# came back") + more
             self.expect(self.after, "the record ends here: .*: File too large\n\\Z", before=limited(size))
             self.expect(self.after)
-            for record in self.records.iterdir():
-                if record != self.record:
-                    record.unlink()
+            for record in {*self.records.iterdir()} - {self.record}:
+                record.unlink()
 
 
 unittest.main()

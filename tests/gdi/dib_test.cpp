@@ -25,26 +25,30 @@ Bytes dib(std::uint32_t width, std::uint32_t height, std::uint32_t bits, std::ui
 const Bytes paletted =
     dib(3, 2, 8, 3, {0x00FF0000, 0x0000FF07, 0x00070307, 0x00090202, 0x00020100});
 
+using Pixels = std::vector<gdi::Pixel>;
+
+Pixels pixelsOf(const Bytes &bytes, int storedBits)
+{
+    const auto bitmap = gdi::readDib(bytes);
+    EXPECT_EQ(bitmap ? bitmap->storedBits : 0, storedBits);
+    return bitmap
+               ? Pixels(bitmap->pixels.get(), bitmap->pixels.get() + bitmap->width * bitmap->height)
+               : Pixels();
+}
+
 } // namespace
 
 TEST(Dib, ReadsPalettesAndDropsLowBits)
 {
-    const auto bitmap = gdi::readDib(paletted);
-    ASSERT_TRUE(bitmap);
-    EXPECT_EQ(bitmap->storedBits, 8);
-    const std::vector<gdi::Pixel> pixels(bitmap->pixels.get(), bitmap->pixels.get() + 6);
     // An index beyond the palette is black.
-    EXPECT_EQ(pixels, (std::vector<gdi::Pixel>{0xF800, 0x07E0, 0, 0, 0, 0}));
+    EXPECT_EQ(pixelsOf(paletted, 8), (Pixels{0xF800, 0x07E0, 0, 0, 0, 0}));
 }
 
 TEST(Dib, Reads24Bits)
 {
     // Below: blue, and a byte of padding.
-    const auto bitmap = gdi::readDib(dib(1, 2, 24, 0, {0xFF0000FF, 0x00ADBEFF}));
-    ASSERT_TRUE(bitmap);
-    EXPECT_EQ(bitmap->storedBits, 24);
-    EXPECT_EQ(bitmap->pixels[0], gdi::toPixel(RGB(173, 190, 255)));
-    EXPECT_EQ(bitmap->pixels[1], 0x001F);
+    EXPECT_EQ(pixelsOf(dib(1, 2, 24, 0, {0xFF0000FF, 0x00ADBEFF}), 24),
+              (Pixels{gdi::toPixel(RGB(173, 190, 255)), 0x001F}));
 }
 
 TEST(Dib, RefusesMalformedOnes)

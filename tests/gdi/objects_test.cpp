@@ -1,6 +1,8 @@
 // Objects, handles and selections.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "picture.h"
 
 TEST(Objects, SelectObjectReturnsTheObjectSelectedBefore)
@@ -84,15 +86,12 @@ TEST(Objects, LiveObjectsAreNamedAndResetForgetsThem)
 
 TEST(Objects, RefusesWhatItCannotMake)
 {
-    EXPECT_FALSE(CreateCompatibleBitmap({}, 0, 5));
-    EXPECT_FALSE(CreateCompatibleBitmap({}, 5, -1));
-    EXPECT_FALSE(CreateCompatibleBitmap({}, 4097, 1));
-    EXPECT_FALSE(GetStockObject(4711));
+    EXPECT_FALSE(CreateCompatibleBitmap({}, 0, 5) || CreateCompatibleBitmap({}, 5, -1) ||
+                 CreateCompatibleBitmap({}, 4097, 1) || GetStockObject(4711));
     BITMAP description{};
     const Picture picture(77, 3);
     EXPECT_EQ(GetObjectW(picture.bitmap, 23, &description), 0);
     EXPECT_EQ(GetObjectW(picture.bitmap, sizeof description, &description), 24);
-    EXPECT_EQ(description.bmWidth, 77);
-    EXPECT_EQ(description.bmWidthBytes, 154);
-    EXPECT_EQ(description.bmBitsPixel, 16);
+    EXPECT_EQ(std::tuple(description.bmWidth, description.bmWidthBytes, description.bmBitsPixel),
+              std::tuple(77, 154, 16));
 }

@@ -23,11 +23,10 @@ public:
     gdi::Region seen;
 };
 
+/// Of a screen that is 20 pixels wide.
 std::uint16_t at(int x, int y)
 {
-    const gdi::Screen &display = gdi::screen();
-    return display.pixels.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(display.width) +
-                             static_cast<std::size_t>(x));
+    return gdi::screen().pixels.at(static_cast<std::size_t>(y * 20 + x));
 }
 
 bool contains(const gdi::Region &region, int x, int y)

@@ -22,23 +22,19 @@ using host::ProgramClock;
 
 TEST(ProgramClock, StepsThroughDueMomentsAndGivesUpLongStalls)
 {
-    struct Case
-    {
-        std::uint32_t start, deadline, now, shown;
-    };
-    for (const Case &c :
-         {Case{100, 125, 125, 125}, Case{100, 125, 900, 125}, Case{100, 125, 1125, 125},
-          Case{100, 125, 1126, 1126}, Case{0xFFFFFFF0U, 9, 12, 9},
-          Case{0xFFFFFFF0U, 0xFFFFFFFAU, 2, 0xFFFFFFFAU}})
-    {
-        ProgramClock clock(c.start);
-        EXPECT_TRUE(clock.isAhead(c.deadline));
-        clock.reachDeadline(c.deadline, c.now);
-        EXPECT_EQ(clock.ticks(), c.shown);
-        clock.reachEvent(c.shown - 1);
-        EXPECT_EQ(clock.ticks(), c.shown) << "the clock never goes back";
-        clock.reachEvent(c.shown + 3);
-        EXPECT_EQ(clock.ticks(), c.shown + 3);
+    const std::uint32_t cases[][4] = {
+        {100, 125, 125, 125},    {100, 125, 900, 125},
+        {100, 125, 1125, 125},   {100, 125, 1126, 1126},
+        {0xFFFFFFF0U, 9, 12, 9}, {0xFFFFFFF0U, 0xFFFFFFFAU, 2, 0xFFFFFFFAU}};
+    for (const auto &[start, deadline, now, shown] : cases) {
+        ProgramClock clock(start);
+        EXPECT_TRUE(clock.isAhead(deadline));
+        clock.reachDeadline(deadline, now);
+        EXPECT_EQ(clock.ticks(), shown);
+        clock.reachEvent(shown - 1);
+        EXPECT_EQ(clock.ticks(), shown) << "the clock never goes back";
+        clock.reachEvent(shown + 3);
+        EXPECT_EQ(clock.ticks(), shown + 3);
     }
 }
 
@@ -65,19 +61,15 @@ TEST(SteppingClock, LetsATimerComeDueOnceHoweverLongTheMachineSlept)
 
 TEST(Picture, LiesInTheMiddleAtTheLargestWholeScale)
 {
-    struct Case
-    {
-        Size window;
-        int scale, left, top;
-    };
     const Size picture{240, 320};
-    for (const Case &c : {Case{{240, 320}, 1, 0, 0}, Case{{479, 640}, 1, 119, 160},
-                          Case{{1920, 1080}, 3, 600, 60}, Case{{100, 319}, 1, -70, -1}})
+    for (const auto &[window, scale, left, top] : {std::tuple{Size{240, 320}, 1, 0, 0},
+                                                   {Size{479, 640}, 1, 119, 160},
+                                                   {Size{1920, 1080}, 3, 600, 60},
+                                                   {Size{100, 319}, 1, -70, -1}})
     {
-        const Placement placement = desktop::place(picture, c.window);
-        EXPECT_EQ(placement.scale, c.scale);
-        EXPECT_EQ(placement.left, c.left);
-        EXPECT_EQ(placement.top, c.top);
+        const Placement placement = desktop::place(picture, window);
+        EXPECT_EQ(std::tuple(placement.scale, placement.left, placement.top),
+                  std::tuple(scale, left, top));
     }
     for (const auto &[points, pixels, last] :
          {std::tuple{480, 480, 479}, {480, 600, 599}, {480, 720, 719}, {480, 960, 959}})
@@ -87,16 +79,17 @@ TEST(Picture, LiesInTheMiddleAtTheLargestWholeScale)
         EXPECT_EQ(at.y, last);
     }
     const Placement placement{3, 600, 60};
-    EXPECT_FALSE(desktop::isOnPicture({599, 60}, placement, picture));
-    EXPECT_TRUE(desktop::isOnPicture({600, 60}, placement, picture));
-    EXPECT_TRUE(desktop::isOnPicture({1319, 1019}, placement, picture));
-    EXPECT_FALSE(desktop::isOnPicture({1320, 1019}, placement, picture));
-    for (const auto &[point, x, y] :
-         {std::tuple{Point{602, 62}, 0, 0}, {Point{603, 63}, 1, 1}, {Point{0, 5000}, 0, 319}})
+    for (const auto &[point, x, y, on] : {std::tuple{Point{599, 60}, 0, 0, false},
+                                          {Point{600, 60}, 0, 0, true},
+                                          {Point{1319, 1019}, 239, 319, true},
+                                          {Point{1320, 1019}, 239, 319, false},
+                                          {Point{602, 62}, 0, 0, true},
+                                          {Point{603, 63}, 1, 1, true},
+                                          {Point{0, 5000}, 0, 319, false}})
     {
         const Point pixel = desktop::toPicture(point, placement, picture);
-        EXPECT_EQ(pixel.x, x);
-        EXPECT_EQ(pixel.y, y);
+        EXPECT_EQ(std::pair(pixel.x, pixel.y), std::pair(x, y)) << point.x;
+        EXPECT_EQ(desktop::isOnPicture(point, placement, picture), on) << point.x;
     }
 }
 
@@ -108,15 +101,9 @@ TEST(Picture, IsDrawnExactlyAndStaysOnTheCanvas)
     const host::Frame frame{pixels.data(), 3, 2};
     constexpr std::uint32_t untouched = 0x12345678;
     for (const Size size : {Size{9, 6}, Size{7, 4}, Size{4, 5}, Size{1, 1}}) {
-        std::vector<std::uint32_t> memory(static_cast<std::size_t>(size.width) *
-                                              static_cast<std::size_t>(size.height),
-                                          untouched);
-        const Canvas canvas{reinterpret_cast<std::byte *>(memory.data()),
-                            static_cast<std::size_t>(size.width) * 4,
-                            size,
-                            16,
-                            8,
-                            0};
+        std::vector<std::uint32_t> memory(64, untouched);
+        const auto row = static_cast<std::size_t>(size.width) * 4;
+        const Canvas canvas{reinterpret_cast<std::byte *>(memory.data()), row, size, 16, 8, 0};
         const Placement placement = desktop::place({3, 2}, size);
         desktop::drawEnlarged(frame, {-5, -5, 50, 50}, placement, canvas);
         for (int y = 0; y < size.height; ++y) {
@@ -140,18 +127,18 @@ TEST(WindowPlace, IsKeptAndTakenWhereTheWindowCanBeHeldAndSeenWhole)
 {
     constexpr std::array<host::Area, 2> screens{{{0, 24, 1280, 1024}, {-800, 0, 0, 600}}};
     const std::filesystem::path folder = testing::TempDir();
-    for (const auto &[text, taken] : {std::pair("480 640 1216 960", true),
-                                      {"480 640 1217 960", false},
-                                      {"480 640 1216 961", false},
-                                      {"480 640 100 23", false},
-                                      {"480 600 -700 0", true},
-                                      {"480 601 -700 0", false},
-                                      {"480 640 3", false},
-                                      {"0 640 99 99", false},
-                                      {"480 640 99 99999999999", false},
-                                      {"480 640 -99999999999999999999 99", false},
-                                      {"window", false}})
-    {
+    const std::pair<const char *, bool> cases[] = {{"480 640 1216 960", true},
+                                                   {"480 640 1217 960", false},
+                                                   {"480 640 1216 961", false},
+                                                   {"480 640 100 23", false},
+                                                   {"480 600 -700 0", true},
+                                                   {"480 601 -700 0", false},
+                                                   {"480 640 3", false},
+                                                   {"0 640 99 99", false},
+                                                   {"480 640 99 99999999999", false},
+                                                   {"window", false},
+                                                   {"480 640 -99999999999999999999 99", false}};
+    for (const auto &[text, taken] : cases) {
         std::ofstream(folder / "window") << text;
         const auto place = desktop::loadWindowPlace(folder);
         EXPECT_EQ(place && desktop::isOnScreen(*place, screens), taken) << text;

@@ -133,8 +133,7 @@ protected:
     }
 
     const std::filesystem::path folder =
-        std::filesystem::path(testing::TempDir()) / "controllers" /
-        testing::UnitTest::GetInstance()->current_test_info()->name();
+        testing::TempDir() + testing::UnitTest::GetInstance()->current_test_info()->name();
     const std::vector<std::uint16_t> pixels = std::vector<std::uint16_t>(240 * 320);
     std::unique_ptr<host::Host> host;
     SDL_Joystick *stick = nullptr;
@@ -147,7 +146,7 @@ TEST_F(ControllerTest, AloneTapsAndQuits)
     stick = SDL_JoystickOpen(SDL_JoystickAttachVirtual(
         SDL_JOYSTICK_TYPE_GAMECONTROLLER, SDL_CONTROLLER_AXIS_MAX, SDL_CONTROLLER_BUTTON_MAX, 0));
     events();
-    for (const Sint16 lean : std::initializer_list<Sint16>{32767, 0}) {
+    for (const Sint16 lean : {Sint16{32767}, Sint16{0}}) {
         SDL_JoystickSetVirtualAxis(stick, SDL_CONTROLLER_AXIS_RIGHTX, lean);
         EXPECT_TRUE(events().empty()) << "a raised stylus makes no event";
     }

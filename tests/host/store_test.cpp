@@ -1,13 +1,12 @@
 // The store on disk, and texts on their way to the host.
 #include <cerrno>
-#include <csignal>
 #include <deque>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <sstream>
 #include <string>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <gtest/gtest.h>
@@ -15,21 +14,17 @@
 #include "base/utf.h"
 #include "host/store_file.h"
 
-namespace {
-
-std::deque<int> fsyncErrors; ///< what the next calls come to; then all of them work
-
-} // namespace
+static std::deque<int> fsyncErrors; ///< what the next calls come to; then all of them work
 
 /// In the place of the system's.
 extern "C" int fsync(int)
 {
-    if (!fsyncErrors.empty()) {
-        errno = fsyncErrors.front();
-        fsyncErrors.pop_front();
-        return errno == 0 ? 0 : -1;
+    if (fsyncErrors.empty()) {
+        return 0;
     }
-    return 0;
+    errno = fsyncErrors.front();
+    fsyncErrors.pop_front();
+    return errno == 0 ? 0 : -1;
 }
 
 namespace {
@@ -52,9 +47,8 @@ protected:
     }
     std::string content(const std::string &name) const
     {
-        std::ifstream in(folder / name);
         std::ostringstream text;
-        text << in.rdbuf();
+        text << std::ifstream(folder / name).rdbuf();
         return text.str();
     }
     auto count() const { return std::distance(fs::directory_iterator(folder), {}); }
@@ -73,9 +67,7 @@ TEST_F(StoreTest, MakesItsFolderAndReplacesItsFileAsAWhole)
     EXPECT_FALSE(store.save(bytes("second")));
     EXPECT_EQ(content("a/b/registry.reg"), "second");
     EXPECT_EQ(std::distance(fs::directory_iterator(deep), {}), 1) << "nothing else stays";
-    const auto loaded = store.load().value;
-    ASSERT_TRUE(loaded);
-    EXPECT_EQ(loaded->size(), 6U);
+    EXPECT_EQ(store.load().value.value().size(), 6U);
     for (const fs::path &place : {deep / "registry.reg", deep / "registry.reg" / "below"}) {
         const auto problem = host::StoreFile(place).save(bytes("lost"));
         EXPECT_EQ(problem, place.string() + ": Not a directory");
@@ -86,24 +78,6 @@ TEST_F(StoreTest, MakesItsFolderAndReplacesItsFileAsAWhole)
     for (const fs::path &made : {folder / "a", deep}) {
         EXPECT_EQ(fs::status(made).permissions(), fs::perms::owner_all);
     }
-}
-
-TEST_F(StoreTest, FullDiskLeavesTheOldFileWhole)
-{
-    host::StoreFile store(folder);
-    ASSERT_FALSE(store.save(bytes("old")));
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{100, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    const auto problem = store.save(bytes(std::string(1000, 'x')));
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
-    ASSERT_TRUE(problem);
-    EXPECT_NE(problem->find("registry.reg"), std::string::npos);
-    EXPECT_EQ(content("registry.reg"), "old");
-    EXPECT_EQ(count(), 1) << "the unfinished file is gone";
 }
 
 TEST_F(StoreTest, WhatIsSetAsideIsNeverLost)
@@ -123,25 +97,20 @@ TEST_F(StoreTest, WhatIsSetAsideIsNeverLost)
 TEST_F(StoreTest, WhatIsNoFileToReadIsNamedAndNotReplaced)
 {
     const fs::path file = folder / "registry.reg";
-    const auto make = [&](std::string_view kind) {
-        if (kind == "folder") {
-            fs::create_directory(file);
-        } else if (kind == "pipe") {
-            mkfifo(file.c_str(), 0600);
-        } else if (kind == "large") {
-            std::ofstream(file) << std::string((1 << 20) + 1, ' ');
-        } else {
-            fs::create_symlink(kind, file);
-        }
+    const std::function<void()> kinds[] = {
+        [&] { fs::create_directory(file); },
+        [&] { mkfifo(file.c_str(), 0600); },
+        [&] { std::ofstream(file) << std::string((1 << 20) + 1, ' '); },
+        [&] { fs::create_symlink("/dev/zero", file); },
+        [&] { fs::create_symlink("registry.reg", file); }, // leads to itself
     };
-    for (const char *kind : {"folder", "pipe", "large", "/dev/zero", "registry.reg"}) {
-        make(kind);
+    for (const auto &make : kinds) {
+        make();
         host::StoreFile store(folder);
-        const auto problem = store.load().problem;
-        ASSERT_TRUE(problem) << kind;
-        EXPECT_TRUE(problem->starts_with(file.string())) << *problem;
-        EXPECT_TRUE(store.save(bytes("new"))) << kind;
-        EXPECT_EQ(count(), 1) << kind;
+        const std::string problem = store.load().problem.value_or("none");
+        EXPECT_TRUE(problem.starts_with(file.string())) << problem;
+        EXPECT_TRUE(store.save(bytes("new"))) << problem;
+        EXPECT_EQ(count(), 1) << problem;
         fs::remove(file);
     }
 }

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 """A monkey plays: random scripts for the pilot, some of them on damaged stores.
 
-    monkey.py GLIMRA-PILOT [--seed SEED] [--commands COUNT] [--recorded SHARE]
+    monkey.py GLIMRA-PILOT [--seed SEED] [--commands COUNT]
 
 The pilot should be built with sanitizers. The test fails on a crash, a fault in the game, a hang, or a
 record that does not hold or play the same game again, and keeps the script and the store in monkey-found.
 """
 import argparse
+import contextlib
 import itertools
 import os
 import pathlib
@@ -22,8 +23,7 @@ import time
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "support"))
 from names import expand  # noqa: E402, it is found by the line above
 
-SCRIPT_COMMANDS = 400
-HANG_SECONDS = 60
+SCRIPT_COMMANDS, HANG_SECONDS, RECORDED_SHARE = 400, 60, 0.2
 KEYS = [8, 9, 13, 27, 37, 38, 39, 40, 46, 65, 75, 81, 112, 193, 194, 195, 196, 254]
 MENU = ["IDM_NEW_GAME", "IDM_BUTTONS", "IDM_GAME_OPTIONS", "IDM_ABANDON_GAME", "IDM_SHOW_HIGH_SCORES", "IDM_ABOUT"]
 TEXTS = ["Ann", "", "  ", "Hällo # Ω", "x" * 60, "\U0001F600", "\"\\"]
@@ -46,9 +46,9 @@ class Script:
         clock = dice.choice([1000, 2**31 - 9000, 2**32 - 9000, dice.randrange(2**32)])
         self.options = ["--clock", str(clock)] + ["--landscape"] * (dice.random() < 0.2)
         record_options = ["--record", "record"] if record else []
-        self.errors = open(folder / "errors", "w+", encoding="utf-8")
-        self.process = subprocess.Popen([pilot, "--store", "store", *self.options, *record_options], cwd=folder,
-                                        text=True, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=self.errors)
+        with open(folder / "errors", "w", encoding="utf-8") as errors:
+            self.process = subprocess.Popen([pilot, "--store", "store", *self.options, *record_options], cwd=folder,
+                                            text=True, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=errors)
         self.hung = threading.Timer(HANG_SECONDS, self.process.kill)
         self.hung.start()
         self.write("check")
@@ -58,15 +58,15 @@ class Script:
     def write(self, *commands):
         commands = [expand(command) for command in commands]
         self.written += commands
-        self.process.stdin.write("".join(command + "\n" for command in commands))
+        print(*commands, sep="\n", file=self.process.stdin)
 
     def move(self):
         """Sends a few commands and reads the list of windows. Returns False when the pilot has stopped."""
         if self.ended and self.record:
             return False  # a record ends with the program
-        aimed = self.aimed()
-        if aimed and self.dice.random() < 0.6:
-            commands = [self.dice.choice(aimed)]
+        commands = self.aimed()
+        if commands and self.dice.random() < 0.6:
+            commands = [self.dice.choice(commands)]
         else:  # those that may end the program come last
             commands = sorted((self.command() for _ in range(self.dice.randrange(1, 9))),
                               key=lambda command: bool(ENDING.search(command)))
@@ -128,18 +128,14 @@ class Script:
 
     def finish(self):
         """Ends the script and returns what went wrong, or nothing."""
-        try:
+        with contextlib.suppress(BrokenPipeError):
             self.write("state first.state" if self.record else "close")
             self.process.stdin.close()
-        except BrokenPipeError:
-            pass
         self.process.stdout.read()
         status = self.process.wait()
         hung = not self.hung.is_alive()
         self.hung.cancel()
-        self.errors.seek(0)
-        errors = self.errors.read()
-        self.errors.close()
+        errors = (self.folder / "errors").read_text(encoding="utf-8")
         if hung:
             return "it hangs"
         stopped = status == 2 and REFUSED.fullmatch(errors.strip().splitlines()[-1])
@@ -154,9 +150,9 @@ def replay(pilot, folder, marks):
     if check.returncode != 0 or not check.stdout.endswith("holds\n"):
         return f"the record: --check: status {check.returncode}: {check.stdout}{check.stderr}"
     lines = (folder / "record").read_text().splitlines()
-    header = list(itertools.takewhile(lambda line: line.startswith("#"), lines))
-    script, shots = header + ["trace again"], itertools.count(1)
-    for line in lines[len(header):]:
+    begin, shots = next(at for at, line in enumerate(lines) if not line.startswith("#")), itertools.count(1)
+    script = [*lines[:begin], "trace again"]
+    for line in lines[begin:]:
         script += [line, f"shot again{next(shots)}.png"] if line == MARK else [line]
     (folder / "again.pilot").write_text("\n".join([*script, "state again.state"]) + "\n")
     result = subprocess.run([pilot, "again.pilot"], cwd=folder, capture_output=True, text=True, timeout=HANG_SECONDS)
@@ -191,7 +187,6 @@ def main():
     parser.add_argument("pilot", type=os.path.abspath)
     parser.add_argument("--seed", type=int, default=random.randrange(10**6))
     parser.add_argument("--commands", type=int, default=10000)
-    parser.add_argument("--recorded", type=float, default=0.2)
     arguments = parser.parse_args()
     print(f"seed {arguments.seed}", flush=True)
     done, number, found, store, begun = 0, 0, 0, None, time.monotonic()
@@ -203,7 +198,7 @@ def main():
             start = None if store is None or dice.random() < 0.2 else store
             if start is not None and dice.random() < 0.5:
                 start = damaged(start, dice)
-            script = Script(arguments.pilot, folder, dice, start, record=dice.random() < arguments.recorded)
+            script = Script(arguments.pilot, folder, dice, start, record=dice.random() < RECORDED_SHARE)
             while script.commands < SCRIPT_COMMANDS and script.move():
                 pass
             done += script.commands

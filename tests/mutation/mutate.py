@@ -1,16 +1,16 @@
 #!/usr/bin/env python3
 """Changes the rules, the registry and the store one operator or number at a time; the tests should notice.
 
-    mutate.py [--sample COUNT] [--seed SEED] [--part K/N] [--folder FOLDER] [--again] [--list] [FILE...]
+    mutate.py [--sample COUNT] [--seed SEED] [--folder FOLDER] [FILE...]
 
 Each change is built in a copy of the tree (in FOLDER, build/mutation if none is named), and what ./test -LE real-time
 runs is run, the fitting tests first, to the first failure; one that takes too long counts as noticed. A change that
-the compiler refuses does not count. Results are kept in FOLDER, so that a run that was stopped goes on where it was;
---again tries the survivors again. Several runs share the work when each has its --part. README.md beside this file
-says which changes nobody can notice.
+the compiler refuses does not count. Results are kept in FOLDER, so that a run that was stopped goes on where it was.
+README.md beside this file says which changes nobody can notice.
 """
 import argparse
 import collections
+import contextlib
 import filecmp
 import glob
 import json
@@ -45,10 +45,7 @@ Change = collections.namedtuple("Change", "file start end old new where")
 def numbers_beside(text):
     """The number one higher and the one lower, written as the number was."""
     digits, suffix = re.fullmatch(r"(.*?)([uUlL]*)", text.replace("'", "")).groups()
-    if digits.startswith("0x"):
-        base, form = 16, "0x{:x}"
-    else:
-        base, form = (8, "0{:o}") if digits[0] == "0" != digits else (10, "{}")
+    base, form = (16, "0x{:x}") if digits.startswith("0x") else (8, "0{:o}") if digits[0] == "0" != digits else (10, "{}")
     value = int(digits, base)
     return [form.format(other) + suffix for other in (value + 1, value - 1) if other >= 0 or not suffix]
 
@@ -76,18 +73,15 @@ def changes_in(file):
 
 def run(command, folder, limit):
     """Whether a command worked, within its time. What it started ends with it."""
-    process = subprocess.Popen(command, cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                               stderr=subprocess.DEVNULL, start_new_session=True)
-    try:
-        return process.wait(limit) == 0
-    except subprocess.TimeoutExpired:
-        return False
-    finally:
+    with subprocess.Popen(command, cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                          stderr=subprocess.DEVNULL, start_new_session=True) as process:
         try:
-            os.killpg(process.pid, signal.SIGKILL)
-        except ProcessLookupError:
-            pass
-        process.wait()
+            return process.wait(limit) == 0
+        except subprocess.TimeoutExpired:
+            return False
+        finally:
+            with contextlib.suppress(ProcessLookupError):
+                os.killpg(process.pid, signal.SIGKILL)
 
 
 class Bench:
@@ -101,8 +95,7 @@ class Bench:
             copy = self.tree / name
             copy.parent.mkdir(parents=True, exist_ok=True)
             if not copy.exists() or not filecmp.cmp(ROOT / name, copy, shallow=False):
-                shutil.copyfile(ROOT / name, copy)
-                shutil.copymode(ROOT / name, copy)
+                shutil.copy(ROOT / name, copy)
         subprocess.run(["cmake", "-G", "Ninja", "-S", self.tree, "-B", self.build, "-DCMAKE_BUILD_TYPE=None",
                         "-DCMAKE_CXX_FLAGS=-O1", "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST",
                         f"-DPython3_EXECUTABLE={sys.executable}"], check=True, stdout=subprocess.DEVNULL)
@@ -158,40 +151,27 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--sample", type=int, help="how many changes; all if it is not said")
     parser.add_argument("--seed", type=int, default=1)
-    parser.add_argument("--part", default="1/1")
     parser.add_argument("--folder", type=pathlib.Path, default=ROOT / "build/mutation")
-    parser.add_argument("--again", action="store_true")
-    parser.add_argument("--list", action="store_true", help="only list the changes")
     parser.add_argument("files", nargs="*", metavar="FILE")
     options = parser.parse_args()
     files = options.files or sorted(name for pattern in FILES for name in glob.glob(pattern, root_dir=ROOT))
     changes = [change for file in files for change in changes_in(file)]
     sample = random.Random(options.seed).sample(changes, len(changes))[:options.sample]
-    if options.list:
-        print("\n".join(change.where for change in sample))
-        return
-    part, parts = map(int, options.part.split("/"))
-    folder = options.folder.resolve() / f"part{part}"
-    folder.mkdir(parents=True, exist_ok=True)
+    options.folder.mkdir(parents=True, exist_ok=True)
+    bench, known = Bench(options.folder.resolve()), {}
     with open(options.folder / "results", "a+", encoding="utf-8") as kept:
-        def results():
-            kept.seek(0)
-            return {where: result for result, where in (line.rstrip("\n").split("\t") for line in kept)}
-        known = results()
-        due = [change for change in sample[part - 1::parts]
-               if change.where not in known or (options.again and known[change.where] == "survived")]
-        bench = Bench(folder) if due else None
-        for change in due:
-            name = bench.judge(change)
-            result = "survived" if name is None else f"noticed by {name}" if name else "refused"
-            print(f"{result}: {change.where}", flush=True)
-            kept.write(f"{result}\t{change.where}\n")
-            kept.flush()  # in one piece behind what the other parts wrote
-        known = {where: result for where, result in results().items() if where in {each.where for each in sample}}
+        kept.seek(0)
+        before = dict(reversed(line.rstrip("\n").split("\t")) for line in kept)
+        for change in sample:
+            if change.where not in before:
+                name = bench.judge(change)
+                before[change.where] = "survived" if name is None else f"noticed by {name}" if name else "refused"
+                print(f"{before[change.where]}: {change.where}", flush=True)
+                print(before[change.where], change.where, sep="\t", file=kept, flush=True)
+            known[change.where] = before[change.where]
     counted = [result for result in known.values() if result != "refused"]
     noticed = sum(result != "survived" for result in counted)
-    print(f"{noticed} of {len(counted)} noticed; {len(known) - len(counted)} refused by the compiler; "
-          f"{len(sample) - len(known)} of {len(sample)} left to do")
+    print(f"{noticed} of {len(counted)} noticed; {len(known) - len(counted)} refused by the compiler")
     print("\n".join(sorted(f"survived: {where}" for where, result in known.items() if result == "survived")))
 
 

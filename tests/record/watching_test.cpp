@@ -104,14 +104,13 @@ TEST(Watching, SeeksUnseen)
     EXPECT_EQ(viewer.watch({.position = 10000}), std::nullopt);
     EXPECT_TRUE(stayed);
 
-    const std::tuple<std::uint64_t, WatchCommand, std::uint64_t> backwards[] = {
-        {30000, Back, 25010},
-        {3000, Back, 0},
-        {30000, PreviousChapter, 20005},
-        {20500, PreviousChapter, 10005},
-        {9000, Start, 0},
-        {60000, Seek, 123}};
-    for (const auto &[position, command, expected] : backwards) {
+    for (const auto &[position, command, expected] : {std::tuple(30000U, Back, 25010U),
+                                                      {3000U, Back, 0U},
+                                                      {30000U, PreviousChapter, 20005U},
+                                                      {20500U, PreviousChapter, 10005U},
+                                                      {9000U, Start, 0U},
+                                                      {60000U, Seek, 123U}})
+    {
         Viewer back;
         back.give(Slower, 0);
         back.give(command, 20, 123);
@@ -156,9 +155,9 @@ TEST(Watching, ShowsTheSameWhicheverWayTheViewerComesToAMoment)
 
 TEST(Watching, EndsWhenTheViewerTakesOver)
 {
-    for (const auto &[position, released] :
-         {std::pair(15000U, "key 67 up\n"), std::pair(25000U, "stylus up 3 4\n"),
-          std::pair(60000U, "stylus up 3 4\n")})
+    for (const auto &[position, released] : {std::pair(15000U, "key 67 up\n"),
+                                             {25000U, "stylus up 3 4\n"},
+                                             {60000U, "stylus up 3 4\n"}})
     {
         const std::string first = released;
         Viewer viewer;

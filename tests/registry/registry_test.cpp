@@ -49,8 +49,7 @@ struct RegistryTest : testing::Test
                       ERROR_SUCCESS);
             text = std::to_string(type) + ":";
             for (const BYTE byte : data) {
-                text += "0123456789abcdef"[byte >> 4U];
-                text += "0123456789abcdef"[byte & 15U];
+                text += {"0123456789abcdef"[byte >> 4U], "0123456789abcdef"[byte & 15U]};
             }
         }
         EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
@@ -189,13 +188,16 @@ REGEDIT4
 [HKEY_LOCAL_MACHINE\kk]
 [-hkey_local_machine\K\below]
 @="y")");
-    EXPECT_EQ(value(u"k", u"n"), "2:61000000");
-    EXPECT_EQ(value(u"k", u"gone"), "none");
-    EXPECT_EQ(value(u"k", u"wrapped"), "3:010203");
-    EXPECT_EQ(value(u"k", u"number"), "4:0a000000");
-    EXPECT_EQ(value(u"]k", u""), "none");
-    EXPECT_EQ(value(u"k\\below", u""), "no key");
-    EXPECT_EQ(value(u"kk", u""), "none");
+    for (const auto &[key, name, expected] : {std::tuple(u"k", u"n", "2:61000000"),
+                                              {u"k", u"gone", "none"},
+                                              {u"k", u"wrapped", "3:010203"},
+                                              {u"k", u"number", "4:0a000000"},
+                                              {u"]k", u"", "none"},
+                                              {u"k\\below", u"", "no key"},
+                                              {u"kk", u"", "none"}})
+    {
+        EXPECT_EQ(value(key, name), expected);
+    }
     EXPECT_TRUE(host().reports.empty());
 }
 
@@ -219,9 +221,9 @@ TEST_F(RegistryTest, SetsADamagedFileAsideAndReportsTheLine)
             restart(before + text);
             EXPECT_EQ(value(u"k", u"a"), "no key") << text;
             EXPECT_TRUE(host().setAside && !host().store) << text;
-            ASSERT_EQ(host().reports.size(), 1U) << text;
             const std::string start = "registry.reg line " + std::to_string(line) + ": ";
-            EXPECT_TRUE(host().reports[0].starts_with(start)) << text;
+            EXPECT_EQ(host().reports.size(), 1U) << text;
+            EXPECT_TRUE(host().reports.at(0).starts_with(start)) << text;
         }
     }
 }

@@ -3,29 +3,13 @@
 
 #include "resources/image.h"
 #include "support/fake_host.h"
-#include "support/resource_image.h"
+#include "support/test_resources.h"
 
 namespace {
 
-/// Strings 40007 and 40008 (the last but eight of a block), a WAVE and two bitmaps.
-ResourceImage sampleImage()
-{
-    ResourceImage image;
-    std::vector<std::uint16_t> block(7);
-    block.insert(block.end(), {3, u'a', u'b', u'c', 2, u'd', u'e'});
-    block.resize(block.size() + 7);
-    const std::vector<std::uint16_t> odd = {1, 2, 3};
-    image.add(2, 107, odd);
-    image.add(u"WAVE", 114, odd);
-    image.add(6, 40007 / 16 + 1, block);
-    image.add(2, u"Logo", odd);
-    return image;
-}
-
 TEST(Resources, AreFoundByNumberAndName)
 {
-    const ResourceImage image = sampleImage();
-    SwitchedOn handheld(image.bytes);
+    SwitchedOn handheld(testResources());
     const HRSRC wave = FindResourceW({}, MAKEINTRESOURCEW(114), u"wave");
     EXPECT_EQ(SizeofResource({}, wave), 6U);
     EXPECT_EQ(static_cast<const std::uint16_t *>(LoadResource({}, wave))[2], 3);
@@ -42,8 +26,7 @@ TEST(Resources, AreFoundByNumberAndName)
 
 TEST(Resources, StringsAreCopiedAsFarAsTheyFit)
 {
-    const ResourceImage image = sampleImage();
-    SwitchedOn handheld(image.bytes);
+    SwitchedOn handheld(testResources());
     WCHAR buffer[8] = u"???????";
     EXPECT_EQ(LoadStringW({}, 40007, buffer, 8), 3);
     EXPECT_EQ(std::u16string(buffer), u"abc");
@@ -58,7 +41,7 @@ TEST(Resources, StringsAreCopiedAsFarAsTheyFit)
 
 TEST(Resources, OfADamagedImageNothingOutsideIsRead)
 {
-    const std::vector<std::byte> whole = sampleImage().bytes;
+    const std::vector<std::byte> whole(testResources().begin(), testResources().end());
     const auto readAll = [](std::vector<std::byte> bytes) {
         bytes.shrink_to_fit(); // so that a sanitizer finds any read beyond the end
         SwitchedOn handheld(bytes);

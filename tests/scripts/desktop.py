@@ -3,12 +3,9 @@
 The last words of their command line are GLIMRA GLIMRA-PILOT.
 """
 import os
-import pathlib
 import subprocess
 import sys
-import tempfile
 import time
-import unittest
 
 import store
 
@@ -59,11 +56,11 @@ def focus_window(game):
     xdotool("windowfocus", "--sync", game.window)
 
 
-def start_display(add_cleanup, depth=24, more=()):
+def start_display(add_cleanup, depth=24):
     """A display's server, for all that is started from now on."""
     reader, writer = os.pipe()
     # Without -noreset the server restarts when its last client leaves, and refuses others meanwhile.
-    options = ["-noreset", "-screen", "0", f"1280x1024x{depth}", "-nolisten", "tcp", *more]
+    options = ["-noreset", "-screen", "0", f"1280x1024x{depth}", "-nolisten", "tcp"]
     server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), *options], pass_fds=[writer], stderr=subprocess.DEVNULL)
     os.close(writer)
     os.environ["DISPLAY"] = ":" + os.read(reader, 20).decode().strip()
@@ -74,17 +71,12 @@ def start_display(add_cleanup, depth=24, more=()):
     return server
 
 
-class DesktopTest(unittest.TestCase):
-    """Plays on a display in memory, with a folder of its own."""
+class DesktopTest(store.FolderTest):
+    """Plays on a display in memory."""
 
     @classmethod
     def setUpClass(cls):
         start_display(cls.addClassCleanup)
-
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
 
     def start(self, store="store", *options, scale=("--scale", str(SCALE)), **how):
         home = {"HOME": str(self.folder), "PATH": f"{self.folder}:{os.environ['PATH']}"}

@@ -8,6 +8,7 @@ a storey above or beside it, and no chain of includes leads back to where it beg
 the handheld's public headers and the standard library; only a host includes what a machine has. The
 tables are those of docs/ARCHITECTURE.md.
 """
+import graphlib
 import pathlib
 import re
 import sys
@@ -56,14 +57,10 @@ def storey_of(unit):
     return max((name for name in RANKS if f"{unit}/".startswith(f"{name}/")), key=len)
 
 
-def is_standard(bracket, name):
-    return bracket == "<" and re.fullmatch(r"[a-z_]+", name) is not None
-
-
 def may_leave(unit, bracket, name):
     """Whether a unit may include something that is not of this repository."""
-    if is_standard(bracket, name):
-        return True
+    if bracket == "<" and re.fullmatch("[a-z_]+", name):
+        return True  # of the standard library
     if name.startswith("SDL"):
         return unit.startswith("platform/host/sdl/")
     if name.startswith("emscripten"):
@@ -103,23 +100,6 @@ def wrong_way(unit, other):
     return "goes across" if RANKS[below] == RANKS[storey] else "goes up"
 
 
-def circles(includes):
-    """Every unit from which includes lead back to itself, with the way."""
-    for start in includes:
-        ways = [[start]]
-        seen = set()
-        while ways:
-            way = ways.pop(0)
-            for other in sorted(includes.get(way[-1], ())):
-                if other == start and len(way) > 1:
-                    yield " -> ".join([*way, start])
-                    ways.clear()
-                    break
-                if other not in seen and other != start:
-                    seen.add(other)
-                    ways.append([*way, other])
-
-
 def documented():
     """The first column of the two tables in docs/ARCHITECTURE.md."""
     text = (ROOT / "docs/ARCHITECTURE.md").read_text(encoding="utf-8")
@@ -131,9 +111,13 @@ units, faults = read_units()
 if documented() != [HANDHELD, PROGRAM]:
     faults.append("docs/ARCHITECTURE.md has other tables of storeys")
 for unit, others in units.items():
-    for other in sorted(others - {unit}):
+    others.discard(unit)
+    for other in sorted(others):
         if reason := wrong_way(unit, other):
             faults.append(f"{unit} includes {other}: {reason}")
-faults += [f"a circle: {circle}" for circle in circles(units)]
+try:
+    graphlib.TopologicalSorter(units).prepare()
+except graphlib.CycleError as error:
+    faults.append(f"a circle: {' -> '.join(reversed(error.args[1]))}")
 print("\n".join(faults) or f"{len(units)} units, one direction.")
 sys.exit(bool(faults))

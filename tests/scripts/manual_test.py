@@ -9,14 +9,11 @@ import subprocess
 import sys
 
 ROOT, EXECUTABLES = pathlib.Path(sys.argv[1]), map(pathlib.Path, sys.argv[2:])
-faults = 0
+faults = []
 
 
 def expect_same(name, named, true):
-    global faults
-    for word in named ^ true:
-        print(f"{name}: {word} is named in one place only")
-        faults += 1
+    faults.extend(f"{name}: {word} is named in one place only" for word in named ^ true)
 
 
 for executable in EXECUTABLES:
@@ -29,4 +26,5 @@ source = "".join((ROOT / "platform" / file).read_text(encoding="utf-8")
 commands = set(re.findall(r'^ +\{"([a-z]+)", (?:&Player::|\{)', source, re.MULTILINE))
 rows = re.findall(r"^([^|\n]+)\|T\{", page, re.MULTILINE)
 expect_same("glimra-pilot", {part.split()[0] for row in rows for part in row.split(",")}, commands)
-sys.exit(faults != 0)
+print("\n".join(faults))
+sys.exit(bool(faults))

@@ -23,6 +23,15 @@ class PilotTest(store.FolderTest):
         output, self.errors = store.play(PILOT, script, *options, status=status, folder=self.folder)
         return output
 
+    def open_pilot(self, script, *options):
+        """A pilot that has carried out a script up to "echo ready", and waits for more."""
+        pilot = subprocess.Popen([PILOT, *options], cwd=self.folder, env={**os.environ, "TMPDIR": str(self.folder)}, text=True,
+                                 stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        pilot.stdin.write(store.expand(script))
+        pilot.stdin.flush()
+        self.assertEqual(pilot.stdout.readline(), "ready\n")
+        return pilot
+
     def field(self, name, field):
         return store.field(self.read(name), field)
 
@@ -44,11 +53,7 @@ class PilotTest(store.FolderTest):
             self.assertRegex(self.errors, r"\Apilot: .+\n\Z")
 
     def test_a_signal_ends_it_and_leaves_nothing_behind(self):
-        pilot = subprocess.Popen([PILOT], env={**os.environ, "TMPDIR": str(self.folder)}, text=True,
-                                 stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-        pilot.stdin.write(store.expand("restart\nmenu IDM_NEW_GAME\naway\necho goes on\n"))
-        pilot.stdin.flush()
-        self.assertEqual(pilot.stdout.readline(), "goes on\n")
+        pilot = self.open_pilot("restart\nmenu IDM_NEW_GAME\naway\necho ready\n")
         self.assertTrue(list(self.folder.glob("*/registry.reg")))
         pilot.send_signal(signal.SIGTERM)
         self.assertEqual(pilot.communicate(timeout=20), ("", ""))
@@ -68,17 +73,16 @@ class PilotTest(store.FolderTest):
         """A game has a timer of 25 ms; one that is due at the end of a wait fires."""
         self.run_pilot("menu IDM_NEW_GAME\ntrace t\nwait 24\nwait 1\nwait 100\nwait 0\ntap 120 150\ntrace off\nwait 25\n"
                        "trace t\npress 37 50\n")
-        self.assertEqual((self.folder / "t").stat().st_size, (1 + 4 + 2) * RECORD)
+        self.assertEqual(len(self.read("t")), (1 + 4 + 2) * RECORD)
         self.run_pilot("menu IDM_NEW_GAME\ntrace t\nwait 1000\n", "--clock", "4294967000")
-        self.assertEqual((self.folder / "t").stat().st_size, 40 * RECORD)
+        self.assertEqual(len(self.read("t")), 40 * RECORD)
 
     def test_restart_is_a_fresh_process_with_the_same_clock_and_keys(self):
         output = self.run_pilot(
             "menu IDM_NEW_GAME\nwait 500\nkey 37 down\ntrace t\nrestart\nstate s\nwait 100\ntap 120 150\nwait 1000\n"
             "trace off\nstate s2\ntree\nkill\nbogus\n")
-        self.assertEqual(self.field("s", "appState"), PLAYING)
-        self.assertEqual(self.field("s", "state"), PAUSED)
-        self.assertEqual((self.folder / "t").stat().st_size, 40 * RECORD, "no timer before the tap")
+        self.assertEqual((self.field("s", "appState"), self.field("s", "state")), (PLAYING, PAUSED))
+        self.assertEqual(len(self.read("t")), 40 * RECORD, "no timer before the tap")
         self.assertEqual(self.field("s2", "x"), 0, "the held key has moved the piece to the wall")
         self.assertEqual(sum("GLIMRAPPC" in line for line in output), 1)
 
@@ -93,8 +97,8 @@ class PilotTest(store.FolderTest):
         output = self.run_pilot("menu IDM_NEW_GAME\nwait 75\npress 196\nwait 50\npress 196\nwait 200\npress 196\nwait 150\n"
                                 "sounds\nsounds\n")
         self.assertEqual([line.split()[2:] for line in output], [["2230", "cut"], ["2230"], ["2230"]])
-        times = [int(line.split()[1]) for line in output]
-        self.assertEqual([later - earlier for earlier, later in zip(times, times[1:])], [75, 225])
+        first, second, third = (int(line.split()[1]) for line in output)
+        self.assertEqual((second - first, third - second), (75, 225))
 
     def test_a_film_has_a_frame_for_each_moment_and_the_sounds_at_theirs(self):
         """The piece turns after 500 and 575 ms, which cuts the first sound off; then the display, then a restart."""
@@ -126,11 +130,7 @@ class PilotTest(store.FolderTest):
 
     def test_a_crash_is_reported(self):
         """And a store belongs to one program until that ends."""
-        first = subprocess.Popen([PILOT, "--store", "s"], cwd=self.folder, stdin=subprocess.PIPE,
-                                 stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
-        first.stdin.write("echo ready\n")
-        first.stdin.flush()
-        self.assertEqual(first.stdout.readline(), "ready\n")
+        first = self.open_pilot("echo ready\n", "--store", "s")
         self.assertEqual(self.run_pilot("", "--store", "s"), ["exit 0"])
         self.assertEqual(self.run_pilot("echo runs\n", "--store", "other"), ["runs"])
         os.kill(int(pathlib.Path(f"/proc/{first.pid}/task/{first.pid}/children").read_text()), signal.SIGKILL)
@@ -144,7 +144,7 @@ class PilotTest(store.FolderTest):
         self.run_pilot("tap 180 170\nmenu IDM_NEW_GAME\ntrace t\n" + "press 37\nwait 25\n" * 3600)
         limit = 2 if os.environ.get("GLIMRA_TIMED") else 60
         self.assertLess(time.monotonic() - before, limit)
-        self.assertGreater((self.folder / "t").stat().st_size, 4000 * RECORD)
+        self.assertGreater(len(self.read("t")), 4000 * RECORD)
 
 
 unittest.main()

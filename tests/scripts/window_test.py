@@ -46,7 +46,7 @@ class WindowTest(DesktopTest):
 
     def test_a_name_is_typed_and_listed(self):
         store.play(PILOT, "menu IDM_NEW_GAME\nwait 100\nstate game\n", folder=self.folder)
-        lost = store.changed((self.folder / "game").read_bytes(), state=store.OVER, score=900)
+        lost = store.changed(self.read("game"), state=store.OVER, score=900)
         for folder in ("store", "copy"):
             store.write_block(self.folder / folder, lost)
         game = self.start()

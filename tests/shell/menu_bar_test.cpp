@@ -1,6 +1,5 @@
 // The menu bar, its drop-downs and the menus behind them.
-#include "controls/dialog_words.h"
-#include "pilot/inspect.h"
+#include "controls/run_dialog.h"
 #include "user/menu.h"
 #include "user/program_test.h"
 
@@ -8,47 +7,8 @@ namespace {
 
 using Kind = host::Event::Kind;
 
-void append(std::vector<std::uint16_t> &words, unsigned flags, std::u16string_view text,
-            int id = -1)
-{
-    words.push_back(static_cast<std::uint16_t>(flags));
-    if (id >= 0) {
-        words.push_back(static_cast<std::uint16_t>(id));
-    }
-    words.insert(words.end(), text.begin(), text.end());
-    words.push_back(0);
-}
-
-/// Menu 102 with the drop-downs 101, 102 grayed, a separator, 103; and 201. Full-screen page 5.
-std::vector<std::byte> makeImage()
-{
-    std::vector<std::uint16_t> menu = {0, 0};
-    append(menu, MF_POPUP, u"Game");
-    append(menu, 0, u"New", 101);
-    append(menu, MF_GRAYED, u"Abandon", 102);
-    append(menu, 0, u"", 0);
-    append(menu, 0x80, u"Scores", 103);
-    append(menu, MF_POPUP | 0x80, u"Tools");
-    append(menu, 0x80, u"Options", 201);
-    ResourceImage image;
-    image.add(4, 102, menu);
-    image.add(10, 102,
-              std::vector<std::uint16_t>{102, 2, 0xFFFE, 1, 4, 0x18, 1, 0, 0, //
-                                         0xFFFE, 2, 4, 0x18, 2, 0, 1});
-    image.add(10, 103, std::vector<std::uint16_t>{102, 1, 0xFFFE, 1, 4, 0x18, 1, 0, 7});
-    std::vector<std::uint16_t> strings = {0, 4,    u'G', u'a', u'm', u'e',
-                                          5, u'T', u'o', u'o', u'l', u's'};
-    strings.resize(strings.size() + 13);
-    image.add(6, 1, strings);
-    image.add(5, 5, DialogWords(WS_POPUP, 0, 138, 154, u"").words);
-    image.add(5, 6, DialogWords(WS_POPUP, 0, 50, 50, u"").words);
-    return image.bytes;
-}
-
 struct MenuBar : ProgramTest
 {
-    MenuBar() : ProgramTest(makeImage()) {}
-
     SHMENUBARINFO info{32, owner, 0, 102, {}, 0, 0, {}};
     Log popups;
 
@@ -68,7 +28,7 @@ struct MenuBar : ProgramTest
     }
     void expectOpen(bool open)
     {
-        user.then([=] { EXPECT_EQ(inspect::menuOpen(), open); });
+        host.act([=] { EXPECT_EQ(inspect::menuOpen(), open); });
     }
 };
 
@@ -88,21 +48,21 @@ TEST_F(MenuBar, ItemsAreFoundGrayedAndReported)
 
 TEST_F(MenuBar, ItemsAreChosenByTappingOrDragging)
 {
-    user.tapMenuButton(0);
+    host.tapAt(inspect::menuBarButton, 0);
     expectOpen(true);
-    user.tapMenuItem(103);
+    host.tapAt(inspect::openMenuItem, 103);
     expectOpen(false);
     EXPECT_EQ(run(), Log{"A:command 103"});
     EXPECT_EQ(popups, Log{"0"});
 
-    user.then([&] {
-        const auto button = inspect::menuBarButton(1);
-        user.stylus(Kind::StylusDown, button->centre.x, button->centre.y);
-        user.then([&] {
-            const auto item = inspect::openMenuItem(201);
-            user.stylus(Kind::StylusMove, item->centre.x, item->centre.y);
-            user.stylus(Kind::StylusUp, item->centre.x, item->centre.y);
-        });
+    host.act([&] {
+        const auto [x, y] = inspect::menuBarButton(1).value().centre;
+        host.stylus(Kind::StylusDown, x, y);
+    });
+    host.act([&] {
+        const auto [x, y] = inspect::openMenuItem(201).value().centre;
+        host.stylus(Kind::StylusMove, x, y);
+        host.stylus(Kind::StylusUp, x, y);
     });
     EXPECT_EQ(run(), Log{"A:command 201"});
     EXPECT_EQ(popups, (Log{"0", "1"}));
@@ -110,20 +70,20 @@ TEST_F(MenuBar, ItemsAreChosenByTappingOrDragging)
 
 TEST_F(MenuBar, GrayedItemsDoNothingAndATapElsewhereIsSwallowed)
 {
-    user.tapMenuButton(0);
-    user.tapMenuItem(102);
+    host.tapAt(inspect::menuBarButton, 0);
+    host.tapAt(inspect::openMenuItem, 102);
     expectOpen(true);
-    user.then([&] { EXPECT_FALSE(inspect::openMenuItem(102)->enabled); });
-    user.tap(200, 100);
+    host.act([&] { EXPECT_FALSE(inspect::openMenuItem(102)->enabled); });
+    host.tap(200, 100);
     expectOpen(false);
     EXPECT_EQ(run(), Log{});
-    user.tap(200, 100);
+    host.tap(200, 100);
     EXPECT_EQ(run().size(), 2U);
 
-    user.tapMenuButton(0);
-    user.tapMenuButton(1); // the other button opens the other drop-down
-    user.then([] { EXPECT_TRUE(inspect::openMenuItem(201)); });
-    user.tapMenuButton(1); // its own closes it
+    host.tapAt(inspect::menuBarButton, 0);
+    host.tapAt(inspect::menuBarButton, 1); // the other button opens the other drop-down
+    host.act([] { EXPECT_TRUE(inspect::openMenuItem(201)); });
+    host.tapAt(inspect::menuBarButton, 1); // its own closes it
     expectOpen(false);
     EXPECT_EQ(run(), Log{});
 }
@@ -140,10 +100,10 @@ TEST_F(MenuBar, KeysMoveChooseAndDismiss)
         {{'A', VK_ESCAPE}, {}},
     };
     for (const auto &[keys, log] : cases) {
-        user.tapMenuButton(0);
+        host.tapAt(inspect::menuBarButton, 0);
         expectOpen(true);
         for (const int key : keys) {
-            user.press(key);
+            host.press(key);
         }
         expectOpen(false);
         EXPECT_EQ(run(), log) << keys.size();
@@ -158,11 +118,11 @@ TEST_F(MenuBar, TimersRunBehindAnOpenDropDownWhichADialogCloses)
             EXPECT_TRUE(inspect::menuOpen());
             expectOpen(false);
             end(1);
-            EXPECT_EQ(runDialog(6, owner), 1);
+            EXPECT_EQ(runDialog(8, owner), 1);
         }
     });
     SetTimer(owner, 1, 25, nullptr);
-    user.tapMenuButton(0);
+    host.tapAt(inspect::menuBarButton, 0);
     run(100);
     EXPECT_EQ(ticks, 7); // 100 ms after the third
     EXPECT_FALSE(inspect::menuOpen());
@@ -172,26 +132,22 @@ TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
 {
     const auto bar = [&] { return IsWindowVisible(info.hwndMB) != FALSE; };
     EXPECT_TRUE(bar());
-    user.then([&] {
+    host.act([&] {
         EXPECT_TRUE(bar()); // beside a small dialog, but with no use
         EXPECT_FALSE(inspect::menuBarButton(0)->enabled);
-        user.tap(20, 310);
-        user.then([&] {
-            EXPECT_FALSE(inspect::menuOpen());
-            EndDialog(GetActiveWindow(), 0);
-        });
+        host.tap(20, 310);
+        expectOpen(false);
+        end();
     });
-    runDialog(6, owner);
-    user.then([&] {
+    runDialog(8, owner);
+    host.act([&] {
         EXPECT_FALSE(bar());
-        user.then([&] {
-            EXPECT_FALSE(bar()); // nor beside a box upon the page
-            user.press(VK_RETURN);
-            end();
-        });
+        host.act([&] { EXPECT_FALSE(bar()); }); // nor beside a box upon the page
+        host.press(VK_RETURN);
+        end();
         MessageBoxW(GetActiveWindow(), u"", u"", MB_OK);
     });
-    runDialog(5, owner, beFullScreen);
+    runDialog(9, owner, beFullScreen);
     EXPECT_TRUE(bar());
     recorder.window('B', {0, 26, 100, 100});
     EXPECT_FALSE(bar());
@@ -199,9 +155,9 @@ TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
 
 TEST_F(MenuBar, QuittingEndsTheLoopOfADropDown)
 {
-    user.tapMenuButton(0);
-    user.then([&] { DestroyWindow(owner); });
-    user.then([] { PostQuitMessage(0); });
+    host.tapAt(inspect::menuBarButton, 0);
+    host.act([&] { DestroyWindow(owner); });
+    host.act([] { PostQuitMessage(0); });
     run();
     EXPECT_FALSE(inspect::menuOpen());
     EXPECT_FALSE(IsWindow(info.hwndMB));

@@ -1,31 +1,16 @@
 // The OK button of the title bar, full-screen pages, and the input panel.
-#include "controls/dialog_words.h"
-#include "pilot/inspect.h"
+#include <algorithm>
+
+#include "controls/run_dialog.h"
 #include "user/program_test.h"
 
 namespace {
 
-std::vector<std::byte> makeImage()
-{
-    ResourceImage image;
-    image.add(5, 1, DialogWords(WS_POPUP, WS_EX_CAPTIONOKBTN, 60, 60, u"Small").words);
-    image.add(5, 2,
-              DialogWords(WS_POPUP, 0, 125, 69, u"Name")
-                  .add(u"CAPEDIT", WS_TABSTOP, {7, 7, 100, 13}, 10)
-                  .add(u"BUTTON", WS_TABSTOP | BS_DEFPUSHBUTTON, {7, 27, 50, 12}, IDOK, u"OK")
-                  .add(u"SIPPREF", 0, {-10, -10, 5, 5}, -1)
-                  .words);
-    return image.bytes;
-}
-
 struct Shell : ProgramTest
 {
-    Shell() : ProgramTest(makeImage()) {}
-
     static bool panelIsUp()
     {
-        const auto views = inspect::windows();
-        return std::any_of(views.begin(), views.end(), [](const inspect::WindowView &view) {
+        return std::ranges::any_of(inspect::windows(), [](const inspect::WindowView &view) {
             return view.className == u"SoftKeyboard" && !view.hidden;
         });
     }
@@ -34,31 +19,33 @@ struct Shell : ProgramTest
 TEST_F(Shell, OkButtonIsThereForTheDialogsThatAskForIt)
 {
     EXPECT_FALSE(inspect::okButton());
-    user.tapOk();
-    EXPECT_EQ(runDialog(1, owner, endByCommand), IDOK);
+    host.tapAt(inspect::okButton);
+    EXPECT_EQ(runDialog(6, owner, endByCommand), IDOK);
     EXPECT_FALSE(inspect::okButton());
 
-    user.then([] { EXPECT_FALSE(inspect::okButton()); }); // a plain dialog has none
+    host.act([] { EXPECT_FALSE(inspect::okButton()); }); // a plain dialog has none
     end();
-    runDialog(2, owner);
+    runDialog(7, owner);
 
-    user.tapOk();
-    user.then([] {});
-    EXPECT_EQ(runDialog(2, owner, beFullScreen), IDOK);
+    host.tapAt(inspect::okButton);
+    host.act([] {});
+    EXPECT_EQ(runDialog(7, owner, beFullScreen), IDOK);
 }
 
 TEST_F(Shell, FullScreenPageFollowsTheDisplay)
 {
-    const auto expectRect = [](int right, int bottom) {
-        RECT rect;
-        GetWindowRect(GetActiveWindow(), &rect);
-        EXPECT_EQ(rect, (RECT{0, 26, right, bottom}));
+    const auto expectRect = [&](int right, int bottom) {
+        host.act([=] {
+            RECT rect;
+            GetWindowRect(GetActiveWindow(), &rect);
+            EXPECT_EQ(rect, (RECT{0, 26, right, bottom}));
+        });
     };
-    user.then([=] { expectRect(240, 320); });
-    user.give({.kind = host::Event::Kind::Turn, .orientation = 1});
-    user.then([=] { expectRect(320, 240); });
-    user.tapOk();
-    runDialog(1, owner, beFullScreen);
+    expectRect(240, 320);
+    host.give({.kind = host::Event::Kind::Turn, .orientation = 1});
+    expectRect(320, 240);
+    host.tapAt(inspect::okButton);
+    runDialog(6, owner, beFullScreen);
 }
 
 TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)
@@ -66,25 +53,25 @@ TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)
     SHInitExtraControls();
     SHInitExtraControls();
     const auto row = [](int index) { return 294 - 88 + 1 + index * 17 + 8; };
-    user.then([] { EXPECT_TRUE(panelIsUp()); });
-    user.tap(50, row(1)); // q, as the first letter a capital
-    user.tap(50, row(1));
-    user.tap(10, row(3)); // Shift
-    user.tap(50, row(1));
-    user.tap(10, row(0));  // 1
-    user.tap(120, row(4)); // space
-    user.tap(10, row(0));
-    user.tap(230, row(0)); // Backspace
-    user.type(u"x");       // the real keyboard goes on working; a new word
-    user.then([&] {
+    host.act([] { EXPECT_TRUE(panelIsUp()); });
+    host.tap(50, row(1)); // q, as the first letter a capital
+    host.tap(50, row(1));
+    host.tap(10, row(3)); // Shift
+    host.tap(50, row(1));
+    host.tap(10, row(0));  // 1
+    host.tap(120, row(4)); // space
+    host.tap(10, row(0));
+    host.tap(230, row(0)); // Backspace
+    host.type(u"x");       // the real keyboard goes on working; a new word
+    host.act([&] {
         EXPECT_EQ(textOf(10), u"QqQ1 X");
         SetFocus(GetDlgItem(GetActiveWindow(), IDOK));
         EXPECT_FALSE(panelIsUp());
         SetFocus(GetDlgItem(GetActiveWindow(), 10));
         EXPECT_TRUE(panelIsUp());
     });
-    user.tap(230, row(2)); // Enter
-    EXPECT_EQ(runDialog(2, owner, endByCommand), IDOK);
+    host.tap(230, row(2)); // Enter
+    EXPECT_EQ(runDialog(7, owner, endByCommand), IDOK);
     EXPECT_FALSE(panelIsUp());
     recorder.noted = {WM_LBUTTONUP};
     EXPECT_EQ(run(), Log{}) << "what is below gets nothing of the last tap";

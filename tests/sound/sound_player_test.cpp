@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_host.h"
-#include "support/resource_image.h"
+#include "support/test_resources.h"
 
 namespace {
 
@@ -17,11 +17,7 @@ TEST(SoundPlayer, SkipsAnEffectWithoutSamples)
         Effect,
         Missing
     };
-    ResourceImage image;
-    image.add(u"WAVE", Nothing, {});
-    image.add(u"WAVE", HeaderOnly, std::vector<std::uint16_t>(22));
-    image.add(u"WAVE", Effect, std::vector<std::uint16_t>(23, 0x9080));
-    SwitchedOn handheld(image.bytes);
+    SwitchedOn handheld(testResources());
     SoundPlayer player;
     EXPECT_EQ(player.open(), MMSYSERR_NOERROR);
     for (const Resource resource : {Nothing, HeaderOnly, Effect}) {

@@ -2,18 +2,31 @@
 #include "support/fake_host.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "host/moment.h"
 #include "winuser.h"
 
-void FakeHost::give(const host::Event &event, std::uint32_t delay)
-{
-    script_.push_back({delay, event, {}});
-}
+void FakeHost::give(const host::Event &event, std::uint32_t delay) { add({delay, event, {}}); }
 
 void FakeHost::act(std::function<void()> action, std::uint32_t delay)
 {
-    script_.push_back({delay, std::nullopt, std::move(action)});
+    add({delay, std::nullopt, std::move(action)});
+}
+
+void FakeHost::add(Step step)
+{
+    const auto place = acting_ ? static_cast<std::ptrdiff_t>(early_++) : std::ssize(script_);
+    script_.insert(script_.begin() + place, std::move(step));
+}
+
+FakeHost::Step FakeHost::takeStep()
+{
+    Step step = std::move(script_.front());
+    script_.pop_front();
+    early_ -= early_ > 0 ? 1 : 0;
+    stepStart_ = clock;
+    return step;
 }
 
 void FakeHost::key(int code, bool down, std::uint32_t delay)
@@ -22,7 +35,11 @@ void FakeHost::key(int code, bool down, std::uint32_t delay)
          delay);
 }
 
-void FakeHost::stylus(Kind kind, int x, int y) { give({.kind = kind, .x = x, .y = y}); }
+void FakeHost::press(int code, bool shift)
+{
+    give({.kind = Kind::KeyDown, .key = static_cast<std::uint16_t>(code), .shift = shift});
+    key(code, false);
+}
 
 void FakeHost::tap(int x, int y)
 {
@@ -62,13 +79,7 @@ std::optional<host::Event> FakeHost::wait(std::optional<std::uint32_t> deadline)
     if (!poll) {
         return sleep(deadline);
     }
-    if (const auto &event = script_.front().event) {
-        const host::Event taken = *event;
-        script_.pop_front();
-        stepStart_ = clock;
-        return taken;
-    }
-    return std::nullopt;
+    return script_.front().event ? takeStep().event : std::nullopt;
 }
 
 /// Returns at the next step of the script or at the deadline, whichever is first.
@@ -82,14 +93,13 @@ std::optional<host::Event> FakeHost::sleep(std::optional<std::uint32_t> deadline
     if (host::isBefore(clock, moment)) {
         clock = moment;
     }
-    const Step step = std::move(script_.front());
-    script_.pop_front();
-    stepStart_ = clock;
-    if (const auto &event = step.event) {
-        return *event;
+    const Step step = takeStep();
+    if (step.action) {
+        const bool before = std::exchange(acting_, true);
+        step.action();
+        acting_ = before;
     }
-    step.action();
-    return std::nullopt;
+    return step.event;
 }
 
 /// Waits after the end of the script: to the deadline, or to the end of the run, which ends every
@@ -116,8 +126,6 @@ void FakeHost::present(const host::Frame &frame, const host::Area &changed)
     corner = frame.pixels[0];
     lastChanged = changed;
 }
-
-void FakeHost::describeProgram(std::u16string_view name, const host::Icon &) { title = name; }
 
 void FakeHost::playSamples(std::span<const std::uint8_t> samples)
 {

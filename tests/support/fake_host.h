@@ -1,4 +1,4 @@
-// A host for unit tests: a virtual clock, a script of events and actions, a store in memory, and a
+// A host for unit tests: a virtual clock, a script of what the user does, a store in memory, and a
 // record of the handheld's calls.
 #pragma once
 
@@ -19,15 +19,25 @@ class FakeHost final : public host::Host
 public:
     using Kind = host::Event::Kind;
 
-    // The script, carried out in order --------------------------------------------------------
+    // The script, carried out in order. What an action gives comes before what was to follow it. -
 
     /// An event, `delay` milliseconds after the step before it.
     void give(const host::Event &event, std::uint32_t delay = 0);
     /// Calls `action` when the handheld has handled everything before it and waits.
     void act(std::function<void()> action, std::uint32_t delay = 0);
     void key(int code, bool down, std::uint32_t delay = 0);
-    void stylus(Kind kind, int x, int y);
+    void press(int code, bool shift = false);
+    void stylus(Kind kind, int x, int y) { give({.kind = kind, .x = x, .y = y}); }
     void tap(int x, int y);
+    /// Taps what `find` finds then: tapAt(inspect::control, IDOK).
+    template <class Target, class... Words>
+    void tapAt(std::optional<Target> (*find)(Words...), Words... words)
+    {
+        act([=, this] {
+            const auto [x, y] = find(words...).value().centre;
+            tap(x, y);
+        });
+    }
     void type(std::u16string_view text);
 
     /// Handles messages as a program does until the script is done, `milliseconds` more have passed
@@ -49,8 +59,6 @@ public:
     std::optional<std::vector<std::byte>> setAside; ///< registry.reg.bad
     bool storeFails = false;
     int saves = 0;
-    bool otherRuns = false;
-    int otherRaised = 0;
     bool helpWorks = true;
     std::vector<std::u16string> help; ///< "PROGRAM ARGUMENTS|ANCHOR"
     std::size_t helpSize = 0;         ///< of the page shown last, in bytes
@@ -62,7 +70,7 @@ public:
     std::uint32_t ticks() const override { return clock; }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
     void present(const host::Frame &frame, const host::Area &changed) override;
-    void describeProgram(std::u16string_view name, const host::Icon &icon) override;
+    void describeProgram(std::u16string_view name, const host::Icon &) override { title = name; }
     void raise() override { ++raised; }
     void wantText(bool wanted) override { textWanted = wanted; }
     bool hasLoudspeaker() override { return loudspeaker; }
@@ -74,8 +82,8 @@ public:
     std::optional<std::vector<std::byte>> loadStore() override { return store; }
     bool saveStore(std::span<const std::byte> bytes) override;
     void setStoreAside() override;
-    bool runsElsewhere() override { return otherRuns; }
-    void raiseOther() override { ++otherRaised; }
+    bool runsElsewhere() override { return false; }
+    void raiseOther() override {}
     bool showHelp(std::u16string_view program, std::u16string_view arguments,
                   std::span<const std::byte> document, std::u16string_view anchor) override;
     void report(std::string_view line) override { reports.emplace_back(line); }
@@ -94,7 +102,12 @@ private:
     std::optional<host::Event> sleep(std::optional<std::uint32_t> deadline);
     void finishRun(std::optional<std::uint32_t> deadline);
 
+    void add(Step step);
+    Step takeStep();
+
     std::deque<Step> script_;
+    std::size_t early_ = 0; ///< so many of `script_` were given by actions
+    bool acting_ = false;
     std::uint32_t stepStart_ = 1000; ///< when the step before the first of `script_` was done
     std::optional<std::uint32_t> runLength_;
     int idleCalls_ = 0;

@@ -49,8 +49,7 @@ TEST_F(Activation, InsideADeactivationWins)
         }
     });
     SetActiveWindow(a);
-    EXPECT_EQ(GetActiveWindow(), b);
-    EXPECT_EQ(GetFocus(), b);
+    EXPECT_EQ(std::pair(GetActiveWindow(), GetFocus()), std::pair(b, b));
 }
 
 TEST_F(Activation, PassesBarsBy)
@@ -63,8 +62,7 @@ TEST_F(Activation, PassesBarsBy)
     SetActiveWindow(bar);
     SetFocus(inBar);
     EXPECT_EQ(recorder.takeLog(), (Log{"C:down 5,5"}));
-    EXPECT_EQ(GetActiveWindow(), b);
-    EXPECT_EQ(GetFocus(), b);
+    EXPECT_EQ(std::pair(GetActiveWindow(), GetFocus()), std::pair(b, b));
 }
 
 TEST_F(Activation, FocusOfAControlActivatesItsWindowAndPassesOnWhenItHides)
@@ -107,15 +105,14 @@ struct OneWindow : HandheldTest
     HWND a;
 };
 
-TEST_F(OneWindow, IsToldOfItsLifeStepByStep)
+TEST_F(OneWindow, LearnsOfItsLifeStepByStep)
 {
     EXPECT_EQ(recorder.takeLog(), (Log{"A:create", "A:size 100,100", "A:move 0,50", "A:show 1",
                                        "A:activate 1 -", "A:setfocus -", "A:paint"}));
     DestroyWindow(a);
     EXPECT_EQ(recorder.takeLog(),
               (Log{"A:show 0", "A:activate 0 -", "A:killfocus -", "A:destroy", "A:gone"}));
-    EXPECT_FALSE(GetActiveWindow());
-    EXPECT_FALSE(GetFocus());
+    EXPECT_FALSE(GetActiveWindow() || GetFocus());
 }
 
 TEST_F(OneWindow, LosesActivationAndKeysInTheBackgroundAndGetsThemBack)
@@ -126,9 +123,7 @@ TEST_F(OneWindow, LosesActivationAndKeysInTheBackgroundAndGetsThemBack)
     host.key(VK_LEFT, true);
     host.type(u"x");
     host.act([&] {
-        EXPECT_EQ(GetAsyncKeyState(VK_UP), 0);
-        EXPECT_EQ(GetAsyncKeyState(VK_LEFT), 0);
-        EXPECT_FALSE(GetActiveWindow());
+        EXPECT_FALSE(GetAsyncKeyState(VK_UP) || GetAsyncKeyState(VK_LEFT) || GetActiveWindow());
     });
     host.give({.kind = Kind::Restore});
     host.key(VK_UP, false); // was released when the program left the front
@@ -169,11 +164,6 @@ TEST_F(OneWindow, IsBroughtToTheFrontByItsHost)
 
     EXPECT_EQ(FindWindowW(u"test", u"a window"), a);
     EXPECT_FALSE(FindWindowW(u"TEST", u"another"));
-    host.otherRuns = true;
-    const HWND elsewhere = FindWindowW(u"ELSE", u"another");
-    EXPECT_TRUE(SetForegroundWindow({elsewhere.value | 1U}));
-    EXPECT_EQ(host.otherRaised, 1);
-    EXPECT_FALSE(IsWindow(elsewhere));
 }
 
 } // namespace

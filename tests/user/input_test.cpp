@@ -1,6 +1,5 @@
 // Keys, the stylus, accelerators, and what the system asks of the program.
 #include "gx.h"
-#include "support/resource_image.h"
 #include "user/program_test.h"
 
 namespace {
@@ -106,17 +105,8 @@ TEST_F(Input, TheStylusIsCapturedUntilItIsLifted)
     EXPECT_FALSE(GetCapture());
 }
 
-TEST(Accelerators, SendTheirCommands)
+TEST_F(Input, AcceleratorsSendTheirCommands)
 {
-    constexpr std::uint16_t virtualKey = 0x01;
-    constexpr std::uint16_t control = 0x08;
-    constexpr std::uint16_t last = 0x80;
-    const std::vector<std::uint16_t> table = {
-        virtualKey | control, 'Q', 1, 0, virtualKey | last, VK_F4, 77, 0, 9 /* cut off */};
-    ResourceImage image;
-    image.add(9, 3, table);
-    Recorder recorder(image.bytes);
-    const HWND window = recorder.window('A', {0, 50, 100, 150});
     EXPECT_FALSE(LoadAcceleratorsW({}, MAKEINTRESOURCEW(4)));
     const HACCEL accelerators = LoadAcceleratorsW({}, MAKEINTRESOURCEW(3));
     recorder.noted = {WM_COMMAND};
@@ -134,22 +124,22 @@ TEST(Accelerators, SendTheirCommands)
                              {{.key = VK_F4}, WM_KEYDOWN, 77},
                              {{.key = VK_F4, .control = true}, WM_KEYDOWN, 0}})
     {
-        recorder.host.give(each.event);
+        host.give(each.event);
         MSG message{};
         while (message.message != WM_KEYDOWN) {
             GetMessageW(&message, {}, 0, 0);
             DispatchMessageW(&message);
         }
         message.message = each.message;
-        EXPECT_EQ(TranslateAcceleratorW(window, accelerators, &message), each.command ? 1 : 0);
+        EXPECT_EQ(TranslateAcceleratorW(a, accelerators, &message), each.command ? 1 : 0);
         const Log expected =
             each.command ? Log{"A:command " + std::to_string(each.command | 0x10000)} : Log{};
         EXPECT_EQ(recorder.takeLog(), expected);
     }
-    MSG message{window, WM_KEYDOWN, VK_F4, 0, 0, {}};
-    EXPECT_EQ(TranslateAcceleratorW(window, {}, &message), 0);
-    EnableWindow(window, FALSE);
-    EXPECT_EQ(TranslateAcceleratorW(window, accelerators, &message), 0);
+    MSG message{a, WM_KEYDOWN, VK_F4, 0, 0, {}};
+    EXPECT_EQ(TranslateAcceleratorW(a, {}, &message), 0);
+    EnableWindow(a, FALSE);
+    EXPECT_EQ(TranslateAcceleratorW(a, accelerators, &message), 0);
 }
 
 TEST_F(Input, OfTheSystemIsForTheMainWindowAlsoBehindADialog)

@@ -1,21 +1,16 @@
-// Tests on a handheld with resources of their own, with a user before it.
+// Tests on a handheld with a user before it.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "aygshell.h"
+#include "pilot/inspect.h"
 #include "user/recorder.h"
-#include "user/user_script.h"
 
 struct HandheldTest : testing::Test
 {
-    explicit HandheldTest(std::vector<std::byte> resources = {}) : image(std::move(resources)) {}
-
     /// What is noted while all that the test has given is handled and the time passes.
     Log run(unsigned milliseconds = 0)
     {
@@ -23,24 +18,19 @@ struct HandheldTest : testing::Test
         return recorder.takeLog();
     }
 
-    std::vector<std::byte> image;
-    Recorder recorder{image};
+    Recorder recorder;
     FakeHost &host = recorder.host;
-    UserScript user{host};
 };
 
 /// A program of one window, which owns the dialogs.
 struct ProgramTest : HandheldTest
 {
-    explicit ProgramTest(std::vector<std::byte> resources = {}) : HandheldTest(std::move(resources))
-    {
-        SHInitExtraControls();
-    }
+    ProgramTest() { SHInitExtraControls(); }
 
     /// Ends the dialog that is open then.
     void end(INT_PTR result = 0)
     {
-        user.then([=] { EndDialog(GetActiveWindow(), result); });
+        host.act([=] { EndDialog(GetActiveWindow(), result); });
     }
     /// The text of a control of the open dialog.
     static std::u16string textOf(int control)

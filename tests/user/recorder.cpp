@@ -23,7 +23,7 @@ const std::map<UINT, std::string> patterns = {
 
 } // namespace
 
-Recorder::Recorder(std::span<const std::byte> resources) : handheld(resources)
+Recorder::Recorder()
 {
     current = this;
     WNDCLASSW description{};

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "support/fake_host.h"
+#include "support/test_resources.h"
 #include "winuser.h"
 
 using Log = std::vector<std::string>;
@@ -17,7 +18,7 @@ using Log = std::vector<std::string>;
 class Recorder
 {
 public:
-    explicit Recorder(std::span<const std::byte> resources = {});
+    Recorder();
     ~Recorder();
 
     /// A window known by a name of one letter. Top-level windows are shown and activated.
@@ -31,7 +32,7 @@ public:
     /// The names of the windows, front to back; the title bar is a "-".
     std::string order() const;
 
-    SwitchedOn handheld;
+    SwitchedOn handheld{testResources()};
     FakeHost &host = handheld.host;
     /// The messages to be noted.
     std::set<UINT> noted;

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_host.h"
-#include "support/resource_image.h"
+#include "support/test_resources.h"
 #include "winbase.h"
 
 namespace {
@@ -10,17 +10,15 @@ namespace {
 TEST(Text, NumbersAreReadAsFarAsTheyGo)
 {
     constexpr int most = std::numeric_limits<int>::max();
-    const std::pair<LPCWSTR, int> cases[] = {
-        {u"42", 42},
-        {u" \t-17x9", -17},
-        {u"+3 4", 3},
-        {u"- 5", 0},
-        {u"", 0},
-        {u"x", 0},
-        {u"2147483647", most},
-        {u"99999999999999999999", most},
-        {u"-99999999999", -most - 1},
-    };
+    const std::pair<LPCWSTR, int> cases[] = {{u"42", 42},
+                                             {u" \t-17x9", -17},
+                                             {u"+3 4", 3},
+                                             {u"- 5", 0},
+                                             {u"", 0},
+                                             {u"x", 0},
+                                             {u"2147483647", most},
+                                             {u"99999999999999999999", most},
+                                             {u"-99999999999", -most - 1}};
     for (const auto &[text, value] : cases) {
         EXPECT_EQ(_wtoi(text), value) << lstrlenW(text);
     }
@@ -43,11 +41,7 @@ TEST(Text, IsFormatted)
 
 TEST(Processes, TheHelpViewerGetsThePageOfTheProgram)
 {
-    constexpr std::uint16_t html = 23;
-    ResourceImage image;
-    const std::vector<std::uint16_t> page(10, u'x');
-    image.add(html, u"GLIMRA.HTM", page);
-    SwitchedOn handheld(image.bytes);
+    SwitchedOn handheld(testResources());
     const auto start = [](LPCWSTR program, LPCWSTR commandLine) {
         return CreateProcessW(program, commandLine, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                               nullptr, nullptr);

@@ -38,6 +38,13 @@ export async function serve(folder) {
   }};
 }
 
+/** A file with that text; its path. */
+export function temporaryFile(name, text) {
+  const file = join(temporary, name);
+  writeFileSync(file, text);
+  return file;
+}
+
 export const isPacked = (file) => /\.(br|gz)$/.test(file);
 
 /** A copy of the page in which the probe runs first, and `script` after it. Its files change, so none is packed. */

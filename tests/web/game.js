@@ -1,35 +1,19 @@
 // The game as the tests see it: by the pixels of its screen.
 import {execFileSync} from 'node:child_process';
-import {readFileSync} from 'node:fs';
 import {join} from 'node:path';
-import {eventually, pieces, pixels, sleep, tap, temporary, PLAY, QUEUE, WELL} from './browser.js';
+import {eventually, pieces, pixels, sleep, tap, tapOn, temporary, HOLD, PLAY, QUEUE, WELL} from './browser.js';
 
 export const pilot = process.argv[4] ?? 'build/release/glimra-pilot';
 let title;
 export const isTitle = (picture) => title.equals(picture);
 
 export async function showsTitle(tab) {
-  title ??= await readPng(tab, titlePicture);
-  await eventually(async () => title.equals(await pixels(tab)), 'the title page, pixel by pixel');
-}
-
-const titlePicture = join(temporary, 'title.png');
-execFileSync(pilot, {input: `shot ${titlePicture}\n`});
-
-/** A picture's pixels, read by the browser: the page's policy allows pictures of its own only. */
-async function readPng(tab, file) {
-  return Buffer.from(await tab.evaluate(async (base64) => {
-    const bytes = Uint8Array.from(atob(base64), (letter) => letter.charCodeAt(0));
-    const picture = await createImageBitmap(new Blob([bytes], {type: 'image/png'}));
-    const context = Object.assign(document.createElement('canvas'), {width: picture.width, height: picture.height}).getContext('2d');
-    context.drawImage(picture, 0, 0);
-    const {data} = context.getImageData(0, 0, picture.width, picture.height);
-    let text = '';
-    for (let i = 0; i < data.length; i += 8192) {
-      text += String.fromCharCode(...data.subarray(i, i + 8192));
-    }
-    return btoa(text);
-  }, readFileSync(file).toString('base64')), 'base64');
+  if (!title) {
+    const file = join(temporary, 'title.png');
+    execFileSync(pilot, {input: `shot ${file}\n`});
+    title = execFileSync('convert', [file, '-depth', '8', 'rgba:-']);
+  }
+  await eventually(async () => isTitle(await pixels(tab)), 'the title page, pixel by pixel');
 }
 
 export const hasPieces = async (tab) => (await pieces(tab, QUEUE)).length > 0;
@@ -38,6 +22,15 @@ export const start = async (tab) => {
   await tap(tab, PLAY);
   await eventually(() => hasPieces(tab), 'a game begins');
 };
+export const holds = (tab) => eventually(async () => (await pieces(tab, HOLD)).length > 11, 'a piece is held');
+export const showsPieces = (tab) => eventually(() => hasPieces(tab), 'the game goes on');
+export const hidesPieces = (tab) => eventually(async () => !await hasPieces(tab), 'the pieces are hidden, as in a pause');
+export const shows = (tab, picture, message) => eventually(async () => picture.equals(await pixels(tab)), message);
+/** Chooses from the page's menu. */
+export async function choose(tab, what) {
+  await tapOn(tab, '#menu-button');
+  await tapOn(tab, `[data-do=${what}]`);
+}
 /** Nothing moves; a page that has no picture yet does not stand. */
 export const stands = async (tab) => {
   const drawn = await tab.evaluate('!document.querySelector("#starting")'), first = await pixels(tab);

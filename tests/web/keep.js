@@ -1,16 +1,17 @@
 // What is kept, and what happens where nothing can be kept.
 import assert from 'node:assert/strict';
-import {writeFileSync} from 'node:fs';
 import {join} from 'node:path';
-import {changeFile, eventually, pieces, pixels, press, says, sleep, store, tap, tapOn, temporary, HOLD, PLAY} from './browser.js';
-import {comeBack, hasPieces, isTitle, leave, showsTitle, stands, start} from './game.js';
+import {changeFile, eventually, pixels, press, says, sleep, store, tap, tapOn, temporaryFile, PLAY} from './browser.js';
+import {comeBack, holds, isTitle, leave, shows, showsPieces, showsTitle, stands, start} from './game.js';
 
 // Comes back to the tab that was left and resumes its game.
 async function resume(tab) {
   await comeBack(tab);
   await press(tab, 'Escape');
-  await eventually(() => hasPieces(tab), 'plays on');
+  await showsPieces(tab);
 }
+
+const showsGame = (tab, most) => eventually(async () => !isTitle(await pixels(tab)) && await stands(tab), 'the game, paused', most);
 
 export function keep({walk}) {
   const noLocks = () => Object.defineProperty(navigator, 'locks', {value: undefined}); // as by plain http
@@ -22,7 +23,7 @@ export function keep({walk}) {
       await tapOn(second, '#question button');
       const paused = await eventually(() => stands(second), 'the game stands');
       assert.ok(!isTitle(paused));
-      await eventually(async () => paused.equals(await pixels(first)), 'the same game');
+      await shows(first, paused, 'the same game');
       await says(first, '#question', /goes on in another tab/);
     });
   }
@@ -36,7 +37,7 @@ export function keep({walk}) {
     const second = await visit.open();
     await eventually(() => stands(second), 'the game, paused');
     await tap(second, PLAY);
-    await eventually(() => hasPieces(second), 'plays on');
+    await showsPieces(second);
     await leave(second);
     const kept = await store(second);
     await first.front();
@@ -76,12 +77,10 @@ export function keep({walk}) {
       }
       const heard = await tab.evaluate('heard');
       assert.ok(heard.includes('start 22050 running') && heard.includes('stop'), `cut off: ${heard}`);
-      const file = join(temporary, 'empty.reg');
-      writeFileSync(file, 'Windows Registry Editor Version 5.00\n');
-      await tab.choose('#file', file);
+      await tab.choose('#file', temporaryFile('empty.reg', 'Windows Registry Editor Version 5.00\n'));
       await says(tab, '#notice', /empty.reg cannot be opened/);
       await press(tab, 'c');
-      await eventually(async () => (await pieces(tab, HOLD)).length > 11, 'and plays on');
+      await holds(tab);
     });
   }
 
@@ -89,15 +88,11 @@ export function keep({walk}) {
     await start(tab);
     await leave(tab);
     const big = `${(await store(tab)).trimEnd()}\n"filler"="${'x'.repeat(3 << 20)}"\n`;
-    const file = join(temporary, 'big.reg');
-    writeFileSync(file, big);
-    await tab.choose('#file', file);
+    await tab.choose('#file', temporaryFile('big.reg', big));
     await says(tab, '#notice', /big.reg cannot be used: it is too big/);
-    await tab.evaluate((length) => localStorage.setItem('registry.reg', localStorage.getItem('registry.reg').trimEnd() +
-      `\n"filler"="${'x'.repeat(length)}"\n`), 3 << 20);
+    await tab.evaluate((big) => localStorage.setItem('registry.reg', big), big);
     await tab.reload();
-    // An engine that only interprets takes 15 seconds to read all that.
-    await eventually(async () => !isTitle(await pixels(tab)) && await stands(tab), 'the game, paused', 60000);
+    await showsGame(tab, 60000); // an engine that only interprets takes 15 seconds to read all that
     assert.ok((await store(tab)).length > 3 << 20);
   });
 
@@ -126,7 +121,7 @@ export function keep({walk}) {
     await says(tab, '#question', /damaged/);
     assert.equal(await tab.evaluate('localStorage["registry.reg.bad"]'), 'nonsense');
     await tapOn(tab, '#question button');
-    await eventually(async () => !isTitle(await pixels(tab)) && await stands(tab), 'the earlier game, paused');
+    await showsGame(tab);
   });
 
   const older = () => Object.assign(localStorage, {'registry.reg': 'nonsense', 'registry.reg.bad': 'older nonsense'});

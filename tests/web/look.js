@@ -72,11 +72,10 @@ export function look({engine, test, walk, needs}) {
       size.dispatchEvent(new Event('change'));
     });
     await tab.reload();
-    await showsTitleOrGame(tab);
+    await eventually(() => tab.evaluate('!document.querySelector("#starting")'), 'a picture');
     const {pad, buttons} = await boxes(tab);
     assert.ok(pad.left > buttons.right && pad.width < before.pad.width - 10, JSON.stringify({pad, before}));
   });
-  const showsTitleOrGame = (tab) => eventually(() => tab.evaluate('!document.querySelector("#starting")'), 'a picture');
 
   walk('each pixel is as big as the other, at every density', {screen: {width: 700, height: 900}, ...needs('ratio')}, async (tab) => {
     await showsTitle(tab);

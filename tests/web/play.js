@@ -1,10 +1,7 @@
 // Playing: fingers, keys, a controller, menus, the name of a winner.
 import assert from 'node:assert/strict';
-import {writeFileSync} from 'node:fs';
-import {join} from 'node:path';
-import {eventually, finger, pieces, pixels, press, says, sleep, store, tap, tapOn, temporary, textOf, HOLD, PHONE, PLAY, WELL}
-  from './browser.js';
-import {comeBack, falling, hasPieces, leave, left, showsTitle, stands, start} from './game.js';
+import {eventually, finger, pixels, press, says, sleep, store, tap, tapOn, temporaryFile, textOf, PHONE, PLAY, WELL} from './browser.js';
+import {choose, comeBack, falling, hidesPieces, holds, leave, left, shows, showsPieces, showsTitle, stands, start} from './game.js';
 
 /** Plugs a controller in. */
 const plug = (tab, mapping) => tab.evaluate((mapping) => {
@@ -14,20 +11,32 @@ const plug = (tab, mapping) => tab.evaluate((mapping) => {
 }, mapping);
 const setButton = (tab, button, down) => tab.evaluate((button, down) => { window.pad.buttons[button].pressed = down; }, button, down);
 
-export function play({walk, needs}) {
-  walk('a game is played with a finger, and is there, paused, after a reload', {screen: PHONE, script: () => {
+export function play({engine, walk}) {
+  walk('a game is played with fingers, and is there, paused, after a reload', {screen: PHONE, script: () => {
+    Date.now = () => 1000; // begins with a piece that lies
     window.awake = 0;
     Object.defineProperty(navigator, 'wakeLock', {value: {async request() {
       ++window.awake;
       return {release() { --window.awake; }};
     }}});
   }}, async (tab) => {
+    const isAtWall = (cells) => left(cells) < WELL[0] + 11;
+    const height = (cells) => Math.max(...cells.map(([, y]) => y)) - Math.min(...cells.map(([, y]) => y));
     await start(tab);
     await says(tab, '#state', /Marathon, level 0/);
     assert.ok(await tab.evaluate('document.activeElement.id === "screen" && !document.querySelector(":focus-visible")'), 'no ring');
     await eventually(() => tab.evaluate('window.awake === 1'), 'the display stays on');
     await finger(tab, 'down', 'Left');
-    await eventually(async () => left(await falling(tab)) < WELL[0] + 11, 'Left held moves the piece to the wall');
+    await eventually(async () => isAtWall(await falling(tab)), 'Left held moves the piece to the wall');
+    if (!engine.cannot.fingers) {
+      const before = height(await falling(tab));
+      await finger(tab, 'down', 'D', 1);
+      await eventually(async () => {
+        const cells = await falling(tab);
+        return height(cells) > before + 5 && isAtWall(cells);
+      }, 'D turns it, and Left, which is still held, takes it back to the wall');
+      await finger(tab, 'up', 'D', 1);
+    }
     await finger(tab, 'move', 'Right');
     await eventually(async () => left(await falling(tab)) > WELL[0] + 33, 'the finger slides to Right');
     await finger(tab, 'up', 'Right');
@@ -35,56 +44,38 @@ export function play({walk, needs}) {
 
     await finger(tab, 'down', 'A');
     await finger(tab, 'up', 'A');
-    await eventually(async () => !await hasPieces(tab), 'A pauses, which hides the pieces');
+    await hidesPieces(tab);
     await says(tab, '#state', /Paused/);
     await eventually(() => tab.evaluate('window.awake === 0'), 'the display may go dark');
     const paused = await eventually(() => stands(tab), 'nothing moves');
     await tab.reload();
-    await eventually(async () => paused.equals(await pixels(tab)), 'the same game, paused');
-  });
-
-  walk('two fingers press two buttons', {screen: PHONE, script: () => { Date.now = () => 1000; }, ...needs('fingers')}, async (tab) => {
-    await start(tab);
-    await finger(tab, 'down', 'Left');
-    const lying = await eventually(async () => {
-      const cells = await falling(tab);
-      return left(cells) < WELL[0] + 11 && cells;
-    }, 'Left held moves the piece to the wall');
-    await finger(tab, 'down', 'D', 1);
-    const height = (cells) => Math.max(...cells.map(([, y]) => y)) - Math.min(...cells.map(([, y]) => y));
-    await eventually(async () => {
-      const cells = await falling(tab);
-      return height(cells) > height(lying) + 5 && left(cells) < WELL[0] + 11;
-    }, 'D turns it, and Left, which is still held, takes it back to the wall');
-    await finger(tab, 'up', 'D', 1);
-    await finger(tab, 'up', 'Left');
+    await shows(tab, paused, 'the same game, paused');
   });
 
   walk('the keyboard plays; leaving pauses and saves; the menu saves and opens files', async (tab, visit) => {
     await start(tab);
     await press(tab, 'c');
-    await eventually(async () => (await pieces(tab, HOLD)).length > 11, 'C holds the piece');
+    await holds(tab);
 
     await plug(tab, 'standard');
-    const setStart = (down) => setButton(tab, 9, down);
-    await setStart(true);
-    await eventually(async () => !await hasPieces(tab), 'Start of a controller pauses');
-    await setStart(false);
+    await setButton(tab, 9, true);
+    await hidesPieces(tab);
+    await setButton(tab, 9, false);
     await sleep(100);
-    await setStart(true);
-    await eventually(() => hasPieces(tab), 'and plays on');
+    await setButton(tab, 9, true);
+    await showsPieces(tab);
     await tab.evaluate(() => { navigator.getGamepads = () => []; });
 
     const before = await store(tab);
     await leave(tab);
     assert.notEqual(await store(tab), before, 'saved within the event');
-    await eventually(async () => !await hasPieces(tab), 'and paused');
+    await hidesPieces(tab);
     await comeBack(tab);
     const paused = await eventually(() => stands(tab), 'still so on the way back');
     await tap(tab, [25, 307]);
     await eventually(async () => !paused.equals(await pixels(tab)), 'a menu opens');
     await press(tab, 'Escape');
-    await eventually(async () => paused.equals(await pixels(tab)), 'Esc closes it, and nothing else');
+    await shows(tab, paused, 'Esc closes it, and nothing else');
 
     const active = () => tab.evaluate('document.activeElement.id');
     await eventually(async () => {
@@ -95,21 +86,17 @@ export function play({walk, needs}) {
     await says(tab, '#menu', /Back to the game/);
     await tapOn(tab, '[data-do=back]');
     await eventually(async () => await active() === 'screen', 'the space bar is the game\'s again');
-    await tapOn(tab, '#menu-button');
-    await tapOn(tab, '[data-do=save]');
+    await choose(tab, 'save');
     const text = await tab.evaluate(() => window.blob.text());
     assert.equal(text, await store(tab));
 
     await press(tab, 'Escape'); // plays on
-    await eventually(() => hasPieces(tab), 'Esc resumes the game');
+    await showsPieces(tab);
     await press(tab, 'ArrowUp');
-    const saved = join(temporary, 'saved.reg'), wrong = join(temporary, 'no.reg');
-    writeFileSync(saved, text);
-    writeFileSync(wrong, 'nonsense');
-    await tab.choose('#file', wrong);
+    await tab.choose('#file', temporaryFile('no.reg', 'nonsense'));
     await says(tab, '#notice', /no.reg cannot be used: line 1/);
-    await tab.choose('#file', saved);
-    await eventually(async () => paused.equals(await pixels(tab)), 'the saved game, paused');
+    await tab.choose('#file', temporaryFile('saved.reg', text));
+    await shows(tab, paused, 'the saved game, paused');
 
     await press(tab, 'F1');
     const help = await eventually(() => visit.opened(), 'the help opens in a tab');
@@ -131,10 +118,9 @@ export function play({walk, needs}) {
     await eventually(panelIsUp, 'the input panel comes up');
     await press(tab, "'");
     assert.ok(await tab.evaluate('window.prevented'), 'a letter that is taken is not for the browser');
-    for (const key of [[50, 267], [10, 250], [90, 250]]) {
+    for (const key of [[50, 267], [10, 250], [90, 250], [74, 180]]) { // z, a, g, OK
       await tap(tab, key);
     }
-    await tap(tab, [74, 180]);
     await showsTitle(tab);
     assert.match((await store(tab)).replace(/\\\n */g, ''), /27,00,7a,00,61,00,67,00,00/, 'the name stands in a table');
   });
@@ -143,8 +129,7 @@ export function play({walk, needs}) {
     await start(tab);
     await plug(tab, '');
     await says(tab, '#notice', /does not know the buttons/);
-    await tapOn(tab, '#menu-button');
-    await tapOn(tab, '[data-do=teach]');
+    await choose(tab, 'teach');
     for (const [i, asked] of [/left/, /right/, /soft/, /hard/, /rotate right/, /rotate left/, /hold/, /pause/].entries()) {
       await says(tab, '#question', asked);
       await setButton(tab, 16 - i, true);
@@ -160,8 +145,8 @@ export function play({walk, needs}) {
     await tab.reload();
     await plug(tab, '');
     await tap(tab, PLAY); // resumes
-    await eventually(() => hasPieces(tab), 'the game goes on');
+    await showsPieces(tab);
     await setButton(tab, 9, true);
-    await eventually(async () => !await hasPieces(tab), 'what was taught pauses');
+    await hidesPieces(tab);
   });
 }

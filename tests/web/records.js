@@ -1,12 +1,12 @@
 // Records of games: shared by a link, watched, taken over, and what brings back a game that was cut off.
 import assert from 'node:assert/strict';
-import {execFileSync, spawnSync} from 'node:child_process';
-import {readFileSync, writeFileSync} from 'node:fs';
+import {execFileSync} from 'node:child_process';
+import {readFileSync} from 'node:fs';
 import {join} from 'node:path';
 import {deflateRawSync, inflateRawSync} from 'node:zlib';
-import {begin, boxOf, eventually, flaws, pieces, pixels, press, resize, says, sleep, store, tap, tapOn, temporary, textOf, HOLD, PLAY}
+import {begin, boxOf, eventually, flaws, pixels, press, resize, says, sleep, store, tap, tapOn, temporary, temporaryFile, textOf, PLAY}
   from './browser.js';
-import {hasPieces, leave, comeBack, pilot, showsTitle, stands, start} from './game.js';
+import {choose, comeBack, holds, leave, pilot, shows, showsPieces, showsTitle, stands, start} from './game.js';
 
 const catchLink = () => Object.defineProperty(navigator, 'clipboard', {value: {async writeText(text) { window.copied = text; }}});
 const fragment = (text) => `#game=${deflateRawSync(text).toString('base64url')}`;
@@ -34,16 +34,14 @@ export function records({engine, test, walk}) {
       return /over/.test(await textOf(tab, '#state'));
     }, 'the game is lost');
     await showsTitle(tab);
-    await tapOn(tab, '#menu-button');
-    await tapOn(tab, '[data-do=link]');
+    await choose(tab, 'link');
     const link = await eventually(() => tab.evaluate('window.copied'), 'a link');
     await visit.end();
 
-    const record = join(temporary, 'page.pilot');
-    writeFileSync(record, inflateRawSync(Buffer.from(link.split('#game=')[1], 'base64url')).toString().replace(/\0(.*)\0/s,
-      (_, store) => Buffer.from(store).toString('base64').replace(/.{1,76}/g, '#: $&\n')));
-    assert.match(readFileSync(record, 'utf8'), /^# store /m);
-    const check = execFileSync(pilot, ['--check', record], {encoding: 'utf8'});
+    const record = inflateRawSync(Buffer.from(link.split('#game=')[1], 'base64url')).toString().replace(/\0(.*)\0/s,
+      (_, store) => Buffer.from(store).toString('base64').replace(/.{1,76}/g, '#: $&\n'));
+    assert.match(record, /^# store /m);
+    const check = execFileSync(pilot, ['--check', temporaryFile('page.pilot', record)], {encoding: 'utf8'});
     const [, points] = /^Marathon from level 0: (\d+) points.*\nholds\n$/.exec(check) ?? assert.fail(check);
 
     const there = await begin(engine);
@@ -71,7 +69,7 @@ export function records({engine, test, walk}) {
     await tapOn(other, '[data-key=PageDown]');
     await says(other, '#chapter', /^game Marathon/);
     await tapOn(other, '[data-key=PageDown]');
-    await eventually(async () => end.equals(await pixels(other)), 'the same end');
+    await shows(other, end, 'the same end');
     await tapOn(other, '[data-key=PageUp]');
     await press(other, 'ArrowRight');
     await press(other, 'Tab');
@@ -81,11 +79,11 @@ export function records({engine, test, walk}) {
       return !end.equals(await pixels(other));
     }, 'the viewer plays');
     await tapOn(other, '.taken button');
-    await eventually(async () => paused.equals(await pixels(other)), 'the own game again');
+    await shows(other, paused, 'the own game again');
     assert.equal(await store(other), kept);
     assert.equal(await other.evaluate('location.hash'), '');
     await press(other, 'Escape');
-    await eventually(() => hasPieces(other), 'and it goes on');
+    await showsPieces(other);
     await there.end();
   });
 
@@ -114,8 +112,7 @@ export function records({engine, test, walk}) {
   walk('a record of the pilot plays the same in the page, and what was changed is found', async (tab) => {
     const file = pilotRecord(), text = readFileSync(file, 'utf8');
     const other = (digit) => digit === '0' ? '1' : '0';
-    const changed = join(temporary, 'changed.pilot');
-    writeFileSync(changed, text.replace(/(# over.*\n# digest )(.)/, (_, before, digit) => before + other(digit)));
+    const changed = temporaryFile('changed.pilot', text.replace(/(# over.*\n# digest )(.)/, (_, before, digit) => before + other(digit)));
     await showsTitle(tab);
     for (const [record, words] of [[file, /^over Marathon/], [changed, /^differs at 0:\d\d\.\d+, line \d+$/]]) {
       await tab.choose('#record-file', record);
@@ -158,13 +155,13 @@ export function records({engine, test, walk}) {
     await start(tab);
     const kept = await store(tab);
     await press(tab, 'c');
-    await eventually(async () => (await pieces(tab, HOLD)).length > 11, 'a piece is held');
+    await holds(tab);
     await sleep(1500);
     assert.equal(await store(tab), kept, 'which is not stored');
     await tab.reload();
     await says(tab, '#state', /Paused/);
     await tap(tab, PLAY);
-    await eventually(async () => (await pieces(tab, HOLD)).length > 11, 'it is still held');
+    await holds(tab);
     assert.equal(await textOf(tab, '#notice'), '');
 
     await sleep(1500);

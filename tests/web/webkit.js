@@ -3,6 +3,7 @@ import {spawn} from 'node:child_process';
 import {once} from 'node:events';
 import {existsSync} from 'node:fs';
 import {createServer} from 'node:net';
+import {setTimeout} from 'node:timers/promises';
 
 const COMMAND = '/usr/bin/WebKitWebDriver';
 const ELEMENT = 'element-6066-11e4-a52e-4f735466cecf';
@@ -44,10 +45,8 @@ class Tab {
     return this.call('POST', '/actions', {actions: [{type: 'key', id: 'keyboard', actions: [{type, value}]}]});
   }
   point(kind, x, y) {
-    const actions = [{type: 'pointerMove', duration: 0, x: Math.floor(x), y: Math.floor(y)}];
-    if (kind !== 'move') {
-      actions.push({type: kind === 'down' ? 'pointerDown' : 'pointerUp', button: 0});
-    }
+    const change = {down: [{type: 'pointerDown', button: 0}], up: [{type: 'pointerUp', button: 0}], move: []}[kind];
+    const actions = [{type: 'pointerMove', duration: 0, x: Math.floor(x), y: Math.floor(y)}, ...change];
     return this.call('POST', '/actions', {actions: [{type: 'pointer', id: 'mouse', actions}]});
   }
   async screenshot() { return Buffer.from(await this.call('GET', '/screenshot'), 'base64'); }
@@ -129,7 +128,7 @@ export const webkit = {
     this.driver.stderr.on('data', (text) => { this.said = `${this.said ?? ''}${text}`.slice(-1000); });
     process.on('exit', () => this.driver.kill());
     for (const end = Date.now() + 10000; Date.now() < end && !await fetch(this.address).catch(() => null);) {
-      await new Promise((resolve) => setTimeout(resolve, 50));
+      await setTimeout(50);
     }
   },
 

@@ -1,60 +1,11 @@
-// Dialog templates for tests, and the running of them.
+// The running of dialogs in tests.
 #pragma once
 
 #include <functional>
-#include <string_view>
-#include <vector>
 
 #include "aygshell.h"
-#include "support/resource_image.h"
 #include "user/recorder.h"
 #include "winuser.h"
-
-/// The words of a DIALOG resource.
-class DialogWords
-{
-public:
-    DialogWords(DWORD style, DWORD exStyle, int width, int height, std::u16string_view caption)
-    {
-        doubleWord(style);
-        doubleWord(exStyle);
-        numbers({0, 0, 0, width, height, 0, 0});
-        text(caption);
-        if ((style & DS_SETFONT) != 0) {
-            numbers({8});
-            text(u"System");
-        }
-    }
-    DialogWords &add(std::u16string_view className, DWORD style, const RECT &rect, int id,
-                     std::u16string_view title = u"")
-    {
-        words.resize((words.size() + 1) / 2 * 2);
-        doubleWord(style | WS_VISIBLE);
-        doubleWord(0);
-        numbers({rect.left, rect.top, rect.right, rect.bottom, id});
-        text(className);
-        text(title);
-        numbers({0});
-        ++words[4];
-        return *this;
-    }
-
-    std::vector<std::uint16_t> words;
-
-private:
-    void numbers(std::initializer_list<int> values)
-    {
-        for (const int value : values) {
-            words.push_back(static_cast<std::uint16_t>(value));
-        }
-    }
-    void doubleWord(DWORD value) { numbers({LOWORD(value), HIWORD(value)}); }
-    void text(std::u16string_view value)
-    {
-        words.insert(words.end(), value.begin(), value.end());
-        words.push_back(0);
-    }
-};
 
 /// What a dialog procedure answers; WM_INITDIALOG, when it is not looked at, is answered TRUE.
 using DialogHandler = std::function<INT_PTR(HWND, UINT, WPARAM, LPARAM)>;
