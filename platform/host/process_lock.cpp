@@ -11,9 +11,7 @@ namespace {
 
 struct flock wholeFile()
 {
-    struct flock lock
-    {
-    };
+    struct flock lock = {};
     lock.l_type = F_WRLCK;
     lock.l_whence = SEEK_SET;
     return lock;
@@ -34,9 +32,7 @@ bool ProcessLock::take()
 
 void ProcessLock::keep()
 {
-    struct stat known
-    {
-    };
+    struct stat known = {};
     const bool exists =
         descriptor_ && fstat(descriptor_.number(), &known) == 0 && known.st_nlink > 0;
     if (taken_ && !exists) {

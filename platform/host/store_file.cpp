@@ -23,9 +23,7 @@ std::string numbered(const std::string &name)
 
 bool isFolder(const std::filesystem::path &path)
 {
-    struct stat known
-    {
-    };
+    struct stat known = {};
     return stat(path.c_str(), &known) == 0 && S_ISDIR(known.st_mode);
 }
 
@@ -44,9 +42,7 @@ Problem StoreFile::makeFolder() const
         made /= part;
         error = mkdir(made.c_str(), forItsOwner) == 0 ? 0 : errno;
     }
-    struct stat known
-    {
-    };
+    struct stat known = {};
     if (stat(folder_.c_str(), &known) != 0) {
         return fileProblem(folder_, error == EEXIST ? errno : error);
     }
