@@ -50,16 +50,10 @@ public:
     /// events.
     void setWatching(bool watching) { watching_ = watching; }
 
-    // Controllers, numbered as the standard gamepad of browsers
-    // ------------------------------------
+    // Controllers, numbered as the standard gamepad of browsers ---------------------------------
 
-    /// Returns what only the host can do for the player, if that is what the button asks for.
-    enum class HostAction
-    {
-        None,
-        FullScreen
-    };
-    HostAction controllerButton(int controller, int button, bool down);
+    /// Returns whether the button asks for full screen, on and off, which only the host can do.
+    bool controllerButton(int controller, int button, bool down);
     /// Axis 0 and 1: left stick, 2 and 3: right stick; to the right and down, -1 to 1.
     void controllerAxis(int controller, int axis, double value);
     void controllerGone(int controller);
@@ -109,7 +103,6 @@ private:
     void sendWatch(std::optional<WatchCommand> command);
     void releaseKeys();
     void releaseEverything();
-    HostAction actWithBack(int button, bool &taken);
     void leftStick(int controller, int axis, double value);
 
     Clock now_;

@@ -13,13 +13,6 @@ namespace {
 using host::Event;
 using Kind = Event::Kind;
 
-Event closeEvent()
-{
-    Event event;
-    event.kind = Kind::Close;
-    return event;
-}
-
 } // namespace
 
 Playback::Playback(const Record &record, Subject subject)
@@ -49,7 +42,7 @@ std::optional<Event> Playback::wait(std::optional<std::uint32_t> deadline)
             storesAtEnd_ = stores_;
         }
         if (!mayMove(target)) {
-            return closeEvent();
+            return Event{.kind = Kind::Close};
         }
         clock_ += static_cast<std::uint32_t>(*target - position_);
         position_ = *target;

@@ -28,13 +28,6 @@ host::Area unite(const host::Area &a, const host::Area &b)
             std::max(a.bottom, b.bottom)};
 }
 
-Event eventOf(Kind kind)
-{
-    Event event;
-    event.kind = kind;
-    return event;
-}
-
 } // namespace
 
 WatchingHost::WatchingHost(const Record &record, Subject subject, host::Host &shown,
@@ -239,13 +232,10 @@ void WatchingHost::takeOver()
 {
     offset_ = Playback::ticks() - shown_.ticks();
     for (const std::uint16_t key : heldKeys_) {
-        released_.push_back(eventOf(Kind::KeyUp));
-        released_.back().key = key;
+        released_.push_back({.kind = Kind::KeyUp, .key = key});
     }
     if (stylus_) {
-        released_.push_back(eventOf(Kind::StylusUp));
-        released_.back().x = stylus_->x;
-        released_.back().y = stylus_->y;
+        released_.push_back({.kind = Kind::StylusUp, .x = stylus_->x, .y = stylus_->y});
     }
     shown_.showProgress(std::nullopt);
     shown_.wantText(textWanted_);
