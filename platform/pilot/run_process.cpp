@@ -12,6 +12,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "host/pilot/pilot_host.h"
 #include "host/problem.h"
 
 namespace pilot {
@@ -91,7 +92,7 @@ void reportCrash(int status)
     const std::string cause = WIFSIGNALED(status)
                                   ? strsignal(WTERMSIG(status))
                                   : "exit status " + std::to_string(WEXITSTATUS(status));
-    std::fprintf(stderr, "pilot: the program crashed: %s\n", cause.c_str());
+    complain("the program crashed: " + cause);
 }
 
 } // namespace
@@ -113,8 +114,7 @@ void Outcome::report(const std::string &text, bool cleanly) const
     }
     std::fflush(nullptr);
     if (!pipe_.writeAll(std::as_bytes(std::span(text)))) {
-        std::fprintf(stderr, "pilot: %s\n", host::fileProblem("a pipe").c_str());
-        std::_Exit(1);
+        std::_Exit(complain(host::fileProblem("a pipe")));
     }
     cleanly ? std::exit(0) : std::_Exit(0);
 }
@@ -128,8 +128,7 @@ int runUntilFinished(RunState state, const std::function<void(RunState &, Outcom
             return endedStatus + endedBy;
         }
         if (problem) {
-            std::fprintf(stderr, "pilot: %s\n", problem->c_str());
-            return 1;
+            return complain(*problem);
         }
         const auto &[outcome, status] = remains;
         std::istringstream words(outcome);

@@ -23,6 +23,12 @@ void say(const std::string &line)
     std::fflush(stdout);
 }
 
+int complain(const std::string &problem, int status)
+{
+    std::fprintf(stderr, "pilot: %s\n", problem.c_str());
+    return status;
+}
+
 std::string inQuotes(std::u16string_view text)
 {
     std::string result = "\"";

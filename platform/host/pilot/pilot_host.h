@@ -1,5 +1,4 @@
-// The host of the pilot: a clock that jumps, events that a script makes, a screen in memory, and a
-// loudspeaker that notes what it is given.
+// The pilot's host: a clock that jumps, a script's events, a screen in memory, noted sounds.
 #pragma once
 
 #include <deque>
@@ -14,6 +13,8 @@ namespace pilot {
 
 /// Prints a line at once.
 void say(const std::string &line);
+/// Prints what is wrong, on the standard error stream. Returns `status`, for main.
+int complain(const std::string &problem, int status = 1);
 /// A text in quotation marks; those inside, backslashes and ends of lines are written \", \\, \n.
 std::string inQuotes(std::u16string_view text);
 
