@@ -6,8 +6,7 @@
 
 namespace base {
 
-/// How to encode half a surrogate pair. A kept one is encoded like any character, and
-/// `appendUtf16` decodes it again.
+/// How to encode half a surrogate pair. Kept, it is like any character, also for `appendUtf16`.
 enum class LoneSurrogate
 {
     Replaced, ///< by U+FFFD

@@ -1,9 +1,7 @@
-// Reads the registry's file in one pass, line by line, and stops at the first line it does not
-// understand.
+// Reads the registry's file line by line, up to the first line that it does not understand.
 #include "registry/text.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <string_view>
 #include <utility>
 
@@ -105,14 +103,9 @@ private:
     /// Of A to Z, either case.
     bool accept(std::u16string_view word)
     {
-        const std::u16string_view next = text_.substr(position_, word.size());
-        if (!std::equal(word.begin(), word.end(), next.begin(), next.end(),
-                        [](char16_t a, char16_t b) { return base::folded(a) == base::folded(b); }))
-        {
-            return false;
-        }
-        position_ += word.size();
-        return true;
+        const bool found = base::sameName(text_.substr(position_, word.size()), word);
+        position_ += found ? word.size() : 0;
+        return found;
     }
     void skipBlanks()
     {

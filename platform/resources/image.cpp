@@ -1,11 +1,10 @@
 // The .res image is a row of entries: a header with sizes, type and name, then the data, both
-// padded to four bytes. Damaged images are safe to read: the first entry that does not fit ends the
-// image.
+// padded to four bytes. The first entry that does not fit ends a damaged image.
 #include "resources/image.h"
 
 #include <algorithm>
+#include <optional>
 
-#include "base/byte_reader.h"
 #include "base/names.h"
 
 namespace resources {

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -20,8 +19,7 @@ std::span<const std::byte> image();
 /// Whether `name` is null or comes from MAKEINTRESOURCEW: a number instead of a pointer.
 bool isNumber(LPCWSTR name);
 
-/// The name or type of a resource: a number below 65,536, or a text, compared without regard to
-/// case.
+/// The name or type of a resource: a number below 65,536, or a text, in whatever case.
 struct Name
 {
     std::uint16_t number = 0; ///< used when `text` is empty
