@@ -33,22 +33,14 @@ std::string describe(const Object &object)
 
 void reset()
 {
-    visitObjects([](const Object &object) {
-        if (!object.stock) {
-            erase(object.handle.value);
-        }
-    });
+    visitObjects([](const Object &object) { erase(object.handle.value); });
     resizeScreen(screen().width, screen().height);
 }
 
 std::vector<std::string> liveObjects()
 {
     std::vector<std::string> lines;
-    visitObjects([&](const Object &object) {
-        if (!object.stock) {
-            lines.push_back(describe(object));
-        }
-    });
+    visitObjects([&](const Object &object) { lines.push_back(describe(object)); });
     return lines;
 }
 

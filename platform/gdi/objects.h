@@ -119,7 +119,7 @@ std::uint32_t insert(std::unique_ptr<Object> object);
 /// The object of a handle; null when there is none.
 Object *findObject(std::uint32_t handle);
 void erase(std::uint32_t handle);
-/// Calls `visitor` for each object, which it may erase.
+/// Calls `visitor` for each object that a program made, which it may erase.
 void visitObjects(const std::function<void(const Object &)> &visitor);
 
 /// The object of that kind behind a handle; null when there is none.
