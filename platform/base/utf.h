@@ -6,7 +6,8 @@
 
 namespace base {
 
-/// How to encode half a surrogate pair. Kept, it is like any character, also for `appendUtf16`.
+/// How to encode half a surrogate pair. A kept one is encoded like any character, and
+/// `appendUtf16` decodes it again.
 enum class LoneSurrogate
 {
     Replaced, ///< by U+FFFD

@@ -29,7 +29,8 @@ struct DibHeader
 std::optional<DibHeader> readDibHeader(base::ByteReader &reader);
 
 /// `dib` is a 40-byte header, a palette, and rows from the bottom up, each padded to 4 bytes:
-/// uncompressed, 8 bits a pixel with a palette, or 24 bits. Null for anything else, or a short one.
+/// uncompressed, 8 bits a pixel with a palette, or 24 bits. Null when it is anything else or
+/// shorter than its header says.
 std::unique_ptr<Bitmap> readDib(std::span<const std::byte> dib);
 
 } // namespace gdi

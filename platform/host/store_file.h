@@ -21,12 +21,14 @@ public:
 
     /// Makes the folder when it is missing, for its owner alone.
     [[nodiscard]] Problem makeFolder() const;
-    /// The bytes of registry.reg, if it exists. Nothing is saved over one that cannot be read.
+    /// The bytes of registry.reg; none when there is no such file. One that cannot be read is a
+    /// problem, and nothing is saved over it.
     [[nodiscard]] Result<std::optional<std::vector<std::byte>>> load();
     /// Replaces registry.reg, as replaceFile does. A folder that is gone is made again.
     [[nodiscard]] Problem save(std::span<const std::byte> bytes);
     /// Renames registry.reg to registry.reg.bad; a file that has that name already first gets the
-    /// name registry.reg.bad.1, or .2, ... whichever is free. If that fails, nothing replaces it.
+    /// name registry.reg.bad.1, or .2, ... whichever is free. When that fails,
+    /// nothing is saved over registry.reg.
     [[nodiscard]] Problem setAside();
 
 private:

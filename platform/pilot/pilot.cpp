@@ -54,9 +54,7 @@ int run(const Options &options, const handheld::Program &program, const Subject 
     }
     std::optional<host::TemporaryFolder> temporary;
     const auto store = options.store ? *options.store : temporary.emplace("glimra-pilot").path();
-    const auto unmade = options.store   ? host::StoreFile(store).makeFolder()
-                        : store.empty() ? host::Problem(host::fileProblem("a temporary folder"))
-                                        : std::nullopt;
+    const auto unmade = temporary ? temporary->problem() : host::StoreFile(store).makeFolder();
     if (unmade) {
         return complain(*unmade);
     }

@@ -1,4 +1,5 @@
-// The pilot's host: a clock that jumps, a script's events, a screen in memory, noted sounds.
+// The host of the pilot: a clock that jumps, events that a script makes, a screen in memory, and a
+// loudspeaker that notes what it is given.
 #pragma once
 
 #include <deque>
