@@ -1,5 +1,9 @@
 // Gives the program its events and deadlines in the order of time: the wait of every host with a
 // real clock. Moments are milliseconds of the host's clock, whose count wraps.
+//
+// The program's clock stands still while the program works, and when the process wakes a little
+// late it shows the moment it should have woken at: so what is due at a moment happens at that
+// moment, however busy the machine is.
 #pragma once
 
 #include <cstdint>
@@ -7,17 +11,22 @@
 #include <optional>
 
 #include "host/host.h"
-#include "host/program_clock.h"
+#include "host/moment.h"
 
 namespace host {
 
 class Timeline
 {
 public:
-    explicit Timeline(std::uint32_t now) : clock_(now) {}
+    /// The program catches up with a delay of up to this many milliseconds, one due moment after
+    /// the other. After a longer one (the machine slept, a debugger held the process) it goes on
+    /// from now.
+    static constexpr std::int32_t longestLag = 1000;
 
-    /// The program's clock.
-    std::uint32_t ticks() const { return clock_.ticks(); }
+    explicit Timeline(std::uint32_t now) : ticks_(now) {}
+
+    /// The program's clock. It never goes back.
+    std::uint32_t ticks() const { return ticks_; }
 
     void add(const Event &event, std::uint32_t moment) { events_.push_back({event, moment}); }
 
@@ -26,7 +35,7 @@ public:
     template <class Now, class Sleep>
     std::optional<Event> wait(std::optional<std::uint32_t> deadline, Now now, Sleep sleep)
     {
-        const bool sleeps = !deadline || clock_.isAhead(*deadline);
+        const bool sleeps = !deadline || isBefore(ticks_, *deadline);
         for (;; sleep()) {
             if (hasEventBefore(sleeps ? deadline : std::nullopt)) {
                 return takeEvent(sleeps);
@@ -35,7 +44,7 @@ public:
                 return std::nullopt;
             }
             if (const std::uint32_t moment = now(); deadline && !isBefore(moment, *deadline)) {
-                clock_.reachDeadline(*deadline, moment);
+                ticks_ = distance(*deadline, moment) > longestLag ? moment : *deadline;
                 return std::nullopt;
             }
         }
@@ -59,13 +68,13 @@ private:
     {
         const Dated first = events_.front();
         events_.pop_front();
-        if (movesOn) {
-            clock_.reachEvent(first.moment);
+        if (movesOn && isBefore(ticks_, first.moment)) {
+            ticks_ = first.moment;
         }
         return first.event;
     }
 
-    ProgramClock clock_;
+    std::uint32_t ticks_;
     std::deque<Dated> events_; ///< not yet taken by the program
 };
 

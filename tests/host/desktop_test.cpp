@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include "host/program_clock.h"
 #include "host/sdl/picture.h"
 #include "host/sdl/window_place.h"
 #include "host/stepping_clock.h"
@@ -18,23 +17,27 @@ using desktop::Canvas;
 using desktop::Placement;
 using desktop::Point;
 using desktop::Size;
-using host::ProgramClock;
+using host::Timeline;
 
-TEST(ProgramClock, StepsThroughDueMomentsAndGivesUpLongStalls)
+TEST(Timeline, StepsThroughDueMomentsAndGivesUpLongStalls)
 {
     const std::uint32_t cases[][4] = {
         {100, 125, 125, 125},    {100, 125, 900, 125},
         {100, 125, 1125, 125},   {100, 125, 1126, 1126},
         {0xFFFFFFF0U, 9, 12, 9}, {0xFFFFFFF0U, 0xFFFFFFFAU, 2, 0xFFFFFFFAU}};
     for (const auto &[start, deadline, now, shown] : cases) {
-        ProgramClock clock(start);
-        EXPECT_TRUE(clock.isAhead(deadline));
-        clock.reachDeadline(deadline, now);
-        EXPECT_EQ(clock.ticks(), shown);
-        clock.reachEvent(shown - 1);
-        EXPECT_EQ(clock.ticks(), shown) << "the clock never goes back";
-        clock.reachEvent(shown + 3);
-        EXPECT_EQ(clock.ticks(), shown + 3);
+        Timeline timeline(start);
+        const auto wait = [&timeline, moment = now](std::optional<std::uint32_t> until) {
+            return timeline.wait(until, [=] { return moment; }, [] { FAIL(); });
+        };
+        EXPECT_FALSE(wait(deadline));
+        EXPECT_EQ(timeline.ticks(), shown);
+        timeline.add({}, shown - 1);
+        EXPECT_TRUE(wait(std::nullopt));
+        EXPECT_EQ(timeline.ticks(), shown) << "the clock never goes back";
+        timeline.add({}, shown + 3);
+        EXPECT_TRUE(wait(std::nullopt));
+        EXPECT_EQ(timeline.ticks(), shown + 3);
     }
 }
 
@@ -45,14 +48,14 @@ TEST(SteppingClock, LetsATimerComeDueOnceHoweverLongTheMachineSlept)
         std::uint64_t machine = 0xFFFFFF00U; // a clock soon to wrap
         host::SteppingClock clock(machine);
         const auto now = [&] { return clock.at(machine); };
-        host::Timeline timeline(now());
+        Timeline timeline(now());
         int sleeps = 0;
         const std::uint32_t deadline = timeline.ticks() + 25;
         EXPECT_FALSE(timeline.wait(deadline, now, [&] {
             machine += slept;
             ASSERT_EQ(++sleeps, 1);
         }));
-        EXPECT_GT(host::distance(deadline, timeline.ticks()), ProgramClock::longestLag) << slept;
+        EXPECT_GT(host::distance(deadline, timeline.ticks()), Timeline::longestLag) << slept;
         EXPECT_EQ(now(), timeline.ticks());
         machine += 25;
         EXPECT_EQ(now(), timeline.ticks() + 25);
