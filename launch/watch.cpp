@@ -8,7 +8,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -17,35 +16,13 @@
 #include "app/situation.h"
 #include "host/descriptor.h"
 #include "host/sdl/desktop.h"
+#include "host/temporary_folder.h"
 #include "launch/game_subject.h"
 #include "record/watching_host.h"
 
 namespace {
 
 using View = record::WatchingHost::View;
-
-/// A folder that goes with its owner.
-class TemporaryFolder
-{
-public:
-    TemporaryFolder()
-    {
-        std::error_code error;
-        std::string name = std::filesystem::temp_directory_path(error) / "glimra-watch-XXXXXX";
-        path_ = mkdtemp(name.data()) ? name : "";
-    }
-    TemporaryFolder(const TemporaryFolder &) = delete;
-    TemporaryFolder &operator=(const TemporaryFolder &) = delete;
-    ~TemporaryFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    const std::filesystem::path &path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
 
 struct Viewing
 {
@@ -111,7 +88,8 @@ public:
     {
         begin({});
         for (;;) {
-            const std::string line = readLine();
+            const std::string line =
+                host::readLine(words_.number(), "a pipe").value.value_or("");
             View next;
             int playing = 0;
             if (line == "shown") {
@@ -160,20 +138,6 @@ private:
         }
     }
 
-    /// Empty when the child has ended.
-    std::string readLine() const
-    {
-        std::string line;
-        char c = 0;
-        for (;;) {
-            const ssize_t count = read(words_.number(), &c, 1);
-            if (count == 0 || (count < 0 && errno != EINTR) || (count > 0 && c == '\n')) {
-                return line;
-            }
-            line.append(count > 0 ? 1 : 0, c);
-        }
-    }
-
     const Viewing viewing_;
     host::Descriptor words_; ///< of the present child
     pid_t present_ = 0;
@@ -184,7 +148,7 @@ private:
 
 int watch(const record::Record &record, std::optional<int> scale, const handheld::Program &program)
 {
-    const TemporaryFolder folder;
+    const host::TemporaryFolder folder("glimra-watch");
     handleEnd(passOn);
     return Children({record, scale, program, folder.path()}).follow();
 }

@@ -1,6 +1,7 @@
 // Reads and writes until it is done: a signal may cut either short.
 #include "host/descriptor.h"
 
+#include <algorithm>
 #include <cerrno>
 
 #include <fcntl.h>
@@ -51,6 +52,38 @@ bool Descriptor::writeAll(std::span<const std::byte> bytes) const
         }
     }
     return true;
+}
+
+/// A file is read in parts, and what was read too far is given back; a pipe byte by byte.
+Result<std::optional<std::string>> readLine(int descriptor, const std::string &name)
+{
+    char part[256];
+    const bool givesBack = lseek(descriptor, 0, SEEK_CUR) >= 0;
+    std::string line;
+    for (;;) {
+        const ssize_t count = read(descriptor, part, givesBack ? sizeof part : 1);
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count < 0) {
+            return {{}, fileProblem(name)};
+        }
+        if (count == 0 && line.empty()) {
+            return {};
+        }
+        const char *end = std::find(part, part + count, '\n');
+        line.append(part, static_cast<std::size_t>(end - part));
+        if (count > 0 && end == part + count) {
+            continue;
+        }
+        if (count > 0) {
+            lseek(descriptor, end + 1 - (part + count), SEEK_CUR);
+        }
+        if (line.ends_with('\r')) {
+            line.pop_back();
+        }
+        return {line, {}};
+    }
 }
 
 } // namespace host

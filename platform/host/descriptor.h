@@ -3,10 +3,11 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <optional>
 #include <span>
 #include <string>
 #include <utility>
+
+#include "host/problem.h"
 
 namespace host {
 
@@ -39,5 +40,9 @@ public:
 private:
     int number_ = -1;
 };
+
+/// Reads a line from a file descriptor, without its end, and not a byte further: another process
+/// may go on with the next line. None at the end of the file; a problem begins with `name`.
+Result<std::optional<std::string>> readLine(int descriptor, const std::string &name);
 
 } // namespace host
