@@ -12,7 +12,7 @@
 #include "app/game_app.h"
 #include "app/situation.h"
 #include "handheld.h"
-#include "host/web/web.h"
+#include "host/web/web_host.h"
 #include "launch/game_subject.h"
 #include "launch/record_end.h"
 #include "record/recording_host.h"
@@ -155,8 +155,8 @@ int main(int argc, char **argv)
     const std::span words(argv, static_cast<std::size_t>(argc));
     const std::string_view task = argc > 1 ? words[1] : "play";
     const handheld::Program program{WinMain, programResources()};
-    const auto host = web::open({changedState, latest});
-    return task == "watch"     ? watch(*host, program, words.subspan(2))
-           : task == "recover" ? recover(*host, program)
-                               : play(*host, program);
+    web::WebHost host({changedState, latest});
+    return task == "watch"     ? watch(host, program, words.subspan(2))
+           : task == "recover" ? recover(host, program)
+                               : play(host, program);
 }

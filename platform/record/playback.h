@@ -37,12 +37,7 @@ public:
     std::uint32_t ticks() const override { return clock_; }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
     void present(const host::Frame &, const host::Area &) override {}
-    void describeProgram(std::u16string_view, const host::Icon &) override {}
-    void raise() override {}
-    void wantText(bool) override {}
     bool hasLoudspeaker() override { return true; }
-    bool openLoudspeaker() override { return true; }
-    void closeLoudspeaker() override { dropSamples(); }
     void playSamples(std::span<const std::uint8_t> samples) override
     {
         speaker_.play(samples.size(), clock_);
@@ -52,8 +47,6 @@ public:
     std::optional<std::vector<std::byte>> loadStore() override;
     bool saveStore(std::span<const std::byte> bytes) override;
     void setStoreAside() override {}
-    bool runsElsewhere() override { return false; }
-    void raiseOther() override {}
     bool showHelp(std::u16string_view, std::u16string_view, std::span<const std::byte>,
                   std::u16string_view) override
     {

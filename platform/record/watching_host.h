@@ -41,8 +41,6 @@ public:
     void raise() override { shown_.raise(); }
     void wantText(bool wanted) override;
     bool hasLoudspeaker() override { return shown_.hasLoudspeaker(); }
-    bool openLoudspeaker() override { return shown_.openLoudspeaker(); }
-    void closeLoudspeaker() override { shown_.closeLoudspeaker(); }
     void playSamples(std::span<const std::uint8_t> samples) override;
     void dropSamples() override;
     bool samplesQueued() override

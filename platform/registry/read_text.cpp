@@ -1,4 +1,5 @@
-// Reads the registry's file line by line, up to the first line that it does not understand.
+// Reads the registry's file in one pass, line by line, and stops at the first line it does not
+// understand.
 #include "registry/text.h"
 
 #include <algorithm>

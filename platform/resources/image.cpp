@@ -1,5 +1,6 @@
 // The .res image is a row of entries: a header with sizes, type and name, then the data, both
-// padded to four bytes. The first entry that does not fit ends a damaged image.
+// padded to four bytes. Damaged images are safe to read: the first entry that does not fit ends the
+// image.
 #include "resources/image.h"
 
 #include <algorithm>

@@ -19,7 +19,8 @@ std::span<const std::byte> image();
 /// Whether `name` is null or comes from MAKEINTRESOURCEW: a number instead of a pointer.
 bool isNumber(LPCWSTR name);
 
-/// The name or type of a resource: a number below 65,536, or a text, in whatever case.
+/// The name or type of a resource: a number below 65,536, or a text, compared without regard to
+/// case.
 struct Name
 {
     std::uint16_t number = 0; ///< used when `text` is empty

@@ -35,7 +35,8 @@ std::optional<std::uint16_t> largestOf(std::span<const std::byte> group)
     return largest;
 }
 
-/// A picture of 8 bits a pixel: a DIB whose height counts the pixels and the mask behind them.
+/// A picture of 8 bits a pixel: a DIB whose stated height counts both the pixels and the mask that
+/// follows them.
 struct Picture
 {
     gdi::DibHeader header;

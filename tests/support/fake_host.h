@@ -74,8 +74,6 @@ public:
     void raise() override { ++raised; }
     void wantText(bool wanted) override { textWanted = wanted; }
     bool hasLoudspeaker() override { return loudspeaker; }
-    bool openLoudspeaker() override { return loudspeaker; }
-    void closeLoudspeaker() override { queued.clear(); }
     void playSamples(std::span<const std::uint8_t> samples) override;
     void dropSamples() override { queued.clear(); }
     bool samplesQueued() override { return !queued.empty(); }

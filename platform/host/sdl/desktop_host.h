@@ -27,8 +27,6 @@ public:
     void raise() override { window_->raise(); }
     void wantText(bool wanted) override;
     bool hasLoudspeaker() override { return loudspeaker_.exists(); }
-    bool openLoudspeaker() override { return loudspeaker_.open(); }
-    void closeLoudspeaker() override { loudspeaker_.close(); }
     void playSamples(std::span<const std::uint8_t> samples) override;
     void dropSamples() override { loudspeaker_.drop(); }
     bool samplesQueued() override { return loudspeaker_.queued(); }

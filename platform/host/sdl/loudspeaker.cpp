@@ -64,18 +64,6 @@ bool startAudio()
 
 } // namespace
 
-bool Loudspeaker::open()
-{
-    wanted_ = exists();
-    return wanted_;
-}
-
-void Loudspeaker::close()
-{
-    wanted_ = false;
-    rest();
-}
-
 void Loudspeaker::wake()
 {
     if (device_ == 0 && !missing_) {
@@ -101,9 +89,6 @@ void Loudspeaker::rest()
 
 void Loudspeaker::play(std::span<const std::uint8_t> samples, std::uint32_t now)
 {
-    if (!wanted_) {
-        return;
-    }
     wake();
     SDL_QueueAudio(device_, samples.data(), static_cast<Uint32>(samples.size()));
     restAt_ = now + restAfter;

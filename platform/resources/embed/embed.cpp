@@ -8,7 +8,8 @@
 
 namespace {
 
-/// The byte as an escape in a literal: three octal digits, so that no digit after it is part of it.
+/// The byte as an escape in a literal. Always three octal digits, so a digit after it is not part
+/// of it.
 std::string escaped(unsigned char byte)
 {
     char text[5];
