@@ -1,6 +1,5 @@
 // COMBOBOX as a drop-down list: a field that shows the selected item, and a list that opens over
-// the other controls. The list is a top-level window that never takes the activation; the keys go
-// to the field, which has the focus.
+// the other controls. The list is a top-level window that is never active: the field has the keys.
 #include "controls/combobox.h"
 
 #include <algorithm>
@@ -226,10 +225,9 @@ LRESULT stylusOnField(HWND combo, ComboData &data, UINT message, LPARAM lParam)
 /// The template gives the height of field and list together; the list is as high as its items.
 LRESULT create(HWND combo)
 {
-    user::Window *window = user::find(combo);
-    window->data = std::make_unique<ComboData>();
-    window->text.clear();
-    SetWindowPos(combo, {}, 0, 0, window->size().cx, fieldHeight,
+    user::Window &window = *user::find(combo);
+    window.text.clear();
+    SetWindowPos(combo, {}, 0, 0, window.size().cx, fieldHeight,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     return 0;
 }
@@ -249,38 +247,33 @@ LRESULT handleOther(HWND combo, ComboData &data, UINT message, WPARAM wParam, LP
     }
 }
 
-LRESULT CALLBACK comboProcedure(HWND combo, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT handle(HWND combo, ComboData &data, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_CREATE) {
-        return create(combo);
-    }
-    auto *data = dataOf<ComboData>(combo);
-    if (!data) {
-        return DefWindowProcW(combo, message, wParam, lParam);
-    }
     switch (message) {
+    case WM_CREATE:
+        return create(combo);
     case WM_PAINT:
-        paintField(combo, *data);
+        paintField(combo, data);
         return 0;
     case WM_LBUTTONDOWN:
     case WM_MOUSEMOVE:
     case WM_LBUTTONUP:
-        return stylusOnField(combo, *data, message, lParam);
+        return stylusOnField(combo, data, message, lParam);
     case WM_KEYDOWN:
-        key(combo, *data, wParam);
+        key(combo, data, wParam);
         return 0;
     case WM_GETDLGCODE:
-        return DLGC_WANTARROWS | DLGC_WANTCHARS | (data->list ? DLGC_WANTALLKEYS : 0);
+        return DLGC_WANTARROWS | DLGC_WANTCHARS | (data.list ? DLGC_WANTALLKEYS : 0);
     case WM_KILLFOCUS:
     case WM_DESTROY:
-        show(combo, *data, false);
+        show(combo, data, false);
         [[fallthrough]];
     case WM_SETFOCUS:
     case WM_ENABLE:
         InvalidateRect(combo, nullptr, FALSE);
         return 0;
     default:
-        return handleOther(combo, *data, message, wParam, lParam);
+        return handleOther(combo, data, message, wParam, lParam);
     }
 }
 
@@ -323,7 +316,7 @@ LRESULT CALLBACK listProcedure(HWND list, UINT message, WPARAM wParam, LPARAM lP
 void registerComboBox()
 {
     openCombo = {};
-    user::registerSystemClass(u"COMBOBOX", comboProcedure);
+    user::registerSystemClass(u"COMBOBOX", procedureWith<ComboData, handle>);
     user::registerSystemClass(u"ComboLBox", listProcedure);
 }
 

@@ -32,7 +32,7 @@ POINT originFor(const DialogTemplate &description, HWND owner)
     if ((description.style & DS_ABSALIGN) != 0) {
         return {0, 0};
     }
-    const RECT area = user::shellInUse().workArea();
+    const RECT area = user::theShell->workArea();
     POINT origin{area.left, area.top};
     if (owner) {
         origin = {0, 0};
@@ -168,8 +168,7 @@ LRESULT handleByDefault(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
-/// Activates the window that was active before the dialog. A dialog that was never shown has only
-/// taken the focus.
+/// Activates the window from before the dialog; one that was never shown has only taken the focus.
 void giveBack(HWND dialog, HWND back)
 {
     const HWND active = GetActiveWindow();
@@ -239,7 +238,7 @@ void focusMoved(HWND window)
 
 void fillScreen(HWND dialog)
 {
-    const RECT area = user::shellInUse().workArea();
+    const RECT area = user::theShell->workArea();
     MoveWindow(dialog, area.left, area.top, area.right - area.left, area.bottom - area.top, TRUE);
 }
 

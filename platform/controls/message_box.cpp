@@ -68,8 +68,7 @@ void addButtons(controls::DialogTemplate &box, std::span<const Button> buttons, 
     }
 }
 
-/// Lays out the caption, the icon beside the text, and a row of buttons, in the middle of the
-/// screen.
+/// Lays out caption, icon beside text, and a row of buttons, in the middle of the screen.
 controls::DialogTemplate layOut(const std::u16string &text, const std::u16string &caption,
                                 UINT type)
 {
@@ -91,7 +90,7 @@ controls::DialogTemplate layOut(const std::u16string &text, const std::u16string
     box.style = WS_POPUP | WS_CAPTION | DS_ABSALIGN;
     box.exStyle = (type & MB_TOPMOST) != 0 ? WS_EX_TOPMOST : 0;
     const LONG left = (screen.width - width) / 2;
-    const RECT area = user::shellInUse().workArea();
+    const RECT area = user::theShell->workArea();
     const LONG top = area.top + (area.bottom - area.top - height) / 2;
     box.rect = {left, top, left + width, top + height};
     const LONG textTop = bodyTop + (body - size.cy) / 2;

@@ -135,8 +135,7 @@ void finish(Tracking &state, UINT command)
     hide(state);
 }
 
-/// Sends WM_INITMENUPOPUP, on which the program may gray items or even close the bar, and shows the
-/// drop-down.
+/// Shows the drop-down, after a WM_INITMENUPOPUP: the program may gray items or close the bar.
 void open(Tracking &state, int button)
 {
     hide(state);

@@ -9,7 +9,6 @@ namespace shell {
 
 namespace {
 
-bool extraControlsRegistered = false;
 bool raisedByPreference = false;
 
 LRESULT CALLBACK preferenceProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -35,7 +34,6 @@ bool dialogHasPreference(HWND window)
 
 void switchOnInputPanel()
 {
-    extraControlsRegistered = false;
     raisedByPreference = false;
     registerSoftKeyboard();
 }
@@ -62,11 +60,8 @@ void inputPanelFocusMoved(HWND window)
 
 void registerExtraControls()
 {
-    if (!extraControlsRegistered) {
-        extraControlsRegistered = true;
-        controls::registerCapEdit();
-        user::registerSystemClass(u"SIPPREF", preferenceProcedure);
-    }
+    controls::registerCapEdit();
+    user::registerSystemClass(u"SIPPREF", preferenceProcedure);
 }
 
 } // namespace shell

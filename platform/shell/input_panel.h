@@ -1,5 +1,4 @@
-// When the input panel is up: while a program wants it, or while an edit box has the focus in a
-// dialog with a SIPPREF.
+// When the input panel is up: while a program wants it, or a SIPPREF's edit box has the focus.
 #pragma once
 
 #include "winuser.h"

@@ -1,5 +1,4 @@
-// The soft keyboard types into whatever has the focus: characters as WM_CHAR, the other keys as a
-// real keyboard's.
+// The soft keyboard types into whatever has the focus: characters as WM_CHAR, other keys as keys.
 #include "shell/soft_keyboard.h"
 
 #include <array>
@@ -9,7 +8,7 @@
 #include "controls/control.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
-#include "shell/metrics.h"
+#include "shell/menu_bar.h"
 
 namespace shell {
 
@@ -155,8 +154,7 @@ const Key *keyAt(POINT point)
     return found;
 }
 
-/// A key is typed when the stylus is lifted. Typing may close the panel, and the window under it
-/// must not get the rest of the tap.
+/// Types when the stylus is lifted: that may close the panel, and no window may get half a tap.
 void stylus(HWND window, SoftKeyboard &keyboard, UINT message, LPARAM lParam)
 {
     const Key *key = keyAt(controls::pointOf(lParam));

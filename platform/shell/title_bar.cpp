@@ -5,7 +5,6 @@
 #include "controls/dialog.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
-#include "shell/metrics.h"
 
 namespace shell {
 
@@ -28,8 +27,7 @@ HWND titleBar{};
 
 TitleBar *data() { return controls::dataOf<TitleBar>(titleBar); }
 
-/// A page without a caption shows its owner's, and so does a message box, which draws its own
-/// itself.
+/// A page without a caption shows its owner's; so does a message box, which draws its own.
 std::u16string captionFor(HWND active)
 {
     const user::Window *window = user::find(active);
