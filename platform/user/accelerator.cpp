@@ -1,5 +1,4 @@
 // Accelerator tables: keys that stand for commands.
-#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <optional>

@@ -1,5 +1,4 @@
-// The state of the keys, for messages and for polling. A press is remembered until it is polled, so
-// that one between two polls is not lost.
+// The state of the keys, for messages and for polling. A press is remembered until it is polled.
 #pragma once
 
 #include <cstdint>

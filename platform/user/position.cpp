@@ -147,7 +147,7 @@ BOOL ShowWindow(HWND window, int command)
         SetActiveWindow(self);
     }
     if (canActivate && shown != wasShown) {
-        user::shellInUse().activeWindowChanged();
+        user::theShell->activeWindowChanged();
     }
     return wasShown ? TRUE : FALSE;
 }
@@ -173,7 +173,7 @@ BOOL SetWindowPos(HWND window, HWND, int x, int y, int width, int height, UINT f
     }
     user::announceRect(self, before);
     if (GetActiveWindow() == self && rect != before) {
-        user::shellInUse().activeWindowChanged();
+        user::theShell->activeWindowChanged();
     }
     return TRUE;
 }

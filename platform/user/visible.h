@@ -9,8 +9,7 @@
 
 namespace user {
 
-/// An object of this class lives around a change of windows. At its end, whatever became visible
-/// becomes invalid.
+/// Lives around a change of windows: at its end, whatever became visible becomes invalid.
 class VisibilityChange
 {
 public:

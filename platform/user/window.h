@@ -1,9 +1,7 @@
-// The windows behind the handles: what the window manager, the controls and the shell know of them.
-// Programs see only handles (winuser.h).
+// The windows behind the handles, for the window manager, the controls and the shell.
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -64,8 +62,7 @@ struct Window final : gdi::ScreenArea
     mutable unsigned visibleAsOf = 0; ///< the arrangement for which visibleRegion is right
 };
 
-/// Every change of a window's place, order or visibility makes a new arrangement: regions computed
-/// for an earlier one are out of date.
+/// A change of a window's place, order or visibility: earlier regions are out of date.
 void arrangementChanged();
 /// Counts the arrangements; never 0, which marks a region that was never computed.
 unsigned arrangement();
