@@ -1,5 +1,4 @@
-// What the hosts with files and processes share: the store, its lock, and the standard error
-// stream.
+// What hosts with files and processes share: the store, its lock, the standard error stream.
 #pragma once
 
 #include <filesystem>

@@ -269,7 +269,7 @@ void InputMapper::releaseEverything()
 void InputMapper::releaseKeys()
 {
     for (const std::uint16_t key : held_.releaseAll()) {
-        sendKeyUp(key);
+        emit_({.kind = Kind::KeyUp, .key = key});
     }
 }
 
@@ -285,7 +285,7 @@ void InputMapper::press(Source source, std::uint16_t key, KeyModifiers modifiers
 void InputMapper::release(Source source)
 {
     if (const std::uint16_t key = held_.release(source)) {
-        sendKeyUp(key);
+        emit_({.kind = Kind::KeyUp, .key = key});
     }
 }
 
@@ -297,8 +297,6 @@ void InputMapper::sendKeyDown(std::uint16_t key, KeyModifiers modifiers, bool es
            .shift = modifiers.shift,
            .escape = escape});
 }
-
-void InputMapper::sendKeyUp(std::uint16_t key) { emit_({.kind = Kind::KeyUp, .key = key}); }
 
 void InputMapper::sendStylus(Kind kind, Point pixel)
 {

@@ -1,6 +1,5 @@
 // From the player's hands to the handheld's events: what keys, controllers and fingers mean,
-// decided once for every host that has them. A host reports which key, button or stick moved, and
-// when.
+// decided once for every host that has them. A host reports what moved.
 #pragma once
 
 #include <functional>
@@ -8,7 +7,6 @@
 #include <optional>
 #include <string_view>
 
-#include "host/geometry.h"
 #include "host/held_keys.h"
 #include "host/host.h"
 #include "host/stylus_pointer.h"
@@ -42,12 +40,10 @@ public:
     void keyUp(int source, std::string_view key);
     /// A character was typed. Ignored unless text is wanted.
     void text(char16_t unit);
-    /// While text is wanted, a key that types is no button. What is held at its beginning is
-    /// released.
+    /// While text is wanted, a key that types is no button. What is held then is released.
     void wantText(bool wanted);
 
-    /// Whether a viewer of a record is at the keys, buttons and screen: all they do is Watch
-    /// events.
+    /// Whether a viewer of a record is at the keys and the screen: all he does is Watch events.
     void setWatching(bool watching) { watching_ = watching; }
 
     // Controllers, numbered as the standard gamepad of browsers ---------------------------------
@@ -98,7 +94,6 @@ private:
     void press(Source source, std::uint16_t key, KeyModifiers modifiers = {}, bool escape = false);
     void release(Source source);
     void sendKeyDown(std::uint16_t key, KeyModifiers modifiers, bool escape);
-    void sendKeyUp(std::uint16_t key);
     void sendStylus(Event::Kind kind, Point pixel);
     void sendWatch(std::optional<WatchCommand> command);
     void releaseKeys();

@@ -41,8 +41,7 @@ Pixel colourOf(char part, bool down, Pixel behind)
     }
 }
 
-/// The first pixel of the pen on one axis, and whether the pen is turned over: near the far edge it
-/// points from the other side.
+/// The pen's first pixel on one axis, and whether it is turned over, as near the far edge.
 struct Span
 {
     int first;

@@ -12,8 +12,7 @@ namespace host {
 class SilentSpeaker
 {
 public:
-    /// Queues so many samples, 22,050 a second, behind those that still play at `now`. Returns the
-    /// moment when they begin.
+    /// Queues samples, 22,050 a second, behind those that play at `now`; returns when they begin.
     std::uint32_t play(std::size_t samples, std::uint32_t now)
     {
         constexpr std::uint64_t samplesPerSecond = 22050;

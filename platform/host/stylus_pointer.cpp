@@ -124,9 +124,9 @@ std::optional<std::uint32_t> StylusPointer::due() const
     return mayHide ? std::optional(last_ + hideMilliseconds) : std::nullopt;
 }
 
-std::optional<Point> StylusPointer::shownAt() const
+std::optional<PointerLook> StylusPointer::look() const
 {
-    return visible_ ? std::optional(pixel()) : std::nullopt;
+    return visible_ ? std::optional(PointerLook{pixel(), down_}) : std::nullopt;
 }
 
 StylusPointer::Vector StylusPointer::arrows() const

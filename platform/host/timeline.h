@@ -19,8 +19,7 @@ class Timeline
 {
 public:
     /// The program catches up with a delay of up to this many milliseconds, one due moment after
-    /// the other. After a longer one (the machine slept, a debugger held the process) it goes on
-    /// from now.
+    /// the other. After a longer one (the machine slept) it goes on from now.
     static constexpr std::int32_t longestLag = 1000;
 
     explicit Timeline(std::uint32_t now) : ticks_(now) {}

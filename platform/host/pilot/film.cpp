@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <string>
 #include <string_view>
 
 #include <fcntl.h>

@@ -40,10 +40,7 @@ std::unique_ptr<Desktop> open(const Options &options)
     const Size turned{320, 240};
     auto window = ScreenWindow::make(options.landscape ? turned : upright, options.scale,
                                      loadWindowPlace(options.storeFolder));
-    if (!window) {
-        return nullptr;
-    }
-    return std::make_unique<DesktopHost>(options, std::move(window));
+    return window ? std::make_unique<DesktopHost>(options, std::move(window)) : nullptr;
 }
 
 DesktopHost::DesktopHost(const Options &options, std::unique_ptr<ScreenWindow> window)
@@ -90,7 +87,7 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
     if (window_->frame().pixels) {
         controllers_.start();
     }
-    showPointer();
+    window_->showPointer(input_.pointer().look());
     keepScreenOn(needsScreen_ && needsScreen_());
     const std::uint32_t now = machineTicks();
     std::optional<int> longest;
@@ -161,7 +158,9 @@ void DesktopHost::handle(const SDL_Event &event)
         input_.keyUp(event.key.keysym.scancode, keyName(event.key.keysym));
         break;
     case SDL_TEXTINPUT:
-        handleText(event.text.text);
+        for (const char16_t unit : base::toUtf16(event.text.text)) {
+            input_.text(unit);
+        }
         break;
     case SDL_MOUSEBUTTONDOWN:
     case SDL_MOUSEBUTTONUP:
@@ -261,13 +260,6 @@ void DesktopHost::wantText(bool wanted)
     wanted ? SDL_StartTextInput() : SDL_StopTextInput();
 }
 
-void DesktopHost::handleText(const char *text)
-{
-    for (const char16_t unit : base::toUtf16(text)) {
-        input_.text(unit);
-    }
-}
-
 /// The mouse, or a finger, which SDL makes a mouse of.
 void DesktopHost::handleMouse(const SDL_MouseButtonEvent &button)
 {
@@ -281,13 +273,6 @@ void DesktopHost::handleMouse(const SDL_MouseButtonEvent &button)
     } else if (const auto pixel = window_->pictureAt(point, false)) {
         input_.stylusDown(*pixel);
     }
-}
-
-void DesktopHost::showPointer()
-{
-    const auto tip = input_.pointer().shownAt();
-    window_->showPointer(tip ? std::optional(host::PointerLook{*tip, input_.pointer().isDown()})
-                             : std::nullopt);
 }
 
 // Screen, sound, help ----------------------------------------------------------------------------

@@ -45,9 +45,7 @@ private:
     void handleWindow(const SDL_WindowEvent &event);
     void takeRequests();
     void handleKeyDown(const SDL_KeyboardEvent &key);
-    void handleText(const char *text);
     void handleMouse(const SDL_MouseButtonEvent &button);
-    void showPointer();
     void setMinimized(bool minimized);
     void showTitle();
 

@@ -1,5 +1,4 @@
-// The library of X11 is loaded by SDL, so its functions are looked up. Other displays report
-// their end to SDL.
+// SDL loads the library of X11, so its functions are looked up. Other displays report their end.
 #include "host/sdl/lost_display.h"
 
 #include <csetjmp>

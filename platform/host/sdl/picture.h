@@ -2,9 +2,7 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 
-#include "host/geometry.h"
 #include "host/host.h"
 
 namespace desktop {

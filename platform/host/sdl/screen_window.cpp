@@ -108,11 +108,6 @@ std::unique_ptr<ScreenWindow> ScreenWindow::make(Size picture, std::optional<int
     return std::unique_ptr<ScreenWindow>(new ScreenWindow(window, picture));
 }
 
-void ScreenWindow::setTitle(const std::string &title)
-{
-    SDL_SetWindowTitle(window_.get(), title.c_str());
-}
-
 void ScreenWindow::showMessage(const char *title, const char *text)
 {
     SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_INFORMATION, title, text, window_.get());

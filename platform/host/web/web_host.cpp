@@ -142,9 +142,7 @@ void WebHost::draw(const host::Area &area)
 
 void WebHost::showPointer()
 {
-    const auto tip = input_.pointer().shownAt();
-    const auto look =
-        tip ? std::optional(host::PointerLook{*tip, input_.pointer().isDown()}) : std::nullopt;
+    const auto look = input_.pointer().look();
     if (look == pointer_ || !frame_.pixels) {
         return;
     }
@@ -220,13 +218,6 @@ void WebHost::seek(int position)
 }
 
 std::string givenRecord() { return Text(pageGivenRecord()).get(); }
-
-void keepRecord(std::string_view lines) { pageKeepRecord(lines.data(), lines.size()); }
-
-void restart(std::uint64_t position, int quarterSpeed, bool playing)
-{
-    pageRestart(static_cast<double>(position), quarterSpeed, playing);
-}
 
 } // namespace web
 
