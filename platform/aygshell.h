@@ -12,8 +12,7 @@ struct SHMENUBARINFO
     DWORD dwFlags;
     UINT nToolBarId; ///< SHMENUBAR resource (RT_RCDATA)
     HINSTANCE hInstRes;
-    int nBmpId;
-    int cBmpImages;
+    int nBmpId, cBmpImages;
     HWND hwndMB; ///< out: the menu bar
 };
 static_assert(sizeof(SHMENUBARINFO) == 32);
@@ -77,9 +76,7 @@ enum SIPSTATE
 BOOL SHSipPreference(HWND window, SIPSTATE state);
 
 /// Registers the window classes CAPEDIT, an edit box that capitalises, and SIPPREF, an invisible
-/// control that raises the input panel while an edit box of its dialog has the focus and
-/// lowers it when the focus goes elsewhere.
+/// control that raises the input panel as long as an edit box of its dialog has the focus.
 BOOL SHInitExtraControls();
-/// Sent to a CAPEDIT: with wParam nonzero the first letter of every word is capitalised, with 0
-/// only the first letter of the text.
+/// Sent to a CAPEDIT: with wParam nonzero every word is capitalised, with 0 only the first.
 constexpr UINT CEM_UPCASEALLWORDS = WM_USER + 1;

@@ -64,8 +64,6 @@ BOOL CreateProcessW(LPCWSTR program, LPCWSTR commandLine, SECURITY_ATTRIBUTES *p
 
 // Text ---------------------------------------------------------------------------------------
 
-/// The number of code units before the terminator; 0 for null.
-int lstrlenW(LPCWSTR text);
 /// Copies a terminated text, at most `capacity` - 1 code units of it, and terminates the copy.
 LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int capacity);
 /// Writes `value` in decimal into `buffer` (12 code units suffice) and returns it. `radix` is 10.
@@ -83,8 +81,7 @@ int formatText(LPWSTR buffer, LPCWSTR format, std::initializer_list<int> values)
 
 /// Formats numbers into `buffer`, which must have room for the result, at most 1,024 code units
 /// with the terminator. Knows %d, %c and %%, with a width and leading zeros ("%02d"); ends at a %
-/// sign that it does not know or has no value for. Returns the number of code units written,
-/// without the terminator.
+/// sign that it does not know or has no value for. Returns the length of the text.
 template <class... Values>
 int wsprintfW(LPWSTR buffer, LPCWSTR format, Values... values)
 {

@@ -10,15 +10,13 @@
 
 // Device contexts ----------------------------------------------------------------------------
 
-/// A memory device context with a 1 by 1 bitmap, the system font, a white brush, a black pen,
-/// black text and an opaque white background. `reference` is ignored. None when the table of
-/// objects is full.
+/// A memory device context with a 1 by 1 bitmap, the system font, a white brush, a black pen, black
+/// text and an opaque white background. None when there are too many objects.
 HDC CreateCompatibleDC(HDC reference);
 BOOL DeleteDC(HDC dc);
 
 /// Selects an object and returns the previous one of the same kind. None, and nothing happens, when
-/// the object does not exist, or is a bitmap and is selected in another device context or `dc` is
-/// on the screen.
+/// there is no such object, or it is a bitmap and `dc` is on the screen or another has it.
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
 /// Deletes an object. FALSE, and nothing happens, for a stock object, for one that is selected
 /// in a device context, and for one that does not exist.
@@ -53,8 +51,7 @@ static_assert(sizeof(BITMAP) == 24);
 /// larger than 4,096, or when out of memory.
 HBITMAP CreateCompatibleBitmap(HDC reference, int width, int height);
 /// Loads bitmap resource `name`, an uncompressed DIB of 8 bits with a palette or of 24 bits, and
-/// converts it to the display's format; GetObjectW still reports the bits of the resource. None
-/// when it is missing or malformed.
+/// converts it to the display's format; GetObjectW reports the resource's bits. None on failure.
 HBITMAP LoadBitmapW(HINSTANCE module, LPCWSTR name);
 
 // Brushes and fonts --------------------------------------------------------------------------
@@ -68,18 +65,10 @@ constexpr int LF_FACESIZE = 32;
 struct LOGFONTW
 {
     LONG lfHeight; ///< > 0 cell height (ascent + descent), < 0 character height, in pixels
-    LONG lfWidth;
-    LONG lfEscapement;
-    LONG lfOrientation;
+    LONG lfWidth, lfEscapement, lfOrientation;
     LONG lfWeight; ///< FW_BOLD and above choose a bold face
-    BYTE lfItalic;
-    BYTE lfUnderline;
-    BYTE lfStrikeOut;
-    BYTE lfCharSet;
-    BYTE lfOutPrecision;
-    BYTE lfClipPrecision;
-    BYTE lfQuality;
-    BYTE lfPitchAndFamily;
+    BYTE lfItalic, lfUnderline, lfStrikeOut, lfCharSet;
+    BYTE lfOutPrecision, lfClipPrecision, lfQuality, lfPitchAndFamily;
     WCHAR lfFaceName[LF_FACESIZE];
 };
 static_assert(sizeof(LOGFONTW) == 92);
@@ -168,31 +157,15 @@ constexpr LONG DISP_CHANGE_BADMODE = -2;
 struct DEVMODEW
 {
     WCHAR dmDeviceName[32];
-    WORD dmSpecVersion;
-    WORD dmDriverVersion;
+    WORD dmSpecVersion, dmDriverVersion;
     WORD dmSize; ///< 192
     WORD dmDriverExtra;
     DWORD dmFields;
-    SHORT dmOrientation;
-    SHORT dmPaperSize;
-    SHORT dmPaperLength;
-    SHORT dmPaperWidth;
-    SHORT dmScale;
-    SHORT dmCopies;
-    SHORT dmDefaultSource;
-    SHORT dmPrintQuality;
-    SHORT dmColor;
-    SHORT dmDuplex;
-    SHORT dmYResolution;
-    SHORT dmTTOption;
-    SHORT dmCollate;
+    SHORT dmOrientation, dmPaperSize, dmPaperLength, dmPaperWidth, dmScale, dmCopies;
+    SHORT dmDefaultSource, dmPrintQuality, dmColor, dmDuplex, dmYResolution, dmTTOption, dmCollate;
     WCHAR dmFormName[32];
     WORD dmLogPixels;
-    DWORD dmBitsPerPel;
-    DWORD dmPelsWidth;
-    DWORD dmPelsHeight;
-    DWORD dmDisplayFlags;
-    DWORD dmDisplayFrequency;
+    DWORD dmBitsPerPel, dmPelsWidth, dmPelsHeight, dmDisplayFlags, dmDisplayFrequency;
     DWORD dmDisplayOrientation; ///< DMDO_0, DMDO_90, DMDO_180 or DMDO_270
 };
 static_assert(sizeof(DEVMODEW) == 192);

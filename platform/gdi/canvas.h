@@ -1,5 +1,4 @@
-// Where a device context draws: turns its logical coordinates into pixels of a raster and its
-// clipping into rectangles there.
+// Where a device context draws: its coordinates and clipping as pixels and rectangles of a raster.
 #pragma once
 
 #include "gdi/objects.h"

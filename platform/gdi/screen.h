@@ -1,8 +1,6 @@
 // The display's memory, and the parts of it that windows lend to device contexts.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
 #include <vector>
 
 #include "gdi/pixel.h"
@@ -24,8 +22,7 @@ Screen &screen();
 /// Gives the display another size; its pixels become black and changed.
 void resizeScreen(int width, int height);
 
-/// A part of the screen that belongs to a window. Every drawing call asks for its position anew, so
-/// a device context follows its window.
+/// A window's part of the screen. Drawing asks for its position anew, so it follows the window.
 class ScreenArea
 {
 public:

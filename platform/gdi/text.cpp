@@ -16,8 +16,7 @@ struct Letter
     bool underlined = false;
 };
 
-/// Goes through a text letter by letter. With prefixes '&' underlines the next letter, and "&&" is
-/// a literal '&'.
+/// Goes through a text letter by letter. With prefixes '&' underlines the next, and "&&" is a '&'.
 class Letters
 {
 public:
@@ -69,8 +68,7 @@ void skipLineEnd(std::u16string_view &text)
     text.remove_prefix(std::min(units, text.size()));
 }
 
-/// The number of code units of the line that fit the width: up to a space, or to the end of the
-/// line. A word that is wider is not cut.
+/// How many code units fit the width: up to a space, or the line's end. No word is cut.
 std::size_t fittingLength(const Style &style, std::u16string_view line)
 {
     std::size_t wordsEnd = 0;

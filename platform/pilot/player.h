@@ -1,5 +1,4 @@
-// Carries out a script on the virtual handheld, one command at a time, each when the program has
-// nothing left to do and sleeps.
+// Carries out a script on the virtual handheld, a command whenever the program sleeps.
 #pragma once
 
 #include <filesystem>

@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "host/geometry.h"
 #include "host/host.h"
 #include "host/silent_speaker.h"
 #include "record/record.h"
@@ -24,8 +23,7 @@ public:
     /// To be called when the program has ended, for the end of the record.
     void programEnded();
 
-    /// Where the program first did something else than the record says: "differs at 0:41.200, line
-    /// 812"; none so far.
+    /// Where the program first did not as the record says: "differs at 0:41.200, line 812".
     const host::Problem &difference() const { return difference_; }
     using Store = std::optional<std::vector<std::byte>>;
     /// What the program has in its store.

@@ -14,14 +14,12 @@
 //     key 37 down
 //     # closed                           the program ended, and the record is complete
 //
-// A record can come from a stranger, so it holds nothing but input, and there are limits to all of
-// it.
+// A record can be a stranger's, so it holds nothing but input, and there are limits to all of it.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,8 +46,7 @@ struct Beginning
 
 /// The lines for it, each with its end.
 std::string write(const Beginning &beginning);
-/// Reads such lines at the start of a text, and takes them off it; what is missing keeps its
-/// default. `line` counts them.
+/// Takes such lines off the start of a text; what is missing has its default. `line` counts them.
 host::Result<Beginning> takeBeginning(std::string_view &text, int &line);
 
 /// What happens in a record, in order.
@@ -80,8 +77,6 @@ struct Record
     std::vector<Step> steps;
     std::uint64_t length = 0; ///< milliseconds
 
-    /// Whether the program ended in it; else the process was stopped, or the record was cut.
-    bool closed() const { return !steps.empty() && steps.back().kind == Step::Kind::Closed; }
     /// Whether it can be checked; the first versions wrote no digests.
     bool hasDigests() const;
 };
