@@ -88,8 +88,7 @@ public:
     {
         begin({});
         for (;;) {
-            const std::string line =
-                host::readLine(words_.number(), "a pipe").value.value_or("");
+            const std::string line = host::readLine(words_.number(), "a pipe").value.value_or("");
             View next;
             int playing = 0;
             if (line == "shown") {

@@ -76,7 +76,9 @@ enum SIPSTATE
 BOOL SHSipPreference(HWND window, SIPSTATE state);
 
 /// Registers the window classes CAPEDIT, an edit box that capitalises, and SIPPREF, an invisible
-/// control that raises the input panel as long as an edit box of its dialog has the focus.
+/// control that raises the input panel while an edit box of its dialog has the focus and
+/// lowers it when the focus goes elsewhere.
 BOOL SHInitExtraControls();
-/// Sent to a CAPEDIT: with wParam nonzero every word is capitalised, with 0 only the first.
+/// Sent to a CAPEDIT: with wParam nonzero the first letter of every word is capitalised, with 0
+/// only the first letter of the text.
 constexpr UINT CEM_UPCASEALLWORDS = WM_USER + 1;

@@ -10,7 +10,8 @@
 
 namespace handheld {
 
-/// A program as it is installed: its entry point and its resources, the bytes of a .res file.
+/// A program as it is installed on the handheld: its entry point and its linked resources, the
+/// bytes of a .res file.
 struct Program
 {
     int (*entry)(HINSTANCE instance, HINSTANCE previous, LPWSTR commandLine, int showCommand);

@@ -48,13 +48,15 @@ struct WAVEHDR
 /// 1 where the host has a loudspeaker, else 0.
 UINT waveOutGetNumDevs();
 /// Opens device `id` (0). The only format is unsigned 8-bit mono PCM at 22,050 samples a second;
-/// others fail with WAVERR_BADFORMAT. The last three are 0. MMSYSERR_ALLOCATED while open.
+/// others fail with WAVERR_BADFORMAT. There are no callbacks: the last three are 0.
+/// MMSYSERR_ALLOCATED while it is open.
 MMRESULT waveOutOpen(HWAVEOUT *device, UINT id, const WAVEFORMATEX *format, DWORD callback,
                      DWORD instance, DWORD flags);
 /// Fails with WAVERR_STILLPLAYING while a buffer is queued.
 MMRESULT waveOutClose(HWAVEOUT device);
 MMRESULT waveOutPrepareHeader(HWAVEOUT device, WAVEHDR *header, UINT size);
-/// Fails with WAVERR_STILLPLAYING while the buffer is queued; not when it is not prepared.
+/// Fails with WAVERR_STILLPLAYING while the buffer is queued; succeeds on a header that is not
+/// prepared.
 MMRESULT waveOutUnprepareHeader(HWAVEOUT device, WAVEHDR *header, UINT size);
 /// Queues a prepared buffer behind the ones that are playing. Any of these functions marks the
 /// buffers that have been played to their end as WHDR_DONE.

@@ -81,7 +81,8 @@ int formatText(LPWSTR buffer, LPCWSTR format, std::initializer_list<int> values)
 
 /// Formats numbers into `buffer`, which must have room for the result, at most 1,024 code units
 /// with the terminator. Knows %d, %c and %%, with a width and leading zeros ("%02d"); ends at a %
-/// sign that it does not know or has no value for. Returns the length of the text.
+/// sign that it does not know or has no value for. Returns the number of code units written,
+/// without the terminator.
 template <class... Values>
 int wsprintfW(LPWSTR buffer, LPCWSTR format, Values... values)
 {

@@ -10,13 +10,15 @@
 
 // Device contexts ----------------------------------------------------------------------------
 
-/// A memory device context with a 1 by 1 bitmap, the system font, a white brush, a black pen, black
-/// text and an opaque white background. None when there are too many objects.
+/// A memory device context with a 1 by 1 bitmap, the system font, a white brush, a black pen,
+/// black text and an opaque white background. `reference` is ignored. None when the table of
+/// objects is full.
 HDC CreateCompatibleDC(HDC reference);
 BOOL DeleteDC(HDC dc);
 
 /// Selects an object and returns the previous one of the same kind. None, and nothing happens, when
-/// there is no such object, or it is a bitmap and `dc` is on the screen or another has it.
+/// the object does not exist, or is a bitmap and is selected in another device context or `dc` is
+/// on the screen.
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
 /// Deletes an object. FALSE, and nothing happens, for a stock object, for one that is selected
 /// in a device context, and for one that does not exist.
@@ -51,7 +53,8 @@ static_assert(sizeof(BITMAP) == 24);
 /// larger than 4,096, or when out of memory.
 HBITMAP CreateCompatibleBitmap(HDC reference, int width, int height);
 /// Loads bitmap resource `name`, an uncompressed DIB of 8 bits with a palette or of 24 bits, and
-/// converts it to the display's format; GetObjectW reports the resource's bits. None on failure.
+/// converts it to the display's format; GetObjectW still reports the bits of the resource. None
+/// when it is missing or malformed.
 HBITMAP LoadBitmapW(HINSTANCE module, LPCWSTR name);
 
 // Brushes and fonts --------------------------------------------------------------------------

@@ -1,7 +1,8 @@
 // The registry: named values under keys, kept from one run to the next.
 //
-// A key that was written is stored as a whole when it is closed, so a save is all or nothing. Where
-// the store cannot be written, the functions succeed, and the host reports that once.
+// A key that was written is stored as a whole when it is closed, so a save is all or nothing.
+// Where the store cannot be written, the values stay in memory and the functions succeed; the host
+// reports that to the user once.
 #pragma once
 
 #include "windef.h"
@@ -34,11 +35,13 @@ LONG RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR className, D
 LONG RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD options, DWORD access, HKEY *result);
 /// Closes the key; saves the store if a value was changed through this handle.
 LONG RegCloseKey(HKEY key);
-/// Reads a value of any type. `size` is the buffer's size in bytes and becomes the value's; with a
-/// null buffer only that. ERROR_MORE_DATA, and not a byte, when it is too small.
+/// Reads a value of any type. `size` is the buffer's size in bytes and becomes the value's;
+/// with a null buffer only the size is reported. ERROR_MORE_DATA when the buffer is too small, and
+/// then nothing is copied.
 LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD *reserved, DWORD *type, BYTE *data,
                       DWORD *size);
-/// Sets a value; no name: the key's default value. A name with a line break is refused.
+/// Sets a value; an empty or null name is the key's default value. A name with a line break is
+/// refused.
 LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE *data,
                     DWORD size);
 /// ERROR_FILE_NOT_FOUND when there is no such value.

@@ -68,7 +68,8 @@ struct MSG
 /// then input, then WM_QUIT, WM_PAINT, WM_TIMER. Returns 0 for WM_QUIT, else nonzero. The only
 /// place where the program waits. `window` and the filters are not used.
 BOOL GetMessageW(MSG *message, HWND window, UINT filterMin, UINT filterMax);
-/// Posts WM_CHAR for backspace, tab and enter. Other characters come from the host as text.
+/// Posts WM_CHAR for the keys backspace, tab and enter. Other characters come from the host as
+/// text.
 BOOL TranslateMessage(const MSG *message);
 /// Hands a message to its window's procedure and returns what that returns.
 LRESULT DispatchMessageW(const MSG *message);
@@ -145,8 +146,9 @@ BOOL IsWindow(HWND window);
 /// The first top-level window, of this or of another process on the same handheld, whose class
 /// and title are these (either may be null: any).
 HWND FindWindowW(LPCWSTR className, LPCWSTR title);
-/// Brings a window's program to the front and activates it. Handles of windows are even; with the
-/// lowest bit set one means the topmost of the window and those it owns.
+/// Brings a window's program to the front and activates it. Handles of windows are even; with
+/// the lowest bit set one stands for the window and those it owns, of which the topmost is
+/// activated.
 BOOL SetForegroundWindow(HWND window);
 constexpr int SW_HIDE = 0;
 constexpr int SW_SHOWNORMAL = 1;
@@ -264,7 +266,8 @@ constexpr int VK_APP2 = 0xC2;
 constexpr int VK_APP3 = 0xC3;
 constexpr int VK_APP4 = 0xC4;
 
-/// Bit 15: the key is down now; bit 0: it was pressed since its last query. Key 0 is always up.
+/// Bit 15: the key is down now; bit 0: it was pressed since the last query of this key. Key 0
+/// is always up.
 SHORT GetAsyncKeyState(int key);
 /// Bit 15: the key was down when the message being handled was taken.
 SHORT GetKeyState(int key);
@@ -312,8 +315,9 @@ using LPCDLGTEMPLATEW = const void *;
 
 /// Runs a dialog modally: disables the owner, creates the dialog and its controls, sends
 /// WM_INITDIALOG (wParam the control to get the focus, lParam `parameter`; the focus goes there
-/// when the procedure returns TRUE), shows and activates it, and handles messages until EndDialog;
-/// then enables and activates the owner. Returns EndDialog's result; -1 for a malformed template.
+/// when the procedure returns TRUE), shows and activates it, and handles messages until
+/// EndDialog; then enables and activates the owner. Returns EndDialog's result, or -1 when the
+/// template is malformed.
 INT_PTR DialogBoxIndirectParamW(HINSTANCE module, LPCDLGTEMPLATEW dialogTemplate, HWND owner,
                                 DLGPROC procedure, LPARAM parameter);
 /// Ends a dialog after the message in hand; the first result given counts.
@@ -322,7 +326,8 @@ LRESULT DefDlgProcW(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 BOOL IsDialogMessageW(HWND dialog, MSG *message);
 HWND GetDlgItem(HWND dialog, int id);
 int GetDlgCtrlID(HWND control);
-/// The next or previous visible, enabled control with WS_TABSTOP, round and round.
+/// The next or previous control with WS_TABSTOP that is visible and enabled, in template order,
+/// round and round.
 HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous);
 BOOL SetDlgItemTextW(HWND dialog, int id, LPCWSTR text);
 UINT GetDlgItemTextW(HWND dialog, int id, LPWSTR buffer, int capacity);

@@ -1,5 +1,6 @@
 // COMBOBOX as a drop-down list: a field that shows the selected item, and a list that opens over
-// the other controls. The list is a top-level window that is never active: the field has the keys.
+// the other controls. The list is a top-level window that never takes the activation; the keys go
+// to the field, which has the focus.
 #include "controls/combobox.h"
 
 #include <algorithm>

@@ -168,7 +168,8 @@ LRESULT handleByDefault(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
-/// Activates the window from before the dialog; one that was never shown has only taken the focus.
+/// Activates the window that was active before the dialog. A dialog that was never shown has only
+/// taken the focus.
 void giveBack(HWND dialog, HWND back)
 {
     const HWND active = GetActiveWindow();

@@ -34,7 +34,8 @@ using Preview = bool (*)(HWND dialog, const MSG &message);
 INT_PTR runModal(const DialogTemplate &description, HINSTANCE instance, HWND owner,
                  DLGPROC procedure, LPARAM parameter, Preview preview = nullptr);
 
-/// Notes that this window has the focus, for its dialog to restore, and sets the default button.
+/// Notes that this window has the focus: its dialog restores it there later, and its default push
+/// button may change.
 void focusMoved(HWND window);
 /// Makes a dialog fill the work area.
 void fillScreen(HWND dialog);

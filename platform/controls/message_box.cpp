@@ -68,7 +68,8 @@ void addButtons(controls::DialogTemplate &box, std::span<const Button> buttons, 
     }
 }
 
-/// Lays out caption, icon beside text, and a row of buttons, in the middle of the screen.
+/// Lays out the caption, the icon beside the text, and a row of buttons, in the middle of the
+/// screen.
 controls::DialogTemplate layOut(const std::u16string &text, const std::u16string &caption,
                                 UINT type)
 {

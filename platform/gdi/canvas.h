@@ -1,4 +1,5 @@
-// Where a device context draws: its coordinates and clipping as pixels and rectangles of a raster.
+// Where a device context draws: turns its logical coordinates into pixels of a raster and its
+// clipping into rectangles there.
 #pragma once
 
 #include "gdi/objects.h"

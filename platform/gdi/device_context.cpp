@@ -49,7 +49,8 @@ HDC open(std::unique_ptr<DeviceContext> dc, Object *bitmap)
     return handle;
 }
 
-/// False when there is no such `dc` on the screen, or in memory.
+/// False when `dc` does not exist, or is a memory device context where a screen one is wanted, or
+/// the other way round.
 bool close(HDC dc, bool onScreen)
 {
     const auto *context = find<DeviceContext>(dc.value);

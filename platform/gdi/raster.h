@@ -1,4 +1,5 @@
-// Pixels in memory and the loops over them, unclipped: rectangles must lie inside the raster.
+// Pixels in memory and the loops over them. Nothing is clipped here: every rectangle must lie
+// inside the raster.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +21,8 @@ struct Raster
 };
 
 void fill(const Raster &raster, const RECT &part, Pixel pixel);
-/// Copies to `part` from as large a rectangle with the corner `source`; the two may overlap.
+/// Copies to `part` from a rectangle of the same size whose corner is `source`. The two may
+/// overlap in one raster.
 void copy(const Raster &to, const RECT &part, const Raster &from, POINT source);
 /// The same, without the pixels that equal `transparent`; the two must not overlap.
 void copyTransparent(const Raster &to, const RECT &part, const Raster &from, POINT source,

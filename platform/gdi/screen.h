@@ -22,7 +22,8 @@ Screen &screen();
 /// Gives the display another size; its pixels become black and changed.
 void resizeScreen(int width, int height);
 
-/// A window's part of the screen. Drawing asks for its position anew, so it follows the window.
+/// A part of the screen that belongs to a window. Every drawing call asks for its position anew, so
+/// a device context follows its window.
 class ScreenArea
 {
 public:

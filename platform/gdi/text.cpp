@@ -16,7 +16,8 @@ struct Letter
     bool underlined = false;
 };
 
-/// Goes through a text letter by letter. With prefixes '&' underlines the next, and "&&" is a '&'.
+/// Goes through a text letter by letter. With prefixes '&' underlines the next letter, and "&&" is
+/// a literal '&'.
 class Letters
 {
 public:
@@ -68,7 +69,8 @@ void skipLineEnd(std::u16string_view &text)
     text.remove_prefix(std::min(units, text.size()));
 }
 
-/// How many code units fit the width: up to a space, or the line's end. No word is cut.
+/// The number of code units of the line that fit the width: up to a space, or to the end of the
+/// line. A word that is wider is not cut.
 std::size_t fittingLength(const Style &style, std::u16string_view line)
 {
     std::size_t wordsEnd = 0;

@@ -1,4 +1,5 @@
-// What hosts with files and processes share: the store, its lock, the standard error stream.
+// What the hosts with files and processes share: the store, its lock, and the standard error
+// stream.
 #pragma once
 
 #include <filesystem>

@@ -23,7 +23,8 @@ struct Source
 class HeldKeys
 {
 public:
-    /// `source` goes down and stands for the button `key`. Returns whether that goes down, too.
+    /// `source` goes down and stands for the button `key`. Returns whether the button goes down
+    /// with it.
     bool press(Source source, std::uint16_t key);
     /// `source` goes up. Returns the button that goes up with it, or 0.
     std::uint16_t release(Source source);

@@ -28,7 +28,8 @@ std::string fileUrl(const std::filesystem::path &file)
     return url;
 }
 
-/// Starts a program that nobody waits for, signals as usual. Returns an error number, 0 for none.
+/// Starts a program that nobody waits for, with signals as they usually are. Returns an error
+/// number, 0 for none.
 int start(const char *program, const std::string &argument)
 {
     struct sigaction action = {};

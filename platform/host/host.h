@@ -1,8 +1,10 @@
 // The host: everything that the handheld needs from the machine it runs on, and that differs
-// between a desktop, a test and a browser. Nothing else knows the machine, and no host the program.
+// between a desktop, a test and a browser. The handheld knows nothing else of the machine, and a
+// host knows nothing of the program.
 //
-// A host has a clock and events to wait for, a screen, a loudspeaker, a file that outlives the
-// process, and ways to show help and to report to the user. All calls come from one thread.
+// A host has a clock and events to wait for, a screen, a loudspeaker, one file of bytes that
+// outlives the process, a way to show a help page, and a way to report to the user. All calls come
+// from one thread.
 #pragma once
 
 #include <cstddef>
@@ -98,7 +100,8 @@ public:
 
     // Time and events ------------------------------------------------------------------------
 
-    /// Milliseconds, modulo 2^32. The clock moves only inside `wait`, not while the program works.
+    /// Milliseconds, modulo 2^32. The clock stands still while the program works: it moves only
+    /// inside `wait`.
     virtual std::uint32_t ticks() const = 0;
     /// The one place where the process sleeps: until an event comes, which is returned, or until
     /// the clock shows `deadline`, and then nothing is returned and ticks() is the deadline, or
@@ -116,7 +119,8 @@ public:
     virtual void describeProgram(std::u16string_view, const Icon &) {}
     /// Brings the host's own window to the front, out of the task bar if need be.
     virtual void raise() {}
-    /// An edit box has got or lost the focus: typed characters are wanted as Text, or no more.
+    /// An edit box has got or lost the focus. While one has it, typed characters are wanted as Text
+    /// events.
     virtual void wantText(bool) {}
 
     // Sound: unsigned 8-bit mono samples, 22,050 a second -----------------------------------------
@@ -141,7 +145,8 @@ public:
 
     // Other processes -----------------------------------------------------------------------------
 
-    /// Whether another process runs the program on the same store. If none does, this one holds it.
+    /// Whether another process runs the program on the same store. When none does, this one holds
+    /// the store from now on.
     virtual bool runsElsewhere() { return false; }
     /// Brings that other process's window to the front.
     virtual void raiseOther() {}

@@ -1,5 +1,6 @@
 // From the player's hands to the handheld's events: what keys, controllers and fingers mean,
-// decided once for every host that has them. A host reports what moved.
+// decided once for every host that has them. A host reports which key, button or stick moved, and
+// when.
 #pragma once
 
 #include <functional>
@@ -40,10 +41,12 @@ public:
     void keyUp(int source, std::string_view key);
     /// A character was typed. Ignored unless text is wanted.
     void text(char16_t unit);
-    /// While text is wanted, a key that types is no button. What is held then is released.
+    /// While text is wanted, a key that types is no button. What is held at its beginning is
+    /// released.
     void wantText(bool wanted);
 
-    /// Whether a viewer of a record is at the keys and the screen: all he does is Watch events.
+    /// Whether a viewer of a record is at the keys, buttons and screen: all they do is Watch
+    /// events.
     void setWatching(bool watching) { watching_ = watching; }
 
     // Controllers, numbered as the standard gamepad of browsers ---------------------------------

@@ -1,5 +1,6 @@
 // The keys of a keyboard and what each is on the handheld. Keys have the names that browsers give
-// them: the `key` of a KeyboardEvent ("ArrowLeft", "p", "F1"), for Shift and Ctrl its `code`
+// them: the `key` of a KeyboardEvent ("ArrowLeft", "p", "F1"), for the Shift and Ctrl keys its
+// `code`
 // ("ShiftLeft"). Letters are small.
 #pragma once
 
@@ -10,7 +11,8 @@ namespace host {
 
 /// The virtual-key code that a key stands for; 0 for a key that the handheld does not have.
 std::uint16_t virtualKey(std::string_view key);
-/// The code of a button of the face: "Left", "Up", "Right", "Down", "Centre", "A" to "D"; else 0.
+/// The code of a button on the handheld's face: "Left", "Up", "Right", "Down", "Centre", "A" to
+/// "D"; 0 for another name.
 std::uint16_t buttonCode(std::string_view name);
 /// The other way round; empty for a code that is none of the face's.
 std::string_view buttonName(std::uint16_t code);

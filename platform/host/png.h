@@ -8,7 +8,8 @@
 
 namespace host {
 
-/// The frame as an 8-bit RGB PNG, the same bytes for the same pixels; none without memory for it.
+/// The frame as an 8-bit RGB PNG, always the same bytes for the same pixels; none when there is no
+/// memory for it.
 std::vector<std::byte> encodePng(const Frame &frame);
 /// Writes that, to whatever the name means.
 [[nodiscard]] Problem writePng(const std::filesystem::path &file, const Frame &frame);

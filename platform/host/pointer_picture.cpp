@@ -41,7 +41,8 @@ Pixel colourOf(char part, bool down, Pixel behind)
     }
 }
 
-/// The pen's first pixel on one axis, and whether it is turned over, as near the far edge.
+/// The first pixel of the pen on one axis, and whether the pen is turned over: near the far edge it
+/// points from the other side.
 struct Span
 {
     int first;

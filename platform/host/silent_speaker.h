@@ -12,7 +12,8 @@ namespace host {
 class SilentSpeaker
 {
 public:
-    /// Queues samples, 22,050 a second, behind those that play at `now`; returns when they begin.
+    /// Queues so many samples, 22,050 a second, behind those that still play at `now`. Returns the
+    /// moment when they begin.
     std::uint32_t play(std::size_t samples, std::uint32_t now)
     {
         constexpr std::uint64_t samplesPerSecond = 22050;

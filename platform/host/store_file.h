@@ -26,9 +26,9 @@ public:
     [[nodiscard]] Result<std::optional<std::vector<std::byte>>> load();
     /// Replaces registry.reg, as replaceFile does. A folder that is gone is made again.
     [[nodiscard]] Problem save(std::span<const std::byte> bytes);
-    /// Renames registry.reg to registry.reg.bad; a file that has that name already first gets the
-    /// name registry.reg.bad.1, or .2, ... whichever is free. When that fails,
-    /// nothing is saved over registry.reg.
+    /// Renames registry.reg to registry.reg.bad; a file that has that name already first gets
+    /// the name registry.reg.bad.1, or .2, ... whichever is free. When that fails, nothing is saved
+    /// over registry.reg.
     [[nodiscard]] Problem setAside();
 
 private:

@@ -34,7 +34,8 @@ struct Target
     bool enabled = true;
 };
 
-/// The visible control with that identifier in the active window, perhaps a message box.
+/// The visible control with that identifier in the active window (or a button of the open
+/// message box).
 std::optional<Target> control(int id);
 /// Button 0 or 1 of the menu bar.
 std::optional<Target> menuBarButton(int index);

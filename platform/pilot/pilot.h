@@ -19,10 +19,11 @@ struct Options
     std::string version;                         ///< of the program, for the record
 };
 
-/// Runs the script to its end. What the options leave open a recorded script says itself: the clock
-/// (else 1000), the display (else upright), and the store. A record ends where the program ends or
-/// restarts. Returns the exit status: 0, 1 for a file that cannot be read or written, 2 for a
-/// mistake in the script, 3 for a crash or a fault that a check found.
+/// Runs the script to its end. What the options leave open a recorded script says itself: the
+/// clock (else 1000), the display (else upright), and the store. A
+/// record ends where the program ends or restarts. Returns the exit status: 0, 1 for a file
+/// that cannot be read or written, 2 for a mistake in the script, 3 when the program crashed or a
+/// check found a fault.
 int run(const Options &options, const handheld::Program &program, const Subject &subject);
 
 } // namespace pilot

@@ -1,4 +1,5 @@
-// Carries out a script on the virtual handheld, a command whenever the program sleeps.
+// Carries out a script on the virtual handheld, one command at a time, each when the program has
+// nothing left to do and sleeps.
 #pragma once
 
 #include <filesystem>

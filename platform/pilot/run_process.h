@@ -37,7 +37,8 @@ constexpr int crashStatus = 3;
 constexpr int endedStatus = 128;
 
 /// Calls `run` in a process of its own, first with `state`, then after each restart with the state
-/// that was reported. `run` must not return. Returns the pilot's exit status; reports a crash.
+/// that was reported. `run` must not return. Returns the pilot's exit status; a crash is reported
+/// on the standard error stream.
 int runUntilFinished(RunState state, const std::function<void(RunState &, Outcome &)> &run);
 
 } // namespace pilot

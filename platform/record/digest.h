@@ -1,4 +1,5 @@
-// A number that two runs share only when they made it from the same bytes: FNV-1a, 64 bits.
+// A number that two runs share only when the bytes it was made from are the same: FNV-1a with 64
+// bits.
 #pragma once
 
 #include <cstddef>

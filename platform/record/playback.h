@@ -23,7 +23,8 @@ public:
     /// To be called when the program has ended, for the end of the record.
     void programEnded();
 
-    /// Where the program first did not as the record says: "differs at 0:41.200, line 812".
+    /// Where the program first did something else than the record says: "differs at 0:41.200, line
+    /// 812"; none so far.
     const host::Problem &difference() const { return difference_; }
     using Store = std::optional<std::vector<std::byte>>;
     /// What the program has in its store.

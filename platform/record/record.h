@@ -14,7 +14,8 @@
 //     key 37 down
 //     # closed                           the program ended, and the record is complete
 //
-// A record can be a stranger's, so it holds nothing but input, and there are limits to all of it.
+// A record can come from a stranger, so it holds nothing but input, and there are limits to all of
+// it.
 #pragma once
 
 #include <cstddef>
@@ -46,7 +47,8 @@ struct Beginning
 
 /// The lines for it, each with its end.
 std::string write(const Beginning &beginning);
-/// Takes such lines off the start of a text; what is missing has its default. `line` counts them.
+/// Reads such lines at the start of a text, and takes them off it; what is missing keeps its
+/// default. `line` counts them.
 host::Result<Beginning> takeBeginning(std::string_view &text, int &line);
 
 /// What happens in a record, in order.

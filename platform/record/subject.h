@@ -13,7 +13,8 @@ struct Subject
 {
     /// The object whose bytes the digests are made from.
     std::span<const std::byte> image;
-    /// The chapter that has begun since the last call, on a line: "game Marathon level 3".
+    /// The chapter that has begun since the last call, on one line, such as "game Marathon level
+    /// 3"; none: still the same.
     std::function<std::optional<std::string>()> newChapter;
 };
 

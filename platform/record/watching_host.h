@@ -21,7 +21,8 @@ public:
     };
     struct Callbacks
     {
-        /// Begins anew with a fresh program, because records only go forwards; this one is done.
+        /// Begins anew with a fresh program, because the record only goes forwards. The present one
+        /// is not shown any more.
         std::function<void(const View &)> restart;
         /// The first frame is on the screen.
         std::function<void()> shown;

@@ -135,7 +135,8 @@ void finish(Tracking &state, UINT command)
     hide(state);
 }
 
-/// Shows the drop-down, after a WM_INITMENUPOPUP: the program may gray items or close the bar.
+/// Sends WM_INITMENUPOPUP, on which the program may gray items or even close the bar, and shows the
+/// drop-down.
 void open(Tracking &state, int button)
 {
     hide(state);

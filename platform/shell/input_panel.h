@@ -1,4 +1,5 @@
-// When the input panel is up: while a program wants it, or a SIPPREF's edit box has the focus.
+// When the input panel is up: while a program wants it, or while an edit box has the focus in a
+// dialog with a SIPPREF.
 #pragma once
 
 #include "winuser.h"

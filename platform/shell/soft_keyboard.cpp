@@ -1,4 +1,5 @@
-// The soft keyboard types into whatever has the focus: characters as WM_CHAR, other keys as keys.
+// The soft keyboard types into whatever has the focus: characters as WM_CHAR, the other keys as a
+// real keyboard's.
 #include "shell/soft_keyboard.h"
 
 #include <array>
@@ -154,7 +155,8 @@ const Key *keyAt(POINT point)
     return found;
 }
 
-/// Types when the stylus is lifted: that may close the panel, and no window may get half a tap.
+/// A key is typed when the stylus is lifted. Typing may close the panel, and the window under it
+/// must not get the rest of the tap.
 void stylus(HWND window, SoftKeyboard &keyboard, UINT message, LPARAM lParam)
 {
     const Key *key = keyAt(controls::pointOf(lParam));

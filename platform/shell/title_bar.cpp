@@ -27,7 +27,8 @@ HWND titleBar{};
 
 TitleBar *data() { return controls::dataOf<TitleBar>(titleBar); }
 
-/// A page without a caption shows its owner's; so does a message box, which draws its own.
+/// A page without a caption shows its owner's, and so does a message box, which draws its own
+/// itself.
 std::u16string captionFor(HWND active)
 {
     const user::Window *window = user::find(active);

@@ -8,7 +8,8 @@ namespace user {
 /// Makes a top-level window the active one (none: no window is); `how` goes into WM_ACTIVATE.
 /// False when the window is gone or a window procedure has activated another one meanwhile.
 bool activate(HWND window, WPARAM how);
-/// Takes activation, focus and capture from a window that is hidden or removed, and its children.
+/// Takes activation, focus and capture away from a window that was hidden or is being removed, and
+/// from its children.
 void leaveWindow(HWND handle);
 /// Moves the focus (none: nowhere) without changing the active window.
 void moveFocus(HWND window);

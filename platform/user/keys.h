@@ -1,4 +1,5 @@
-// The state of the keys, for messages and for polling. A press is remembered until it is polled.
+// The state of the keys, for messages and for polling. A press is remembered until it is polled, so
+// that one between two polls is not lost.
 #pragma once
 
 #include <cstdint>

@@ -1,9 +1,9 @@
 // Messages: the queue, the wait for the next one, and handing them to window procedures.
 #include "user/message.h"
 
-#include <deque>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "host/current.h"
 #include "user/focus.h"
@@ -18,7 +18,7 @@ namespace user {
 
 namespace {
 
-std::deque<MSG> posted;
+std::vector<MSG> posted;
 std::optional<int> quitCode;
 
 std::optional<MSG> takeQuitMessage()
@@ -48,7 +48,7 @@ MSG waitForMessage()
     for (;;) {
         if (!posted.empty()) {
             const MSG message = posted.front();
-            posted.pop_front();
+            posted.erase(posted.begin());
             return message;
         }
         auto event = host.wait(host.ticks());

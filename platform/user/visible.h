@@ -9,7 +9,8 @@
 
 namespace user {
 
-/// Lives around a change of windows: at its end, whatever became visible becomes invalid.
+/// An object of this class lives around a change of windows. At its end, whatever became visible
+/// becomes invalid.
 class VisibilityChange
 {
 public:

@@ -1,4 +1,5 @@
-// The windows behind the handles, for the window manager, the controls and the shell.
+// The windows behind the handles: what the window manager, the controls and the shell know of them.
+// Programs see only handles (winuser.h).
 #pragma once
 
 #include <array>
@@ -62,7 +63,8 @@ struct Window final : gdi::ScreenArea
     mutable unsigned visibleAsOf = 0; ///< the arrangement for which visibleRegion is right
 };
 
-/// A change of a window's place, order or visibility: earlier regions are out of date.
+/// Every change of a window's place, order or visibility makes a new arrangement: regions computed
+/// for an earlier one are out of date.
 void arrangementChanged();
 /// Counts the arrangements; never 0, which marks a region that was never computed.
 unsigned arrangement();

@@ -1,6 +1,7 @@
 // Sound output over the host's queue of samples: the one device and the buffers it holds.
 //
-// The host reports only whether any samples are left, so all buffers are done together.
+// The host reports only whether any samples are left, so all buffers are marked as done together,
+// when the last one has been played.
 #include "wave/wave.h"
 
 #include <span>

@@ -28,7 +28,8 @@ TEST(Timeline, StepsThroughDueMomentsAndGivesUpLongStalls)
     for (const auto &[start, deadline, now, shown] : cases) {
         Timeline timeline(start);
         const auto wait = [&timeline, moment = now](std::optional<std::uint32_t> until) {
-            return timeline.wait(until, [=] { return moment; }, [] { FAIL(); });
+            return timeline.wait(
+                until, [=] { return moment; }, [] { FAIL(); });
         };
         EXPECT_FALSE(wait(deadline));
         EXPECT_EQ(timeline.ticks(), shown);

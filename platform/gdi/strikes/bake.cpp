@@ -1,7 +1,8 @@
 // Build tool: renders two outline fonts into the bitmap strikes of the handheld, as a C++ source.
 // Usage: bake REGULAR.ttf BOLD.ttf OUTPUT.cpp
 //
-// Glyphs are rendered in black and white with the fonts' hinting, made for these sizes.
+// Glyphs are rendered in black and white with the fonts' own hinting, which is made for these
+// sizes.
 #include <algorithm>
 #include <array>
 #include <cstdint>

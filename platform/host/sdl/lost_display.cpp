@@ -1,4 +1,5 @@
-// SDL loads the library of X11, so its functions are looked up. Other displays report their end.
+// The library of X11 is loaded by SDL, so its functions are looked up. Other displays report
+// their end to SDL.
 #include "host/sdl/lost_display.h"
 
 #include <csetjmp>

@@ -1,4 +1,5 @@
-// Queued audio. Samples start, and stop when dropped, within one device buffer, 12 ms.
+// Queued audio. Samples start, and stop when they are dropped, within the time of one device
+// buffer, 12 ms.
 #include "host/sdl/loudspeaker.h"
 
 #include <chrono>

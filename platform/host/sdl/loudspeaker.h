@@ -22,7 +22,8 @@ public:
     Loudspeaker &operator=(const Loudspeaker &) = delete;
     ~Loudspeaker() { rest(); }
 
-    /// Whether there is an audio device; true until a sound has failed or the sound system hangs.
+    /// Whether the machine has an audio device; true until the first sound has failed
+    /// or the sound system hangs.
     bool exists() const { return !missing_; }
     /// `now` is the desktop's clock.
     void play(std::span<const std::uint8_t> samples, std::uint32_t now);

@@ -1,4 +1,5 @@
-// Where the window was and how large, kept between runs in a file in the store's folder.
+// Where the window was and how large, kept from one run to the next in a file in the store's
+// folder.
 #pragma once
 
 #include <filesystem>
