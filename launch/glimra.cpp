@@ -19,6 +19,7 @@
 #include "host/store_file.h"
 #include "launch/command_line.h"
 #include "launch/game_subject.h"
+#include "launch/quiet_ticks.h"
 #include "launch/recovery.h"
 #include "launch/session_records.h"
 #include "launch/watch.h"
@@ -150,7 +151,8 @@ int main(int argc, char **argv)
     const desktop::Options options{.storeFolder = store.value_or(defaultStore()),
                                    .scale = line.number("scale", 1, 16),
                                    .landscape = line.has("landscape"),
-                                   .needsScreen = isPlaying};
+                                   .needsScreen = isPlaying,
+                                   .latest = lastQuietTick};
     if (line.has("watch")) {
         return watchRecord(line, options.storeFolder, program);
     }

@@ -1,6 +1,5 @@
 // The game in a browser page. An instance of the program plays the player's own game and records
 // it, or shows a record, or plays one to its end, as its command line says.
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <span>
@@ -14,13 +13,12 @@
 #include "handheld.h"
 #include "host/web/web_host.h"
 #include "launch/game_subject.h"
+#include "launch/quiet_ticks.h"
 #include "launch/record_end.h"
 #include "record/recording_host.h"
 #include "record/watching_host.h"
 #include "registry/text.h"
 #include "resources/program_resources.h"
-#include "user/program_window.h"
-#include "user/timer.h"
 
 namespace {
 
@@ -88,21 +86,8 @@ std::optional<web::State> changedState()
     return web::State{kindOf(before, now), describeChange(before, now)};
 }
 
-/// Ticks in which nothing changes may be late, while they are all that the handheld waits for.
-std::uint32_t latest(std::uint32_t tick)
-{
-    constexpr int longest = 250; ///< milliseconds
-    const auto timers = user::liveTimers();
-    if (!theRecorder || gameApp.appState != AppState::Playing || timers.size() != 1 ||
-        timers[0].window != user::programWindow())
-    {
-        return tick;
-    }
-    const auto change = gameApp.session.nextChange(gameApp.input);
-    const int quiet = change ? timing::between(static_cast<std::int32_t>(tick), *change) : longest;
-    const int ticks = (std::clamp(quiet, 0, longest) + timing::tick - 1) / timing::tick;
-    return tick + static_cast<std::uint32_t>(ticks * timing::tick);
-}
+/// Only in the player's own game: a record has moments of its own.
+std::uint32_t latest(std::uint32_t moment) { return theRecorder ? lastQuietTick(moment) : moment; }
 
 /// Plays the player's own game.
 int play(host::Host &host, const handheld::Program &program)
@@ -155,7 +140,7 @@ int main(int argc, char **argv)
     const std::span words(argv, static_cast<std::size_t>(argc));
     const std::string_view task = argc > 1 ? words[1] : "play";
     const handheld::Program program{WinMain, programResources()};
-    web::WebHost host({changedState, latest});
+    web::WebHost host(changedState, latest);
     return task == "watch"     ? watch(host, program, words.subspan(2))
            : task == "recover" ? recover(host, program)
                                : play(host, program);

@@ -4,16 +4,26 @@
 // The program's clock stands still while the program works, and when the process wakes a little
 // late it shows the moment it should have woken at: so what is due at a moment happens at that
 // moment, however busy the machine is.
+//
+// Waking a process, or a page, costs much more than what a program does in a tick. So the process
+// may sleep through moments that do not matter; what was due meanwhile happens afterwards, each at
+// its own moment.
 #pragma once
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include "host/host.h"
 #include "host/moment.h"
 
 namespace host {
+
+/// The program is to wake at `moment`. Returns until when it may be late, and catch up, without
+/// anyone noticing, if nothing happens to the handheld. Less than Timeline::longestLag later.
+using Latest = std::function<std::uint32_t(std::uint32_t moment)>;
 
 class Timeline
 {
@@ -22,21 +32,25 @@ public:
     /// the other. After a longer one (the machine slept) it goes on from now.
     static constexpr std::int32_t longestLag = 1000;
 
-    explicit Timeline(std::uint32_t now) : ticks_(now) {}
+    /// Without `latest` the process wakes for each moment.
+    explicit Timeline(std::uint32_t now, Latest latest = nullptr)
+        : latest_(std::move(latest)), ticks_(now)
+    {}
 
     /// The program's clock. It never goes back.
     std::uint32_t ticks() const { return ticks_; }
 
     void add(const Event &event, std::uint32_t moment) { events_.push_back({event, moment}); }
 
-    /// Host::wait. `now()` reads the host's clock; `sleep()` returns when an event was added or the
-    /// deadline has come, or sooner.
+    /// Host::wait. `now()` reads the host's clock; `sleep(until)` returns when an event was added
+    /// or that moment has come, or sooner.
     template <class Now, class Sleep>
     std::optional<Event> wait(std::optional<std::uint32_t> deadline, Now now, Sleep sleep)
     {
         const bool sleeps = !deadline || isBefore(ticks_, *deadline);
-        for (;; sleep()) {
+        for (;; sleep(until(deadline))) {
             if (hasEventBefore(sleeps ? deadline : std::nullopt)) {
+                alert_ = true;
                 return takeEvent(sleeps);
             }
             if (!sleeps) {
@@ -44,6 +58,7 @@ public:
             }
             if (const std::uint32_t moment = now(); deadline && !isBefore(moment, *deadline)) {
                 ticks_ = distance(*deadline, moment) > longestLag ? moment : *deadline;
+                alert_ = false;
                 return std::nullopt;
             }
         }
@@ -55,6 +70,12 @@ private:
         Event event;
         std::uint32_t moment;
     };
+
+    /// The program answers an event with its next moment, which is not late.
+    std::optional<std::uint32_t> until(std::optional<std::uint32_t> deadline) const
+    {
+        return deadline && latest_ && !alert_ ? latest_(*deadline) : deadline;
+    }
 
     /// Events and deadlines keep their order even when both have passed.
     bool hasEventBefore(std::optional<std::uint32_t> deadline) const
@@ -73,6 +94,8 @@ private:
         return first.event;
     }
 
+    Latest latest_;
+    bool alert_ = true; ///< an event has come since the program last woke by the clock
     std::uint32_t ticks_;
     std::deque<Dated> events_; ///< not yet taken by the program
 };

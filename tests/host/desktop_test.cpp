@@ -29,7 +29,7 @@ TEST(Timeline, StepsThroughDueMomentsAndGivesUpLongStalls)
         Timeline timeline(start);
         const auto wait = [&timeline, moment = now](std::optional<std::uint32_t> until) {
             return timeline.wait(
-                until, [=] { return moment; }, [] { FAIL(); });
+                until, [=] { return moment; }, [](auto) { FAIL(); });
         };
         EXPECT_FALSE(wait(deadline));
         EXPECT_EQ(timeline.ticks(), shown);
@@ -42,6 +42,34 @@ TEST(Timeline, StepsThroughDueMomentsAndGivesUpLongStalls)
     }
 }
 
+TEST(Timeline, SleepsThroughQuietMomentsAndCatchesUp)
+{
+    std::uint32_t machine = 0;
+    std::vector<std::uint32_t> sleeps;
+    Timeline timeline(0, [](std::uint32_t moment) { return moment + 75; });
+    const auto step = [&](std::uint32_t deadline) {
+        return timeline.wait(
+            deadline, [&] { return machine; },
+            [&](std::optional<std::uint32_t> until) {
+                sleeps.push_back(*until);
+                const bool woken = *until == 325; // by an event
+                machine = woken ? 260 : *until;
+                if (woken) {
+                    timeline.add({}, machine);
+                }
+            });
+    };
+    for (const std::uint32_t tick : {25U, 50U, 75U, 100U, 125U, 150U, 175U, 200U, 225U, 250U}) {
+        EXPECT_FALSE(step(tick));
+        EXPECT_EQ(timeline.ticks(), tick);
+    }
+    EXPECT_TRUE(step(275));
+    EXPECT_EQ(timeline.ticks(), 260U);
+    EXPECT_FALSE(step(275));
+    EXPECT_FALSE(step(300));
+    EXPECT_EQ(sleeps, (std::vector<std::uint32_t>{25, 125, 225, 325, 275, 375}));
+}
+
 TEST(SteppingClock, LetsATimerComeDueOnceHoweverLongTheMachineSlept)
 {
     constexpr std::uint64_t day = 24 * 60 * 60 * 1000;
@@ -52,7 +80,7 @@ TEST(SteppingClock, LetsATimerComeDueOnceHoweverLongTheMachineSlept)
         Timeline timeline(now());
         int sleeps = 0;
         const std::uint32_t deadline = timeline.ticks() + 25;
-        EXPECT_FALSE(timeline.wait(deadline, now, [&] {
+        EXPECT_FALSE(timeline.wait(deadline, now, [&](auto) {
             machine += slept;
             ASSERT_EQ(++sleeps, 1);
         }));

@@ -45,7 +45,7 @@ std::unique_ptr<Desktop> open(const Options &options)
 
 DesktopHost::DesktopHost(const Options &options, std::unique_ptr<ScreenWindow> window)
     : Desktop(options.storeFolder), needsScreen_(options.needsScreen), window_(std::move(window)),
-      timeline_(machineTicks()),
+      timeline_(machineTicks(), options.latest),
       input_(machineTicks, [this](const Event &event) { timeline_.add(event, machineTicks()); }),
       controllers_(
           input_, storeFolder(), [this] { window_->toggleFullScreen(); },
@@ -75,14 +75,15 @@ void DesktopHost::keepPlace()
 std::optional<Event> DesktopHost::wait(std::optional<std::uint32_t> deadline)
 {
     const bool late = deadline && host::isBefore(ticks(), *deadline) &&
+                      host::isBefore(looked_, *deadline) &&
                       !host::isBefore(machineTicks(), *deadline);
     if (late) {
         takeEvents(); // SDL's wait, which it will not come to, would look for them
     }
-    return timeline_.wait(deadline, machineTicks, [&] { sleep(deadline); });
+    return timeline_.wait(deadline, machineTicks, [this](auto until) { sleep(until); });
 }
 
-void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
+void DesktopHost::sleep(std::optional<std::uint32_t> until)
 {
     if (window_->frame().pixels) {
         controllers_.start();
@@ -96,7 +97,7 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
     };
     limit(controllers_.updateInterval());
     limit(loudspeaker_.tendInterval(now));
-    for (const auto moment : {input_.due(), deadline}) {
+    for (const auto moment : {input_.due(), until}) {
         if (moment) {
             limit(host::remaining(now, *moment));
         }
@@ -131,6 +132,7 @@ void DesktopHost::takeEvents()
 
 void DesktopHost::takeQueuedEvents()
 {
+    looked_ = machineTicks();
     SDL_Event event;
     while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) > 0) {
         handle(event);

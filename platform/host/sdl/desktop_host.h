@@ -37,7 +37,7 @@ public:
 
 private:
     void storeTried(const host::Problem &problem) override;
-    void sleep(std::optional<std::uint32_t> deadline);
+    void sleep(std::optional<std::uint32_t> until);
     void keepScreenOn(bool on);
     void takeEvents();
     void takeQueuedEvents();
@@ -53,6 +53,7 @@ private:
     std::unique_ptr<ScreenWindow> window_;
     Loudspeaker loudspeaker_;
     host::Timeline timeline_;
+    std::uint32_t looked_ = timeline_.ticks(); ///< when it last looked for events
     host::InputMapper input_;
     Controllers controllers_;
     std::string title_;

@@ -46,8 +46,8 @@ void convert(const host::Pixel *source, std::uint8_t *target, int count)
 
 } // namespace
 
-WebHost::WebHost(Program program)
-    : program_(std::move(program)), timeline_(pageTicks()),
+WebHost::WebHost(ChangedState changedState, host::Latest latest)
+    : changedState_(std::move(changedState)), timeline_(pageTicks(), std::move(latest)),
       input_(pageTicks, [this](const Event &event) { emit(event); })
 {
     theHost = this;
@@ -74,28 +74,18 @@ void WebHost::emit(const Event &event)
 
 std::optional<Event> WebHost::wait(std::optional<std::uint32_t> deadline)
 {
-    const std::uint32_t before = ticks();
-    const auto event = timeline_.wait(deadline, pageTicks, [&] { sleep(deadline); });
-    if (event || ticks() != before) {
-        alert_ = event.has_value();
-    }
-    return event;
+    return timeline_.wait(deadline, pageTicks, [this](auto until) { sleep(until); });
 }
 
-/// Each waking costs the browser much more than what the program then does, so it wakes only for
-/// moments that matter. What was due meanwhile it does afterwards, each at its own moment.
-void WebHost::sleep(std::optional<std::uint32_t> deadline)
+void WebHost::sleep(std::optional<std::uint32_t> until)
 {
     showPointer();
-    if (const auto state = program_.changedState()) {
+    if (const auto state = changedState_()) {
         pageState(state->kind, state->text.c_str());
-    }
-    if (deadline && !alert_) {
-        deadline = program_.latest(*deadline);
     }
     const std::uint32_t now = pageTicks();
     int longest = -1;
-    for (const auto moment : {input_.due(), deadline}) {
+    for (const auto moment : {input_.due(), until}) {
         if (moment) {
             const int left = std::max(0, host::distance(now, *moment));
             longest = longest < 0 ? left : std::min(longest, left);

@@ -22,21 +22,15 @@ struct State
     const char *kind;
     std::string text;
 };
-/// What the host asks the program before it sleeps.
-struct Program
-{
-    /// The state, when it has changed since the last call.
-    std::function<std::optional<State>()> changedState;
-    /// The program is to wake at `moment`. Until when may it be late, and catch up, without anyone
-    /// noticing, if nothing happens in the page?
-    std::function<std::uint32_t(std::uint32_t moment)> latest;
-};
+/// The state, when it has changed since the last call.
+using ChangedState = std::function<std::optional<State>()>;
 
 class WebHost final : public host::Host
 {
 public:
-    /// There is one page, so there may be one of these.
-    explicit WebHost(Program program);
+    /// There is one page, so there may be one of these. It asks for the state, and how late the
+    /// program may wake, before it sleeps.
+    WebHost(ChangedState changedState, host::Latest latest);
     WebHost(const WebHost &) = delete;
     WebHost &operator=(const WebHost &) = delete;
     /// The page learns that the program has ended.
@@ -72,12 +66,11 @@ public:
 
 private:
     void emit(const host::Event &event);
-    void sleep(std::optional<std::uint32_t> deadline);
+    void sleep(std::optional<std::uint32_t> until);
     void draw(const host::Area &area);
     void showPointer();
 
-    Program program_;
-    bool alert_ = true; ///< something has happened since the program last woke by the clock
+    ChangedState changedState_;
     host::Timeline timeline_;
     host::InputMapper input_;
     host::Frame frame_;
