@@ -11,6 +11,7 @@ import subprocess
 import sys
 import time
 import unittest
+from unittest import mock
 
 import store
 from store import PAUSED, PLAYING, SIZE as RECORD, TITLE
@@ -51,6 +52,9 @@ class PilotTest(store.FolderTest):
         for options in (["no-such-script"], ["--", "no-such-script"], ["--store", "file"]):
             self.run_pilot("", *options, status=1)
             self.assertRegex(self.errors, r"\Apilot: .+\n\Z")
+        with mock.patch.dict(os.environ, TMPDIR="/no/such/folder"):
+            self.run_pilot("", status=1)
+            self.assertRegex(self.errors, r"\Apilot: /no/such/folder/.+: No such file or directory\n\Z")
 
     def test_a_signal_ends_it_and_leaves_nothing_behind(self):
         pilot = self.open_pilot("restart\nmenu IDM_NEW_GAME\naway\necho ready\n")
