@@ -90,6 +90,13 @@ int watchRecord(const CommandLine &line, const std::filesystem::path &store,
 
 bool isPlaying() { return situationOf(gameApp).stage == Stage::Playing; }
 
+/// The record is written as the program wakes, and shall not lag behind the game by more.
+std::uint32_t latest(std::uint32_t moment)
+{
+    constexpr int longest = 250; ///< milliseconds
+    return lastQuietTick(moment, longest);
+}
+
 /// Whether the record shall be brought to the disk: once a second while a game runs, and once after
 /// that. A title page would keep the disk awake for nothing.
 std::function<bool()> onceASecondInPlay(const host::Host &host)
@@ -152,7 +159,7 @@ int main(int argc, char **argv)
                                    .scale = line.number("scale", 1, 16),
                                    .landscape = line.has("landscape"),
                                    .needsScreen = isPlaying,
-                                   .latest = lastQuietTick};
+                                   .latest = latest};
     if (line.has("watch")) {
         return watchRecord(line, options.storeFolder, program);
     }

@@ -87,7 +87,11 @@ std::optional<web::State> changedState()
 }
 
 /// Only in the player's own game: a record has moments of its own.
-std::uint32_t latest(std::uint32_t moment) { return theRecorder ? lastQuietTick(moment) : moment; }
+std::uint32_t latest(std::uint32_t moment)
+{
+    constexpr int longest = 900; ///< milliseconds: a piece's way of one row on the first level
+    return theRecorder ? lastQuietTick(moment, longest) : moment;
+}
 
 /// Plays the player's own game.
 int play(host::Host &host, const handheld::Program &program)

@@ -7,9 +7,8 @@
 #include "user/program_window.h"
 #include "user/timer.h"
 
-std::uint32_t lastQuietTick(std::uint32_t tick)
+std::uint32_t lastQuietTick(std::uint32_t tick, int longest)
 {
-    constexpr int longest = 250; ///< milliseconds
     const auto &timers = user::liveTimers();
     if (gameApp.appState != AppState::Playing || timers.size() != 1 ||
         timers[0].window != user::programWindow())

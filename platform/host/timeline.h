@@ -22,7 +22,7 @@
 namespace host {
 
 /// The program is to wake at `moment`. Returns until when it may be late, and catch up, without
-/// anyone noticing, if nothing happens to the handheld. Less than Timeline::longestLag later.
+/// anyone noticing, if nothing happens to the handheld.
 using Latest = std::function<std::uint32_t(std::uint32_t moment)>;
 
 class Timeline
@@ -48,7 +48,7 @@ public:
     std::optional<Event> wait(std::optional<std::uint32_t> deadline, Now now, Sleep sleep)
     {
         const bool sleeps = !deadline || isBefore(ticks_, *deadline);
-        for (;; sleep(until(deadline))) {
+        for (;;) {
             if (hasEventBefore(sleeps ? deadline : std::nullopt)) {
                 alert_ = true;
                 return takeEvent(sleeps);
@@ -57,10 +57,13 @@ public:
                 return std::nullopt;
             }
             if (const std::uint32_t moment = now(); deadline && !isBefore(moment, *deadline)) {
-                ticks_ = distance(*deadline, moment) > longestLag ? moment : *deadline;
-                alert_ = false;
+                reachDeadline(*deadline, moment);
                 return std::nullopt;
             }
+            // The program answers an event with its next moment, which must not be late.
+            const auto until = deadline && latest_ && !alert_ ? latest_(*deadline) : deadline;
+            planned_ = until.value_or(ticks_);
+            sleep(until);
         }
     }
 
@@ -71,10 +74,12 @@ private:
         std::uint32_t moment;
     };
 
-    /// The program answers an event with its next moment, which is not late.
-    std::optional<std::uint32_t> until(std::optional<std::uint32_t> deadline) const
+    /// The process should have woken by the deadline, or when it had planned to; it is `now`.
+    void reachDeadline(std::uint32_t deadline, std::uint32_t now)
     {
-        return deadline && latest_ && !alert_ ? latest_(*deadline) : deadline;
+        const std::uint32_t meant = isBefore(deadline, planned_) ? planned_ : deadline;
+        ticks_ = distance(meant, now) > longestLag ? now : deadline;
+        alert_ = false;
     }
 
     /// Events and deadlines keep their order even when both have passed.
@@ -97,7 +102,8 @@ private:
     Latest latest_;
     bool alert_ = true; ///< an event has come since the program last woke by the clock
     std::uint32_t ticks_;
-    std::deque<Dated> events_; ///< not yet taken by the program
+    std::uint32_t planned_ = ticks_; ///< when the process would wake from its last sleep
+    std::deque<Dated> events_;       ///< not yet taken by the program
 };
 
 } // namespace host

@@ -44,8 +44,7 @@ void pageKeepRecord(const char *lines, std::size_t length);
 void pageProgress(double position, double length, int speed, bool playing, const char *chapter);
 /// The viewer plays on.
 void pageTakenOver();
-/// A fresh instance is to show the record from there: milliseconds, quarters of the ordinary
-/// speed. This one is not shown any more.
+/// A fresh instance is to show the record from there.
 void pageRestart(double position, int speed, bool playing);
 void pageWatchKeys(const char *keys);
 

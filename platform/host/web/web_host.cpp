@@ -209,6 +209,13 @@ void WebHost::seek(int position)
 
 std::string givenRecord() { return Text(pageGivenRecord()).get(); }
 
+void keepRecord(std::string_view lines) { pageKeepRecord(lines.data(), lines.size()); }
+
+void restart(std::uint64_t position, int quarterSpeed, bool playing)
+{
+    pageRestart(static_cast<double>(position), quarterSpeed, playing);
+}
+
 } // namespace web
 
 // What the page calls. Texts are UTF-8, allocated by the page and freed here. -------------------

@@ -80,5 +80,10 @@ private:
 
 /// The record that this instance of the program is to play.
 std::string givenRecord();
+/// Gives the page whole lines of the record of this instance.
+void keepRecord(std::string_view lines);
+/// Asks the page for a fresh instance that shows the record from there: milliseconds, quarters of
+/// the ordinary speed. This one is not shown any more.
+void restart(std::uint64_t position, int quarterSpeed, bool playing);
 
 } // namespace web
