@@ -1,7 +1,7 @@
 // Switches the parts of the handheld on and off around a program.
 #include "handheld.h"
 
-#include "gdi/inventory.h"
+#include "gdi/objects.h"
 #include "host/current.h"
 #include "registry/registry.h"
 #include "resources/image.h"

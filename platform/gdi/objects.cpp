@@ -1,4 +1,4 @@
-// The table of handles.
+// The table of handles; deletes and lists the objects in it.
 #include "gdi/objects.h"
 
 #include <deque>
@@ -21,6 +21,29 @@ struct Slot
 std::vector<Slot> slots;
 /// The one that has been free longest is used next, so that generations are used up evenly.
 std::deque<std::uint32_t> freeSlots;
+
+bool ofProgram(const Slot &slot) { return slot.object && !slot.object->stock; }
+
+std::string describe(const Object &object)
+{
+    switch (object.kind) {
+    case Kind::Bitmap: {
+        const auto &bitmap = static_cast<const Bitmap &>(object);
+        return "bitmap " + std::to_string(bitmap.width) + "x" + std::to_string(bitmap.height);
+    }
+    case Kind::Brush:
+        return "brush";
+    case Kind::Pen:
+        return "pen";
+    case Kind::Font: {
+        const Strike &strike = static_cast<const Font &>(object).strike;
+        return "font " + std::to_string(strike.height()) + (strike.bold ? " bold" : "");
+    }
+    case Kind::DeviceContext:
+        return static_cast<const DeviceContext &>(object).area ? "dc screen" : "dc memory";
+    }
+    return {};
+}
 
 } // namespace
 
@@ -64,13 +87,25 @@ void erase(std::uint32_t handle)
     }
 }
 
-void visitObjects(const std::function<void(const Object &)> &visitor)
+void reset()
 {
     for (const Slot &slot : slots) {
-        if (slot.object && !slot.object->stock) {
-            visitor(*slot.object);
+        if (ofProgram(slot)) {
+            erase(slot.object->handle.value);
         }
     }
+    resizeScreen(screen().width, screen().height);
+}
+
+std::vector<std::string> liveObjects()
+{
+    std::vector<std::string> lines;
+    for (const Slot &slot : slots) {
+        if (ofProgram(slot)) {
+            lines.push_back(describe(*slot.object));
+        }
+    }
+    return lines;
 }
 
 } // namespace gdi

@@ -6,9 +6,9 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "gdi/raster.h"
@@ -119,8 +119,11 @@ std::uint32_t insert(std::unique_ptr<Object> object);
 /// The object of a handle; null when there is none.
 Object *findObject(std::uint32_t handle);
 void erase(std::uint32_t handle);
-/// Calls `visitor` for each object that a program made, which it may erase.
-void visitObjects(const std::function<void(const Object &)> &visitor);
+/// Back to the state at switch-on: no objects but the stock ones, a black screen.
+void reset();
+/// One line for each object that a program made and has not deleted: "bitmap 240x268",
+/// "dc memory", "font 16 bold".
+std::vector<std::string> liveObjects();
 
 /// The object of that kind behind a handle; null when there is none.
 template <class T>

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "base/utf.h"
-#include "gdi/inventory.h"
+#include "gdi/objects.h"
 #include "host/descriptor.h"
 #include "host/pilot/pilot_host.h"
 #include "host/png.h"

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "gdi/device_context.h"
 #include "gdi/rect.h"
 #include "host/current.h"
 #include "user/order.h"

@@ -3,7 +3,6 @@
 
 #include <map>
 
-#include "gdi/device_context.h"
 #include "user/order.h"
 
 namespace user {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "app/window.h"
-#include "gdi/inventory.h"
+#include "gdi/objects.h"
 #include "pilot/inspect.h"
 #include "resources/program_resources.h"
 #include "resources/resource.h"
