@@ -82,9 +82,7 @@ struct Font final : Object
     LOGFONTW description; ///< as asked for
     const Strike &strike; ///< what it is drawn with
 
-    Font(const LOGFONTW &itsDescription, const Strike &itsStrike)
-        : Object(kindOf), description(itsDescription), strike(itsStrike)
-    {}
+    explicit Font(const LOGFONTW &itsDescription);
 };
 
 /// What SaveDC saves.
@@ -141,5 +139,7 @@ const T &DeviceContext::selected() const
 
 /// The 1 by 1 bitmap that every memory device context starts with.
 HGDIOBJ stockBitmap();
+/// "System", 8 point.
+LOGFONTW systemFontDescription();
 
 } // namespace gdi
