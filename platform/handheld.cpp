@@ -6,11 +6,10 @@
 #include "registry/registry.h"
 #include "resources/image.h"
 #include "shell/shell.h"
-#include "user/accelerator.h"
 #include "user/classes.h"
 #include "user/display.h"
 #include "user/focus.h"
-#include "user/icon.h"
+#include "user/input.h"
 #include "user/keys.h"
 #include "user/menu.h"
 #include "user/message.h"
@@ -41,9 +40,7 @@ void switchOff()
     user::forgetFocus();
     user::forgetKeys();
     user::forgetStylus();
-    user::forgetAccelerators();
     user::forgetMenus();
-    user::forgetIcons();
     wave::reset();
     registry::reset();
     gdi::reset();

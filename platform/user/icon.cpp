@@ -1,7 +1,6 @@
 // Icons: a group of pictures in the program's resources, of which the host gets the largest.
 #include "user/icon.h"
 
-#include <map>
 #include <optional>
 #include <span>
 
@@ -11,9 +10,6 @@
 namespace {
 
 constexpr int largestSide = 256;
-
-/// The group resource's name, by handle.
-std::map<std::uint32_t, resources::Name> icons;
 
 /// The resource number of the largest picture of a group.
 std::optional<std::uint16_t> largestOf(std::span<const std::byte> group)
@@ -81,24 +77,12 @@ std::uint32_t pixelAt(const Picture &picture, std::uint32_t x, std::uint32_t row
 
 HICON LoadIconW(HINSTANCE, LPCWSTR name)
 {
-    if (resources::find(RT_GROUP_ICON, name).empty()) {
-        return {};
-    }
-    const HICON icon{static_cast<std::uint32_t>(icons.size() + 1)};
-    icons.emplace(icon.value, resources::Name::from(name));
-    return icon;
+    return {resources::locate(resources::Name::from(RT_GROUP_ICON), resources::Name::from(name))};
 }
-
-void user::forgetIcons() { icons.clear(); }
 
 host::Icon user::iconPicture(HICON icon)
 {
-    const auto found = icons.find(icon.value);
-    if (found == icons.end()) {
-        return {};
-    }
-    const auto number =
-        largestOf(resources::find(resources::Name::from(RT_GROUP_ICON), found->second));
+    const auto number = largestOf(resources::at(icon.value));
     if (!number) {
         return {};
     }
