@@ -47,6 +47,13 @@ bool isWithin(HWND window, HWND ancestor)
     return each != nullptr;
 }
 
+std::vector<Window *> familyOf(Window &window)
+{
+    std::vector<Window *> family;
+    collect(window, family);
+    return family;
+}
+
 std::vector<Window *> everyWindow()
 {
     std::vector<Window *> all;
