@@ -151,9 +151,7 @@ void comeToForeground()
         window =
             firstOf(topLevelWindows(), [](const Window *each) { return canBeActivated(*each); });
     }
-    if (window) {
-        activate(window->handle, WA_ACTIVE);
-    }
+    activate(handleOf(window), WA_ACTIVE);
 }
 
 bool inForeground() { return attention.inForeground; }
