@@ -3,6 +3,7 @@
 #include <array>
 #include <span>
 
+#include "controls/control.h"
 #include "controls/dialog.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
@@ -133,8 +134,7 @@ void drawIcon(HDC dc, UINT type)
 void paint(HWND box, UINT type)
 {
     const theme::Painting painting(box);
-    RECT rect;
-    GetClientRect(box, &rect);
+    const RECT rect = controls::clientRect(box);
     const LONG middle = captionHeight / 2;
     theme::fill(painting.dc(), {1, 1, rect.right - 1, middle}, theme::titleUpper);
     theme::fill(painting.dc(), {1, middle, rect.right - 1, captionHeight}, theme::titleLower);
