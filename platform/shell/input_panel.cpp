@@ -3,6 +3,7 @@
 
 #include "controls/edit.h"
 #include "shell/soft_keyboard.h"
+#include "user/order.h"
 #include "user/table.h"
 
 namespace shell {
@@ -19,15 +20,10 @@ LRESULT CALLBACK preferenceProcedure(HWND window, UINT message, WPARAM wParam, L
 bool dialogHasPreference(HWND window)
 {
     const user::Window *found = user::find(window);
-    if (!found || !found->parent) {
-        return false;
-    }
-    for (const user::Window *sibling : found->parent->children) {
-        if (sibling->windowClass->procedure == preferenceProcedure) {
-            return true;
-        }
-    }
-    return false;
+    return found && found->parent &&
+           user::firstOf(found->parent->children, [](const user::Window *sibling) {
+               return sibling->windowClass->procedure == preferenceProcedure;
+           });
 }
 
 } // namespace

@@ -173,12 +173,9 @@ void placeMenuBars()
 
 HWND shownMenuBar()
 {
-    for (const HWND bar : allBars()) {
-        if (IsWindowVisible(bar) != FALSE) {
-            return bar;
-        }
-    }
-    return {};
+    return user::handleOf(user::firstOf(user::topLevelWindows(), [](const user::Window *each) {
+        return each->shown() && dataOf(each->handle);
+    }));
 }
 
 const std::vector<MenuBarButton> &buttonsOf(HWND bar)
