@@ -23,17 +23,12 @@ constexpr int unitsAcross = 24; ///< half keys in a row
 /// A key: a character and one with Shift, or a virtual key.
 struct Key
 {
-    char16_t plain = 0;
-    char16_t shifted = 0;
     WORD code = 0;               ///< the virtual key; 0 for a character
     const char16_t *label = u""; ///< of a virtual key
     int units = 2;               ///< width in half keys
+    char16_t plain = 0;
+    char16_t shifted = 0;
 };
-
-constexpr Key special(WORD code, const char16_t *label, int units)
-{
-    return {0, 0, code, label, units};
-}
 
 using Row = std::vector<Key>;
 
@@ -41,7 +36,7 @@ using Row = std::vector<Key>;
 Row makeRow(Row row, std::u16string_view plain, std::u16string_view shifted, const Row &after)
 {
     for (std::size_t i = 0; i < plain.size(); ++i) {
-        row.push_back({plain[i], shifted[i], 0, u"", 2});
+        row.push_back({0, u"", 2, plain[i], shifted[i]});
     }
     row.insert(row.end(), after.begin(), after.end());
     return row;
@@ -50,14 +45,14 @@ Row makeRow(Row row, std::u16string_view plain, std::u16string_view shifted, con
 const std::array<Row, rowCount> &rows()
 {
     static const std::array<Row, rowCount> all = {
-        makeRow({}, u"1234567890-", u"!@#$%^&*()_", {special(VK_BACK, u"\x2190", 2)}),
-        makeRow({special(VK_TAB, u"Tab", 4)}, u"qwertyuiop", u"QWERTYUIOP", {}),
-        makeRow({}, u"asdfghjkl'", u"ASDFGHJKL\"", {special(VK_RETURN, u"Enter", 4)}),
-        makeRow({special(VK_SHIFT, u"Shift", 4)}, u"zxcvbnm,.?", u"ZXCVBNM;:/", {}),
-        Row{special(VK_LEFT, u"<", 4),
-            special(VK_RIGHT, u">", 4),
-            {u' ', u' ', 0, u"", 12},
-            special(VK_DELETE, u"Del", 4)}};
+        makeRow({}, u"1234567890-", u"!@#$%^&*()_", {{VK_BACK, u"\x2190", 2}}),
+        makeRow({{VK_TAB, u"Tab", 4}}, u"qwertyuiop", u"QWERTYUIOP", {}),
+        makeRow({}, u"asdfghjkl'", u"ASDFGHJKL\"", {{VK_RETURN, u"Enter", 4}}),
+        makeRow({{VK_SHIFT, u"Shift", 4}}, u"zxcvbnm,.?", u"ZXCVBNM;:/", {}),
+        Row{{VK_LEFT, u"<", 4},
+            {VK_RIGHT, u">", 4},
+            {0, u"", 12, u' ', u' '},
+            {VK_DELETE, u"Del", 4}}};
     return all;
 }
 
