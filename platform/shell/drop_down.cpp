@@ -134,11 +134,10 @@ void finish(Tracking &state, UINT command)
 void open(Tracking &state, int button)
 {
     hide(state);
-    const HWND parent = GetParent(state.bar);
     state.button = button;
     state.menu = buttonsOf(state.bar)[static_cast<std::size_t>(button)].dropDown;
     state.marked = -1;
-    SendMessageW(parent, WM_INITMENUPOPUP, state.menu.value, button);
+    SendMessageW(GetParent(state.bar), WM_INITMENUPOPUP, state.menu.value, button);
     if (state.done || IsWindowVisible(state.bar) == FALSE) {
         state.done = true;
         return;
