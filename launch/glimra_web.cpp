@@ -110,7 +110,7 @@ int play(host::Host &host, const handheld::Program &program)
     GameLog games;
     record::RecordingHost recorder(host);
     recorder.begin("Glimra " GLIMRA_VERSION, false, gameSubject(games), [](std::string_view lines) {
-        web::keepRecord(lines);
+        pageKeepRecord(lines.data(), lines.size());
         return host::Problem();
     });
     theRecorder = &recorder;
@@ -133,7 +133,8 @@ int watch(host::Host &host, const handheld::Program &program, std::span<char *> 
                                           std::atoi(words[2]) != 0};
     record::WatchingHost viewer(record, gameSubject(games), host, view,
                                 {[](const record::WatchingHost::View &next) {
-                                     web::restart(next.position, next.quarterSpeed, next.playing);
+                                     pageRestart(static_cast<double>(next.position),
+                                                 next.quarterSpeed, next.playing);
                                  },
                                  [] {}});
     return handheld::run(viewer, program, record.beginning.landscape ? 1 : 0);
