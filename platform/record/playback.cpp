@@ -8,12 +8,9 @@
 #include "host/moment.h"
 
 namespace record {
-namespace {
 
 using host::Event;
 using Kind = Event::Kind;
-
-} // namespace
 
 Playback::Playback(const Record &record, Subject subject)
     : record_(record), subject_(std::move(subject)), checked_(record.hasDigests()),

@@ -55,7 +55,6 @@ private:
     bool mayMove(std::optional<std::uint64_t> target) override;
     std::optional<std::uint32_t> nextLook(std::optional<std::uint64_t> target) const;
     void obey(const host::Event &event);
-    std::optional<std::int64_t> goalOf(const host::Event &event) const;
     void seek(std::int64_t position);
     void play(bool playing);
     void setSpeed(int quarterSpeed);
