@@ -1,8 +1,6 @@
 // The program runs in a process of its own, because it can run only once in each.
 #include "launch/recovery.h"
 
-#include <cstdlib>
-
 #include <csignal>
 #include <sys/prctl.h>
 #include <sys/wait.h>

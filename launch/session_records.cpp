@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <ctime>
-#include <string>
 #include <utility>
 
 #include "record/record.h"

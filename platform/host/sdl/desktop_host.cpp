@@ -225,8 +225,7 @@ void DesktopHost::handleWindow(const SDL_WindowEvent &event)
 /// A window is also "restored" when it is no longer maximized.
 void DesktopHost::setMinimized(bool minimized)
 {
-    if (minimized != minimized_) {
-        minimized_ = minimized;
+    if (std::exchange(minimized_, minimized) != minimized) {
         minimized ? input_.minimize() : input_.restore();
     }
 }

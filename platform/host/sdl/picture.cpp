@@ -30,12 +30,10 @@ std::uint32_t toCanvas(host::Pixel pixel, const Canvas &canvas)
 
 Placement place(Size picture, Size window)
 {
-    Placement result;
-    result.scale =
+    const int scale =
         std::max(1, std::min(window.width / picture.width, window.height / picture.height));
-    result.left = floorDivide(window.width - picture.width * result.scale, 2);
-    result.top = floorDivide(window.height - picture.height * result.scale, 2);
-    return result;
+    return {scale, floorDivide(window.width - picture.width * scale, 2),
+            floorDivide(window.height - picture.height * scale, 2)};
 }
 
 Point toPixels(Point point, Size points, Size pixels)
