@@ -276,12 +276,7 @@ std::optional<Point> ScreenWindow::pictureAt(Point window, bool outside) const
     Size pixels;
     SDL_GetWindowSize(window_.get(), &size.width, &size.height);
     SDL_GetWindowSizeInPixels(window_.get(), &pixels.width, &pixels.height);
-    const Point pixel = toPixels(window, size, pixels);
-    const Placement placement = place(picture_, pixels);
-    if (!outside && !isOnPicture(pixel, placement, picture_)) {
-        return std::nullopt;
-    }
-    return toPicture(pixel, placement, picture_);
+    return toPicture(toPixels(window, size, pixels), place(picture_, pixels), picture_, outside);
 }
 
 } // namespace desktop
