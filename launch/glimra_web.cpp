@@ -28,39 +28,6 @@ record::RecordingHost *theRecorder = nullptr;
 
 char *toPage(const host::Problem &problem) { return problem ? strdup(problem->c_str()) : nullptr; }
 
-} // namespace
-
-extern "C" {
-
-/// Whether `text`, which the user has opened, can be the store: why not, for the caller to free,
-/// or null. The caller's text is freed, too.
-char *faultInStore(char *text)
-{
-    registry::Hive hive;
-    const auto problem = registry::readText(std::as_bytes(std::span(std::string_view(text))), hive);
-    std::free(text);
-    return toPage(problem);
-}
-
-/// The same for a record.
-char *faultInRecord(char *text)
-{
-    const auto problem = record::read(text, true).problem;
-    std::free(text);
-    return toPage(problem);
-}
-
-/// The page gets what it has not got yet of the record, up to the present moment.
-void catchUp()
-{
-    if (theRecorder) {
-        theRecorder->catchUp();
-    }
-}
-}
-
-namespace {
-
 /// The word that the page has for a situation.
 const char *kindOf(const Situation &before, const Situation &now)
 {
@@ -149,6 +116,35 @@ int recover(host::Host &host, const handheld::Program &program)
 }
 
 } // namespace
+
+extern "C" {
+
+/// Whether `text`, which the user has opened, can be the store: why not, for the caller to free,
+/// or null. The caller's text is freed, too.
+char *faultInStore(char *text)
+{
+    registry::Hive hive;
+    const auto problem = registry::readText(std::as_bytes(std::span(std::string_view(text))), hive);
+    std::free(text);
+    return toPage(problem);
+}
+
+/// The same for a record.
+char *faultInRecord(char *text)
+{
+    const auto problem = record::read(text, true).problem;
+    std::free(text);
+    return toPage(problem);
+}
+
+/// The page gets what it has not got yet of the record, up to the present moment.
+void catchUp()
+{
+    if (theRecorder) {
+        theRecorder->catchUp();
+    }
+}
+}
 
 /// "watch" and its words, "recover", or nothing.
 int main(int argc, char **argv)
