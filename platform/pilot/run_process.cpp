@@ -87,14 +87,6 @@ host::Result<Remains> runOnce(RunState &state,
     return {{outcome.value_or(""), status}, problem};
 }
 
-void reportCrash(int status)
-{
-    const std::string cause = WIFSIGNALED(status)
-                                  ? strsignal(WTERMSIG(status))
-                                  : "exit status " + std::to_string(WEXITSTATUS(status));
-    complain("the program crashed: " + cause);
-}
-
 } // namespace
 
 void Outcome::restart(const RunState &state, bool cleanly) const
@@ -135,8 +127,10 @@ int runUntilFinished(RunState state, const std::function<void(RunState &, Outcom
         std::string word;
         words >> word;
         if (WIFSIGNALED(status) || WEXITSTATUS(status) != 0 || word.empty()) {
-            reportCrash(status);
-            return crashStatus;
+            const std::string cause = WIFSIGNALED(status)
+                                          ? strsignal(WTERMSIG(status))
+                                          : "exit status " + std::to_string(WEXITSTATUS(status));
+            return complain("the program crashed: " + cause, crashStatus);
         }
         if (word == "finish") {
             int result = 0;
