@@ -38,8 +38,6 @@ public:
         request_->aio_fildes = file.number();
         request_->aio_sigevent.sigev_notify = SIGEV_NONE;
     }
-    DiskRequest(const DiskRequest &) = delete;
-    DiskRequest &operator=(const DiskRequest &) = delete;
     /// The system writes into the request until it is done.
     ~DiskRequest()
     {

@@ -18,18 +18,14 @@ namespace {
 
 using host::Event;
 
-std::uint64_t machineMilliseconds()
-{
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return static_cast<std::uint64_t>(
-        std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
-}
-
 /// The machine's own clock: milliseconds since it was started, as on the handheld.
 std::uint32_t machineTicks()
 {
-    static host::SteppingClock clock(machineMilliseconds());
-    return clock.at(machineMilliseconds());
+    const auto time = std::chrono::steady_clock::now().time_since_epoch();
+    const auto now = static_cast<std::uint64_t>(
+        std::chrono::duration_cast<std::chrono::milliseconds>(time).count());
+    static host::SteppingClock clock(now);
+    return clock.at(now);
 }
 
 } // namespace

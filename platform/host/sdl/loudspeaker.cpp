@@ -64,17 +64,6 @@ bool startAudio()
 
 } // namespace
 
-void Loudspeaker::wake()
-{
-    if (device_ == 0 && !missing_) {
-        const auto device = withinASecond([] {
-                                return startAudio() ? std::optional(openDevice()) : std::nullopt;
-                            }).value_or(std::nullopt);
-        missing_ = !device;
-        device_ = device.value_or(0);
-    }
-}
-
 void Loudspeaker::rest()
 {
     if (device_ != 0) {
@@ -89,7 +78,13 @@ void Loudspeaker::rest()
 
 void Loudspeaker::play(std::span<const std::uint8_t> samples, std::uint32_t now)
 {
-    wake();
+    if (device_ == 0 && !missing_) {
+        const auto device = withinASecond([] {
+                                return startAudio() ? std::optional(openDevice()) : std::nullopt;
+                            }).value_or(std::nullopt);
+        missing_ = !device;
+        device_ = device.value_or(0);
+    }
     SDL_QueueAudio(device_, samples.data(), static_cast<Uint32>(samples.size()));
     restAt_ = now + restAfter;
 }

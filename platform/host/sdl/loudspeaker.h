@@ -36,7 +36,6 @@ public:
     void tend(std::uint32_t now);
 
 private:
-    void wake();
     void rest();
 
     bool missing_ = false;
