@@ -147,8 +147,6 @@ void Playback::programEnded()
     }
 }
 
-std::optional<std::vector<std::byte>> Playback::loadStore() { return stores_.back(); }
-
 bool Playback::saveStore(std::span<const std::byte> bytes)
 {
     stores_.emplace_back(std::in_place, bytes.begin(), bytes.end());

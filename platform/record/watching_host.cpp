@@ -42,11 +42,6 @@ WatchingHost::WatchingHost(const Record &record, Subject subject, host::Host &sh
     }
 }
 
-std::uint32_t WatchingHost::ticks() const
-{
-    return offset_ ? shown_.ticks() + *offset_ : Playback::ticks();
-}
-
 std::optional<Event> WatchingHost::wait(std::optional<std::uint32_t> deadline)
 {
     if (!offset_) {

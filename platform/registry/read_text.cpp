@@ -92,14 +92,6 @@ private:
         position_ += atEnd() ? 0U : 1U;
         return unit;
     }
-    bool accept(char16_t unit)
-    {
-        if (peek() != unit || atEnd()) {
-            return false;
-        }
-        take();
-        return true;
-    }
     /// Of A to Z, either case.
     bool accept(std::u16string_view word)
     {
@@ -124,7 +116,7 @@ private:
         if (peek() == u';') {
             position_ += restOfLine().size();
         }
-        return peek() == u'\n' ? (take(), true) : fail("something follows the end of the entry");
+        return atEnd() || accept(u"\n") || fail("something follows the end of the entry");
     }
 
     bool readHeader()
@@ -194,15 +186,15 @@ private:
             return fail("the value belongs to no key");
         }
         std::u16string name;
-        if (!accept(u'@') && !readQuoted(name, false)) {
+        if (!accept(u"@") && !readQuoted(name, false)) {
             return false;
         }
         skipBlanks();
-        if (!accept(u'=')) {
+        if (!accept(u"=")) {
             return fail("there is no = after the name");
         }
         skipBlanks();
-        if (accept(u'-')) {
+        if (accept(u"-")) {
             key_->values.erase(name);
             return endLine();
         }
@@ -250,14 +242,14 @@ private:
             return fail("the value is neither a text in quotes nor dword: nor hex:");
         }
         value.type = REG_BINARY;
-        if (accept(u'(')) {
+        if (accept(u"(")) {
             const std::optional<DWORD> type = readNumber(8);
-            if (!type || !accept(u')')) {
+            if (!type || !accept(u")")) {
                 return fail("the type in parentheses is not a hexadecimal number");
             }
             value.type = *type;
         }
-        return accept(u':') ? readBytes(value) : fail("there is no : after hex");
+        return accept(u":") ? readBytes(value) : fail("there is no : after hex");
     }
 
     bool readDword(Value &value)
@@ -294,7 +286,7 @@ private:
                 value.data.push_back(0);
             }
             skipBlanks();
-        } while (accept(u','));
+        } while (accept(u","));
         return true;
     }
 
@@ -302,13 +294,13 @@ private:
     bool continueLine()
     {
         skipBlanks();
-        if (!accept(u'\\')) {
+        if (!accept(u"\\")) {
             return true;
         }
         do {
             const std::u16string_view rest = restOfLine();
             position_ += isOver(rest) ? rest.size() : 0;
-            if (!accept(u'\n')) {
+            if (!accept(u"\n")) {
                 return fail("the line does not go on after the backslash");
             }
             skipBlanks();
