@@ -32,10 +32,8 @@ std::uint32_t machineTicks()
 
 std::unique_ptr<Desktop> open(const Options &options)
 {
-    const Size upright{240, 320};
-    const Size turned{320, 240};
-    auto window = ScreenWindow::make(options.landscape ? turned : upright, options.scale,
-                                     loadWindowPlace(options.storeFolder));
+    auto window = ScreenWindow::make(options.landscape ? Size{320, 240} : Size{240, 320},
+                                     options.scale, loadWindowPlace(options.storeFolder));
     return window ? std::make_unique<DesktopHost>(options, std::move(window)) : nullptr;
 }
 

@@ -175,9 +175,7 @@ void ScreenWindow::fitTo(Size picture)
     const int scale = place(picture_, window).scale;
     picture_ = picture;
     SDL_SetWindowMinimumSize(window_.get(), picture.width, picture.height);
-    if ((SDL_GetWindowFlags(window_.get()) &
-         (SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_MAXIMIZED)) == 0)
-    {
+    if (!isAnyOf(SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_MAXIMIZED)) {
         SDL_SetWindowSize(window_.get(), picture.width * scale, picture.height * scale);
     }
 }
@@ -235,13 +233,13 @@ bool ScreenWindow::draw(const host::Area &part, bool everything)
 
 void ScreenWindow::toggleFullScreen()
 {
-    const bool isFull = (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
-    SDL_SetWindowFullscreen(window_.get(), isFull ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+    constexpr Uint32 full = SDL_WINDOW_FULLSCREEN_DESKTOP;
+    SDL_SetWindowFullscreen(window_.get(), isAnyOf(full) ? 0 : full);
 }
 
 void ScreenWindow::raise()
 {
-    if ((SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_MINIMIZED) != 0) {
+    if (isAnyOf(SDL_WINDOW_MINIMIZED)) {
         SDL_RestoreWindow(window_.get());
     }
     SDL_RaiseWindow(window_.get());
@@ -251,7 +249,7 @@ void ScreenWindow::notePlace()
 {
     constexpr Uint32 elsewhere =
         SDL_WINDOW_FULLSCREEN | SDL_WINDOW_MAXIMIZED | SDL_WINDOW_MINIMIZED | SDL_WINDOW_HIDDEN;
-    if ((SDL_GetWindowFlags(window_.get()) & elsewhere) != 0) {
+    if (isAnyOf(elsewhere)) {
         return;
     }
     Point corner;
