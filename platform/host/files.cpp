@@ -21,12 +21,7 @@ bool cannotSync(int error) { return error == EINVAL || error == ENOSYS; }
 
 bool bringToDisk(const Descriptor &file)
 {
-    while (fsync(file.number()) != 0) {
-        if (errno != EINTR) {
-            return cannotSync(errno);
-        }
-    }
-    return true;
+    return uninterrupted([&] { return fsync(file.number()); }) == 0 || cannotSync(errno);
 }
 
 /// Asks the system to bring a file to the disk while the program goes on.

@@ -1,7 +1,6 @@
 // Each process writes its outcome to a pipe: "finish STATUS", or "restart" and the packed state.
 #include "pilot/run_process.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -82,8 +81,7 @@ host::Result<Remains> runOnce(RunState &state,
     }
     running = 0; // it is ending: its number may soon be another's
     int status = 0;
-    while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
-    }
+    host::uninterrupted([&] { return waitpid(process, &status, 0); });
     return {{outcome.value_or(""), status}, problem};
 }
 
