@@ -244,8 +244,7 @@ std::string keyName(std::string_view code, std::string_view key)
     if (code.starts_with("Shift") || code.starts_with("Control")) {
         return std::string(code);
     }
-    const bool latin = key.size() == 1;
-    if (!latin && code.size() == 4 && code.starts_with("Key")) {
+    if (key.size() != 1 && code.size() == 4 && code.starts_with("Key")) {
         key = code.substr(3);
     }
     std::string name(key);
