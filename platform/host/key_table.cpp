@@ -5,8 +5,6 @@
 #include <span>
 #include <string>
 
-#include "host/buttons.h"
-
 namespace host {
 namespace {
 

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <utility>
 
-#include "host/buttons.h"
+#include "host/key_table.h"
 #include "host/moment.h"
 
 namespace host {
