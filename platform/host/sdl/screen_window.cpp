@@ -135,13 +135,12 @@ bool ScreenWindow::show(const host::Frame &frame, const host::Area &changed)
     if (turned) {
         fitTo(picture);
     }
-    if (!shown_) {
+    const bool first = !std::exchange(shown_, true);
+    if (first) {
         SDL_ShowWindow(window_.get());
         listenForLostDisplay(window_.get()); // SDL would wait in vain for a window to be shown
     }
-    const bool everything = turned || !shown_;
-    shown_ = true;
-    return draw(changed, everything);
+    return draw(changed, turned || first);
 }
 
 void ScreenWindow::showAgain()
