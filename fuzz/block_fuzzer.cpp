@@ -1,7 +1,6 @@
 // Takes any bytes as the stored record, followed by what a player does. A record that is accepted
 // is loaded and played until the program is closed.
 #include <array>
-#include <cstdlib>
 #include <cstring>
 #include <new>
 #include <span>

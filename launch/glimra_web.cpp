@@ -26,39 +26,6 @@ record::RecordingHost *theRecorder = nullptr;
 
 char *toPage(const host::Problem &problem) { return problem ? strdup(problem->c_str()) : nullptr; }
 
-} // namespace
-
-extern "C" {
-
-/// Whether `text`, which the user has opened, can be the store: why not, for the caller to free,
-/// or null. The caller's text is freed, too.
-char *faultInStore(char *text)
-{
-    registry::Hive hive;
-    const auto problem = registry::readText(std::as_bytes(std::span(std::string_view(text))), hive);
-    std::free(text);
-    return toPage(problem);
-}
-
-/// The same for a record.
-char *faultInRecord(char *text)
-{
-    const auto problem = record::read(text, true).problem;
-    std::free(text);
-    return toPage(problem);
-}
-
-/// The page gets what it has not got yet of the record, up to the present moment.
-void catchUp()
-{
-    if (theRecorder) {
-        theRecorder->catchUp();
-    }
-}
-}
-
-namespace {
-
 /// The word that the page has for a situation.
 const char *kindOf(const Situation &before, const Situation &now)
 {
@@ -99,7 +66,7 @@ int play(host::Host &host, const handheld::Program &program)
     GameLog games;
     record::RecordingHost recorder(host);
     recorder.begin("Glimra " GLIMRA_VERSION, false, gameSubject(games), [](std::string_view lines) {
-        web::keepRecord(lines);
+        pageKeepRecord(lines.data(), lines.size());
         return host::Problem();
     });
     theRecorder = &recorder;
@@ -122,7 +89,8 @@ int watch(host::Host &host, const handheld::Program &program, std::span<char *> 
                                           std::atoi(words[2]) != 0};
     record::WatchingHost viewer(record, gameSubject(games), host, view,
                                 {[](const record::WatchingHost::View &next) {
-                                     web::restart(next.position, next.quarterSpeed, next.playing);
+                                     pageRestart(static_cast<double>(next.position),
+                                                 next.quarterSpeed, next.playing);
                                  },
                                  [] {}});
     return handheld::run(viewer, program, record.beginning.landscape ? 1 : 0);
@@ -137,6 +105,35 @@ int recover(host::Host &host, const handheld::Program &program)
 }
 
 } // namespace
+
+extern "C" {
+
+/// Whether `text`, which the user has opened, can be the store: why not, for the caller to free,
+/// or null. The caller's text is freed, too.
+char *faultInStore(char *text)
+{
+    registry::Hive hive;
+    const auto problem = registry::readText(std::as_bytes(std::span(std::string_view(text))), hive);
+    std::free(text);
+    return toPage(problem);
+}
+
+/// The same for a record.
+char *faultInRecord(char *text)
+{
+    const auto problem = record::read(text, true).problem;
+    std::free(text);
+    return toPage(problem);
+}
+
+/// The page gets what it has not got yet of the record, up to the present moment.
+void catchUp()
+{
+    if (theRecorder) {
+        theRecorder->catchUp();
+    }
+}
+}
 
 /// "watch" and its words, "recover", or nothing.
 int main(int argc, char **argv)

@@ -89,19 +89,16 @@ public:
         begin({});
         for (;;) {
             const std::string line = host::readLine(words_.number(), "a pipe").value.value_or("");
+            end(former_);
             View next;
             int playing = 0;
-            if (line == "shown") {
-                end(former_);
-            } else if (std::sscanf(line.c_str(), "view %" SCNu64 " %d %d", &next.position,
-                                   &next.quarterSpeed, &playing) == 3)
+            if (std::sscanf(line.c_str(), "view %" SCNu64 " %d %d", &next.position,
+                            &next.quarterSpeed, &playing) == 3)
             {
                 next.playing = playing != 0;
-                end(former_);
                 former_ = present_;
                 begin(next);
-            } else {
-                end(former_);
+            } else if (line != "shown") {
                 int status = 0;
                 waitpid(present_, &status, 0);
                 return WIFEXITED(status) ? WEXITSTATUS(status) : 1;

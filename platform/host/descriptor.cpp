@@ -10,11 +10,8 @@
 namespace host {
 
 Descriptor::Descriptor(const std::filesystem::path &file, int flags)
-{
-    do {
-        number_ = open(file.c_str(), flags | O_CLOEXEC, 0666);
-    } while (number_ < 0 && errno == EINTR);
-}
+    : number_(uninterrupted([&] { return open(file.c_str(), flags | O_CLOEXEC, 0666); }))
+{}
 
 bool Descriptor::close()
 {
@@ -25,31 +22,29 @@ std::optional<std::string> Descriptor::readAll(std::size_t most) const
 {
     std::string text;
     char block[4096];
-    for (;;) {
-        const ssize_t count = read(number_, block, sizeof block);
-        if (count > 0) {
-            text.append(block, static_cast<std::size_t>(count));
-            if (text.size() > most) {
-                errno = EFBIG;
-                return std::nullopt;
-            }
-        } else if (count == 0) {
-            return text;
-        } else if (errno != EINTR) {
+    while (const ssize_t count = uninterrupted([&] { return read(number_, block, sizeof block); }))
+    {
+        if (count < 0) {
+            return std::nullopt;
+        }
+        text.append(block, static_cast<std::size_t>(count));
+        if (text.size() > most) {
+            errno = EFBIG;
             return std::nullopt;
         }
     }
+    return text;
 }
 
 bool Descriptor::writeAll(std::span<const std::byte> bytes) const
 {
     while (!bytes.empty()) {
-        const ssize_t count = write(number_, bytes.data(), bytes.size());
-        if (count >= 0) {
-            bytes = bytes.subspan(static_cast<std::size_t>(count));
-        } else if (errno != EINTR) {
+        const ssize_t count =
+            uninterrupted([&] { return write(number_, bytes.data(), bytes.size()); });
+        if (count < 0) {
             return false;
         }
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
     }
     return true;
 }
@@ -61,10 +56,8 @@ Result<std::optional<std::string>> readLine(int descriptor, const std::string &n
     const bool givesBack = lseek(descriptor, 0, SEEK_CUR) >= 0;
     std::string line;
     for (;;) {
-        const ssize_t count = read(descriptor, part, givesBack ? sizeof part : 1);
-        if (count < 0 && errno == EINTR) {
-            continue;
-        }
+        const ssize_t count =
+            uninterrupted([&] { return read(descriptor, part, givesBack ? sizeof part : 1); });
         if (count < 0) {
             return {{}, fileProblem(name)};
         }

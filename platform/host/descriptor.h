@@ -11,6 +11,17 @@
 
 namespace host {
 
+/// What a system call returns that no signal cuts short.
+template <class Call>
+auto uninterrupted(Call call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
+
 /// A file descriptor, closed with its owner.
 class Descriptor
 {

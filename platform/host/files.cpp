@@ -21,12 +21,7 @@ bool cannotSync(int error) { return error == EINVAL || error == ENOSYS; }
 
 bool bringToDisk(const Descriptor &file)
 {
-    while (fsync(file.number()) != 0) {
-        if (errno != EINTR) {
-            return cannotSync(errno);
-        }
-    }
-    return true;
+    return uninterrupted([&] { return fsync(file.number()); }) == 0 || cannotSync(errno);
 }
 
 /// Asks the system to bring a file to the disk while the program goes on.
@@ -38,8 +33,6 @@ public:
         request_->aio_fildes = file.number();
         request_->aio_sigevent.sigev_notify = SIGEV_NONE;
     }
-    DiskRequest(const DiskRequest &) = delete;
-    DiskRequest &operator=(const DiskRequest &) = delete;
     /// The system writes into the request until it is done.
     ~DiskRequest()
     {

@@ -3,7 +3,6 @@
 
 #include <utility>
 
-#include "host/buttons.h"
 #include "host/key_table.h"
 
 namespace host {

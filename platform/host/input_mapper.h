@@ -65,7 +65,6 @@ public:
     void stylusDown(Point pixel);
     void stylusMove(Point pixel);
     void stylusUp();
-    bool stylusIsDown() const { return stylus_.has_value(); }
 
     // Coming and going --------------------------------------------------------------------------
 

@@ -59,9 +59,7 @@ Problem StoreFile::save(std::span<const std::byte> bytes)
     if (protected_) {
         return file_.string() + ": left as it is, because it cannot be read or set aside";
     }
-    std::error_code ignored;
-    const bool exists = std::filesystem::is_directory(folder_, ignored);
-    const auto problem = exists ? std::nullopt : makeFolder();
+    const auto problem = makeFolder();
     return problem ? problem : replaceFile(file_, bytes);
 }
 

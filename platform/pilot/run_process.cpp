@@ -1,7 +1,6 @@
 // Each process writes its outcome to a pipe: "finish STATUS", or "restart" and the packed state.
 #include "pilot/run_process.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -82,17 +81,8 @@ host::Result<Remains> runOnce(RunState &state,
     }
     running = 0; // it is ending: its number may soon be another's
     int status = 0;
-    while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
-    }
+    host::uninterrupted([&] { return waitpid(process, &status, 0); });
     return {{outcome.value_or(""), status}, problem};
-}
-
-void reportCrash(int status)
-{
-    const std::string cause = WIFSIGNALED(status)
-                                  ? strsignal(WTERMSIG(status))
-                                  : "exit status " + std::to_string(WEXITSTATUS(status));
-    complain("the program crashed: " + cause);
 }
 
 } // namespace
@@ -135,8 +125,10 @@ int runUntilFinished(RunState state, const std::function<void(RunState &, Outcom
         std::string word;
         words >> word;
         if (WIFSIGNALED(status) || WEXITSTATUS(status) != 0 || word.empty()) {
-            reportCrash(status);
-            return crashStatus;
+            const std::string cause = WIFSIGNALED(status)
+                                          ? strsignal(WTERMSIG(status))
+                                          : "exit status " + std::to_string(WEXITSTATUS(status));
+            return complain("the program crashed: " + cause, crashStatus);
         }
         if (word == "finish") {
             int result = 0;

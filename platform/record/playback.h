@@ -43,7 +43,7 @@ public:
     }
     void dropSamples() override { speaker_.drop(); }
     bool samplesQueued() override { return speaker_.isPlaying(clock_); }
-    std::optional<std::vector<std::byte>> loadStore() override;
+    std::optional<std::vector<std::byte>> loadStore() override { return stores_.back(); }
     bool saveStore(std::span<const std::byte> bytes) override;
     void setStoreAside() override {}
     bool showHelp(std::u16string_view, std::u16string_view, std::span<const std::byte>,

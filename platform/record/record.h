@@ -20,14 +20,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "host/host.h"
 #include "host/problem.h"
-#include "record/subject.h"
 
 namespace record {
 
@@ -35,6 +36,16 @@ constexpr int formatNumber = 1;
 constexpr std::size_t largestSize = std::size_t{4} << 20U; ///< of a record's text, bytes
 constexpr std::size_t longestLine = 200;                   ///< bytes, without the end of the line
 constexpr std::uint64_t longestTime = 24ULL * 60 * 60 * 1000; ///< milliseconds
+
+/// What a record knows of the program.
+struct Subject
+{
+    /// The object whose bytes the digests are made from.
+    std::span<const std::byte> image;
+    /// The chapter that has begun since the last call, on one line, such as "game Marathon level
+    /// 3"; none: still the same.
+    std::function<std::optional<std::string>()> newChapter;
+};
 
 /// What the program finds at its start.
 struct Beginning

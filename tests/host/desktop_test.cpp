@@ -119,9 +119,11 @@ TEST(Picture, LiesInTheMiddleAtTheLargestWholeScale)
                                           {Point{603, 63}, 1, 1, true},
                                           {Point{0, 5000}, 0, 319, false}})
     {
-        const Point pixel = desktop::toPicture(point, placement, picture);
-        EXPECT_EQ(std::pair(pixel.x, pixel.y), std::pair(x, y)) << point.x;
-        EXPECT_EQ(desktop::isOnPicture(point, placement, picture), on) << point.x;
+        const Point pixel{x, y};
+        EXPECT_EQ(desktop::toPicture(point, placement, picture, true), pixel) << point.x;
+        EXPECT_EQ(desktop::toPicture(point, placement, picture, false),
+                  on ? std::optional(pixel) : std::nullopt)
+            << point.x;
     }
 }
 
@@ -140,11 +142,10 @@ TEST(Picture, IsDrawnExactlyAndStaysOnTheCanvas)
         desktop::drawEnlarged(frame, {-5, -5, 50, 50}, placement, canvas);
         for (int y = 0; y < size.height; ++y) {
             for (int x = 0; x < size.width; ++x) {
-                const Point at = desktop::toPicture({x, y}, placement, {3, 2});
-                const auto index = static_cast<std::size_t>(at.y * 3 + at.x);
+                const auto at = desktop::toPicture({x, y}, placement, {3, 2}, false);
                 const auto drawn = memory[static_cast<std::size_t>(y * size.width + x)];
-                EXPECT_EQ(drawn, desktop::isOnPicture({x, y}, placement, {3, 2}) ? colours[index]
-                                                                                 : untouched);
+                EXPECT_EQ(drawn,
+                          at ? colours[static_cast<std::size_t>(at->y * 3 + at->x)] : untouched);
             }
         }
     }

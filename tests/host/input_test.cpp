@@ -3,8 +3,8 @@
 
 #include <utility>
 
-#include "host/buttons.h"
 #include "host/input_mapper.h"
+#include "host/key_table.h"
 
 namespace {
 

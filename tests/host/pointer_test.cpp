@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/buttons.h"
+#include "host/key_table.h"
 #include "host/sdl/desktop.h"
 #include "host/sdl/sdl.h"
 #include "host/stylus_pointer.h"

@@ -120,8 +120,6 @@ host::Problem Film::begin(const std::string &file, int framesPerSecond, const ho
                : fail(0);
 }
 
-host::Problem Film::goOn() { return state_.file.empty() ? std::nullopt : open(0); }
-
 host::Problem Film::open(int flags)
 {
     pictures_ = host::Descriptor(state_.file, O_WRONLY | flags);

@@ -18,28 +18,22 @@ namespace {
 
 using host::Event;
 
-std::uint64_t machineMilliseconds()
-{
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return static_cast<std::uint64_t>(
-        std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
-}
-
 /// The machine's own clock: milliseconds since it was started, as on the handheld.
 std::uint32_t machineTicks()
 {
-    static host::SteppingClock clock(machineMilliseconds());
-    return clock.at(machineMilliseconds());
+    const auto time = std::chrono::steady_clock::now().time_since_epoch();
+    const auto now = static_cast<std::uint64_t>(
+        std::chrono::duration_cast<std::chrono::milliseconds>(time).count());
+    static host::SteppingClock clock(now);
+    return clock.at(now);
 }
 
 } // namespace
 
 std::unique_ptr<Desktop> open(const Options &options)
 {
-    const Size upright{240, 320};
-    const Size turned{320, 240};
-    auto window = ScreenWindow::make(options.landscape ? turned : upright, options.scale,
-                                     loadWindowPlace(options.storeFolder));
+    auto window = ScreenWindow::make(options.landscape ? Size{320, 240} : Size{240, 320},
+                                     options.scale, loadWindowPlace(options.storeFolder));
     return window ? std::make_unique<DesktopHost>(options, std::move(window)) : nullptr;
 }
 
@@ -193,42 +187,28 @@ void DesktopHost::takeRequests()
 
 void DesktopHost::handleWindow(const SDL_WindowEvent &event)
 {
-    switch (event.event) {
-    case SDL_WINDOWEVENT_CLOSE: // its SDL_QUIT may stand beside a request
+    const auto kind = event.event;
+    if (kind == SDL_WINDOWEVENT_CLOSE) { // its SDL_QUIT may stand beside a request
         closed_ = true;
-        break;
-    case SDL_WINDOWEVENT_SIZE_CHANGED:
+    }
+    if (kind == SDL_WINDOWEVENT_MOVED || kind == SDL_WINDOWEVENT_SIZE_CHANGED) {
         window_->notePlace();
+    }
+    if (kind == SDL_WINDOWEVENT_EXPOSED || kind == SDL_WINDOWEVENT_SIZE_CHANGED) {
         window_->showAgain();
-        break;
-    case SDL_WINDOWEVENT_EXPOSED:
-        window_->showAgain();
-        break;
-    case SDL_WINDOWEVENT_MOVED:
-        window_->notePlace();
-        break;
-    case SDL_WINDOWEVENT_FOCUS_LOST:
-        input_.setAway(true);
-        break;
-    case SDL_WINDOWEVENT_FOCUS_GAINED:
-        input_.setAway(false);
-        break;
-    case SDL_WINDOWEVENT_MINIMIZED:
-        setMinimized(true);
-        break;
-    case SDL_WINDOWEVENT_RESTORED:
-        setMinimized(false);
-        break;
-    default:
-        break;
+    }
+    if (kind == SDL_WINDOWEVENT_FOCUS_LOST || kind == SDL_WINDOWEVENT_FOCUS_GAINED) {
+        input_.setAway(kind == SDL_WINDOWEVENT_FOCUS_LOST);
+    }
+    if (kind == SDL_WINDOWEVENT_MINIMIZED || kind == SDL_WINDOWEVENT_RESTORED) {
+        setMinimized(kind == SDL_WINDOWEVENT_MINIMIZED);
     }
 }
 
 /// A window is also "restored" when it is no longer maximized.
 void DesktopHost::setMinimized(bool minimized)
 {
-    if (minimized != minimized_) {
-        minimized_ = minimized;
+    if (std::exchange(minimized_, minimized) != minimized) {
         minimized ? input_.minimize() : input_.restore();
     }
 }

@@ -14,8 +14,6 @@ class DesktopHost final : public Desktop
 {
 public:
     DesktopHost(const Options &options, std::unique_ptr<ScreenWindow> window);
-    DesktopHost(const DesktopHost &) = delete;
-    DesktopHost &operator=(const DesktopHost &) = delete;
     /// Keeps the place of the window for the next run.
     ~DesktopHost() override;
 

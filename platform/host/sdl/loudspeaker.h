@@ -28,7 +28,7 @@ public:
     /// `now` is the desktop's clock.
     void play(std::span<const std::uint8_t> samples, std::uint32_t now);
     void drop();
-    bool queued() const;
+    bool queued() const { return device_ != 0 && SDL_GetQueuedAudioSize(device_) > 0; }
 
     /// How long the process may sleep before `tend` is due, in milliseconds; none: forever.
     std::optional<int> tendInterval(std::uint32_t now) const;
@@ -36,7 +36,6 @@ public:
     void tend(std::uint32_t now);
 
 private:
-    void wake();
     void rest();
 
     bool missing_ = false;

@@ -11,8 +11,6 @@
 namespace desktop {
 namespace {
 
-constexpr int closingSignals[] = {SIGTERM, SIGINT, SIGHUP};
-
 volatile std::sig_atomic_t closeAsked = 0;
 volatile std::sig_atomic_t showAsked = 0;
 volatile std::sig_atomic_t woken = 0;
@@ -66,7 +64,7 @@ void listenForRequests()
         sigaddset(&action.sa_mask, number);
         sigaction(number, &action, nullptr);
     }
-    for (const int number : closingSignals) {
+    for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
         struct sigaction before = {};
         sigaction(number, nullptr, &before);
         if (before.sa_handler != SIG_IGN) { // as nohup has it

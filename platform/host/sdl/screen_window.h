@@ -60,6 +60,7 @@ private:
         void operator()(SDL_Surface *s) const { SDL_FreeSurface(s); }
     };
     ScreenWindow(SDL_Window *window, Size picture) : window_(window), picture_(picture) {}
+    bool isAnyOf(Uint32 flags) const { return (SDL_GetWindowFlags(window_.get()) & flags) != 0; }
     void fitTo(Size picture);
     SDL_Surface *canvasFor(SDL_Surface *target);
     bool draw(const host::Area &part, bool everything = false);

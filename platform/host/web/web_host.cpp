@@ -87,7 +87,7 @@ void WebHost::sleep(std::optional<std::uint32_t> until)
     int longest = -1;
     for (const auto moment : {input_.due(), until}) {
         if (moment) {
-            const int left = std::max(0, host::distance(now, *moment));
+            const int left = host::remaining(now, *moment);
             longest = longest < 0 ? left : std::min(longest, left);
         }
     }
@@ -111,23 +111,20 @@ void WebHost::present(const host::Frame &frame, const host::Area &changed)
 /// Gives the page an area of the frame, the pointer over it.
 void WebHost::draw(const host::Area &area)
 {
-    const auto target = [&](int x, int y) {
-        return picture_.data() + (y * frame_.width + x) * channels;
-    };
-    const int width = area.right - area.left;
-    for (int y = area.top; y < area.bottom; ++y) {
-        convert(frame_.pixels + y * frame_.width + area.left, target(area.left, y), width);
-    }
-    if (pointer_) {
-        const auto pixels = host::pointerPixels(*pointer_, frame_);
-        const host::Area pen = host::pointerArea(*pointer_, {frame_.width, frame_.height});
-        const int penWidth = pen.right - pen.left;
-        for (int y = pen.top; y < pen.bottom; ++y) {
-            convert(pixels.data() + (y - pen.top) * penWidth, target(pen.left, y), penWidth);
+    const auto put = [&](const host::Area &part, const host::Pixel *source, int pitch) {
+        for (int y = part.top; y < part.bottom; ++y) {
+            convert(source + (y - part.top) * pitch,
+                    picture_.data() + (y * frame_.width + part.left) * channels,
+                    part.right - part.left);
         }
+    };
+    put(area, frame_.pixels + area.top * frame_.width + area.left, frame_.width);
+    if (pointer_) {
+        const host::Area pen = host::pointerArea(*pointer_, {frame_.width, frame_.height});
+        put(pen, host::pointerPixels(*pointer_, frame_).data(), pen.right - pen.left);
     }
-    pageDraw(picture_.data(), frame_.width, frame_.height, area.left, area.top, width,
-             area.bottom - area.top);
+    pageDraw(picture_.data(), frame_.width, frame_.height, area.left, area.top,
+             area.right - area.left, area.bottom - area.top);
 }
 
 void WebHost::showPointer()
@@ -244,8 +241,7 @@ std::string keyName(std::string_view code, std::string_view key)
     if (code.starts_with("Shift") || code.starts_with("Control")) {
         return std::string(code);
     }
-    const bool latin = key.size() == 1;
-    if (!latin && code.size() == 4 && code.starts_with("Key")) {
+    if (key.size() != 1 && code.size() == 4 && code.starts_with("Key")) {
         key = code.substr(3);
     }
     std::string name(key);
