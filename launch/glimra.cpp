@@ -1,11 +1,9 @@
 // glimra: the game on the desktop.
-#include <csignal>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
 
-#include <fcntl.h>
 #include <pwd.h>
 #include <unistd.h>
 
@@ -17,6 +15,7 @@
 #include "host/files.h"
 #include "host/moment.h"
 #include "host/sdl/desktop.h"
+#include "host/standard_streams.h"
 #include "host/store_file.h"
 #include "launch/command_line.h"
 #include "launch/game_subject.h"
@@ -56,19 +55,6 @@ so does a controller's right stick. With its Back held, Start quits, X helps, Y 
 Exit status: 0 when the game was closed, 1 when there is no display or a file cannot be had, 2 for a
 wrong option.
 )";
-
-/// To be called before anything is opened. What is closed of the three streams that a process is
-/// started with leads nowhere from now on, so that no other file gets its number, and a line that
-/// nobody reads any more is lost without ending the process.
-void secureStandardStreams()
-{
-    std::signal(SIGPIPE, SIG_IGN);
-    int number = 0;
-    while (number >= 0 && number <= STDERR_FILENO) {
-        number = open("/dev/null", O_RDWR); // takes the lowest that is free
-    }
-    close(number);
-}
 
 std::filesystem::path defaultStore()
 {
@@ -158,7 +144,7 @@ int playRecorded(desktop::Desktop &host, const CommandLine &line, SessionRecords
 
 int main(int argc, char **argv)
 {
-    secureStandardStreams();
+    host::secureStandardStreams();
     const CommandLine line(argc, argv, {"glimra", usage, "glimra " GLIMRA_VERSION "\n"},
                            {{"store"},
                             {"scale"},

@@ -1,7 +1,9 @@
 // glimra-pilot: the game on a virtual handheld, played by a script.
 #include "app/settings_check.h"
+#include "base/utf.h"
 #include "launch/command_line.h"
 #include "launch/game_subject.h"
+#include "pilot/check.h"
 #include "pilot/pilot.h"
 #include "resources/program_resources.h"
 
@@ -35,16 +37,24 @@ int main(int argc, char **argv)
 {
     const CommandLine line(argc, argv, {"pilot", usage, "glimra-pilot " GLIMRA_VERSION "\n"},
                            {{"store"}, {"clock"}, {"landscape", false}, {"record"}, {"check"}}, 1);
-    const pilot::Options options{.store = line.value("store"),
-                                 .clock = line.number("clock", 0, 4294967295),
-                                 .landscape = line.has("landscape"),
-                                 .record = line.value("record"),
-                                 .script = line.words().empty() ? "-" : line.words()[0],
-                                 .version = "Glimra " GLIMRA_VERSION};
+    pilot::Options options{.store = line.value("store"),
+                           .clock = line.number("clock", 0, 4294967295),
+                           .landscape = line.has("landscape"),
+                           .record = line.value("record"),
+                           .version = "Glimra " GLIMRA_VERSION};
+    if (!line.words().empty()) {
+        options.script = line.words()[0];
+    }
     const handheld::Program program{WinMain, programResources()};
     GameLog games;
-    const pilot::Subject subject{gameSubject(games), [] { return findFault(gameApp); },
-                                 [&games] { return games.account(); }};
+    const auto account = [&] {
+        std::vector<std::string> lines;
+        for (const std::u16string &each : games.account()) {
+            lines.push_back(base::toUtf8(each));
+        }
+        return lines;
+    };
+    const pilot::Subject subject{gameSubject(games), [] { return findFault(gameApp); }, account};
     const auto record = line.value("check");
     return record ? pilot::check(*record, program, subject) : pilot::run(options, program, subject);
 }

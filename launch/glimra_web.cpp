@@ -66,7 +66,7 @@ int play(host::Host &host, const handheld::Program &program)
     GameLog games;
     record::RecordingHost recorder(host);
     recorder.begin("Glimra " GLIMRA_VERSION, false, gameSubject(games), [](std::string_view lines) {
-        pageKeepRecord(lines.data(), lines.size());
+        web::keepRecord(lines);
         return host::Problem();
     });
     theRecorder = &recorder;
@@ -89,8 +89,7 @@ int watch(host::Host &host, const handheld::Program &program, std::span<char *> 
                                           std::atoi(words[2]) != 0};
     record::WatchingHost viewer(record, gameSubject(games), host, view,
                                 {[](const record::WatchingHost::View &next) {
-                                     pageRestart(static_cast<double>(next.position),
-                                                 next.quarterSpeed, next.playing);
+                                     web::restart(next.position, next.quarterSpeed, next.playing);
                                  },
                                  [] {}});
     return handheld::run(viewer, program, record.beginning.landscape ? 1 : 0);

@@ -4,15 +4,12 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "base/utf.h"
 #include "host/files.h"
 #include "host/pilot/pilot_host.h"
 #include "host/store_file.h"
 #include "host/temporary_folder.h"
 #include "pilot/player.h"
 #include "pilot/run_process.h"
-#include "record/playback.h"
-#include "record/read_file.h"
 #include "record/recording_host.h"
 
 namespace pilot {
@@ -96,30 +93,6 @@ int run(const Options &options, const handheld::Program &program, const Subject 
             recorder.close();
             return exitCode;
         });
-    });
-}
-
-/// Plays a record at full speed in a process of its own.
-int check(const std::string &file, const handheld::Program &program, const Subject &subject)
-{
-    const auto read = record::readFile(file);
-    const record::Record &record = read.value;
-    if (read.problem) {
-        return complain(*read.problem, 2);
-    }
-    if (!record.hasDigests()) {
-        return complain(
-            file + ": has nothing to compare with, as one of the first versions wrote it", 2);
-    }
-    return runUntilFinished({}, [&](RunState &, Outcome &outcome) {
-        record::Playback playback(record, subject);
-        handheld::run(playback, program, record.beginning.landscape ? 1 : 0);
-        playback.programEnded();
-        for (const std::u16string &line : subject.account()) {
-            say(base::toUtf8(line));
-        }
-        say(playback.difference().value_or("holds"));
-        outcome.finish(playback.difference() ? 1 : 0);
     });
 }
 

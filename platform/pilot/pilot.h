@@ -1,5 +1,4 @@
-// Runs a program on the virtual handheld by a script. Checks a record: whether the program does
-// again what the record says.
+// Runs a program on the virtual handheld by a script.
 #pragma once
 
 #include <cstdint>
@@ -26,11 +25,5 @@ struct Options
 /// that cannot be read or written, 2 for a mistake in the script, 3 when the program crashed or a
 /// check found a fault.
 int run(const Options &options, const handheld::Program &program, const Subject &subject);
-
-/// Plays the record in `file` and prints the account of its games, then "holds", or where the
-/// program does something else: "differs at 0:41.200, line 812". Returns the exit status: 0 when it
-/// holds, 1 when it differs, 2 when the file is no record that can be checked, 3 when the program
-/// crashed.
-int check(const std::string &file, const handheld::Program &program, const Subject &subject);
 
 } // namespace pilot

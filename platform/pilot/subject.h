@@ -11,8 +11,8 @@ namespace pilot {
 struct Subject : record::Subject
 {
     std::function<std::optional<std::string>()> findFault; ///< what is wrong in it; none: nothing
-    /// A line for each game that was played.
-    std::function<std::vector<std::u16string>()> account;
+    /// A line for each game that was played, in UTF-8.
+    std::function<std::vector<std::string>()> account;
 };
 
 } // namespace pilot

@@ -187,21 +187,34 @@ void DesktopHost::takeRequests()
 
 void DesktopHost::handleWindow(const SDL_WindowEvent &event)
 {
-    const auto kind = event.event;
-    if (kind == SDL_WINDOWEVENT_CLOSE) { // its SDL_QUIT may stand beside a request
+    switch (event.event) {
+    case SDL_WINDOWEVENT_CLOSE: // its SDL_QUIT may stand beside a request
         closed_ = true;
-    }
-    if (kind == SDL_WINDOWEVENT_MOVED || kind == SDL_WINDOWEVENT_SIZE_CHANGED) {
+        break;
+    case SDL_WINDOWEVENT_SIZE_CHANGED:
         window_->notePlace();
-    }
-    if (kind == SDL_WINDOWEVENT_EXPOSED || kind == SDL_WINDOWEVENT_SIZE_CHANGED) {
         window_->showAgain();
-    }
-    if (kind == SDL_WINDOWEVENT_FOCUS_LOST || kind == SDL_WINDOWEVENT_FOCUS_GAINED) {
-        input_.setAway(kind == SDL_WINDOWEVENT_FOCUS_LOST);
-    }
-    if (kind == SDL_WINDOWEVENT_MINIMIZED || kind == SDL_WINDOWEVENT_RESTORED) {
-        setMinimized(kind == SDL_WINDOWEVENT_MINIMIZED);
+        break;
+    case SDL_WINDOWEVENT_EXPOSED:
+        window_->showAgain();
+        break;
+    case SDL_WINDOWEVENT_MOVED:
+        window_->notePlace();
+        break;
+    case SDL_WINDOWEVENT_FOCUS_LOST:
+        input_.setAway(true);
+        break;
+    case SDL_WINDOWEVENT_FOCUS_GAINED:
+        input_.setAway(false);
+        break;
+    case SDL_WINDOWEVENT_MINIMIZED:
+        setMinimized(true);
+        break;
+    case SDL_WINDOWEVENT_RESTORED:
+        setMinimized(false);
+        break;
+    default:
+        break;
     }
 }
 

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <array>
-#include <sstream>
+#include <cstdlib>
 #include <string>
 
 #include "host/files.h"
@@ -17,14 +17,21 @@ std::filesystem::path placeFile(const std::filesystem::path &folder) { return fo
 
 std::optional<WindowPlace> loadWindowPlace(const std::filesystem::path &folder)
 {
-    constexpr int farthest = 32767; // as far as coordinates go on a desktop
-    std::istringstream words(host::readFile(placeFile(folder)).value.value_or(""));
+    constexpr long farthest = 32767; // as far as coordinates go on a desktop
+    const auto text = host::readFile(placeFile(folder)).value;
+    if (!text) {
+        return std::nullopt;
+    }
     std::array<int, 4> numbers{};
+    const char *at = text->c_str();
     for (int &number : numbers) {
-        words >> number;
-        if (!words || number < -farthest || number > farthest) {
+        char *end = nullptr;
+        const long value = std::strtol(at, &end, 10);
+        if (end == at || value < -farthest || value > farthest) {
             return std::nullopt;
         }
+        number = static_cast<int>(value);
+        at = end;
     }
     const auto [width, height, left, top] = numbers;
     return width > 0 && height > 0 ? std::optional(WindowPlace{{left, top}, {width, height}})
