@@ -56,9 +56,9 @@ Exit status: 0 when the game was closed, 1 when there is no display or a file ca
 wrong option.
 )";
 
-/// To be called before anything is opened. What is closed of the three streams that a process is
-/// started with leads nowhere from now on, so that no other file gets its number, and a line that
-/// nobody reads any more is lost without ending the process.
+/// The three streams that a process is started with. To be called before anything is opened. What
+/// is closed of the three leads nowhere from now on, so that no other file gets its number, and a
+/// line that nobody reads any more is lost without ending the process.
 void secureStandardStreams()
 {
     std::signal(SIGPIPE, SIG_IGN);

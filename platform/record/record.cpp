@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "record/base64.h"
-#include "record/digest.h"
 #include "record/input_command.h"
 
 namespace record {

@@ -103,6 +103,23 @@ std::string_view wholeLines(std::string_view text);
 /// lines: it was being written when the process or the machine was stopped.
 host::Result<Record> read(std::string_view text, bool cut = false);
 
+/// A number that two runs share only when the bytes it was made from are the same: FNV-1a with 64
+/// bits.
+class Digest
+{
+public:
+    void add(std::span<const std::byte> bytes)
+    {
+        for (const std::byte each : bytes) {
+            value_ = (value_ ^ std::to_integer<std::uint64_t>(each)) * 0x100000001B3U;
+        }
+    }
+    std::uint64_t value() const { return value_; }
+
+private:
+    std::uint64_t value_ = 0xCBF29CE484222325U;
+};
+
 /// The digest of the program and the clock.
 std::uint64_t digestOf(const Subject &subject, std::uint32_t clock);
 /// 16 hexadecimal digits.

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "host/host.h"
-#include "record/digest.h"
 #include "record/record.h"
 
 namespace record {
