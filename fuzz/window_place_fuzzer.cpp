@@ -6,6 +6,12 @@
 #include "host/sdl/window_place.h"
 #include "host/temporary_folder.h"
 
+/// In memory where there is such a folder; one of its own for each process.
+extern "C" int LLVMFuzzerInitialize(int *, char ***)
+{
+    return std::filesystem::is_directory("/dev/shm") ? setenv("TMPDIR", "/dev/shm", 0) : 0;
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     static const host::TemporaryFolder folder("glimra-place");
