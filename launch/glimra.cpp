@@ -83,9 +83,8 @@ int watchRecord(const CommandLine &line, const std::filesystem::path &store,
     if (problem) {
         return line.complain(*problem);
     }
-    return watch(record, line.number("scale", 1, 16), program)
-               ? line.complain("there is no display to open a window on")
-               : 0;
+    const auto unseen = watch(record, line.number("scale", 1, 16), program);
+    return unseen ? line.complain(*unseen) : 0;
 }
 
 bool isPlaying() { return situationOf(gameApp).stage == Stage::Playing; }

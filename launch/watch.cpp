@@ -8,6 +8,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -34,7 +35,8 @@ struct Viewing
 
 volatile std::sig_atomic_t presentChild = 0;
 
-/// What asks this process to end asks the child, whose end is also this one's.
+/// What asks this process to end asks the child, whose end is also this one's. To be called only
+/// when there is one: a number below 1 stands for many processes.
 void passOn(int) { kill(presentChild, SIGTERM); }
 
 void handleEnd(void (*act)(int))
@@ -83,11 +85,11 @@ class Children
 public:
     explicit Children(const Viewing &viewing) : viewing_(viewing) {}
 
-    /// Follows them to the end; returns the last one's exit status.
-    int follow()
+    /// Follows them to the end.
+    host::Problem follow()
     {
-        begin({});
-        for (;;) {
+        auto problem = begin({});
+        while (!problem) {
             const std::string line = host::readLine(words_.number(), "a pipe").value.value_or("");
             end(former_);
             View next;
@@ -97,32 +99,49 @@ public:
             {
                 next.playing = playing != 0;
                 former_ = present_;
-                begin(next);
+                problem = begin(next);
             } else if (line != "shown") {
-                int status = 0;
-                waitpid(present_, &status, 0);
-                return WIFEXITED(status) ? WEXITSTATUS(status) : 1;
+                return reap();
             }
         }
+        end(former_);
+        return problem;
     }
 
 private:
-    void begin(const View &view)
+    host::Problem begin(const View &view)
     {
         int ends[2];
         if (pipe(ends) != 0) {
-            std::exit(1);
+            return host::fileProblem("a pipe");
         }
         words_ = host::Descriptor(ends[0]);
         const host::Descriptor input(ends[1]);
-        present_ = fork();
-        presentChild = present_;
-        if (present_ == 0) {
+        const pid_t child = fork();
+        if (child < 0) {
+            return host::fileProblem("a process");
+        }
+        if (child == 0) {
             handleEnd(SIG_DFL);
             words_.close();
             prctl(PR_SET_PDEATHSIG, SIGTERM);
             std::exit(show(viewing_, view, input));
         }
+        presentChild = present_ = child;
+        handleEnd(passOn);
+        return std::nullopt;
+    }
+
+    /// The present child has ended, or is about to.
+    host::Problem reap()
+    {
+        int status = 0;
+        host::uninterrupted([&] { return waitpid(present_, &status, 0); });
+        if (WIFSIGNALED(status)) {
+            return std::string("the program crashed: ") + strsignal(WTERMSIG(status));
+        }
+        return status == 0 ? std::nullopt
+                           : host::Problem("there is no display to open a window on");
     }
 
     static void end(pid_t &child)
@@ -142,9 +161,9 @@ private:
 
 } // namespace
 
-int watch(const record::Record &record, std::optional<int> scale, const handheld::Program &program)
+host::Problem watch(const record::Record &record, std::optional<int> scale,
+                    const handheld::Program &program)
 {
     const host::TemporaryFolder folder("glimra-watch");
-    handleEnd(passOn);
     return Children({record, scale, program, folder.path()}).follow();
 }
