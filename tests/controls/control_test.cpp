@@ -1,7 +1,6 @@
 // The controls as a user meets them: with stylus and keys, in a dialog.
 #include "controls/run_dialog.h"
 #include "user/icon.h"
-#include "user/program_test.h"
 
 namespace {
 

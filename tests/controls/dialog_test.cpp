@@ -4,7 +4,6 @@
 #include "controls/dialog_template.h"
 #include "controls/run_dialog.h"
 #include "gx.h"
-#include "user/program_test.h"
 
 namespace {
 

@@ -1,11 +1,7 @@
 // The running of dialogs in tests.
 #pragma once
 
-#include <functional>
-
-#include "aygshell.h"
-#include "user/recorder.h"
-#include "winuser.h"
+#include "user/program_test.h"
 
 /// What a dialog procedure answers; WM_INITDIALOG, when it is not looked at, is answered TRUE.
 using DialogHandler = std::function<INT_PTR(HWND, UINT, WPARAM, LPARAM)>;

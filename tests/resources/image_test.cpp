@@ -3,7 +3,6 @@
 
 #include "resources/image.h"
 #include "support/fake_host.h"
-#include "support/test_resources.h"
 
 namespace {
 

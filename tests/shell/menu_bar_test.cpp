@@ -1,7 +1,6 @@
 // The menu bar, its drop-downs and the menus behind them.
 #include "controls/run_dialog.h"
 #include "user/menu.h"
-#include "user/program_test.h"
 
 namespace {
 

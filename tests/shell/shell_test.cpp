@@ -2,7 +2,6 @@
 #include <algorithm>
 
 #include "controls/run_dialog.h"
-#include "user/program_test.h"
 
 namespace {
 

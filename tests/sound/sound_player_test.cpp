@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_host.h"
-#include "support/test_resources.h"
 
 namespace {
 

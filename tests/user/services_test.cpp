@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_host.h"
-#include "support/test_resources.h"
 #include "winbase.h"
 
 namespace {
