@@ -16,7 +16,8 @@ import struct
 import subprocess
 import sys
 
-from faults import EARLY, GLIMRA, PILOT, SECOND, interrupted, options, start, store, stored
+from faults import EARLY, PILOT, SECOND, interrupted, options, start, store, stored
+from desktop import start_display
 
 ERRORS = errno.ENOSPC, errno.EIO, errno.EINTR, errno.ENOMEM
 PLAN = struct.Struct("<3i52s")
@@ -90,8 +91,6 @@ def main():
     on_display = "--display" in sys.argv
     library = os.path.abspath(sys.argv[-1])
     if on_display:
-        sys.argv += [GLIMRA, PILOT]
-        from desktop import start_display
         start_display(atexit.register)
     total, between = collections.Counter(), set(states())
     found = [wrong for wrong in (viewing(library, b"pipe"), viewing(library, b"fork")) if wrong]
