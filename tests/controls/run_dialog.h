@@ -30,11 +30,3 @@ inline INT_PTR endByCommand(HWND dialog, UINT message, WPARAM wParam, LPARAM)
     return message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED ? EndDialog(dialog, LOWORD(wParam))
                                                                  : FALSE;
 }
-
-/// Makes the dialog a full-screen page with an OK button.
-inline INT_PTR beFullScreen(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    SHINITDLGINFO full{SHIDIM_FLAGS, page, SHIDIF_DONEBUTTON | SHIDIF_SIZEDLGFULLSCREEN};
-    return message == WM_INITDIALOG ? SHInitDialog(&full)
-                                    : endByCommand(page, message, wParam, lParam);
-}
