@@ -25,8 +25,11 @@ inline INT_PTR runDialog(unsigned id, HWND owner, DialogHandler handler = {})
 }
 
 /// Ends the dialog with the identifier of any button that is clicked.
-inline INT_PTR endByCommand(HWND dialog, UINT message, WPARAM wParam, LPARAM)
+inline INT_PTR endByCommand(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    return message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED ? EndDialog(dialog, LOWORD(wParam))
-                                                                 : FALSE;
+    if (message != WM_COMMAND || HIWORD(wParam) != BN_CLICKED) {
+        return FALSE;
+    }
+    EXPECT_EQ(lParam, static_cast<LPARAM>(GetDlgItem(dialog, LOWORD(wParam)).value));
+    return EndDialog(dialog, LOWORD(wParam));
 }
