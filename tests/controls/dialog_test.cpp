@@ -140,6 +140,20 @@ TEST_F(Dialog, EscCancelsAndIsNotPolledAsItsButton)
     GXCloseInput();
 }
 
+TEST_F(Dialog, EndsWhileAnotherProgramIsAtTheFront)
+{
+    host.give({.kind = Kind::Background});
+    const INT_PTR result =
+        runDialog(5, owner, [](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+            return message == WM_ACTIVATE && wParam == WA_INACTIVE ? EndDialog(page, 3) : FALSE;
+        });
+    EXPECT_EQ(result, 3);
+    EXPECT_FALSE(GetActiveWindow());
+    host.give({.kind = Kind::Foreground});
+    host.run();
+    EXPECT_EQ(GetActiveWindow(), owner);
+}
+
 TEST_F(Dialog, QuittingAndClosingEndEveryLoop)
 {
     const auto nest = [&](const std::function<void()> &action) {

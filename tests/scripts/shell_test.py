@@ -68,6 +68,10 @@ class ShellTest(store.FolderTest):
                 block = self.read("s")
                 self.assertEqual({name: store.field(block, name) for name in fields}, fields)
 
+    def test_the_title_page_makes_room_for_the_high_scores(self):
+        self.play("wait 10500\nshot a.png\ntap 120 150\nmenu IDM_SHOW_HIGH_SCORES\nshot b.png\n")
+        self.assertEqual(self.read("a.png"), self.read("b.png"))
+
     def test_buttons(self):
         for script, output, changes in [
                 ("click IDC_ACTION_0\npress 91\npress 131\npress 65\n", [], {0: 65}),
