@@ -13,6 +13,7 @@ from store import expand, OVER, PAUSED, PLAYING, RUNNING, TITLE
 PILOT = os.path.abspath(sys.argv.pop(1))
 GAME = "menu IDM_NEW_GAME\nwait 500\n"
 ABANDON = 'box "Abandon Game" "Do you want to abandon the current game?"'
+SCORES = 'box "Show high scores" "You cannot display the high score table during a game"'
 PORTRAIT = ('box "Glimra" "This program is designed to run in portrait mode. Tap Ok to switch to portrait mode or '
             'Cancel to close this program."')
 RETURN = 'box "Glimra" "Would you like to return to your previous orientation settings?"'
@@ -32,8 +33,15 @@ class ShellTest(store.FolderTest):
         self.play(GAME + "state game\n")
         store.write_block(self.folder / "s", store.changed(self.read("game"), state=OVER, **fields))
 
+    def expect(self, script, output, fields):
+        """What a script prints, and what the game has in fields of its block after it."""
+        with self.subTest(script):
+            self.assertEqual(self.play(script + "state state\n"), output)
+            block = self.read("state")
+            self.assertEqual({name: store.field(block, name) for name in fields}, fields)
+
     def test_commands(self):
-        for script, output, fields in [
+        for case in [
                 ("menu IDM_ABANDON_GAME\n", [expand("grayed IDM_ABANDON_GAME")], {"appState": TITLE}),
                 (GAME + "menu IDM_NEW_GAME\nmenu IDM_GAME_OPTIONS\n",
                  [expand("grayed IDM_NEW_GAME"), expand("grayed IDM_GAME_OPTIONS")],
@@ -42,31 +50,31 @@ class ShellTest(store.FolderTest):
                  {"appState": PLAYING, "state": PAUSED}),
                 (GAME + "menu IDM_ABANDON_GAME\nclick IDYES\n", [ABANDON], {"appState": TITLE, "page": 0}),
                 (GAME + "menu IDM_SHOW_HIGH_SCORES\nclick IDOK\ntap 120 150\n",
-                 ['box "Show high scores" "You cannot display the high score table during a game"'],
-                 {"appState": PLAYING, "state": RUNNING}),
+                 [SCORES], {"appState": PLAYING, "state": RUNNING}),
                 ("menu IDM_SHOW_HIGH_SCORES\nwait 9900\n", [], {"page": 1}),
                 ("menu IDM_SHOW_HIGH_SCORES\nwait 100\ntap 180 150\n", [], {"page": 0, "mode": 0}),
                 ("open 0\ndismiss\nwait 30000\n", [], {"page": 0}),
                 (GAME + "away\nback\nwait 1000\n", [], {"state": PAUSED, "y": -2}),
                 (GAME + "menu IDM_ABOUT\npress 27\ndone\nhelp\n", ["exec peghelp.exe file:glimra.htm#Main_Contents"],
-                 {"state": PAUSED}),
-                # Keys and the stylus in menus; Abandon Game is grayed. A last tap on Play shows whether one is still open.
-                ("open 0\npress 40\npress 13\n", [], {"appState": PLAYING}),
-                ("open 0\npress 40\npress 40\npress 13\n", [], {"page": 1}),
-                ("open 0\npress 38\npress 13\n", [], {"page": 1}),
-                ("open 0\npress 40\npress 40\npress 40\npress 13\n", [], {"appState": PLAYING}),
-                ("open 0\npress 39\npress 13\nselect IDC_QUEUE 1\ndone\n", [], {"queueLength": 1}),
-                ("open 0\npress 37\npress 37\npress 13\n", [], {"appState": PLAYING}),
-                ("open 0\npress 65\npress 27\ntap 120 241\n", [], {"appState": PLAYING}),
-                ("open 0\ntap 60 256\ntap 120 241\n", [], {"appState": TITLE}),
-                ("open 0\ntap 60 256\ntap 120 241\ntap 120 241\n", [], {"appState": PLAYING}),
-                ("stylus down 25 307\nstylus move 60 283\nstylus up 60 283\n", [], {"page": 1}),
-                ("open 0\ntap 80 307\ntap 80 236\nselect IDC_QUEUE 1\ndone\n", [], {"queueLength": 1}),
-                ("open 0\ntap 80 307\ntap 80 307\ntap 120 241\n", [], {"appState": PLAYING})]:
-            with self.subTest(script):
-                self.assertEqual(self.play(script + "state s\n"), output)
-                block = self.read("s")
-                self.assertEqual({name: store.field(block, name) for name in fields}, fields)
+                 {"state": PAUSED})]:
+            self.expect(*case)
+
+    def test_menus(self):
+        """By keys and by the stylus; Abandon Game is grayed. A last tap on Play shows whether a menu is still open."""
+        for script, fields in [
+                ("open 0\npress 40\npress 13\n", {"appState": PLAYING}),
+                ("open 0\npress 40\npress 40\npress 13\n", {"page": 1}),
+                ("open 0\npress 38\npress 13\n", {"page": 1}),
+                ("open 0\npress 40\npress 40\npress 40\npress 13\n", {"appState": PLAYING}),
+                ("open 0\npress 39\npress 13\nselect IDC_QUEUE 1\ndone\n", {"queueLength": 1}),
+                ("open 0\npress 37\npress 37\npress 13\n", {"appState": PLAYING}),
+                ("open 0\npress 65\npress 27\ntap 120 241\n", {"appState": PLAYING}),
+                ("open 0\ntap 60 256\ntap 120 241\n", {"appState": TITLE}),
+                ("open 0\ntap 60 256\ntap 120 241\ntap 120 241\n", {"appState": PLAYING}),
+                ("stylus down 25 307\nstylus move 60 283\nstylus up 60 283\n", {"page": 1}),
+                ("open 0\ntap 80 307\ntap 80 236\nselect IDC_QUEUE 1\ndone\n", {"queueLength": 1}),
+                ("open 0\ntap 80 307\ntap 80 307\ntap 120 241\n", {"appState": PLAYING})]:
+            self.expect(script, [], fields)
 
     def test_the_title_page_makes_room_for_the_high_scores(self):
         self.play("wait 10500\nshot a.png\ntap 120 150\nmenu IDM_SHOW_HIGH_SCORES\nshot b.png\n")
@@ -106,16 +114,15 @@ class ShellTest(store.FolderTest):
                       "--store", "s")
             block = store.read_block(self.folder / "s")
             self.assertEqual((store.field(block, "queueLength"), *block[652:655]), (length, 1, 0, 1))
-        for script, length in [  # the field of the queue lies at (150, 51); it begins with the last of three items
-                ("tap 150 51\ntap 150 70\n", 0), ("tap 150 51\ntap 150 87\n", 1), ("tap 150 51\ntap 150 200\n", 6),
-                ("tap 150 51\ntap 150 150\npress 38\n", 6),  # elsewhere: the list closes, another has the focus
-                ("stylus down 150 51\nstylus move 150 70\nstylus up 150 87\n", 1),
-                *(("".join(f"press {key}\n" for key in (9, 9, 9, *keys)), length) for keys, length in [  # by Tab
-                    ([38], 1), ([38, 115, 36], 1), ([38, 115, 36, 13], 0), ([115, 36, 27, 38], 1), ([36, 40], 1), ([36, 35], 6),
-                    ([39], 6), ([37, 37, 37], 0)])]:
-            with self.subTest(script):
-                self.play(f"menu IDM_GAME_OPTIONS\n{script}done\nstate state\n")
-                self.assertEqual(store.field(self.read("state"), "queueLength"), length)
+        # The field of the queue lies at (150, 51) and begins with the last of three items.
+        scripts = [("tap 150 51\ntap 150 70\n", 0), ("tap 150 51\ntap 150 87\n", 1), ("tap 150 51\ntap 150 200\n", 6),
+                   ("tap 150 51\ntap 150 150\npress 38\n", 6),  # elsewhere: the list closes, another has the focus
+                   ("stylus down 150 51\nstylus move 150 70\nstylus up 150 87\n", 1)]
+        for keys, length in [([38], 1), ([38, 115, 36], 1), ([38, 115, 36, 13], 0), ([115, 36, 27, 38], 1), ([36, 40], 1),
+                             ([36, 35], 6), ([39], 6), ([37, 37, 37], 0)]:
+            scripts.append(("".join(f"press {key}\n" for key in (9, 9, 9, *keys)), length))  # Tab leads there
+        for script, length in scripts:
+            self.expect(f"menu IDM_GAME_OPTIONS\n{script}done\n", [], {"queueLength": length})
 
     def test_names(self):
         for script, fields, table, row in [
@@ -159,13 +166,13 @@ class ShellTest(store.FolderTest):
 
     def test_keys_answer_boxes(self):
         """A tap resumes the game once the box is gone."""
-        for box, keys, after in [("ABANDON_GAME", [13], {"appState": TITLE}), ("ABANDON_GAME", [89], {"appState": TITLE}),
-                                 *(("ABANDON_GAME", keys, {"state": RUNNING}) for keys in ([9, 13], [37, 13], [39, 13], [78])),
-                                 ("ABANDON_GAME", [27], {"state": PAUSED}), ("SHOW_HIGH_SCORES", [78], {"state": PAUSED}),
-                                 ("SHOW_HIGH_SCORES", [13], {"state": RUNNING}), ("SHOW_HIGH_SCORES", [27], {"state": RUNNING})]:
-            with self.subTest(box, keys=keys):
-                self.play("".join([GAME, f"menu IDM_{box}\n", *(f"press {key}\n" for key in keys), "tap 120 40\nstate s\n"]))
-                self.assertEqual({name: store.field(self.read("s"), name) for name in after}, after)
+        for menu, box, keys, fields in [
+                ("ABANDON_GAME", ABANDON, [13], {"appState": TITLE}), ("ABANDON_GAME", ABANDON, [89], {"appState": TITLE}),
+                *(("ABANDON_GAME", ABANDON, keys, {"state": RUNNING}) for keys in ([9, 13], [37, 13], [39, 13], [78])),
+                ("ABANDON_GAME", ABANDON, [27], {"state": PAUSED}), ("SHOW_HIGH_SCORES", SCORES, [78], {"state": PAUSED}),
+                *(("SHOW_HIGH_SCORES", SCORES, keys, {"state": RUNNING}) for keys in ([13], [27]))]:
+            presses = "".join(f"press {key}\n" for key in keys)
+            self.expect(f"{GAME}menu IDM_{menu}\n{presses}tap 120 40\n", [box], fields)
 
     def test_orientation(self):
         for options, script, output in [
