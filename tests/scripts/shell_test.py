@@ -115,8 +115,9 @@ class ShellTest(store.FolderTest):
             block = store.read_block(self.folder / "s")
             self.assertEqual((store.field(block, "queueLength"), *block[652:655]), (length, 1, 0, 1))
         # The field of the queue lies at (150, 51) and begins with the last of three items.
-        scripts = [("tap 150 51\ntap 150 70\n", 0), ("tap 150 51\ntap 150 87\n", 1), ("tap 150 51\ntap 150 200\n", 6),
-                   ("tap 150 51\ntap 150 150\npress 38\n", 6),  # elsewhere: the list closes, another has the focus
+        scripts = [("tap 150 51\ntap 150 70\n", 0), ("tap 150 51\ntap 150 87\n", 1),
+                   ("tap 150 51\ntap 150 200\npress 38\n", 1),  # elsewhere: the list closes
+                   ("tap 150 51\ntap 150 150\npress 38\n", 6),  # on another field: that has the focus
                    ("stylus down 150 51\nstylus move 150 70\nstylus up 150 87\n", 1)]
         for keys, length in [([38], 1), ([38, 115, 36], 1), ([38, 115, 36, 13], 0), ([115, 36, 27, 38], 1), ([36, 40], 1),
                              ([36, 35], 6), ([39], 6), ([37, 37, 37], 0)]:
