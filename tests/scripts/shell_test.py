@@ -119,9 +119,10 @@ class ShellTest(store.FolderTest):
         scripts = [("tap 150 51\ntap 150 70\n", 0), ("tap 150 51\ntap 150 87\n", 1),
                    ("tap 150 51\ntap 150 200\npress 38\n", 1),  # elsewhere: the list closes
                    ("tap 150 51\ntap 150 150\npress 38\n", 6),  # on another field: that has the focus
+                   ("tap 150 51\ntap 150 51\npress 38\n", 1),
                    ("stylus down 150 51\nstylus move 150 70\nstylus up 150 87\n", 1)]
         for keys, length in [([38], 1), ([38, 115, 36], 1), ([38, 115, 36, 13], 0), ([115, 36, 27, 38], 1), ([36, 40], 1),
-                             ([36, 35], 6), ([39], 6), ([37, 37, 37], 0)]:
+                             ([36, 35], 6), ([39], 6), ([37, 37, 37], 0), ([115, 38, 38, 13], 0), ([115, 115, 38], 1)]:
             scripts.append(("".join(f"press {key}\n" for key in (9, 9, 9, *keys)), length))  # Tab leads there
         for script, length in scripts:
             self.expect(f"menu IDM_GAME_OPTIONS\n{script}done\n", [], {"queueLength": length})
