@@ -46,6 +46,8 @@ class PilotTest(store.FolderTest):
                 output = self.run_pilot(f"echo before\n\n{command} # comment\necho after\n", status=status)
                 self.assertEqual(output, ["before"] + ["after"] * (status == 0))
                 self.assertRegex(self.errors, r"\Apilot: line 3: .+\n\Z" if status else r"\A\Z")
+        self.run_pilot("menu IDM_GAME_OPTIONS\nselect IDC_QUEUE 3\n", status=2)
+        self.assertIn("line 2", self.errors)
         for options in (["--clock", "4294967296"], ["--bogus"]):
             self.run_pilot("", *options, status=2)
         (self.folder / "file").touch()
