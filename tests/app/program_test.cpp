@@ -8,8 +8,6 @@
 #include "resources/resource.h"
 #include "support/fake_host.h"
 
-namespace {
-
 TEST(Program, LeavesNothingBehind)
 {
     SwitchedOn handheld(programResources());
@@ -44,5 +42,3 @@ TEST(Program, LeavesNothingBehind)
     EXPECT_EQ(inspect::liveObjects(), std::vector<std::string>{});
     EXPECT_EQ(gdi::liveObjects(), std::vector<std::string>{});
 }
-
-} // namespace

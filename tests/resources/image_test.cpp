@@ -4,8 +4,6 @@
 #include "resources/image.h"
 #include "support/fake_host.h"
 
-namespace {
-
 TEST(Resources, AreFoundByNumberAndName)
 {
     SwitchedOn handheld(testResources());
@@ -63,5 +61,3 @@ TEST(Resources, OfADamagedImageNothingOutsideIsRead)
         }
     }
 }
-
-} // namespace

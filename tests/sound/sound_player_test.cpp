@@ -5,8 +5,6 @@
 
 #include "support/fake_host.h"
 
-namespace {
-
 TEST(SoundPlayer, SkipsAnEffectWithoutSamples)
 {
     enum Resource
@@ -31,5 +29,3 @@ TEST(SoundPlayer, SkipsAnEffectWithoutSamples)
     }
     EXPECT_EQ(handheld.host.queued, (std::vector<std::uint8_t>{0x80, 0x90})); // not cut off
 }
-
-} // namespace

@@ -4,8 +4,6 @@
 #include "support/fake_host.h"
 #include "winbase.h"
 
-namespace {
-
 TEST(Text, NumbersAreReadAsFarAsTheyGo)
 {
     constexpr int most = std::numeric_limits<int>::max();
@@ -54,5 +52,3 @@ TEST(Processes, TheHelpViewerGetsThePageOfTheProgram)
     handheld.host.helpWorks = false;
     EXPECT_FALSE(start(u"peghelp.exe", u"file:glimra.htm"));
 }
-
-} // namespace
