@@ -16,7 +16,7 @@ import struct
 import subprocess
 import sys
 
-from faults import EARLY, PILOT, SECOND, interrupted, options, start, store, stored
+from faults import EARLY, GLIMRA, PILOT, SECOND, interrupted, options, start, store, stored
 from desktop import start_display
 
 ERRORS = errno.ENOSPC, errno.EIO, errno.EINTR, errno.ENOMEM

@@ -127,60 +127,6 @@ TEST_F(PlayScreen, MovesThePieceWithoutTouchingTheRest)
     EXPECT_TRUE(tileInCell(0, 19, I, 0));
 }
 
-TEST_F(PlayScreen, DrawsNothingAboveTheWell)
-{
-    put(T, 3, -2, 2);
-    for (int row = 0; row < 20; ++row) {
-        session.playfield.setCell(0, row, J);
-        session.playfield.setCell(4, row + 1, J);
-    }
-    session.updateGhost(); // rests where it is: above the well, so there is no outline
-    paint(dirty::everything);
-    EXPECT_TRUE(tileInCell(4, 0, T, 0));
-    EXPECT_TRUE(isBackdrop({22, 0, 132, 11}));
-    EXPECT_GT(differences({22, 11, 33, 231}, backdrops[0]), 0);
-}
-
-TEST_F(PlayScreen, ShowsRowsBeingClearedInTheLookOfTheMoment)
-{
-    for (int column = 0; column < wellColumns; ++column) {
-        session.playfield.setCell(column, 18, L);
-        session.playfield.setCell(column, 19, Z);
-    }
-    session.playfield.fullRows[19] = 1;
-    paint(dirty::everything);
-    for (const auto &[frame, look] : {std::pair(1, 1), {2, 2}, {4, 4}, {-17, 0}, {9, 4}}) {
-        session.clearFrame = frame;
-        paint(dirty::clearAnimation);
-        EXPECT_TRUE(tileInCell(7, 19, Z, look)) << frame;
-        EXPECT_TRUE(tileInCell(7, 18, L, 0)) << frame;
-    }
-}
-
-TEST_F(PlayScreen, CentresWhatIsNextAndHeldInTheirBoxes)
-{
-    PieceQueue &queue = session.playfield.piece.queue;
-    queue.count = 7;
-    queue.entries = {J, L, S, O, Z, I, T};
-    session.holdType = -1;
-    paint(dirty::everything);
-    const POINT places[] = {{174, 11}, {196, 36},  {185, 61},
-                            {180, 86}, {174, 111}, {169, 142}}; // a block of each
-    for (std::size_t i = 0; i < 6; ++i) {
-        EXPECT_TRUE(tileAt(places[i].x, places[i].y, queue.entries[i], 0)) << i;
-    }
-
-    session.queueLength = 1;
-    session.holdType = static_cast<int>(T);
-    paint(dirty::everything);
-    EXPECT_TRUE(isBackdrop({154, 36, 228, 161}));
-    EXPECT_TRUE(tileAt(174, 185, T, 0));
-    session.queueLength = 0;
-    session.holdType = -1;
-    paint(dirty::queue | dirty::hold);
-    EXPECT_TRUE(isBackdrop({154, 11, 228, 161}) && isBackdrop({154, 185, 228, 209}));
-}
-
 TEST_F(PlayScreen, HidesTheGameWhilePaused)
 {
     for (int row = 4; row < 20; ++row) {
@@ -206,50 +152,6 @@ TEST_F(PlayScreen, RestoresTheWholeBackdropOnlyWhenEverythingIsDirty)
     EXPECT_NE(pixelOf(backdrops[0], 236, 100), pixelOf(backdrops[1], 236, 100));
     paint(dirty::everything);
     EXPECT_EQ(differences({229, 0, 240, 268}, backdrops[1]), 0);
-}
-
-TEST_F(PlayScreen, WritesItsValues)
-{
-    constexpr RECT timeRect{192, 250, 232, 267};
-    session.score = 0;
-    paint(dirty::everything);
-    EXPECT_GT(differences({70, 250, 80, 267}, backdrops[0]), 10); // one digit, at the right end
-    EXPECT_TRUE(isBackdrop({0, 250, 70, 267}));
-    EXPECT_TRUE(isBackdrop(timeRect));
-    session.score = 1234567;
-    paint(dirty::score);
-    EXPECT_GT(differences({20, 250, 40, 267}, backdrops[0]), 10);
-    session.score = 7;
-    paint(dirty::score); // no trace of the longer number
-    EXPECT_TRUE(isBackdrop({0, 250, 70, 267}));
-
-    session.mode = GameMode::Ultra2Min;
-    const auto inkAt = [&](int timeLeft) {
-        session.timeLeft = timeLeft;
-        paint(dirty::time);
-        std::vector<COLORREF> pixels;
-        for (int y = timeRect.top; y < timeRect.bottom; ++y) {
-            for (int x = timeRect.left; x < timeRect.right; ++x) {
-                pixels.push_back(shown(x, y));
-            }
-        }
-        return pixels;
-    };
-    const auto twoMinutes = inkAt(4800);
-    EXPECT_NE(inkAt(4799), twoMinutes);
-    EXPECT_EQ(inkAt(4799), inkAt(4760));
-    EXPECT_NE(inkAt(4759), inkAt(4760));
-    EXPECT_EQ(inkAt(39), inkAt(0));
-}
-
-TEST_F(PlayScreen, HidesThePieceOnceTheGameIsDecided)
-{
-    put(T, 3, 0, 2);
-    paint(dirty::everything);
-    EXPECT_FALSE(cellEmpty(4, 2));
-    session.state = GameState::Ending;
-    paint(dirty::well);
-    EXPECT_TRUE(cellEmpty(4, 2));
 }
 
 } // namespace
