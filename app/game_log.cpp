@@ -24,11 +24,6 @@ std::string minutes(std::uint32_t milliseconds)
     return text;
 }
 
-bool same(const HighScoreEntry &a, const HighScoreEntry &b)
-{
-    return a.score == b.score && a.lines == b.lines && a.level == b.level && a.name == b.name;
-}
-
 } // namespace
 
 std::optional<std::string> GameLog::observe(const AppRecord &app, std::uint32_t clock)
@@ -97,13 +92,11 @@ void GameLog::follow(const AppRecord &app, std::uint32_t clock)
 
 void GameLog::noteName(const AppRecord &app)
 {
-    const HighScoreTable &table = tableOf(app);
-    for (std::size_t i = 0; i < table.entries.size(); ++i) {
-        const HighScoreEntry &entry = table.entries[i];
-        if (!same(entry, table_.entries[i])) {
-            games_.back().name = entry.name.data();
-            return;
-        }
+    const auto &entries = tableOf(app).entries;
+    const auto changed =
+        std::mismatch(entries.begin(), entries.end(), table_.entries.begin()).first;
+    if (changed != entries.end()) {
+        games_.back().name = changed->name.data();
     }
 }
 

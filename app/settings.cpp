@@ -74,11 +74,9 @@ void keepRejected(HKEY key, const std::vector<BYTE> &bytes, const std::string &r
     if (before && *before != bytes) {
         std::u16string name;
         int number = 0;
+        WCHAR digits[33];
         do {
-            name = std::u16string(rejectedValue) + u'.';
-            for (const char digit : std::to_string(++number)) {
-                name += static_cast<char16_t>(digit);
-            }
+            name = std::u16string(rejectedValue) + u'.' + _itow(++number, digits, 10);
         } while (readBytes(key, name.c_str()));
         writeBytes(key, name.c_str(), *before);
     }

@@ -112,11 +112,6 @@ void Playfield::lockPiece()
     }
 }
 
-const RotationState &Playfield::previousState() const
-{
-    return rotationState(piece.type, piece.prevRotation);
-}
-
 int Playfield::markFullRows()
 {
     int count = 0;

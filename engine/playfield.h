@@ -96,7 +96,10 @@ struct Playfield
 
     const RotationState &currentState() const { return rotationState(piece.type, piece.rotation); }
     /// The falling piece in its rotation at the end of the previous running tick.
-    const RotationState &previousState() const;
+    const RotationState &previousState() const
+    {
+        return rotationState(piece.type, piece.prevRotation);
+    }
 
     /// Flags the complete rows, except row 0, and returns how many there are.
     int markFullRows();

@@ -19,6 +19,7 @@ struct HighScoreEntry
 
     /// Sets all four; a name longer than 11 code units is cut.
     void set(LPCWSTR newName, std::int32_t newScore, std::int32_t newLines, std::int32_t newLevel);
+    friend bool operator==(const HighScoreEntry &, const HighScoreEntry &) = default;
 };
 
 struct HighScoreTable

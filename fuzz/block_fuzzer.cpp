@@ -1,7 +1,6 @@
 // Takes any bytes as the stored record, followed by what a player does. A record that is accepted
 // is loaded and played until the program is closed.
 #include <array>
-#include <cstdlib>
 #include <cstring>
 #include <new>
 #include <span>
@@ -30,9 +29,7 @@ void addStep(FakeHost &host, std::uint8_t step)
     if (what < 2 * keys.size()) {
         host.key(keys[what / 2], what % 2 == 0, delay);
     } else if (what < 2 * keys.size() + eventKinds.size()) {
-        host::Event event;
-        event.kind = eventKinds[what - 2 * keys.size()];
-        host.give(event, delay);
+        host.give({.kind = eventKinds[what - 2 * keys.size()]}, delay);
     } else if (what % 2 == 0) {
         host.tap(120, 240); // in the well, or Play
     } else {
@@ -50,9 +47,7 @@ void play(const GameApp &stored, std::span<const std::uint8_t> script)
     for (const std::uint8_t step : script.first(std::min(script.size(), longestScript))) {
         addStep(on.host, step);
     }
-    host::Event close;
-    close.kind = host::Event::Kind::Close;
-    on.host.give(close, 25);
+    on.host.give({.kind = host::Event::Kind::Close}, 25);
     WCHAR noArguments[] = u"";
     WinMain(moduleInstance, HINSTANCE{}, noArguments, SW_SHOWNORMAL);
 }

@@ -3,36 +3,24 @@
 #include <cstdlib>
 #include <fstream>
 
-#include <unistd.h>
-
 #include "host/sdl/window_place.h"
-
-namespace {
+#include "host/temporary_folder.h"
 
 /// In memory where there is such a folder; one of its own for each process.
-std::filesystem::path makeFolder()
+extern "C" int LLVMFuzzerInitialize(int *, char ***)
 {
-    const std::filesystem::path memory = "/dev/shm";
-    const auto parent = is_directory(memory) ? memory : std::filesystem::temp_directory_path();
-    const auto folder = parent / ("glimra-place-" + std::to_string(getpid()));
-    create_directory(folder);
-    return folder;
+    return std::filesystem::is_directory("/dev/shm") ? setenv("TMPDIR", "/dev/shm", 0) : 0;
 }
-
-struct Folder
-{
-    const std::filesystem::path path = makeFolder();
-    ~Folder() { remove_all(path); }
-};
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    static const Folder folder;
-    std::ofstream(folder.path / "window", std::ios::binary)
+    static const host::TemporaryFolder folder("glimra-place");
+    if (folder.problem()) {
+        std::abort();
+    }
+    std::ofstream(folder.path() / "window", std::ios::binary)
         .write(reinterpret_cast<const char *>(data), static_cast<std::streamsize>(size));
-    const auto place = desktop::loadWindowPlace(folder.path);
+    const auto place = desktop::loadWindowPlace(folder.path());
     if (!place) {
         return 0;
     }

@@ -7,7 +7,7 @@
 
 #include "app/game_app.h"
 #include "app/game_log.h"
-#include "record/subject.h"
+#include "record/record.h"
 
 /// `games` must outlive it, and notes what is played.
 inline record::Subject gameSubject(GameLog &games)

@@ -19,6 +19,7 @@
 #include "host/store_file.h"
 #include "launch/command_line.h"
 #include "launch/game_subject.h"
+#include "launch/quiet_ticks.h"
 #include "launch/recovery.h"
 #include "launch/session_records.h"
 #include "launch/watch.h"
@@ -82,12 +83,18 @@ int watchRecord(const CommandLine &line, const std::filesystem::path &store,
     if (problem) {
         return line.complain(*problem);
     }
-    return watch(record, line.number("scale", 1, 16), program)
-               ? line.complain("there is no display to open a window on")
-               : 0;
+    const auto unseen = watch(record, line.number("scale", 1, 16), program);
+    return unseen ? line.complain(*unseen) : 0;
 }
 
 bool isPlaying() { return situationOf(gameApp).stage == Stage::Playing; }
+
+/// The record is written as the program wakes, and shall not lag behind the game by more.
+std::uint32_t latest(std::uint32_t moment)
+{
+    constexpr int longest = 250; ///< milliseconds
+    return lastQuietTick(moment, longest);
+}
 
 /// Whether the record shall be brought to the disk: once a second while a game runs, and once after
 /// that. A title page would keep the disk awake for nothing.
@@ -150,7 +157,8 @@ int main(int argc, char **argv)
     const desktop::Options options{.storeFolder = store.value_or(defaultStore()),
                                    .scale = line.number("scale", 1, 16),
                                    .landscape = line.has("landscape"),
-                                   .needsScreen = isPlaying};
+                                   .needsScreen = isPlaying,
+                                   .latest = latest};
     if (line.has("watch")) {
         return watchRecord(line, options.storeFolder, program);
     }

@@ -1,6 +1,5 @@
 // The game in a browser page. An instance of the program plays the player's own game and records
 // it, or shows a record, or plays one to its end, as its command line says.
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <span>
@@ -12,54 +11,20 @@
 #include "app/game_app.h"
 #include "app/situation.h"
 #include "handheld.h"
-#include "host/web/web.h"
+#include "host/web/web_host.h"
 #include "launch/game_subject.h"
+#include "launch/quiet_ticks.h"
 #include "launch/record_end.h"
 #include "record/recording_host.h"
 #include "record/watching_host.h"
 #include "registry/text.h"
 #include "resources/program_resources.h"
-#include "user/program_window.h"
-#include "user/timer.h"
 
 namespace {
 
 record::RecordingHost *theRecorder = nullptr;
 
 char *toPage(const host::Problem &problem) { return problem ? strdup(problem->c_str()) : nullptr; }
-
-} // namespace
-
-extern "C" {
-
-/// Whether `text`, which the user has opened, can be the store: why not, for the caller to free,
-/// or null. The caller's text is freed, too.
-char *faultInStore(char *text)
-{
-    registry::Hive hive;
-    const auto problem = registry::readText(std::as_bytes(std::span(std::string_view(text))), hive);
-    std::free(text);
-    return toPage(problem);
-}
-
-/// The same for a record.
-char *faultInRecord(char *text)
-{
-    const auto problem = record::read(text, true).problem;
-    std::free(text);
-    return toPage(problem);
-}
-
-/// The page gets what it has not got yet of the record, up to the present moment.
-void catchUp()
-{
-    if (theRecorder) {
-        theRecorder->catchUp();
-    }
-}
-}
-
-namespace {
 
 /// The word that the page has for a situation.
 const char *kindOf(const Situation &before, const Situation &now)
@@ -88,20 +53,11 @@ std::optional<web::State> changedState()
     return web::State{kindOf(before, now), describeChange(before, now)};
 }
 
-/// Ticks in which nothing changes may be late, while they are all that the handheld waits for.
-std::uint32_t latest(std::uint32_t tick)
+/// Only in the player's own game: a record has moments of its own.
+std::uint32_t latest(std::uint32_t moment)
 {
-    constexpr int longest = 250; ///< milliseconds
-    const auto timers = user::liveTimers();
-    if (!theRecorder || gameApp.appState != AppState::Playing || timers.size() != 1 ||
-        timers[0].window != user::programWindow())
-    {
-        return tick;
-    }
-    const auto change = gameApp.session.nextChange(gameApp.input);
-    const int quiet = change ? timing::between(static_cast<std::int32_t>(tick), *change) : longest;
-    const int ticks = (std::clamp(quiet, 0, longest) + timing::tick - 1) / timing::tick;
-    return tick + static_cast<std::uint32_t>(ticks * timing::tick);
+    constexpr int longest = 900; ///< milliseconds: a piece's way of one row on the first level
+    return theRecorder ? lastQuietTick(moment, longest) : moment;
 }
 
 /// Plays the player's own game.
@@ -149,14 +105,43 @@ int recover(host::Host &host, const handheld::Program &program)
 
 } // namespace
 
+extern "C" {
+
+/// Whether `text`, which the user has opened, can be the store: why not, for the caller to free,
+/// or null. The caller's text is freed, too.
+char *faultInStore(char *text)
+{
+    registry::Hive hive;
+    const auto problem = registry::readText(std::as_bytes(std::span(std::string_view(text))), hive);
+    std::free(text);
+    return toPage(problem);
+}
+
+/// The same for a record.
+char *faultInRecord(char *text)
+{
+    const auto problem = record::read(text, true).problem;
+    std::free(text);
+    return toPage(problem);
+}
+
+/// The page gets what it has not got yet of the record, up to the present moment.
+void catchUp()
+{
+    if (theRecorder) {
+        theRecorder->catchUp();
+    }
+}
+}
+
 /// "watch" and its words, "recover", or nothing.
 int main(int argc, char **argv)
 {
     const std::span words(argv, static_cast<std::size_t>(argc));
     const std::string_view task = argc > 1 ? words[1] : "play";
     const handheld::Program program{WinMain, programResources()};
-    const auto host = web::open({changedState, latest});
-    return task == "watch"     ? watch(*host, program, words.subspan(2))
-           : task == "recover" ? recover(*host, program)
-                               : play(*host, program);
+    web::WebHost host(changedState, latest);
+    return task == "watch"     ? watch(host, program, words.subspan(2))
+           : task == "recover" ? recover(host, program)
+                               : play(host, program);
 }

@@ -1,8 +1,6 @@
 // The program runs in a process of its own, because it can run only once in each.
 #include "launch/recovery.h"
 
-#include <cstdlib>
-
 #include <csignal>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -76,8 +74,7 @@ Outcome playInChild(const record::Record &record, const Playback::Store &present
     const auto words = output.readAll();
     const int unread = words ? 0 : errno;
     int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
+    host::uninterrupted([&] { return waitpid(child, &status, 0); });
     const int error = unread == 0 && WIFEXITED(status) ? WEXITSTATUS(status) : unread;
     if (error != 0) {
         return failure("a pipe", error);
@@ -126,8 +123,7 @@ void recover(host::Host &host, const std::filesystem::path &storeFolder,
         keepEnd(host, {{}, problem});
     }
     for (const auto &record : unfinished) {
-        const auto failure = finished ? SessionRecords::finish(record) : std::nullopt;
-        if (failure) {
+        if (const auto failure = finished ? SessionRecords::finish(record) : std::nullopt) {
             host.report("the record is not finished: " + *failure);
         }
     }

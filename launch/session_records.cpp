@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <ctime>
-#include <string>
 #include <utility>
 
 #include "record/record.h"
@@ -16,15 +15,6 @@ constexpr std::size_t mostRecords = 20;
 constexpr std::uintmax_t mostBytes = 10U << 20U;
 
 constexpr char nameFormat[] = "%Y-%m-%d %H.%M.%S.pilot";
-
-std::string nameAt(std::time_t moment)
-{
-    std::tm utc{};
-    gmtime_r(&moment, &utc);
-    char text[40];
-    std::strftime(text, sizeof text, nameFormat, &utc);
-    return text;
-}
 
 /// The moment that a record is named by; 0 for another name.
 std::time_t momentOf(const fs::path &record)
@@ -96,7 +86,11 @@ std::string SessionRecords::newName() const
     for (const fs::path &record : newestFirst().value) {
         moment = std::max(moment, momentOf(record) + 1);
     }
-    return nameAt(moment);
+    std::tm utc{};
+    gmtime_r(&moment, &utc);
+    char text[40];
+    std::strftime(text, sizeof text, nameFormat, &utc);
+    return text;
 }
 
 host::Result<host::Append> SessionRecords::begin(std::function<bool()> bringToDisk)

@@ -8,7 +8,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
+#include <cstring>
 
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -17,35 +17,13 @@
 #include "app/situation.h"
 #include "host/descriptor.h"
 #include "host/sdl/desktop.h"
+#include "host/temporary_folder.h"
 #include "launch/game_subject.h"
 #include "record/watching_host.h"
 
 namespace {
 
 using View = record::WatchingHost::View;
-
-/// A folder that goes with its owner.
-class TemporaryFolder
-{
-public:
-    TemporaryFolder()
-    {
-        std::error_code error;
-        std::string name = std::filesystem::temp_directory_path(error) / "glimra-watch-XXXXXX";
-        path_ = mkdtemp(name.data()) ? name : "";
-    }
-    TemporaryFolder(const TemporaryFolder &) = delete;
-    TemporaryFolder &operator=(const TemporaryFolder &) = delete;
-    ~TemporaryFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    const std::filesystem::path &path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
 
 struct Viewing
 {
@@ -57,7 +35,8 @@ struct Viewing
 
 volatile std::sig_atomic_t presentChild = 0;
 
-/// What asks this process to end asks the child, whose end is also this one's.
+/// What asks this process to end asks the child, whose end is also this one's. To be called only
+/// when there is one: a number below 1 stands for many processes.
 void passOn(int) { kill(presentChild, SIGTERM); }
 
 void handleEnd(void (*act)(int))
@@ -106,49 +85,63 @@ class Children
 public:
     explicit Children(const Viewing &viewing) : viewing_(viewing) {}
 
-    /// Follows them to the end; returns the last one's exit status.
-    int follow()
+    /// Follows them to the end.
+    host::Problem follow()
     {
-        begin({});
-        for (;;) {
-            const std::string line = readLine();
+        auto problem = begin({});
+        while (!problem) {
+            const std::string line = host::readLine(words_.number(), "a pipe").value.value_or("");
+            end(former_);
             View next;
             int playing = 0;
-            if (line == "shown") {
-                end(former_);
-            } else if (std::sscanf(line.c_str(), "view %" SCNu64 " %d %d", &next.position,
-                                   &next.quarterSpeed, &playing) == 3)
+            if (std::sscanf(line.c_str(), "view %" SCNu64 " %d %d", &next.position,
+                            &next.quarterSpeed, &playing) == 3)
             {
                 next.playing = playing != 0;
-                end(former_);
                 former_ = present_;
-                begin(next);
-            } else {
-                end(former_);
-                int status = 0;
-                waitpid(present_, &status, 0);
-                return WIFEXITED(status) ? WEXITSTATUS(status) : 1;
+                problem = begin(next);
+            } else if (line != "shown") {
+                return reap();
             }
         }
+        end(former_);
+        return problem;
     }
 
 private:
-    void begin(const View &view)
+    host::Problem begin(const View &view)
     {
         int ends[2];
         if (pipe(ends) != 0) {
-            std::exit(1);
+            return host::fileProblem("a pipe");
         }
         words_ = host::Descriptor(ends[0]);
         const host::Descriptor input(ends[1]);
-        present_ = fork();
-        presentChild = present_;
-        if (present_ == 0) {
+        const pid_t child = fork();
+        if (child < 0) {
+            return host::fileProblem("a process");
+        }
+        if (child == 0) {
             handleEnd(SIG_DFL);
             words_.close();
             prctl(PR_SET_PDEATHSIG, SIGTERM);
             std::exit(show(viewing_, view, input));
         }
+        presentChild = present_ = child;
+        handleEnd(passOn);
+        return std::nullopt;
+    }
+
+    /// The present child has ended, or is about to.
+    host::Problem reap()
+    {
+        int status = 0;
+        host::uninterrupted([&] { return waitpid(present_, &status, 0); });
+        if (WIFSIGNALED(status)) {
+            return std::string("the program crashed: ") + strsignal(WTERMSIG(status));
+        }
+        return status == 0 ? std::nullopt
+                           : host::Problem("there is no display to open a window on");
     }
 
     static void end(pid_t &child)
@@ -160,20 +153,6 @@ private:
         }
     }
 
-    /// Empty when the child has ended.
-    std::string readLine() const
-    {
-        std::string line;
-        char c = 0;
-        for (;;) {
-            const ssize_t count = read(words_.number(), &c, 1);
-            if (count == 0 || (count < 0 && errno != EINTR) || (count > 0 && c == '\n')) {
-                return line;
-            }
-            line.append(count > 0 ? 1 : 0, c);
-        }
-    }
-
     const Viewing viewing_;
     host::Descriptor words_; ///< of the present child
     pid_t present_ = 0;
@@ -182,9 +161,9 @@ private:
 
 } // namespace
 
-int watch(const record::Record &record, std::optional<int> scale, const handheld::Program &program)
+host::Problem watch(const record::Record &record, std::optional<int> scale,
+                    const handheld::Program &program)
 {
-    const TemporaryFolder folder;
-    handleEnd(passOn);
+    const host::TemporaryFolder folder("glimra-watch");
     return Children({record, scale, program, folder.path()}).follow();
 }

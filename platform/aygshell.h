@@ -12,8 +12,7 @@ struct SHMENUBARINFO
     DWORD dwFlags;
     UINT nToolBarId; ///< SHMENUBAR resource (RT_RCDATA)
     HINSTANCE hInstRes;
-    int nBmpId;
-    int cBmpImages;
+    int nBmpId, cBmpImages;
     HWND hwndMB; ///< out: the menu bar
 };
 static_assert(sizeof(SHMENUBARINFO) == 32);

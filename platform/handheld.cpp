@@ -1,15 +1,23 @@
 // Switches the parts of the handheld on and off around a program.
 #include "handheld.h"
 
-#include "gdi/inventory.h"
+#include "gdi/objects.h"
 #include "host/current.h"
 #include "registry/registry.h"
 #include "resources/image.h"
 #include "shell/shell.h"
+#include "user/classes.h"
 #include "user/display.h"
-#include "user/manager.h"
+#include "user/focus.h"
+#include "user/input.h"
+#include "user/keys.h"
+#include "user/menu.h"
+#include "user/message.h"
+#include "user/program_window.h"
+#include "user/stylus.h"
+#include "user/table.h"
+#include "user/timer.h"
 #include "wave/wave.h"
-#include "winuser.h"
 
 namespace handheld {
 
@@ -24,7 +32,15 @@ void switchOn(host::Host &host, std::span<const std::byte> resources, int orient
 
 void switchOff()
 {
-    user::reset();
+    user::forgetWindows();
+    user::forgetProgramWindow();
+    user::forgetClasses();
+    user::forgetMessages();
+    user::forgetTimers();
+    user::forgetFocus();
+    user::forgetKeys();
+    user::forgetStylus();
+    user::forgetMenus();
     wave::reset();
     registry::reset();
     gdi::reset();

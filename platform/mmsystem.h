@@ -49,7 +49,7 @@ struct WAVEHDR
 UINT waveOutGetNumDevs();
 /// Opens device `id` (0). The only format is unsigned 8-bit mono PCM at 22,050 samples a second;
 /// others fail with WAVERR_BADFORMAT. There are no callbacks: the last three are 0.
-/// MMSYSERR_ALLOCATED while it is open, or when the host cannot open its loudspeaker.
+/// MMSYSERR_ALLOCATED while it is open.
 MMRESULT waveOutOpen(HWAVEOUT *device, UINT id, const WAVEFORMATEX *format, DWORD callback,
                      DWORD instance, DWORD flags);
 /// Fails with WAVERR_STILLPLAYING while a buffer is queued.

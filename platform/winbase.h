@@ -64,8 +64,6 @@ BOOL CreateProcessW(LPCWSTR program, LPCWSTR commandLine, SECURITY_ATTRIBUTES *p
 
 // Text ---------------------------------------------------------------------------------------
 
-/// The number of code units before the terminator; 0 for null.
-int lstrlenW(LPCWSTR text);
 /// Copies a terminated text, at most `capacity` - 1 code units of it, and terminates the copy.
 LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int capacity);
 /// Writes `value` in decimal into `buffer` (12 code units suffice) and returns it. `radix` is 10.

@@ -68,18 +68,10 @@ constexpr int LF_FACESIZE = 32;
 struct LOGFONTW
 {
     LONG lfHeight; ///< > 0 cell height (ascent + descent), < 0 character height, in pixels
-    LONG lfWidth;
-    LONG lfEscapement;
-    LONG lfOrientation;
+    LONG lfWidth, lfEscapement, lfOrientation;
     LONG lfWeight; ///< FW_BOLD and above choose a bold face
-    BYTE lfItalic;
-    BYTE lfUnderline;
-    BYTE lfStrikeOut;
-    BYTE lfCharSet;
-    BYTE lfOutPrecision;
-    BYTE lfClipPrecision;
-    BYTE lfQuality;
-    BYTE lfPitchAndFamily;
+    BYTE lfItalic, lfUnderline, lfStrikeOut, lfCharSet;
+    BYTE lfOutPrecision, lfClipPrecision, lfQuality, lfPitchAndFamily;
     WCHAR lfFaceName[LF_FACESIZE];
 };
 static_assert(sizeof(LOGFONTW) == 92);
@@ -168,31 +160,15 @@ constexpr LONG DISP_CHANGE_BADMODE = -2;
 struct DEVMODEW
 {
     WCHAR dmDeviceName[32];
-    WORD dmSpecVersion;
-    WORD dmDriverVersion;
+    WORD dmSpecVersion, dmDriverVersion;
     WORD dmSize; ///< 192
     WORD dmDriverExtra;
     DWORD dmFields;
-    SHORT dmOrientation;
-    SHORT dmPaperSize;
-    SHORT dmPaperLength;
-    SHORT dmPaperWidth;
-    SHORT dmScale;
-    SHORT dmCopies;
-    SHORT dmDefaultSource;
-    SHORT dmPrintQuality;
-    SHORT dmColor;
-    SHORT dmDuplex;
-    SHORT dmYResolution;
-    SHORT dmTTOption;
-    SHORT dmCollate;
+    SHORT dmOrientation, dmPaperSize, dmPaperLength, dmPaperWidth, dmScale, dmCopies;
+    SHORT dmDefaultSource, dmPrintQuality, dmColor, dmDuplex, dmYResolution, dmTTOption, dmCollate;
     WCHAR dmFormName[32];
     WORD dmLogPixels;
-    DWORD dmBitsPerPel;
-    DWORD dmPelsWidth;
-    DWORD dmPelsHeight;
-    DWORD dmDisplayFlags;
-    DWORD dmDisplayFrequency;
+    DWORD dmBitsPerPel, dmPelsWidth, dmPelsHeight, dmDisplayFlags, dmDisplayFrequency;
     DWORD dmDisplayOrientation; ///< DMDO_0, DMDO_90, DMDO_180 or DMDO_270
 };
 static_assert(sizeof(DEVMODEW) == 192);

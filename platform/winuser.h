@@ -89,8 +89,7 @@ struct WNDCLASSW
 {
     UINT style;
     WNDPROC lpfnWndProc;
-    int cbClsExtra;
-    int cbWndExtra;
+    int cbClsExtra, cbWndExtra;
     HINSTANCE hInstance;
     HICON hIcon;
     HCURSOR hCursor;
@@ -123,10 +122,7 @@ struct CREATESTRUCTW
     HINSTANCE hInstance;
     HMENU hMenu;
     HWND hwndParent;
-    int cy;
-    int cx;
-    int y;
-    int x;
+    int cy, cx, y, x;
     DWORD style;
     LPCWSTR lpszName;
     LPCWSTR lpszClass;

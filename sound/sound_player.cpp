@@ -95,8 +95,6 @@ MMRESULT SoundPlayer::close()
 bool SoundPlayer::unloadAll()
 {
     stop();
-    for (std::unique_ptr<SoundClip> &clip : slots) {
-        clip.reset();
-    }
+    slots = {};
     return true;
 }

@@ -14,6 +14,8 @@ add_script_test(rules_model model/compare.py $<TARGET_FILE:glimra-pilot>)
 
 add_script_test(shell scripts/shell_test.py $<TARGET_FILE:glimra-pilot>)
 add_script_test(store scripts/store_test.py $<TARGET_FILE:glimra-pilot>)
+add_script_test(tour scripts/tour_test.py ${PROJECT_SOURCE_DIR}/launch/tour.pilot $<TARGET_FILE:glimra-pilot>)
+set_tests_properties(tour PROPERTIES SKIP_RETURN_CODE 77)
 add_script_test(record scripts/record_test.py $<TARGET_FILE:glimra-pilot>)
 add_script_test(pilot scripts/pilot_test.py $<TARGET_FILE:glimra-pilot>)
 if(NOT GLIMRA_SANITIZE)

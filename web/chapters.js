@@ -1,17 +1,16 @@
 // What a record says of its games, in comment lines. They can be anyone's words.
 const WORDS = 80; // characters of a chapter that are shown
-const CHAPTER = /^# (game|came back|over|abandoned) (.*)/;
+const LINE = /^(?:(?:wait|jump) (\d+)|# (game|came back|over|abandoned) (.*))$/gm;
 
 /** The chapters: each its kind, its words, `at` in milliseconds, and where its line ends in the text. */
 export function chaptersOf(text) {
   const chapters = [];
   let at = 0;
-  for (const {0: line, index} of text.matchAll(/^(?:(?:wait|jump) \d+|# (?:game|came back|over|abandoned) .*)$/gm)) {
-    const [, kind, words] = CHAPTER.exec(line) ?? [];
+  for (const {0: line, 1: time, 2: kind, 3: words, index} of text.matchAll(LINE)) {
     if (kind) {
       chapters.push({kind, words: words.slice(0, WORDS), at, end: index + line.length + 1});
     } else {
-      at += Number(line.slice(5));
+      at += Number(time);
     }
   }
   return {chapters, length: at};

@@ -49,7 +49,9 @@ export class Session {
   }
 
   copy() {
-    localStorage.setItem(NAME, this.name);
+    if (this.copied === 0) {
+      localStorage.setItem(NAME, this.name);
+    }
     for (let part = Math.floor(this.copied / PART); part * PART < this.text.length; ++part) {
       localStorage.setItem(`${NAME}.${part}`, this.text.slice(part * PART, (part + 1) * PART));
     }

@@ -18,13 +18,12 @@ const sleep = (milliseconds) => new Promise((resolve) => setTimeout(resolve, mil
 let letGo = () => {}, stop = () => {};
 
 /** Whether the lock was granted, which is kept until letGameGo; null where there are no locks. */
-function request(options) {
+async function request(options) {
+  if (!navigator.locks) {
+    return null;
+  }
+  let granted = false;
   return new Promise((resolve) => {
-    if (!navigator.locks) {
-      resolve(null);
-      return;
-    }
-    let granted = false;
     navigator.locks.request(NAME, options, (lock) => {
       granted = lock !== null;
       resolve(granted);

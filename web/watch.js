@@ -24,7 +24,10 @@ export class Viewing {
     Object.assign(this, {send, started, ended});
     this.page = {...page, store: null, givenRecord: record,
       progress: (progress) => this.show(progress),
-      takenOver: () => this.showTakenOver(),
+      takenOver: () => {
+        this.playing = false;
+        this.mark('taken');
+      },
       restart: (position, speed, playing) => this.begin(position, speed, playing),
       ended: () => this.end(),
     };
@@ -95,11 +98,6 @@ export class Viewing {
   }
 
   timeText(position) { return `${clockTime(position)} / ${clockTime(this.length)}`; }
-
-  showTakenOver() {
-    this.playing = false;
-    this.mark('taken');
-  }
 
   /** What the viewer sees of it: it begins, plays, stands, or he plays himself; empty: nothing any more. */
   mark(state) {

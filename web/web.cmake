@@ -4,7 +4,7 @@ set(page_library ${PROJECT_SOURCE_DIR}/platform/host/web/page.js)
 
 file(GLOB record_sources CONFIGURE_DEPENDS platform/record/*.cpp)
 list(FILTER record_sources EXCLUDE REGEX /read_file.cpp$) # the page has no files
-add_executable(glimra-web launch/glimra_web.cpp launch/record_end.cpp ${web_sources} ${record_sources} platform/host/held_keys.cpp
+add_executable(glimra-web launch/glimra_web.cpp launch/quiet_ticks.cpp launch/record_end.cpp ${web_sources} ${record_sources} platform/host/held_keys.cpp
                platform/host/input_mapper.cpp platform/host/key_table.cpp platform/host/pointer_picture.cpp
                platform/host/stylus_pointer.cpp platform/host/watch.cpp)
 add_dependencies(glimra-web generators)

@@ -1,6 +1,7 @@
 // Comparing names of classes, resources and registry keys.
 #pragma once
 
+#include <algorithm>
 #include <string_view>
 
 namespace base {
@@ -12,6 +13,10 @@ constexpr char16_t folded(char16_t unit)
 }
 
 /// Whether two names are the same without regard to the case of A to Z.
-bool sameName(std::u16string_view a, std::u16string_view b);
+inline bool sameName(std::u16string_view a, std::u16string_view b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char16_t x, char16_t y) { return folded(x) == folded(y); });
+}
 
 } // namespace base

@@ -53,8 +53,6 @@ bool appendValue(std::u16string &text, int value, WCHAR kind, std::size_t width,
 
 } // namespace
 
-int lstrlenW(LPCWSTR text) { return text ? static_cast<int>(std::u16string_view(text).size()) : 0; }
-
 LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int capacity)
 {
     if (!target || !source || capacity <= 0) {

@@ -1,7 +1,5 @@
 // BUTTON: push buttons, pressed by the stylus or the space bar. Enter presses the default one,
 // which is the dialog's business.
-#include "controls/button.h"
-
 #include "controls/control.h"
 #include "controls/theme.h"
 

@@ -4,7 +4,6 @@
 #include "controls/combobox.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "controls/control.h"
 #include "controls/theme.h"
@@ -92,6 +91,15 @@ void closeList(HWND combo, ComboData &data)
     InvalidateRect(combo, nullptr, FALSE);
 }
 
+void show(HWND combo, ComboData &data, bool open)
+{
+    if (open && !data.list) {
+        openList(combo, data);
+    } else if (!open && data.list) {
+        closeList(combo, data);
+    }
+}
+
 // The field ----------------------------------------------------------------------------------
 
 void select(HWND combo, ComboData &data, int index)
@@ -105,9 +113,7 @@ void select(HWND combo, ComboData &data, int index)
 /// Selects what the user chose and notifies the dialog.
 void choose(HWND combo, ComboData &data, int index)
 {
-    if (data.list) {
-        closeList(combo, data);
-    }
+    show(combo, data, false);
     if (index >= 0 && index != data.selected) {
         select(combo, data, index);
         notify(combo, CBN_SELCHANGE);
@@ -136,15 +142,6 @@ void paintField(HWND combo, const ComboData &data)
                     {inner.left + 2, rect.top, inner.right, rect.bottom},
                     DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX,
                     theme::textColour(IsWindowEnabled(combo) != FALSE, marked));
-}
-
-void show(HWND combo, ComboData &data, bool open)
-{
-    if (open && !data.list) {
-        openList(combo, data);
-    } else if (!open && data.list) {
-        closeList(combo, data);
-    }
 }
 
 /// The item that a key moves to, if it is a key that moves.
@@ -189,10 +186,18 @@ void key(HWND combo, ComboData &data, WPARAM code)
     }
 }
 
-LRESULT addString(ComboData &data, LPARAM lParam)
+/// The stylus over the list, when it went down there or on the field: it moves the mark, and
+/// chooses when it is lifted.
+void stylusOnList(HWND combo, ComboData &data, UINT message, POINT point)
 {
-    data.items.emplace_back(reinterpret_cast<LPCWSTR>(lParam));
-    return data.count() - 1;
+    const int item = data.tracking ? itemAt(data, point) : -1;
+    const bool lifted = message == WM_LBUTTONUP;
+    data.tracking = data.tracking && !lifted;
+    if (item >= 0 && lifted) {
+        choose(combo, data, item);
+    } else if (item >= 0) {
+        mark(data, item);
+    }
 }
 
 /// The stylus on the field, or dragged from it over the list.
@@ -205,31 +210,19 @@ LRESULT stylusOnField(HWND combo, ComboData &data, UINT message, LPARAM lParam)
         data.tracking = static_cast<bool>(data.list);
         return 0;
     }
-    if (!data.tracking) {
-        return 0;
-    }
     POINT point = pointOf(lParam);
     ClientToScreen(combo, &point);
     ScreenToClient(data.list, &point);
-    const int item = itemAt(data, point);
-    if (message == WM_LBUTTONUP) {
-        data.tracking = false;
-        if (item >= 0) {
-            choose(combo, data, item);
-        }
-    } else if (item >= 0) {
-        mark(data, item);
-    }
+    stylusOnList(combo, data, message, point);
     return 0;
 }
 
 /// The template gives the height of field and list together; the list is as high as its items.
 LRESULT create(HWND combo)
 {
-    user::Window *window = user::find(combo);
-    window->data = std::make_unique<ComboData>();
-    window->text.clear();
-    SetWindowPos(combo, {}, 0, 0, window->size().cx, fieldHeight,
+    user::Window &window = *user::find(combo);
+    window.text.clear();
+    SetWindowPos(combo, {}, 0, 0, window.size().cx, fieldHeight,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     return 0;
 }
@@ -238,7 +231,8 @@ LRESULT handleOther(HWND combo, ComboData &data, UINT message, WPARAM wParam, LP
 {
     switch (message) {
     case CB_ADDSTRING:
-        return addString(data, lParam);
+        data.items.emplace_back(reinterpret_cast<LPCWSTR>(lParam));
+        return data.count() - 1;
     case CB_GETCURSEL:
         return data.selected;
     case CB_SETCURSEL:
@@ -249,52 +243,33 @@ LRESULT handleOther(HWND combo, ComboData &data, UINT message, WPARAM wParam, LP
     }
 }
 
-LRESULT CALLBACK comboProcedure(HWND combo, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT handle(HWND combo, ComboData &data, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_CREATE) {
-        return create(combo);
-    }
-    auto *data = dataOf<ComboData>(combo);
-    if (!data) {
-        return DefWindowProcW(combo, message, wParam, lParam);
-    }
     switch (message) {
+    case WM_CREATE:
+        return create(combo);
     case WM_PAINT:
-        paintField(combo, *data);
+        paintField(combo, data);
         return 0;
     case WM_LBUTTONDOWN:
     case WM_MOUSEMOVE:
     case WM_LBUTTONUP:
-        return stylusOnField(combo, *data, message, lParam);
+        return stylusOnField(combo, data, message, lParam);
     case WM_KEYDOWN:
-        key(combo, *data, wParam);
+        key(combo, data, wParam);
         return 0;
     case WM_GETDLGCODE:
-        return DLGC_WANTARROWS | DLGC_WANTCHARS | (data->list ? DLGC_WANTALLKEYS : 0);
+        return DLGC_WANTARROWS | DLGC_WANTCHARS | (data.list ? DLGC_WANTALLKEYS : 0);
     case WM_KILLFOCUS:
     case WM_DESTROY:
-        show(combo, *data, false);
+        show(combo, data, false);
         [[fallthrough]];
     case WM_SETFOCUS:
     case WM_ENABLE:
         InvalidateRect(combo, nullptr, FALSE);
         return 0;
     default:
-        return handleOther(combo, *data, message, wParam, lParam);
-    }
-}
-
-void stylusOnList(HWND combo, ComboData &data, UINT message, LPARAM lParam)
-{
-    if (message == WM_LBUTTONDOWN) {
-        SetCapture(data.list);
-        data.tracking = true;
-    }
-    const int item = itemAt(data, pointOf(lParam));
-    if (message != WM_LBUTTONUP) {
-        mark(data, data.tracking && item >= 0 ? item : data.marked);
-    } else if (std::exchange(data.tracking, false) && item >= 0) {
-        choose(combo, data, item);
+        return handleOther(combo, data, message, wParam, lParam);
     }
 }
 
@@ -309,9 +284,12 @@ LRESULT CALLBACK listProcedure(HWND list, UINT message, WPARAM wParam, LPARAM lP
         paintList(list, *data);
         return 0;
     case WM_LBUTTONDOWN:
+        SetCapture(list);
+        data->tracking = true;
+        [[fallthrough]];
     case WM_MOUSEMOVE:
     case WM_LBUTTONUP:
-        stylusOnList(openCombo, *data, message, lParam);
+        stylusOnList(openCombo, *data, message, pointOf(lParam));
         return 0;
     default:
         return DefWindowProcW(list, message, wParam, lParam);
@@ -323,7 +301,7 @@ LRESULT CALLBACK listProcedure(HWND list, UINT message, WPARAM wParam, LPARAM lP
 void registerComboBox()
 {
     openCombo = {};
-    user::registerSystemClass(u"COMBOBOX", comboProcedure);
+    user::registerSystemClass(u"COMBOBOX", procedureWith<ComboData, handle>);
     user::registerSystemClass(u"ComboLBox", listProcedure);
 }
 

@@ -1,4 +1,5 @@
-// What the procedures of the controls, and of the shell's windows, share.
+// What the procedures of the controls, and of the shell's windows, share, and the simplest
+// controls.
 #pragma once
 
 #include "user/table.h"
@@ -13,19 +14,21 @@ Data *dataOf(HWND window)
     return found ? dynamic_cast<Data *>(found->data.get()) : nullptr;
 }
 
-/// A window procedure that makes a `Data` for its window on WM_CREATE, and from then on calls
-/// `handle` with it.
-template <class Data, LRESULT (*handle)(HWND, Data &, UINT, WPARAM, LPARAM)>
+/// A window procedure that makes a `Data` for its window on WM_CREATE and calls `handle` with it.
+template <class Data, auto handle>
 LRESULT CALLBACK procedureWith(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_CREATE) {
         user::find(window)->data = std::make_unique<Data>();
-        return 0;
     }
     Data *data = dataOf<Data>(window);
     return data ? handle(window, *data, message, wParam, lParam)
                 : DefWindowProcW(window, message, wParam, lParam);
 }
+
+// Register the window classes BUTTON, push buttons, and STATIC, texts and pictures of dialogs.
+void registerButton();
+void registerStatic();
 
 /// Sends WM_COMMAND with this code to the control's parent.
 void notify(HWND control, UINT code);

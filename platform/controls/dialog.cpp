@@ -32,13 +32,12 @@ POINT originFor(const DialogTemplate &description, HWND owner)
     if ((description.style & DS_ABSALIGN) != 0) {
         return {0, 0};
     }
-    const RECT area = user::shellInUse().workArea();
-    POINT origin{area.left, area.top};
     if (owner) {
-        origin = {0, 0};
-        ClientToScreen(owner, &origin);
+        const RECT rect = screenRectOf(owner);
+        return {rect.left, rect.top};
     }
-    return origin;
+    const RECT area = user::theShell->workArea();
+    return {area.left, area.top};
 }
 
 void createControls(HWND dialog, const DialogTemplate &description, HINSTANCE instance)
@@ -235,12 +234,6 @@ void focusMoved(HWND window)
                          TRUE);
         }
     }
-}
-
-void fillScreen(HWND dialog)
-{
-    const RECT area = user::shellInUse().workArea();
-    MoveWindow(dialog, area.left, area.top, area.right - area.left, area.bottom - area.top, TRUE);
 }
 
 void registerDialog() { user::registerSystemClass(dialogClass, DefDlgProcW); }

@@ -37,8 +37,6 @@ INT_PTR runModal(const DialogTemplate &description, HINSTANCE instance, HWND own
 /// Notes that this window has the focus: its dialog restores it there later, and its default push
 /// button may change.
 void focusMoved(HWND window);
-/// Makes a dialog fill the work area.
-void fillScreen(HWND dialog);
 
 void registerDialog();
 

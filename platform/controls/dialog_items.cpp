@@ -3,11 +3,9 @@
 
 namespace {
 
-bool takesTab(HWND control)
+bool takesTab(const user::Window &control)
 {
-    return (GetWindowLongW(control, GWL_STYLE) & static_cast<LONG_PTR>(WS_TABSTOP)) != 0 &&
-           (GetWindowLongW(control, GWL_STYLE) & static_cast<LONG_PTR>(WS_VISIBLE)) != 0 &&
-           IsWindowEnabled(control) != FALSE;
+    return (control.style & WS_TABSTOP) != 0 && control.shown() && control.enabled();
 }
 
 } // namespace
@@ -39,7 +37,7 @@ HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous)
     }
     for (std::size_t step = 0; step < count; ++step) {
         index = (index + (previous != FALSE ? count - 1 : 1)) % count;
-        if (takesTab(items[index]->handle)) {
+        if (takesTab(*items[index])) {
             return items[index]->handle;
         }
     }

@@ -18,7 +18,7 @@ constexpr std::size_t longestText = 30000; ///< code units
 constexpr UINT caretTimer = 1;
 constexpr UINT caretPeriod = 500; ///< shown, and hidden, for so many milliseconds
 
-struct EditData final : user::WindowData
+struct EditData : user::WindowData
 {
     std::size_t caret = 0;
     std::size_t anchor = 0; ///< the selection is between this and the caret
@@ -30,6 +30,11 @@ struct EditData final : user::WindowData
 
     std::size_t first() const { return std::min(caret, anchor); }
     std::size_t last() const { return std::max(caret, anchor); }
+};
+
+struct CapEditData final : EditData
+{
+    CapEditData() { capitalises = true; }
 };
 
 /// An edit box as its procedure uses it.
@@ -256,8 +261,9 @@ LRESULT handleOwn(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
-LRESULT handle(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT handle(HWND window, EditData &data, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    Edit edit{window, user::find(window)->text, data};
     switch (message) {
     case WM_PAINT:
         paint(edit);
@@ -293,37 +299,14 @@ LRESULT handle(Edit &edit, UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
-LRESULT CALLBACK editProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    user::Window *found = user::find(window);
-    if (message == WM_CREATE) {
-        found->data = std::make_unique<EditData>();
-        return 0;
-    }
-    auto *data = dataOf<EditData>(window);
-    if (!data) {
-        return DefWindowProcW(window, message, wParam, lParam);
-    }
-    Edit edit{window, found->text, *data};
-    return handle(edit, message, wParam, lParam);
-}
-
-LRESULT CALLBACK capEditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    const LRESULT result = editProcedure(window, message, wParam, lParam);
-    if (message == WM_CREATE) {
-        if (auto *data = dataOf<EditData>(window)) {
-            data->capitalises = true;
-        }
-    }
-    return result;
-}
-
 } // namespace
 
 bool isEdit(HWND window) { return dataOf<EditData>(window) != nullptr; }
 
-void registerEdit() { user::registerSystemClass(u"EDIT", editProcedure); }
-void registerCapEdit() { user::registerSystemClass(u"CAPEDIT", capEditProcedure); }
+void registerEdit() { user::registerSystemClass(u"EDIT", procedureWith<EditData, handle>); }
+void registerCapEdit()
+{
+    user::registerSystemClass(u"CAPEDIT", procedureWith<CapEditData, handle>);
+}
 
 } // namespace controls

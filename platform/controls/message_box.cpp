@@ -3,6 +3,7 @@
 #include <array>
 #include <span>
 
+#include "controls/control.h"
 #include "controls/dialog.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
@@ -91,7 +92,7 @@ controls::DialogTemplate layOut(const std::u16string &text, const std::u16string
     box.style = WS_POPUP | WS_CAPTION | DS_ABSALIGN;
     box.exStyle = (type & MB_TOPMOST) != 0 ? WS_EX_TOPMOST : 0;
     const LONG left = (screen.width - width) / 2;
-    const RECT area = user::shellInUse().workArea();
+    const RECT area = user::theShell->workArea();
     const LONG top = area.top + (area.bottom - area.top - height) / 2;
     box.rect = {left, top, left + width, top + height};
     const LONG textTop = bodyTop + (body - size.cy) / 2;
@@ -133,8 +134,7 @@ void drawIcon(HDC dc, UINT type)
 void paint(HWND box, UINT type)
 {
     const theme::Painting painting(box);
-    RECT rect;
-    GetClientRect(box, &rect);
+    const RECT rect = controls::clientRect(box);
     const LONG middle = captionHeight / 2;
     theme::fill(painting.dc(), {1, 1, rect.right - 1, middle}, theme::titleUpper);
     theme::fill(painting.dc(), {1, middle, rect.right - 1, captionHeight}, theme::titleLower);

@@ -1,6 +1,4 @@
 // STATIC: a text, or a picture of the program's resources.
-#include "controls/static.h"
-
 #include "controls/control.h"
 #include "controls/theme.h"
 
@@ -15,26 +13,19 @@ struct StaticData final : user::WindowData
     StaticData() = default;
     StaticData(const StaticData &) = delete;
     StaticData &operator=(const StaticData &) = delete;
-    ~StaticData() override
-    {
-        if (bitmap) {
-            DeleteObject(bitmap);
-        }
-    }
+    ~StaticData() override { DeleteObject(bitmap); }
 
     HBITMAP bitmap{};
 };
 
 /// A picture's text is "#" and the number of its resource.
-void create(user::Window &window, const CREATESTRUCTW &creation)
+void create(user::Window &window, StaticData &data, const CREATESTRUCTW &creation)
 {
-    auto data = std::make_unique<StaticData>();
     if ((window.style & typeMask) == SS_BITMAP && window.text.starts_with(u'#')) {
         const auto number = static_cast<unsigned>(_wtoi(window.text.c_str() + 1));
-        data->bitmap = LoadBitmapW(creation.hInstance, MAKEINTRESOURCEW(number));
+        data.bitmap = LoadBitmapW(creation.hInstance, MAKEINTRESOURCEW(number));
         window.text.clear();
     }
-    window.data = std::move(data);
 }
 
 void paintBitmap(HDC dc, HBITMAP bitmap)
@@ -66,16 +57,14 @@ void paint(const user::Window &window, const StaticData &data)
                     theme::textColour(window.enabled(), false));
 }
 
-LRESULT CALLBACK staticProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT handle(HWND window, StaticData &data, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_CREATE:
-        create(*user::find(window), *reinterpret_cast<const CREATESTRUCTW *>(lParam));
+        create(*user::find(window), data, *reinterpret_cast<const CREATESTRUCTW *>(lParam));
         return 0;
     case WM_PAINT:
-        if (const auto *data = dataOf<StaticData>(window)) {
-            paint(*user::find(window), *data);
-        }
+        paint(*user::find(window), data);
         return 0;
     case WM_SETTEXT:
         return setText(window, wParam, lParam);
@@ -91,6 +80,6 @@ LRESULT CALLBACK staticProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 
 } // namespace
 
-void registerStatic() { user::registerSystemClass(u"STATIC", staticProcedure); }
+void registerStatic() { user::registerSystemClass(u"STATIC", procedureWith<StaticData, handle>); }
 
 } // namespace controls

@@ -10,18 +10,16 @@ namespace {
 class SelectedFont
 {
 public:
-    SelectedFont(HDC dc, Weight weight) : dc_(dc), font_(make(weight))
-    {
-        previous_ = SelectObject(dc_, font_ ? HGDIOBJ(font_) : GetStockObject(SYSTEM_FONT));
-    }
+    SelectedFont(HDC dc, Weight weight)
+        : dc_(dc), font_(make(weight)),
+          previous_(SelectObject(dc, font_ ? HGDIOBJ(font_) : GetStockObject(SYSTEM_FONT)))
+    {}
     SelectedFont(const SelectedFont &) = delete;
     SelectedFont &operator=(const SelectedFont &) = delete;
     ~SelectedFont()
     {
         SelectObject(dc_, previous_);
-        if (font_) {
-            DeleteObject(font_);
-        }
+        DeleteObject(font_);
     }
 
 private:

@@ -1,6 +1,4 @@
 // Device contexts: creation, selection, settings.
-#include "gdi/device_context.h"
-
 #include <utility>
 
 #include "gdi/canvas.h"

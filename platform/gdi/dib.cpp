@@ -3,8 +3,6 @@
 
 #include <array>
 
-#include "base/byte_reader.h"
-
 namespace gdi {
 
 namespace {
@@ -14,22 +12,33 @@ using Bytes = std::span<const std::byte>;
 constexpr std::size_t headerSize = 40;
 constexpr std::uint32_t mostColours = 256;
 
-struct Header
+/// The colour stored there as blue, green, red.
+Pixel pixelAt(Bytes bytes, std::size_t at)
 {
-    int width;
-    int height;
-    unsigned bits;         ///< per pixel
-    std::uint32_t colours; ///< in the palette
+    const auto channel = [&](std::size_t i) {
+        return std::to_integer<std::uint8_t>(bytes[at + i]);
+    };
+    return host::pack({channel(2), channel(1), channel(0)});
+}
 
-    std::size_t rowSize() const { return (static_cast<std::size_t>(width) * bits + 31) / 32 * 4; }
-};
+using Palette = std::array<Pixel, mostColours>;
 
-std::optional<Header> readHeader(base::ByteReader &reader)
+void readRow(const DibHeader &header, Bytes row, const Palette &palette, Pixel *target)
+{
+    for (std::size_t x = 0; x < header.width; ++x) {
+        target[x] =
+            header.bits == 8 ? palette[std::to_integer<std::size_t>(row[x])] : pixelAt(row, x * 3);
+    }
+}
+
+} // namespace
+
+std::optional<DibHeader> readDibHeader(base::ByteReader &reader)
 {
     const std::uint32_t size = reader.doubleWord();
-    Header header{};
-    header.width = static_cast<int>(reader.doubleWord());
-    header.height = static_cast<int>(reader.doubleWord());
+    DibHeader header{};
+    header.width = reader.doubleWord();
+    header.height = reader.doubleWord();
     const unsigned planes = reader.word();
     header.bits = reader.word();
     const std::uint32_t compression = reader.doubleWord();
@@ -47,41 +56,21 @@ std::optional<Header> readHeader(base::ByteReader &reader)
     return header;
 }
 
-/// The colour stored there as blue, green, red.
-Pixel pixelAt(Bytes bytes, std::size_t at)
-{
-    const auto channel = [&](std::size_t i) {
-        return std::to_integer<std::uint8_t>(bytes[at + i]);
-    };
-    return host::pack({channel(2), channel(1), channel(0)});
-}
-
-using Palette = std::array<Pixel, mostColours>;
-
-void readRow(const Header &header, Bytes row, const Palette &palette, Pixel *target)
-{
-    for (std::size_t x = 0; x < static_cast<std::size_t>(header.width); ++x) {
-        target[x] =
-            header.bits == 8 ? palette[std::to_integer<std::size_t>(row[x])] : pixelAt(row, x * 3);
-    }
-}
-
-} // namespace
-
 std::unique_ptr<Bitmap> readDib(Bytes dib)
 {
     constexpr std::size_t paletteEntrySize = 4;
     base::ByteReader reader(dib);
-    const std::optional<Header> header = readHeader(reader);
+    const auto header = readDibHeader(reader);
     if (!header) {
         return nullptr;
     }
     const Bytes rest = dib.subspan(headerSize);
     const std::size_t paletteSize = header->colours * paletteEntrySize;
     // Making the bitmap checks the sides, before any arithmetic with them.
-    std::unique_ptr<Bitmap> bitmap = Bitmap::make(header->width, header->height);
+    std::unique_ptr<Bitmap> bitmap =
+        Bitmap::make(static_cast<int>(header->width), static_cast<int>(header->height));
     if (!bitmap || rest.size() < paletteSize ||
-        (rest.size() - paletteSize) / header->rowSize() < static_cast<std::size_t>(header->height))
+        (rest.size() - paletteSize) / header->rowSize(header->bits) < header->height)
     {
         return nullptr;
     }
@@ -90,9 +79,10 @@ std::unique_ptr<Bitmap> readDib(Bytes dib)
         palette[i] = pixelAt(rest, i * paletteEntrySize);
     }
     const Bytes rows = rest.subspan(paletteSize);
-    for (int y = 0; y < header->height; ++y) {
-        const auto fromBottom = static_cast<std::size_t>(header->height - 1 - y);
-        readRow(*header, rows.subspan(fromBottom * header->rowSize(), header->rowSize()), palette,
+    const std::size_t rowSize = header->rowSize(header->bits);
+    for (int y = 0; y < bitmap->height; ++y) {
+        const auto fromBottom = static_cast<std::size_t>(bitmap->height - 1 - y);
+        readRow(*header, rows.subspan(fromBottom * rowSize, rowSize), palette,
                 bitmap->raster().at(0, y));
     }
     bitmap->storedBits = static_cast<WORD>(header->bits);

@@ -3,11 +3,30 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <span>
 
+#include "base/byte_reader.h"
 #include "gdi/objects.h"
 
 namespace gdi {
+
+/// The 40 bytes at the beginning of a bitmap.
+struct DibHeader
+{
+    std::uint32_t width;
+    std::uint32_t height;
+    unsigned bits;         ///< per pixel
+    std::uint32_t colours; ///< in the palette: 256 at most
+
+    /// The bytes of a row with so many bits a pixel.
+    std::size_t rowSize(unsigned bitsOfPixel) const
+    {
+        return (std::size_t{width} * bitsOfPixel + 31) / 32 * 4;
+    }
+};
+/// None for one that is compressed, or has neither 8 nor 24 bits a pixel.
+std::optional<DibHeader> readDibHeader(base::ByteReader &reader);
 
 /// `dib` is a 40-byte header, a palette, and rows from the bottom up, each padded to 4 bytes:
 /// uncompressed, 8 bits a pixel with a palette, or 24 bits. Null when it is anything else or

@@ -1,9 +1,6 @@
 // The choice of a strike for a font that a program describes.
-#include "gdi/font.h"
-
 #include <algorithm>
 #include <cstdlib>
-#include <memory>
 #include <string_view>
 
 #include "gdi/objects.h"
@@ -24,6 +21,16 @@ LONG distance(const Strike &strike, const LOGFONTW &wanted)
     return strike.bold == (wanted.lfWeight >= FW_BOLD) ? pixels : pixels + 2 * farthest;
 }
 
+/// The strike of that weight with the nearest height; 0 means the height of the system font. There
+/// is only one family of fonts, so the name is ignored.
+const Strike &nearestStrike(const LOGFONTW &description)
+{
+    const std::span<const Strike> all = strikes();
+    return *std::min_element(all.begin(), all.end(), [&](const Strike &a, const Strike &b) {
+        return distance(a, description) < distance(b, description);
+    });
+}
+
 } // namespace
 
 LOGFONTW systemFontDescription()
@@ -35,21 +42,13 @@ LOGFONTW systemFontDescription()
     return description;
 }
 
-const Strike &nearestStrike(const LOGFONTW &description)
-{
-    const std::span<const Strike> all = strikes();
-    return *std::min_element(all.begin(), all.end(), [&](const Strike &a, const Strike &b) {
-        return distance(a, description) < distance(b, description);
-    });
-}
+Font::Font(const LOGFONTW &itsDescription)
+    : Object(kindOf), description(itsDescription), strike(nearestStrike(itsDescription))
+{}
 
 } // namespace gdi
 
 HFONT CreateFontIndirectW(const LOGFONTW *description)
 {
-    if (!description) {
-        return {};
-    }
-    return {
-        {gdi::insert(std::make_unique<gdi::Font>(*description, gdi::nearestStrike(*description)))}};
+    return description ? HFONT{{gdi::insert(std::make_unique<gdi::Font>(*description))}} : HFONT{};
 }

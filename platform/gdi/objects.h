@@ -6,9 +6,9 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "gdi/raster.h"
@@ -82,9 +82,7 @@ struct Font final : Object
     LOGFONTW description; ///< as asked for
     const Strike &strike; ///< what it is drawn with
 
-    Font(const LOGFONTW &itsDescription, const Strike &itsStrike)
-        : Object(kindOf), description(itsDescription), strike(itsStrike)
-    {}
+    explicit Font(const LOGFONTW &itsDescription);
 };
 
 /// What SaveDC saves.
@@ -119,8 +117,11 @@ std::uint32_t insert(std::unique_ptr<Object> object);
 /// The object of a handle; null when there is none.
 Object *findObject(std::uint32_t handle);
 void erase(std::uint32_t handle);
-/// Calls `visitor` for each object, which it may erase.
-void visitObjects(const std::function<void(const Object &)> &visitor);
+/// Back to the state at switch-on: no objects but the stock ones, a black screen.
+void reset();
+/// One line for each object that a program made and has not deleted: "bitmap 240x268",
+/// "dc memory", "font 16 bold".
+std::vector<std::string> liveObjects();
 
 /// The object of that kind behind a handle; null when there is none.
 template <class T>
@@ -138,5 +139,7 @@ const T &DeviceContext::selected() const
 
 /// The 1 by 1 bitmap that every memory device context starts with.
 HGDIOBJ stockBitmap();
+/// "System", 8 point.
+LOGFONTW systemFontDescription();
 
 } // namespace gdi

@@ -76,8 +76,6 @@ void Region::subtract(const Region &other)
     }
 }
 
-void Region::intersect(const RECT &rect) { intersect(Region(rect)); }
-
 void Region::intersect(const Region &other)
 {
     std::vector<RECT> rest;

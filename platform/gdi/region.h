@@ -11,7 +11,7 @@ class Region
 {
 public:
     Region() = default;
-    explicit Region(const RECT &rect);
+    Region(const RECT &rect);
 
     bool empty() const { return rects_.empty(); }
     const std::vector<RECT> &rects() const { return rects_; }
@@ -23,7 +23,6 @@ public:
     void add(const Region &other);
     void subtract(const RECT &rect);
     void subtract(const Region &other);
-    void intersect(const RECT &rect);
     void intersect(const Region &other);
     void offset(int dx, int dy);
     void clear() { rects_.clear(); }

@@ -1,8 +1,7 @@
 // The display's memory, and the parts of it that windows lend to device contexts.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "gdi/pixel.h"
@@ -36,5 +35,12 @@ public:
     /// The part that is visible now, in screen pixels.
     virtual const Region &visible() const = 0;
 };
+
+/// A device context that draws on the screen, inside the visible part of `area` and, when given,
+/// inside `within` (screen pixels). The area must outlive it. It starts with the settings of a new
+/// memory device context.
+[[nodiscard]] HDC openScreenDC(const ScreenArea &area, const std::optional<Region> &within);
+/// False when `dc` is not a device context on the screen.
+bool closeScreenDC(HDC dc);
 
 } // namespace gdi

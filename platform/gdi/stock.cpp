@@ -5,7 +5,6 @@
 #include <optional>
 #include <utility>
 
-#include "gdi/font.h"
 #include "gdi/objects.h"
 
 namespace gdi {
@@ -38,8 +37,7 @@ struct Stock
         {},
         {},
         {},
-        insertStock(std::make_unique<Font>(systemFontDescription(),
-                                           nearestStrike(systemFontDescription()))),
+        insertStock(std::make_unique<Font>(systemFontDescription())),
     };
     HGDIOBJ bitmap = insertStock(Bitmap::make(1, 1));
 };

@@ -3,12 +3,24 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <optional>
 #include <span>
 #include <string>
 #include <utility>
 
+#include "host/problem.h"
+
 namespace host {
+
+/// What a system call returns that no signal cuts short.
+template <class Call>
+auto uninterrupted(Call call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
 
 /// A file descriptor, closed with its owner.
 class Descriptor
@@ -39,5 +51,9 @@ public:
 private:
     int number_ = -1;
 };
+
+/// Reads a line from a file descriptor, without its end, and not a byte further: another process
+/// may go on with the next line. None at the end of the file; a problem begins with `name`.
+Result<std::optional<std::string>> readLine(int descriptor, const std::string &name);
 
 } // namespace host

@@ -21,12 +21,7 @@ bool cannotSync(int error) { return error == EINVAL || error == ENOSYS; }
 
 bool bringToDisk(const Descriptor &file)
 {
-    while (fsync(file.number()) != 0) {
-        if (errno != EINTR) {
-            return cannotSync(errno);
-        }
-    }
-    return true;
+    return uninterrupted([&] { return fsync(file.number()); }) == 0 || cannotSync(errno);
 }
 
 /// Asks the system to bring a file to the disk while the program goes on.
@@ -38,8 +33,6 @@ public:
         request_->aio_fildes = file.number();
         request_->aio_sigevent.sigev_notify = SIGEV_NONE;
     }
-    DiskRequest(const DiskRequest &) = delete;
-    DiskRequest &operator=(const DiskRequest &) = delete;
     /// The system writes into the request until it is done.
     ~DiskRequest()
     {
@@ -104,9 +97,7 @@ private:
 /// The owner of another user's file stays only if this one may give files away.
 void copyOwner(const std::filesystem::path &from, const Descriptor &to)
 {
-    struct stat known
-    {
-    };
+    struct stat known = {};
     if (stat(from.c_str(), &known) == 0) {
         const bool kept = fchown(to.number(), known.st_uid, known.st_gid) == 0;
         fchmod(to.number(), known.st_mode & (kept ? 07777U : 0777U));
@@ -131,9 +122,7 @@ bool writeBeside(const std::filesystem::path &fresh, const std::filesystem::path
 Result<std::optional<std::string>> readFile(const std::filesystem::path &file, std::size_t largest)
 {
     const Descriptor source(file, O_RDONLY | O_NONBLOCK); // a pipe would wait for its other end
-    struct stat known
-    {
-    };
+    struct stat known = {};
     if (!source || fstat(source.number(), &known) != 0) {
         return {{}, errno == ENOENT ? std::nullopt : Problem(fileProblem(file))};
     }
@@ -147,9 +136,7 @@ Result<std::optional<std::string>> readFile(const std::filesystem::path &file, s
 std::string readEnd(const std::filesystem::path &file, std::size_t size)
 {
     const Descriptor source(file, O_RDONLY | O_NONBLOCK);
-    struct stat known
-    {
-    };
+    struct stat known = {};
     if (!source || fstat(source.number(), &known) != 0 || !S_ISREG(known.st_mode)) {
         return {};
     }
@@ -214,9 +201,7 @@ std::filesystem::path linkedFile(std::filesystem::path file)
 
 bool isTaken(const std::filesystem::path &file)
 {
-    struct stat known
-    {
-    };
+    struct stat known = {};
     return lstat(file.c_str(), &known) == 0;
 }
 

@@ -32,9 +32,7 @@ std::string fileUrl(const std::filesystem::path &file)
 /// number, 0 for none.
 int start(const char *program, const std::string &argument)
 {
-    struct sigaction action
-    {
-    };
+    struct sigaction action = {};
     action.sa_handler = SIG_DFL;
     action.sa_flags = SA_NOCLDWAIT;
     sigaction(SIGCHLD, &action, nullptr);

@@ -52,7 +52,23 @@ struct Event
     WatchCommand watch{};
 };
 
-/// A rectangle of the screen in pixels; right and bottom are exclusive.
+// Points, sizes and rectangles are in pixels.
+
+struct Point
+{
+    int x = 0;
+    int y = 0;
+
+    friend bool operator==(const Point &, const Point &) = default;
+};
+
+struct Size
+{
+    int width = 0;
+    int height = 0;
+};
+
+/// Right and bottom are exclusive.
 struct Area
 {
     int left = 0;
@@ -94,25 +110,22 @@ public:
     /// an event comes.
     virtual std::optional<Event> wait(std::optional<std::uint32_t> deadline) = 0;
 
-    // Screen ---------------------------------------------------------------------------------
+    // Screen. Hosts without a window only take the frame. ---------------------------------------
 
     /// Shows the frame, of which `changed` differs from the last one shown. Called before the
     /// process sleeps. The pixels stay where they are until the next call.
     virtual void present(const Frame &frame, const Area &changed) = 0;
     /// The title and icon of the program, once they are known.
-    virtual void describeProgram(std::u16string_view title, const Icon &icon) = 0;
+    virtual void describeProgram(std::u16string_view, const Icon &) {}
     /// Brings the host's own window to the front, out of the task bar if need be.
-    virtual void raise() = 0;
+    virtual void raise() {}
     /// An edit box has got or lost the focus. While one has it, typed characters are wanted as Text
     /// events.
-    virtual void wantText(bool wanted) = 0;
+    virtual void wantText(bool) {}
 
     // Sound: unsigned 8-bit mono samples, 22,050 a second -----------------------------------------
 
     virtual bool hasLoudspeaker() = 0;
-    /// False when there is no loudspeaker to open.
-    virtual bool openLoudspeaker() = 0;
-    virtual void closeLoudspeaker() = 0;
     /// Queues samples behind those that still play. The caller keeps the memory until then.
     virtual void playSamples(std::span<const std::uint8_t> samples) = 0;
     /// Silence at once; nothing stays queued.
@@ -134,9 +147,9 @@ public:
 
     /// Whether another process runs the program on the same store. When none does, this one holds
     /// the store from now on.
-    virtual bool runsElsewhere() = 0;
+    virtual bool runsElsewhere() { return false; }
     /// Brings that other process's window to the front.
-    virtual void raiseOther() = 0;
+    virtual void raiseOther() {}
     /// Starts the help viewer `program` on `arguments`; `document` is the HTML page that they
     /// name and `anchor` the place in it. False when it cannot be shown.
     virtual bool showHelp(std::u16string_view program, std::u16string_view arguments,

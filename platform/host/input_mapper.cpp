@@ -3,7 +3,6 @@
 
 #include <utility>
 
-#include "host/buttons.h"
 #include "host/key_table.h"
 
 namespace host {
@@ -103,10 +102,7 @@ void InputMapper::keyUp(int source, std::string_view key)
 void InputMapper::text(char16_t unit)
 {
     if (wantsText_ && !away_ && !pointer_.isHeld()) {
-        Event event;
-        event.kind = Kind::Text;
-        event.text = unit;
-        emit_(event);
+        emit_({.kind = Kind::Text, .text = unit});
     }
 }
 
@@ -121,53 +117,38 @@ void InputMapper::wantText(bool wanted)
 void InputMapper::sendWatch(std::optional<WatchCommand> command)
 {
     if (command) {
-        Event event;
-        event.kind = Kind::Watch;
-        event.watch = *command;
-        emit_(event);
+        emit_({.kind = Kind::Watch, .watch = *command});
     }
 }
 
 // Controllers ------------------------------------------------------------------------------------
 
-InputMapper::HostAction InputMapper::controllerButton(int controller, int button, bool down)
+bool InputMapper::controllerButton(int controller, int button, bool down)
 {
     if (away_) {
-        return HostAction::None;
+        return false;
     }
     if (watching_) {
         sendWatch(down ? watchCommand(button) : std::nullopt);
-        return HostAction::None;
+        return false;
     }
-    Controller &state = controllers_[controller];
+    bool &back = controllers_[controller].back;
+    const Source source = ofController(controller, button);
     if (button == padBack) {
-        state.back = down;
+        back = down;
     }
     if (button == padRightStick) {
         pointer_.press(down, now_());
-        return HostAction::None;
-    }
-    bool taken = false;
-    const HostAction action = down && state.back ? actWithBack(button, taken) : HostAction::None;
-    const Source source = ofController(controller, button);
-    if (!down) {
+    } else if (!down) {
         release(source);
-    } else if (!taken && button >= 0 && button < static_cast<int>(std::size(padButtons))) {
+    } else if (back && (button == padStart || button == padX)) { // keyboards have keys for these
+        system(button == padStart ? Kind::Close : Kind::Help);
+    } else if (back && button == padY) {
+        return true;
+    } else if (button >= 0 && button < static_cast<int>(std::size(padButtons))) {
         press(source, padButtons[button]);
     }
-    return action;
-}
-
-/// Back is held: what keyboards have further keys for.
-InputMapper::HostAction InputMapper::actWithBack(int button, bool &taken)
-{
-    taken = button == padStart || button == padX || button == padY;
-    if (button == padStart) {
-        system(Kind::Close);
-    } else if (button == padX) {
-        system(Kind::Help);
-    }
-    return button == padY ? HostAction::FullScreen : HostAction::None;
+    return false;
 }
 
 void InputMapper::controllerAxis(int controller, int axis, double value)
@@ -287,7 +268,7 @@ void InputMapper::releaseEverything()
 void InputMapper::releaseKeys()
 {
     for (const std::uint16_t key : held_.releaseAll()) {
-        sendKeyUp(key);
+        emit_({.kind = Kind::KeyUp, .key = key});
     }
 }
 
@@ -303,44 +284,25 @@ void InputMapper::press(Source source, std::uint16_t key, KeyModifiers modifiers
 void InputMapper::release(Source source)
 {
     if (const std::uint16_t key = held_.release(source)) {
-        sendKeyUp(key);
+        emit_({.kind = Kind::KeyUp, .key = key});
     }
 }
 
 void InputMapper::sendKeyDown(std::uint16_t key, KeyModifiers modifiers, bool escape)
 {
-    Event event;
-    event.kind = Kind::KeyDown;
-    event.key = key;
-    event.control = modifiers.control;
-    event.shift = modifiers.shift;
-    event.escape = escape;
-    emit_(event);
-}
-
-void InputMapper::sendKeyUp(std::uint16_t key)
-{
-    Event event;
-    event.kind = Kind::KeyUp;
-    event.key = key;
-    emit_(event);
+    emit_({.kind = Kind::KeyDown,
+           .key = key,
+           .control = modifiers.control,
+           .shift = modifiers.shift,
+           .escape = escape});
 }
 
 void InputMapper::sendStylus(Kind kind, Point pixel)
 {
-    Event event;
-    event.kind = kind;
-    event.x = pixel.x;
-    event.y = pixel.y;
     stylus_ = kind == Kind::StylusUp ? std::nullopt : std::optional(pixel);
-    emit_(event);
+    emit_({.kind = kind, .x = pixel.x, .y = pixel.y});
 }
 
-void InputMapper::system(Kind kind)
-{
-    Event event;
-    event.kind = kind;
-    emit_(event);
-}
+void InputMapper::system(Kind kind) { emit_({.kind = kind}); }
 
 } // namespace host

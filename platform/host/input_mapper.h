@@ -8,7 +8,6 @@
 #include <optional>
 #include <string_view>
 
-#include "host/geometry.h"
 #include "host/held_keys.h"
 #include "host/host.h"
 #include "host/stylus_pointer.h"
@@ -50,16 +49,10 @@ public:
     /// events.
     void setWatching(bool watching) { watching_ = watching; }
 
-    // Controllers, numbered as the standard gamepad of browsers
-    // ------------------------------------
+    // Controllers, numbered as the standard gamepad of browsers ---------------------------------
 
-    /// Returns what only the host can do for the player, if that is what the button asks for.
-    enum class HostAction
-    {
-        None,
-        FullScreen
-    };
-    HostAction controllerButton(int controller, int button, bool down);
+    /// Returns whether the button asks for full screen, on and off, which only the host can do.
+    bool controllerButton(int controller, int button, bool down);
     /// Axis 0 and 1: left stick, 2 and 3: right stick; to the right and down, -1 to 1.
     void controllerAxis(int controller, int axis, double value);
     void controllerGone(int controller);
@@ -72,7 +65,6 @@ public:
     void stylusDown(Point pixel);
     void stylusMove(Point pixel);
     void stylusUp();
-    bool stylusIsDown() const { return stylus_.has_value(); }
 
     // Coming and going --------------------------------------------------------------------------
 
@@ -104,12 +96,10 @@ private:
     void press(Source source, std::uint16_t key, KeyModifiers modifiers = {}, bool escape = false);
     void release(Source source);
     void sendKeyDown(std::uint16_t key, KeyModifiers modifiers, bool escape);
-    void sendKeyUp(std::uint16_t key);
     void sendStylus(Event::Kind kind, Point pixel);
     void sendWatch(std::optional<WatchCommand> command);
     void releaseKeys();
     void releaseEverything();
-    HostAction actWithBack(int button, bool &taken);
     void leftStick(int controller, int axis, double value);
 
     Clock now_;

@@ -2,10 +2,8 @@
 #include "host/key_table.h"
 
 #include <algorithm>
-#include <charconv>
 #include <span>
-
-#include "host/buttons.h"
+#include <string>
 
 namespace host {
 namespace {
@@ -42,14 +40,12 @@ std::uint16_t find(std::span<const Entry> table, std::string_view name)
 std::uint16_t functionKey(std::string_view key)
 {
     constexpr int keyF1 = 0x70;
-    int number = 0;
-    if (!key.starts_with('F') ||
-        std::from_chars(key.data() + 1, key.data() + key.size(), number).ec != std::errc())
-    {
-        return 0;
+    for (int number = 1; number <= 12; ++number) {
+        if (key == 'F' + std::to_string(number)) {
+            return static_cast<std::uint16_t>(keyF1 + number - 1);
+        }
     }
-    return number >= 1 && number <= 12 ? static_cast<std::uint16_t>(keyF1 + number - 1)
-                                       : std::uint16_t{0};
+    return 0;
 }
 
 } // namespace

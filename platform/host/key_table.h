@@ -9,6 +9,17 @@
 
 namespace host {
 
+// The handheld's buttons by their virtual-key codes.
+constexpr std::uint16_t padCentre = 13;
+constexpr std::uint16_t padLeft = 37;
+constexpr std::uint16_t padUp = 38;
+constexpr std::uint16_t padRight = 39;
+constexpr std::uint16_t padDown = 40;
+constexpr std::uint16_t buttonA = 193;
+constexpr std::uint16_t buttonB = 194;
+constexpr std::uint16_t buttonC = 195;
+constexpr std::uint16_t buttonD = 196;
+
 /// The virtual-key code that a key stands for; 0 for a key that the handheld does not have.
 std::uint16_t virtualKey(std::string_view key);
 /// The code of a button on the handheld's face: "Left", "Up", "Right", "Down", "Centre", "A" to

@@ -9,9 +9,8 @@
 #include <png.h>
 
 namespace host {
-namespace {
 
-std::vector<png_byte> expand(const Frame &frame)
+std::vector<std::byte> encodePng(const Frame &frame)
 {
     const auto count =
         static_cast<std::size_t>(frame.width) * static_cast<std::size_t>(frame.height);
@@ -21,23 +20,15 @@ std::vector<png_byte> expand(const Frame &frame)
         const auto [red, green, blue] = unpack(pixel);
         rgb.insert(rgb.end(), {red, green, blue});
     }
-    return rgb;
-}
-
-} // namespace
-
-std::vector<std::byte> encodePng(const Frame &frame)
-{
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(frame.width);
     image.height = static_cast<png_uint_32>(frame.height);
     image.format = PNG_FORMAT_RGB;
-    const auto pixels = expand(frame);
     png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(image);
     std::vector<std::byte> bytes(size);
     const int written =
-        png_image_write_to_memory(&image, bytes.data(), &size, 0, pixels.data(), 0, nullptr);
+        png_image_write_to_memory(&image, bytes.data(), &size, 0, rgb.data(), 0, nullptr);
     bytes.resize(written != 0 ? size : 0);
     return bytes;
 }

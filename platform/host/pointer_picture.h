@@ -3,18 +3,11 @@
 
 #include <vector>
 
-#include "host/geometry.h"
 #include "host/host.h"
 #include "host/pixel.h"
+#include "host/stylus_pointer.h"
 
 namespace host {
-
-struct PointerLook
-{
-    Point tip; ///< pixel of the screen
-    bool down = false;
-    friend bool operator==(const PointerLook &, const PointerLook &) = default;
-};
 
 /// The part of the screen that it covers.
 Area pointerArea(const PointerLook &look, Size screen);

@@ -9,15 +9,8 @@
 namespace host {
 namespace {
 
-struct flock wholeFile()
-{
-    struct flock lock
-    {
-    };
-    lock.l_type = F_WRLCK;
-    lock.l_whence = SEEK_SET;
-    return lock;
-}
+constexpr struct flock wholeFile = {
+    .l_type = F_WRLCK, .l_whence = SEEK_SET, .l_start = 0, .l_len = 0, .l_pid = 0};
 
 } // namespace
 
@@ -26,7 +19,7 @@ bool ProcessLock::take()
     if (!descriptor_) {
         descriptor_ = Descriptor(file_, O_RDWR | O_CREAT);
     }
-    struct flock lock = wholeFile();
+    struct flock lock = wholeFile;
     taken_ = !descriptor_ || fcntl(descriptor_.number(), F_SETLK, &lock) == 0 ||
              (errno != EACCES && errno != EAGAIN);
     return taken_;
@@ -34,9 +27,7 @@ bool ProcessLock::take()
 
 void ProcessLock::keep()
 {
-    struct stat known
-    {
-    };
+    struct stat known = {};
     const bool exists =
         descriptor_ && fstat(descriptor_.number(), &known) == 0 && known.st_nlink > 0;
     if (taken_ && !exists) {
@@ -47,7 +38,7 @@ void ProcessLock::keep()
 
 void ProcessLock::nudgeHolder()
 {
-    struct flock lock = wholeFile();
+    struct flock lock = wholeFile;
     if (descriptor_ && fcntl(descriptor_.number(), F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK &&
         lock.l_pid > 0)
     {

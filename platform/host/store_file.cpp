@@ -21,14 +21,6 @@ std::string numbered(const std::string &name)
     return name + '.' + std::to_string(number);
 }
 
-bool isFolder(const std::filesystem::path &path)
-{
-    struct stat known
-    {
-    };
-    return stat(path.c_str(), &known) == 0 && S_ISDIR(known.st_mode);
-}
-
 } // namespace
 
 StoreFile::StoreFile(std::filesystem::path folder)
@@ -44,13 +36,11 @@ Problem StoreFile::makeFolder() const
         made /= part;
         error = mkdir(made.c_str(), forItsOwner) == 0 ? 0 : errno;
     }
-    struct stat known
-    {
-    };
-    if (stat(folder_.c_str(), &known) != 0) {
-        return fileProblem(folder_, error == EEXIST ? errno : error);
+    std::error_code missing;
+    if (std::filesystem::is_directory(folder_, missing)) {
+        return std::nullopt;
     }
-    return S_ISDIR(known.st_mode) ? std::nullopt : Problem(fileProblem(folder_, ENOTDIR));
+    return fileProblem(folder_, !missing ? ENOTDIR : error == EEXIST ? missing.value() : error);
 }
 
 Result<std::optional<std::vector<std::byte>>> StoreFile::load()
@@ -69,12 +59,8 @@ Problem StoreFile::save(std::span<const std::byte> bytes)
     if (protected_) {
         return file_.string() + ": left as it is, because it cannot be read or set aside";
     }
-    if (!isFolder(folder_)) {
-        if (auto problem = makeFolder()) {
-            return problem;
-        }
-    }
-    return replaceFile(file_, bytes);
+    const auto problem = makeFolder();
+    return problem ? problem : replaceFile(file_, bytes);
 }
 
 Problem StoreFile::setAside()

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <utility>
 
-#include "host/buttons.h"
+#include "host/key_table.h"
 #include "host/moment.h"
 
 namespace host {
@@ -124,17 +124,15 @@ std::optional<std::uint32_t> StylusPointer::due() const
     return mayHide ? std::optional(last_ + hideMilliseconds) : std::nullopt;
 }
 
-std::optional<Point> StylusPointer::shownAt() const
+std::optional<PointerLook> StylusPointer::look() const
 {
-    return visible_ ? std::optional(pixel()) : std::nullopt;
+    return visible_ ? std::optional(PointerLook{pixel(), down_}) : std::nullopt;
 }
 
 StylusPointer::Vector StylusPointer::arrows() const
 {
     const auto [left, up, right, down] = arrowDown_;
-    const int x = int{right} - int{left};
-    const int y = int{down} - int{up};
-    return {static_cast<double>(x), static_cast<double>(y)};
+    return {static_cast<double>(right - left), static_cast<double>(down - up)};
 }
 
 StylusPointer::Vector StylusPointer::velocity(std::uint32_t now) const
@@ -159,7 +157,7 @@ void StylusPointer::moveBy(Vector way)
     position_.x = std::clamp(position_.x + way.x, 0.0, screen_.width - 1.0);
     position_.y = std::clamp(position_.y + way.y, 0.0, screen_.height - 1.0);
     const Point after = pixel();
-    if (down_ && (after.x != before.x || after.y != before.y)) {
+    if (down_ && after != before) {
         stylus_(Event::Kind::StylusMove, after);
     }
 }

@@ -8,10 +8,18 @@
 #include <functional>
 #include <optional>
 
-#include "host/geometry.h"
 #include "host/host.h"
 
 namespace host {
+
+/// How it is to be drawn.
+struct PointerLook
+{
+    Point tip; ///< pixel of the screen
+    bool down = false;
+
+    friend bool operator==(const PointerLook &, const PointerLook &) = default;
+};
 
 class StylusPointer
 {
@@ -45,8 +53,8 @@ public:
     /// The moment at which `advance` is due; none while there is nothing to do.
     std::optional<std::uint32_t> due() const;
 
-    /// Its pixel; none while it is hidden.
-    std::optional<Point> shownAt() const;
+    /// None while it is hidden.
+    std::optional<PointerLook> look() const;
     bool isDown() const { return down_; }
 
 private:

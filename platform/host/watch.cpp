@@ -10,13 +10,14 @@ namespace {
 
 using enum WatchCommand;
 
-struct Key
+template <class Id>
+struct Entry
 {
-    std::string_view name;
+    Id id;
     WatchCommand command;
 };
 
-constexpr Key keys[] = {
+constexpr Entry<std::string_view> keys[] = {
     {" ", Toggle},
     {".", Tick},
     {"ArrowUp", Faster},
@@ -31,23 +32,17 @@ constexpr Key keys[] = {
     {"Escape", End},
 };
 
-struct Button
-{
-    int number;
-    WatchCommand command;
-};
-
-constexpr Button buttons[] = {
+constexpr Entry<int> buttons[] = {
     {0, Toggle},      {1, End},      {2, TakeOver}, {3, Tick},    {4, PreviousChapter},
     {5, NextChapter}, {8, Help},     {9, Toggle},   {12, Faster}, {13, Slower},
     {14, Back},       {15, Forward}, {16, Start},
 };
 
-template <class Table, class Value, class Member>
-std::optional<WatchCommand> find(const Table &table, const Value &value, Member member)
+template <class Id, std::size_t size>
+std::optional<WatchCommand> find(const Entry<Id> (&table)[size], Id id)
 {
-    const auto found = std::find_if(std::begin(table), std::end(table),
-                                    [&](const auto &each) { return each.*member == value; });
+    const auto *found = std::find_if(std::begin(table), std::end(table),
+                                     [&](const Entry<Id> &each) { return each.id == id; });
     return found == std::end(table) ? std::nullopt : std::optional(found->command);
 }
 
@@ -90,14 +85,8 @@ std::string describe(const Progress &progress)
     return progress.chapter.empty() ? text : text + ", " + progress.chapter;
 }
 
-std::optional<WatchCommand> watchCommand(std::string_view key)
-{
-    return find(keys, key, &Key::name);
-}
+std::optional<WatchCommand> watchCommand(std::string_view key) { return find(keys, key); }
 
-std::optional<WatchCommand> watchCommand(int button)
-{
-    return find(buttons, button, &Button::number);
-}
+std::optional<WatchCommand> watchCommand(int button) { return find(buttons, button); }
 
 } // namespace host

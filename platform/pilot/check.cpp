@@ -1,8 +1,6 @@
 // Plays a record at full speed in a process of its own.
 #include "pilot/check.h"
 
-#include <cstdio>
-
 #include "host/pilot/pilot_host.h"
 #include "pilot/run_process.h"
 #include "record/playback.h"
@@ -14,14 +12,12 @@ int check(const std::string &file, const handheld::Program &program, const Subje
 {
     const auto read = record::readFile(file);
     const record::Record &record = read.value;
-    const auto problem =
-        read.problem || record.hasDigests()
-            ? read.problem
-            : host::Problem(file +
-                            ": has nothing to compare with, as one of the first versions wrote it");
-    if (problem) {
-        std::fprintf(stderr, "pilot: %s\n", problem->c_str());
-        return 2;
+    if (read.problem) {
+        return complain(*read.problem, 2);
+    }
+    if (!record.hasDigests()) {
+        return complain(
+            file + ": has nothing to compare with, as one of the first versions wrote it", 2);
     }
     return runUntilFinished({}, [&](RunState &, Outcome &outcome) {
         record::Playback playback(record, subject);

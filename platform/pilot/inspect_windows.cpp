@@ -2,6 +2,7 @@
 #include "pilot/inspect.h"
 
 #include "base/names.h"
+#include "base/utf.h"
 #include "user/menu.h"
 #include "user/table.h"
 #include "user/timer.h"
@@ -19,16 +20,6 @@ std::optional<int> selectionOf(const user::Window &window)
     }
     const LRESULT selection = SendMessageW(window.handle, CB_GETCURSEL, 0, 0);
     return selection == CB_ERR ? std::nullopt : std::optional(static_cast<int>(selection));
-}
-
-/// The names of classes are plain ASCII.
-std::string narrow(const std::u16string &name)
-{
-    std::string text;
-    for (const char16_t unit : name) {
-        text += unit < 0x80 ? static_cast<char>(unit) : '?';
-    }
-    return text;
 }
 
 /// The shell's own windows, which are there without a program.
@@ -52,13 +43,13 @@ std::vector<std::string> liveObjects()
     std::vector<std::string> lines;
     for (user::Window *window : user::everyWindow()) {
         if (!ofTheSystem(window->topLevel())) {
-            lines.push_back("window " + narrow(window->windowClass->name));
+            lines.push_back("window " + base::toUtf8(window->windowClass->name));
         }
     }
-    for (const user::TimerView &timer : user::liveTimers()) {
+    for (const user::Timer &timer : user::liveTimers()) {
         const user::Window *window = user::find(timer.window);
         lines.push_back("timer " + std::to_string(timer.id) + " of " +
-                        (window ? narrow(window->windowClass->name) : "none"));
+                        (window ? base::toUtf8(window->windowClass->name) : "none"));
     }
     lines.insert(lines.end(), user::liveMenus(), "menu");
     return lines;

@@ -1,56 +1,19 @@
 // Sets a run up: the script, the store, the processes.
 #include "pilot/pilot.h"
 
-#include <algorithm>
-#include <cstdio>
-#include <cstdlib>
-
 #include <fcntl.h>
 #include <unistd.h>
 
 #include "host/files.h"
+#include "host/pilot/pilot_host.h"
 #include "host/store_file.h"
+#include "host/temporary_folder.h"
 #include "pilot/player.h"
 #include "pilot/run_process.h"
 #include "record/recording_host.h"
 
 namespace pilot {
 namespace {
-
-/// The folder of the store; a temporary one is removed at the end.
-class StoreFolder
-{
-public:
-    StoreFolder() = default;
-    StoreFolder(const StoreFolder &) = delete;
-    StoreFolder &operator=(const StoreFolder &) = delete;
-    ~StoreFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(temporary_, ignored);
-    }
-
-    /// Makes the folder; none: a temporary one.
-    host::Problem make(const std::optional<std::filesystem::path> &folder)
-    {
-        if (folder) {
-            path_ = *folder;
-            return host::StoreFile(path_).makeFolder();
-        }
-        std::string name = std::filesystem::temp_directory_path() / "glimra-pilot-XXXXXX";
-        if (!mkdtemp(name.data())) {
-            return host::fileProblem(name);
-        }
-        path_ = temporary_ = name;
-        return std::nullopt;
-    }
-
-    const std::filesystem::path &path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-    std::filesystem::path temporary_; ///< empty: there is none
-};
 
 /// The first lines of the script, which stay to be read; of a pipe, none.
 host::Result<std::string> startOf(int script)
@@ -80,12 +43,6 @@ host::Problem placeStore(const record::Beginning &beginning, const std::string &
     return std::nullopt;
 }
 
-int complain(const std::string &problem)
-{
-    std::fprintf(stderr, "pilot: %s\n", problem.c_str());
-    return 1;
-}
-
 } // namespace
 
 int run(const Options &options, const handheld::Program &program, const Subject &subject)
@@ -95,9 +52,11 @@ int run(const Options &options, const handheld::Program &program, const Subject 
     if (script < 0) {
         return complain(host::fileProblem(options.script));
     }
-    StoreFolder store;
-    if (const auto problem = store.make(options.store)) {
-        return complain(*problem);
+    std::optional<host::TemporaryFolder> temporary;
+    const auto store = options.store ? *options.store : temporary.emplace("glimra-pilot").path();
+    const auto unmade = temporary ? temporary->problem() : host::StoreFile(store).makeFolder();
+    if (unmade) {
+        return complain(*unmade);
     }
     const auto [start, unread] = startOf(script);
     if (unread) {
@@ -107,11 +66,10 @@ int run(const Options &options, const handheld::Program &program, const Subject 
     int lines = 0;
     const auto [beginning, mistake] = record::takeBeginning(rest, lines);
     if (mistake) {
-        complain(*mistake);
-        return 2;
+        return complain(*mistake, 2);
     }
     const auto unplaced =
-        options.store ? std::nullopt : placeStore(beginning, options.script, store.path());
+        options.store ? std::nullopt : placeStore(beginning, options.script, store);
     if (unplaced) {
         return complain(*unplaced);
     }
@@ -119,7 +77,7 @@ int run(const Options &options, const handheld::Program &program, const Subject 
     first.clock = options.clock.value_or(beginning.clock);
     first.orientation = options.landscape || beginning.landscape ? 1 : 0;
     return runUntilFinished(first, [&](RunState &state, Outcome &outcome) {
-        play(script, state, outcome, store.path(), subject, [&](host::Host &host) {
+        play(script, state, outcome, store, subject, [&](host::Host &host) {
             record::RecordingHost recorder(host);
             if (!options.record || state.line != 0) {
                 return handheld::run(host, program, state.orientation);

@@ -2,18 +2,17 @@
 #include "pilot/player.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <deque>
 #include <fstream>
 #include <iterator>
 #include <utility>
 
 #include "base/utf.h"
-#include "gdi/inventory.h"
+#include "gdi/objects.h"
+#include "host/descriptor.h"
 #include "host/pilot/pilot_host.h"
 #include "host/png.h"
 #include "pilot/inspect.h"
-#include "pilot/read_line.h"
 #include "record/input_command.h"
 #include "record/record.h"
 
@@ -94,7 +93,7 @@ public:
     void chord(const Arguments &arguments)
     {
         const auto code = static_cast<std::uint16_t>(arguments.numbers[0]);
-        send(Kind::KeyDown, code, 1);
+        send(Kind::KeyDown, code, true);
         send(Kind::KeyUp, code);
     }
 
@@ -107,7 +106,12 @@ public:
         tapPoint({x, y});
     }
 
-    void type(const Arguments &arguments) { sendText(base::toUtf16(arguments.text)); }
+    void type(const Arguments &arguments)
+    {
+        for (const char16_t unit : base::toUtf16(arguments.text)) {
+            host_.send({.kind = Kind::Text, .text = unit});
+        }
+    }
 
     // Taps on what is shown --------------------------------------------------------------------
 
@@ -271,15 +275,19 @@ private:
                 record::inHex(record::digestOf(subject_, state_.clock)))
         {
             differs_ = true;
-            std::fprintf(stderr, "pilot: line %d: the program differs from the record\n",
-                         state_.line);
+            complainOf("the program differs from the record");
         }
     }
 
     [[noreturn]] void fail(int status, const std::string &reason)
     {
-        std::fprintf(stderr, "pilot: line %d: %s\n", state_.line, reason.c_str());
+        complainOf(reason);
         finish(status);
+    }
+
+    void complainOf(const std::string &reason) const
+    {
+        complain("line " + std::to_string(state_.line) + ": " + reason);
     }
 
     [[noreturn]] void finish(int status, bool cleanly = false)
@@ -314,20 +322,9 @@ private:
 
     // Parts of commands ------------------------------------------------------------------------
 
-    void send(Kind kind, std::uint16_t key = 0, int modifiers = 0)
+    void send(Kind kind, std::uint16_t key, bool control = false)
     {
-        host_.send({.kind = kind,
-                    .key = key,
-                    .control = (modifiers & 1) != 0,
-                    .shift = (modifiers & 2) != 0,
-                    .escape = (modifiers & 4) != 0});
-    }
-
-    void sendText(std::u16string_view text)
-    {
-        for (const char16_t unit : text) {
-            host_.send({.kind = Kind::Text, .text = unit});
-        }
+        host_.send({.kind = kind, .key = key, .control = control});
     }
 
     void tapPoint(POINT point)
@@ -426,7 +423,7 @@ void Player::readCommand()
     if (trace_.is_open()) {
         requireWritten(trace_.flush(), state_.traceFile);
     }
-    const auto [line, problem] = readLine(script_);
+    const auto [line, problem] = host::readLine(script_, "the script cannot be read");
     ++state_.line;
     require(problem);
     if (!line) {

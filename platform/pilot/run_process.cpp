@@ -1,7 +1,6 @@
 // Each process writes its outcome to a pipe: "finish STATUS", or "restart" and the packed state.
 #include "pilot/run_process.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -12,6 +11,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "host/pilot/pilot_host.h"
 #include "host/problem.h"
 
 namespace pilot {
@@ -81,17 +81,8 @@ host::Result<Remains> runOnce(RunState &state,
     }
     running = 0; // it is ending: its number may soon be another's
     int status = 0;
-    while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
-    }
+    host::uninterrupted([&] { return waitpid(process, &status, 0); });
     return {{outcome.value_or(""), status}, problem};
-}
-
-void reportCrash(int status)
-{
-    const std::string cause = WIFSIGNALED(status)
-                                  ? strsignal(WTERMSIG(status))
-                                  : "exit status " + std::to_string(WEXITSTATUS(status));
-    std::fprintf(stderr, "pilot: the program crashed: %s\n", cause.c_str());
 }
 
 } // namespace
@@ -113,8 +104,7 @@ void Outcome::report(const std::string &text, bool cleanly) const
     }
     std::fflush(nullptr);
     if (!pipe_.writeAll(std::as_bytes(std::span(text)))) {
-        std::fprintf(stderr, "pilot: %s\n", host::fileProblem("a pipe").c_str());
-        std::_Exit(1);
+        std::_Exit(complain(host::fileProblem("a pipe")));
     }
     cleanly ? std::exit(0) : std::_Exit(0);
 }
@@ -128,16 +118,17 @@ int runUntilFinished(RunState state, const std::function<void(RunState &, Outcom
             return endedStatus + endedBy;
         }
         if (problem) {
-            std::fprintf(stderr, "pilot: %s\n", problem->c_str());
-            return 1;
+            return complain(*problem);
         }
         const auto &[outcome, status] = remains;
         std::istringstream words(outcome);
         std::string word;
         words >> word;
         if (WIFSIGNALED(status) || WEXITSTATUS(status) != 0 || word.empty()) {
-            reportCrash(status);
-            return crashStatus;
+            const std::string cause = WIFSIGNALED(status)
+                                          ? strsignal(WTERMSIG(status))
+                                          : "exit status " + std::to_string(WEXITSTATUS(status));
+            return complain("the program crashed: " + cause, crashStatus);
         }
         if (word == "finish") {
             int result = 0;

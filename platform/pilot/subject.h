@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "record/subject.h"
+#include "record/record.h"
 
 namespace pilot {
 

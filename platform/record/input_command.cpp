@@ -52,36 +52,29 @@ std::string stylus(const char *action, const Event &event)
 
 Event InputCommand::event(const Arguments &details) const
 {
-    Event event;
-    event.kind = kind;
+    const auto [first, second, third] = details.numbers;
+    const bool down = details.text == "down";
+    const unsigned modifiers = down ? static_cast<unsigned>(third) : 0;
     switch (kind) {
-    case Kind::KeyDown: {
-        const bool down = details.text == "down";
-        const unsigned modifiers = down ? static_cast<unsigned>(details.numbers[2]) : 0;
-        event.kind = down ? Kind::KeyDown : Kind::KeyUp;
-        event.key = static_cast<std::uint16_t>(details.numbers[0]);
-        event.control = (modifiers & 1U) != 0;
-        event.shift = (modifiers & 2U) != 0;
-        event.escape = (modifiers & 4U) != 0;
-        break;
-    }
+    case Kind::KeyDown:
+        return {.kind = down ? Kind::KeyDown : Kind::KeyUp,
+                .key = static_cast<std::uint16_t>(first),
+                .control = (modifiers & 1U) != 0,
+                .shift = (modifiers & 2U) != 0,
+                .escape = (modifiers & 4U) != 0};
     case Kind::StylusDown:
-        event.kind = details.text == "down"   ? Kind::StylusDown
-                     : details.text == "move" ? Kind::StylusMove
-                                              : Kind::StylusUp;
-        event.x = details.numbers[1];
-        event.y = details.numbers[2];
-        break;
+        return {.kind = down                     ? Kind::StylusDown
+                        : details.text == "move" ? Kind::StylusMove
+                                                 : Kind::StylusUp,
+                .x = second,
+                .y = third};
     case Kind::Text:
-        event.text = static_cast<char16_t>(details.numbers[0]);
-        break;
+        return {.kind = kind, .text = static_cast<char16_t>(first)};
     case Kind::Turn:
-        event.orientation = details.numbers[0];
-        break;
+        return {.kind = kind, .orientation = first};
     default:
-        break;
+        return {.kind = kind};
     }
-    return event;
 }
 
 const InputCommand *findInputCommand(std::string_view name)

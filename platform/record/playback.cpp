@@ -8,19 +8,9 @@
 #include "host/moment.h"
 
 namespace record {
-namespace {
 
 using host::Event;
 using Kind = Event::Kind;
-
-Event closeEvent()
-{
-    Event event;
-    event.kind = Kind::Close;
-    return event;
-}
-
-} // namespace
 
 Playback::Playback(const Record &record, Subject subject)
     : record_(record), subject_(std::move(subject)), checked_(record.hasDigests()),
@@ -49,7 +39,7 @@ std::optional<Event> Playback::wait(std::optional<std::uint32_t> deadline)
             storesAtEnd_ = stores_;
         }
         if (!mayMove(target)) {
-            return closeEvent();
+            return Event{.kind = Kind::Close};
         }
         clock_ += static_cast<std::uint32_t>(*target - position_);
         position_ = *target;
@@ -83,20 +73,17 @@ bool Playback::isOver() const
 
 std::optional<Event> Playback::takeStep(const Step &step)
 {
-    switch (step.kind) {
-    case Step::Kind::Event:
+    if (step.kind == Step::Kind::Event) {
         noteHeld(step.event);
         stores_.erase(stores_.begin(),
                       stores_.end() - std::min<std::ptrdiff_t>(2, std::ssize(stores_)));
         return step.event;
-    case Step::Kind::Jump:
+    }
+    if (step.kind == Step::Kind::Jump) {
         clock_ += step.jump;
         position_ += step.jump;
-        break;
-    default:
-        compare(step);
-        break;
     }
+    compare(step);
     return std::nullopt;
 }
 
@@ -117,22 +104,14 @@ void Playback::compare(const Step &step)
 
 void Playback::noteHeld(const Event &event)
 {
-    switch (event.kind) {
-    case Kind::KeyDown:
+    if (event.kind == Kind::KeyDown) {
         heldKeys_.insert(event.key);
-        break;
-    case Kind::KeyUp:
+    } else if (event.kind == Kind::KeyUp) {
         heldKeys_.erase(event.key);
-        break;
-    case Kind::StylusDown:
-    case Kind::StylusMove:
+    } else if (event.kind == Kind::StylusDown || event.kind == Kind::StylusMove) {
         stylus_ = {event.x, event.y};
-        break;
-    case Kind::StylusUp:
+    } else if (event.kind == Kind::StylusUp) {
         stylus_.reset();
-        break;
-    default:
-        break;
     }
 }
 
@@ -156,8 +135,6 @@ void Playback::programEnded()
         compare(step);
     }
 }
-
-std::optional<std::vector<std::byte>> Playback::loadStore() { return stores_.back(); }
 
 bool Playback::saveStore(std::span<const std::byte> bytes)
 {

@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "host/geometry.h"
 #include "host/host.h"
 #include "host/silent_speaker.h"
 #include "record/record.h"
@@ -37,23 +36,16 @@ public:
     std::uint32_t ticks() const override { return clock_; }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
     void present(const host::Frame &, const host::Area &) override {}
-    void describeProgram(std::u16string_view, const host::Icon &) override {}
-    void raise() override {}
-    void wantText(bool) override {}
     bool hasLoudspeaker() override { return true; }
-    bool openLoudspeaker() override { return true; }
-    void closeLoudspeaker() override { dropSamples(); }
     void playSamples(std::span<const std::uint8_t> samples) override
     {
         speaker_.play(samples.size(), clock_);
     }
     void dropSamples() override { speaker_.drop(); }
     bool samplesQueued() override { return speaker_.isPlaying(clock_); }
-    std::optional<std::vector<std::byte>> loadStore() override;
+    std::optional<std::vector<std::byte>> loadStore() override { return stores_.back(); }
     bool saveStore(std::span<const std::byte> bytes) override;
     void setStoreAside() override {}
-    bool runsElsewhere() override { return false; }
-    void raiseOther() override {}
     bool showHelp(std::u16string_view, std::u16string_view, std::span<const std::byte>,
                   std::u16string_view) override
     {

@@ -50,7 +50,7 @@ host::Problem atLine(int line, const std::string &problem)
 host::Problem takeStore(std::string_view &text, int &line, std::string_view size, Beginning &result)
 {
     std::string letters;
-    const int first = line;
+    const int first = line + 1;
     while (text.starts_with("#: ")) {
         std::string_view letter = takeLine(text);
         ++line;
@@ -221,12 +221,9 @@ host::Result<Beginning> takeBeginning(std::string_view &text, int &line)
                 return {{}, atLine(line + 1, "the clock must be a number from 0 to 4294967295")};
             }
         } else if (take(first, "# store ")) {
-            ++line;
-            text = rest;
-            if (auto problem = takeStore(text, line, first, result)) {
+            if (auto problem = takeStore(rest, line, first, result)) {
                 return {{}, problem};
             }
-            continue;
         } else {
             return {result, {}};
         }

@@ -20,6 +20,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -28,7 +29,6 @@
 
 #include "host/host.h"
 #include "host/problem.h"
-#include "record/subject.h"
 
 namespace record {
 
@@ -36,6 +36,16 @@ constexpr int formatNumber = 1;
 constexpr std::size_t largestSize = std::size_t{4} << 20U; ///< of a record's text, bytes
 constexpr std::size_t longestLine = 200;                   ///< bytes, without the end of the line
 constexpr std::uint64_t longestTime = 24ULL * 60 * 60 * 1000; ///< milliseconds
+
+/// What a record knows of the program.
+struct Subject
+{
+    /// The object whose bytes the digests are made from.
+    std::span<const std::byte> image;
+    /// The chapter that has begun since the last call, on one line, such as "game Marathon level
+    /// 3"; none: still the same.
+    std::function<std::optional<std::string>()> newChapter;
+};
 
 /// What the program finds at its start.
 struct Beginning
@@ -80,8 +90,6 @@ struct Record
     std::vector<Step> steps;
     std::uint64_t length = 0; ///< milliseconds
 
-    /// Whether the program ended in it; else the process was stopped, or the record was cut.
-    bool closed() const { return !steps.empty() && steps.back().kind == Step::Kind::Closed; }
     /// Whether it can be checked; the first versions wrote no digests.
     bool hasDigests() const;
 };

@@ -48,8 +48,6 @@ public:
     void raise() override { inner_.raise(); }
     void wantText(bool wanted) override { inner_.wantText(wanted); }
     bool hasLoudspeaker() override { return inner_.hasLoudspeaker(); }
-    bool openLoudspeaker() override { return inner_.openLoudspeaker(); }
-    void closeLoudspeaker() override { inner_.closeLoudspeaker(); }
     void playSamples(std::span<const std::uint8_t> samples) override
     {
         inner_.playSamples(samples);

@@ -16,24 +16,26 @@ struct NumberKind
     std::string_view name;
     int smallest;
     int largest;
+    std::string_view usual = {}; ///< when it is left out
 };
 
 constexpr NumberKind numberKinds[] = {
     {Argument::Milliseconds, "MS", 0, 2147483647},
-    {Argument::OptionalMilliseconds, "MS", 0, 2147483647},
+    {Argument::OptionalMilliseconds, "MS", 0, 2147483647, "25"},
     {Argument::KeyCode, "CODE", 1, 254},
     {Argument::CodeUnit, "CODE", 1, 65535},
     {Argument::Pixel, "a coordinate", 0, 319},
     {Argument::Id, "ID", -32768, 65535},
     {Argument::Index, "INDEX", 0, 65535},
     {Argument::Orientation, "N", 0, 4},
-    {Argument::OptionalRate, "FPS", 1, 60},
+    {Argument::OptionalRate, "FPS", 1, 60, "40"},
 };
 
 host::Problem readNumber(std::string_view word, Argument kind, int &number)
 {
     const auto *range = std::find_if(std::begin(numberKinds), std::end(numberKinds),
                                      [&](const NumberKind &each) { return each.kind == kind; });
+    word = word.empty() ? range->usual : word;
     const char *end = word.data() + word.size();
     const auto [stop, error] = std::from_chars(word.data(), end, number);
     const bool inRange = error == std::errc() && stop == end && number >= range->smallest &&
@@ -81,12 +83,6 @@ host::Problem readWord(std::string_view word, Argument kind, Arguments &result, 
     }
     if (kind == Argument::OptionalModifiers) {
         return readModifiers(word, number);
-    }
-    if (kind == Argument::OptionalMilliseconds && word.empty()) {
-        word = "25";
-    }
-    if (kind == Argument::OptionalRate && word.empty()) {
-        word = "40";
     }
     return readNumber(word, kind, number);
 }

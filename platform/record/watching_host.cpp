@@ -28,13 +28,6 @@ host::Area unite(const host::Area &a, const host::Area &b)
             std::max(a.bottom, b.bottom)};
 }
 
-Event eventOf(Kind kind)
-{
-    Event event;
-    event.kind = kind;
-    return event;
-}
-
 } // namespace
 
 WatchingHost::WatchingHost(const Record &record, Subject subject, host::Host &shown,
@@ -47,11 +40,6 @@ WatchingHost::WatchingHost(const Record &record, Subject subject, host::Host &sh
             chapters_.push_back(&step);
         }
     }
-}
-
-std::uint32_t WatchingHost::ticks() const
-{
-    return offset_ ? shown_.ticks() + *offset_ : Playback::ticks();
 }
 
 std::optional<Event> WatchingHost::wait(std::optional<std::uint32_t> deadline)
@@ -86,9 +74,10 @@ bool WatchingHost::mayMove(std::optional<std::uint64_t> target)
         updateProgress();
         const auto event = shown_.wait(nextLook(target));
         advance();
-        if (event) {
+        if (event && event->kind == Kind::Watch) {
             obey(*event);
         }
+        ended_ = ended_ || (event && event->kind == Kind::Close);
     }
     reached_ = target.value_or(reached_);
     return !ended_ && !offset_;
@@ -130,20 +119,32 @@ void WatchingHost::countFromNow()
 
 void WatchingHost::obey(const Event &event)
 {
-    if (event.kind != Kind::Watch) {
-        ended_ = ended_ || event.kind == Kind::Close;
-        return;
-    }
-    if (event.watch == WatchCommand::Tick) {
-        play(false);
-    }
-    if (const auto position = goalOf(event)) {
-        seek(*position);
-        return;
-    }
+    const auto here = static_cast<std::int64_t>(view_.position);
     switch (event.watch) {
     case WatchCommand::Toggle:
         play(!view_.playing);
+        break;
+    case WatchCommand::Tick:
+        play(false);
+        seek(here + tickTime);
+        break;
+    case WatchCommand::Back:
+        seek(here - seekStep);
+        break;
+    case WatchCommand::Forward:
+        seek(here + seekStep);
+        break;
+    case WatchCommand::PreviousChapter:
+        seek(static_cast<std::int64_t>(otherChapter(false).value_or(0)));
+        break;
+    case WatchCommand::NextChapter:
+        seek(static_cast<std::int64_t>(otherChapter(true).value_or(record_.length)));
+        break;
+    case WatchCommand::Start:
+        seek(0);
+        break;
+    case WatchCommand::Seek:
+        seek(event.x);
         break;
     case WatchCommand::Faster:
         setSpeed(view_.quarterSpeed * 2);
@@ -163,35 +164,10 @@ void WatchingHost::obey(const Event &event)
     case WatchCommand::End:
         ended_ = true;
         break;
-    default:
-        break;
     }
 }
 
-/// The position that the viewer asks for, perhaps outside the record; none for another command.
-std::optional<std::int64_t> WatchingHost::goalOf(const Event &event) const
-{
-    const auto here = static_cast<std::int64_t>(view_.position);
-    switch (event.watch) {
-    case WatchCommand::Tick:
-        return here + tickTime;
-    case WatchCommand::Back:
-        return here - seekStep;
-    case WatchCommand::Forward:
-        return here + seekStep;
-    case WatchCommand::PreviousChapter:
-        return static_cast<std::int64_t>(otherChapter(false).value_or(0));
-    case WatchCommand::NextChapter:
-        return static_cast<std::int64_t>(otherChapter(true).value_or(record_.length));
-    case WatchCommand::Start:
-        return 0;
-    case WatchCommand::Seek:
-        return event.x;
-    default:
-        return std::nullopt;
-    }
-}
-
+/// The position that the viewer asks for, perhaps outside the record.
 void WatchingHost::seek(std::int64_t position)
 {
     view_.position =
@@ -239,13 +215,10 @@ void WatchingHost::takeOver()
 {
     offset_ = Playback::ticks() - shown_.ticks();
     for (const std::uint16_t key : heldKeys_) {
-        released_.push_back(eventOf(Kind::KeyUp));
-        released_.back().key = key;
+        released_.push_back({.kind = Kind::KeyUp, .key = key});
     }
     if (stylus_) {
-        released_.push_back(eventOf(Kind::StylusUp));
-        released_.back().x = stylus_->x;
-        released_.back().y = stylus_->y;
+        released_.push_back({.kind = Kind::StylusUp, .x = stylus_->x, .y = stylus_->y});
     }
     shown_.showProgress(std::nullopt);
     shown_.wantText(textWanted_);

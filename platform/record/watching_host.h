@@ -31,7 +31,10 @@ public:
     WatchingHost(const Record &record, Subject subject, host::Host &shown, const View &view,
                  Callbacks callbacks);
 
-    std::uint32_t ticks() const override;
+    std::uint32_t ticks() const override
+    {
+        return offset_ ? shown_.ticks() + *offset_ : Playback::ticks();
+    }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
     void present(const host::Frame &frame, const host::Area &changed) override;
     void describeProgram(std::u16string_view title, const host::Icon &icon) override
@@ -41,8 +44,6 @@ public:
     void raise() override { shown_.raise(); }
     void wantText(bool wanted) override;
     bool hasLoudspeaker() override { return shown_.hasLoudspeaker(); }
-    bool openLoudspeaker() override { return shown_.openLoudspeaker(); }
-    void closeLoudspeaker() override { shown_.closeLoudspeaker(); }
     void playSamples(std::span<const std::uint8_t> samples) override;
     void dropSamples() override;
     bool samplesQueued() override
@@ -57,7 +58,6 @@ private:
     bool mayMove(std::optional<std::uint64_t> target) override;
     std::optional<std::uint32_t> nextLook(std::optional<std::uint64_t> target) const;
     void obey(const host::Event &event);
-    std::optional<std::int64_t> goalOf(const host::Event &event) const;
     void seek(std::int64_t position);
     void play(bool playing);
     void setSpeed(int quarterSpeed);

@@ -3,7 +3,6 @@
 #include "registry/text.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <string_view>
 #include <utility>
 
@@ -51,9 +50,11 @@ bool isOver(std::u16string_view line)
     return start == std::u16string_view::npos || line[start] == u';';
 }
 
-std::string problemAt(std::size_t line, std::string_view reason)
+/// The problem is in the line in which this beginning of the text ends.
+std::string problemAfter(std::u16string_view text, std::string_view reason)
 {
-    return "line " + std::to_string(line) + ": " + std::string(reason);
+    const auto lineEnds = std::count(text.begin(), text.end(), u'\n');
+    return "line " + std::to_string(lineEnds + 1) + ": " + std::string(reason);
 }
 
 class Reader
@@ -78,7 +79,7 @@ private:
 
     bool fail(std::string_view reason)
     {
-        problem_ = problemAt(line_, reason);
+        problem_ = problemAfter(text_.substr(0, position_), reason);
         return false;
     }
 
@@ -88,31 +89,15 @@ private:
     char16_t take()
     {
         const char16_t unit = peek();
-        if (!atEnd()) {
-            line_ += unit == u'\n' ? 1U : 0U;
-            ++position_;
-        }
+        position_ += atEnd() ? 0U : 1U;
         return unit;
-    }
-    bool accept(char16_t unit)
-    {
-        if (peek() != unit || atEnd()) {
-            return false;
-        }
-        take();
-        return true;
     }
     /// Of A to Z, either case.
     bool accept(std::u16string_view word)
     {
-        const std::u16string_view next = text_.substr(position_, word.size());
-        if (!std::equal(word.begin(), word.end(), next.begin(), next.end(),
-                        [](char16_t a, char16_t b) { return base::folded(a) == base::folded(b); }))
-        {
-            return false;
-        }
-        position_ += word.size();
-        return true;
+        const bool found = base::sameName(text_.substr(position_, word.size()), word);
+        position_ += found ? word.size() : 0;
+        return found;
     }
     void skipBlanks()
     {
@@ -131,7 +116,7 @@ private:
         if (peek() == u';') {
             position_ += restOfLine().size();
         }
-        return peek() == u'\n' ? (take(), true) : fail("something follows the end of the entry");
+        return atEnd() || accept(u"\n") || fail("something follows the end of the entry");
     }
 
     bool readHeader()
@@ -201,15 +186,15 @@ private:
             return fail("the value belongs to no key");
         }
         std::u16string name;
-        if (!accept(u'@') && !readQuoted(name, false)) {
+        if (!accept(u"@") && !readQuoted(name, false)) {
             return false;
         }
         skipBlanks();
-        if (!accept(u'=')) {
+        if (!accept(u"=")) {
             return fail("there is no = after the name");
         }
         skipBlanks();
-        if (accept(u'-')) {
+        if (accept(u"-")) {
             key_->values.erase(name);
             return endLine();
         }
@@ -218,11 +203,11 @@ private:
 
     bool readQuoted(std::u16string &text, bool mayBreak)
     {
-        const std::size_t firstLine = line_;
+        const std::size_t start = position_;
         take();
         for (;;) {
             if (atEnd() || (peek() == u'\n' && !mayBreak)) {
-                line_ = firstLine;
+                position_ = start;
                 return fail("the closing quote is missing");
             }
             char16_t unit = take();
@@ -257,14 +242,14 @@ private:
             return fail("the value is neither a text in quotes nor dword: nor hex:");
         }
         value.type = REG_BINARY;
-        if (accept(u'(')) {
+        if (accept(u"(")) {
             const std::optional<DWORD> type = readNumber(8);
-            if (!type || !accept(u')')) {
+            if (!type || !accept(u")")) {
                 return fail("the type in parentheses is not a hexadecimal number");
             }
             value.type = *type;
         }
-        return accept(u':') ? readBytes(value) : fail("there is no : after hex");
+        return accept(u":") ? readBytes(value) : fail("there is no : after hex");
     }
 
     bool readDword(Value &value)
@@ -301,7 +286,7 @@ private:
                 value.data.push_back(0);
             }
             skipBlanks();
-        } while (accept(u','));
+        } while (accept(u","));
         return true;
     }
 
@@ -309,15 +294,13 @@ private:
     bool continueLine()
     {
         skipBlanks();
-        if (!accept(u'\\')) {
+        if (!accept(u"\\")) {
             return true;
         }
         do {
-            if (!isOver(restOfLine())) {
-                return fail("the line does not go on after the backslash");
-            }
-            position_ += restOfLine().size();
-            if (!accept(u'\n')) {
+            const std::u16string_view rest = restOfLine();
+            position_ += isOver(rest) ? rest.size() : 0;
+            if (!accept(u"\n")) {
                 return fail("the line does not go on after the backslash");
             }
             skipBlanks();
@@ -338,7 +321,6 @@ private:
 
     std::u16string_view text_;
     std::size_t position_ = 0;
-    std::size_t line_ = 1;
     bool narrow_ = false; ///< an older file, whose texts in hex have one byte per character
     Hive hive_;
     Key deleted_;        ///< takes the values listed below a key that is being deleted
@@ -379,11 +361,7 @@ std::optional<std::string> decode(std::string_view bytes, std::u16string &text)
         bytes.remove_prefix(bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0);
         reason = base::appendUtf16(bytes, text) ? nullptr : "it is not UTF-8";
     }
-    if (!reason) {
-        return std::nullopt;
-    }
-    const auto lineEnds = std::count(text.begin(), text.end(), u'\n');
-    return problemAt(static_cast<std::size_t>(lineEnds) + 1, reason);
+    return reason ? std::optional(problemAfter(text, reason)) : std::nullopt;
 }
 
 } // namespace

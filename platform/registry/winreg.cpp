@@ -108,13 +108,6 @@ bool exists(const std::u16string &path)
     return hive.find(path) || hive.holdsAny(path + u'\\');
 }
 
-/// The value of an opened key; null when there is none.
-Value *findValue(const OpenKey &open, LPCWSTR name)
-{
-    Key *key = theRegistry().hive.find(open.path);
-    return key ? key->values.find(textOf(name)) : nullptr;
-}
-
 } // namespace
 
 void registry::reset() { loaded.reset(); }
@@ -178,7 +171,8 @@ LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD *, DWORD *type, BYTE *data, 
     if (data && !size) {
         return ERROR_INVALID_PARAMETER;
     }
-    const Value *value = findValue(*open, name);
+    Key *holder = theRegistry().hive.find(open->path);
+    const Value *value = holder ? holder->values.find(textOf(name)) : nullptr;
     if (!value) {
         return ERROR_FILE_NOT_FOUND;
     }

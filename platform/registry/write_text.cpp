@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <string_view>
-#include <utility>
 
 #include "base/utf.h"
 #include "winreg.h"
@@ -107,46 +106,33 @@ void appendValue(std::string &out, const Value &value)
     out += '\n';
 }
 
-class Writer
-{
-public:
-    explicit Writer(const Hive &hive) : hive_(hive) {}
-
-    std::string write()
-    {
-        for (const Key &key : hive_) {
-            for (std::size_t end = key.name.find(u'\\'); end != key.name.npos;) {
-                end = key.name.find(u'\\', end + 1); // the topmost ones always exist
-                writeKey(std::u16string_view(key.name).substr(0, end));
-            }
-            writeKey(key.name);
-        }
-        return std::move(out_);
-    }
-
-private:
-    void writeKey(std::u16string_view path)
-    {
-        if (path.ends_with(u'\\') || written_.find(path)) {
-            return;
-        }
-        written_.obtain(path);
-        const Key *key = hive_.find(path);
-        out_ += "\n[" + encode(key ? key->name : path) + "]\n";
-        if (key) {
-            for (const Value &value : key->values) {
-                appendValue(out_, value);
-            }
-        }
-    }
-
-    const Hive &hive_;
-    Hive written_; ///< the names alone
-    std::string out_ = "Windows Registry Editor Version 5.00\n";
-};
-
 } // namespace
 
-std::string writeText(const Hive &hive) { return Writer(hive).write(); }
+std::string writeText(const Hive &hive)
+{
+    std::string out = "Windows Registry Editor Version 5.00\n";
+    Hive written; ///< the names alone
+    const auto writeKey = [&](std::u16string_view path) {
+        if (path.ends_with(u'\\') || written.find(path)) {
+            return;
+        }
+        written.obtain(path);
+        const Key *key = hive.find(path);
+        out += "\n[" + encode(key ? key->name : path) + "]\n";
+        if (key) {
+            for (const Value &value : key->values) {
+                appendValue(out, value);
+            }
+        }
+    };
+    for (const Key &key : hive) {
+        for (std::size_t end = key.name.find(u'\\'); end != key.name.npos;) {
+            end = key.name.find(u'\\', end + 1); // the topmost ones always exist
+            writeKey(std::u16string_view(key.name).substr(0, end));
+        }
+        writeKey(key.name);
+    }
+    return out;
+}
 
 } // namespace registry

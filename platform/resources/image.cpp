@@ -4,8 +4,8 @@
 #include "resources/image.h"
 
 #include <algorithm>
+#include <optional>
 
-#include "base/byte_reader.h"
 #include "base/names.h"
 
 namespace resources {

@@ -15,10 +15,8 @@ bool hasResources(HMODULE module)
 
 HRSRC FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type)
 {
-    if (!hasResources(module)) {
-        return {};
-    }
-    return {resources::locate(resources::Name::from(type), resources::Name::from(name))};
+    using resources::Name;
+    return {hasResources(module) ? resources::locate(Name::from(type), Name::from(name)) : 0};
 }
 
 HGLOBAL LoadResource(HMODULE module, HRSRC resource)

@@ -6,6 +6,7 @@
 #include "resources/image.h"
 #include "shell/input_panel.h"
 #include "shell/menu_bar.h"
+#include "user/shell_interface.h"
 
 namespace {
 
@@ -80,7 +81,9 @@ BOOL SHInitDialog(SHINITDLGINFO *info)
     data->doneButton = (info->dwFlags & SHIDIF_DONEBUTTON) != 0;
     if ((info->dwFlags & SHIDIF_SIZEDLGFULLSCREEN) != 0) {
         data->fullScreen = true;
-        controls::fillScreen(info->hDlg);
+        const RECT area = user::theShell->workArea();
+        MoveWindow(info->hDlg, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                   TRUE);
     }
     if ((info->dwFlags & SHIDIF_SIPDOWN) != 0) {
         shell::setInputPanel(false);

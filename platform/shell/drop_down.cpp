@@ -26,8 +26,9 @@ struct Tracking
     int button = -1;
     HMENU menu{};
     HWND window{};
-    int marked = -1;        ///< the item chosen by stylus or keys so far
-    bool stylusDown = true; ///< it went down on the bar or the drop-down
+    std::vector<RECT> places; ///< of the items, pixels of the drop-down
+    int marked = -1;          ///< the item chosen by stylus or keys so far
+    bool stylusDown = true;   ///< it went down on the bar or the drop-down
     bool done = false;
     UINT command = 0; ///< chosen
 };
@@ -43,30 +44,22 @@ const std::vector<user::MenuItem> &itemsOf(HMENU menu)
 
 // Places and looks ---------------------------------------------------------------------------
 
-int heightOf(const user::MenuItem &item) { return item.separator() ? separatorHeight : itemHeight; }
-
-/// Pixels of the drop-down.
-RECT itemRect(HMENU menu, std::size_t index, LONG width)
+/// Places the items; returns the rectangle of the drop-down, above its button.
+RECT layOut(Tracking &state, const RECT &button)
 {
-    LONG top = 1;
-    const auto &items = itemsOf(menu);
-    for (std::size_t i = 0; i < index; ++i) {
-        top += heightOf(items[i]);
-    }
-    return {1, top, width - 1, top + heightOf(items[index])};
-}
-
-RECT windowRect(HMENU menu, const RECT &button)
-{
-    int width = leastWidth;
-    int height = 2;
-    for (const user::MenuItem &item : itemsOf(menu)) {
+    LONG width = leastWidth;
+    for (const user::MenuItem &item : itemsOf(state.menu)) {
         const SIZE text = theme::measureText(item.text, gdi::screen().width, DT_SINGLELINE);
-        width = std::max<int>(width, text.cx + 2 * padding);
-        height += heightOf(item);
+        width = std::max(width, text.cx + 2 * padding);
+    }
+    LONG bottom = 1;
+    for (const user::MenuItem &item : itemsOf(state.menu)) {
+        const LONG top = bottom;
+        bottom += item.separator() ? separatorHeight : itemHeight;
+        state.places.push_back({1, top, width - 1, bottom});
     }
     const LONG left = std::min<LONG>(button.left, gdi::screen().width - width);
-    return {left, button.top - height, left + width, button.top};
+    return {left, button.top - bottom - 1, left + width, button.top};
 }
 
 void paintItem(HDC dc, const user::MenuItem &item, RECT rect, bool marked)
@@ -95,7 +88,7 @@ void paint(HWND window)
     }
     const auto &items = itemsOf(tracking->menu);
     for (std::size_t i = 0; i < items.size(); ++i) {
-        paintItem(painting.dc(), items[i], itemRect(tracking->menu, i, rect.right),
+        paintItem(painting.dc(), items[i], tracking->places[i],
                   static_cast<int>(i) == tracking->marked);
     }
 }
@@ -124,6 +117,7 @@ void hide(Tracking &state)
 {
     const HWND window = state.window;
     state.window = {};
+    state.places.clear();
     DestroyWindow(window);
     markButton(state.bar, -1);
 }
@@ -140,16 +134,15 @@ void finish(Tracking &state, UINT command)
 void open(Tracking &state, int button)
 {
     hide(state);
-    const HWND parent = GetParent(state.bar);
     state.button = button;
     state.menu = buttonsOf(state.bar)[static_cast<std::size_t>(button)].dropDown;
     state.marked = -1;
-    SendMessageW(parent, WM_INITMENUPOPUP, state.menu.value, button);
+    SendMessageW(GetParent(state.bar), WM_INITMENUPOPUP, state.menu.value, button);
     if (state.done || IsWindowVisible(state.bar) == FALSE) {
         state.done = true;
         return;
     }
-    const RECT rect = windowRect(state.menu, buttonRect(state.bar, button));
+    const RECT rect = layOut(state, buttonRect(state.bar, button));
     state.window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_NOACTIVATE, u"DropDown", u"", WS_POPUP,
                                    rect.left, rect.top, rect.right - rect.left,
                                    rect.bottom - rect.top, state.bar, {}, {}, nullptr);
@@ -172,8 +165,9 @@ bool canBeChosen(const user::MenuItem &item) { return !item.separator() && !item
 void choose(Tracking &state, int index)
 {
     const auto &items = itemsOf(state.menu);
-    if (index >= 0 && canBeChosen(items[static_cast<std::size_t>(index)])) {
-        finish(state, items[static_cast<std::size_t>(index)].id);
+    const auto place = static_cast<std::size_t>(index);
+    if (index >= 0 && place < items.size() && canBeChosen(items[place])) {
+        finish(state, items[place].id);
     }
 }
 
@@ -182,13 +176,10 @@ int itemAt(const Tracking &state, POINT point)
 {
     const RECT window = controls::screenRectOf(state.window);
     const POINT inside{point.x - window.left, point.y - window.top};
-    for (std::size_t i = 0; i < itemsOf(state.menu).size(); ++i) {
-        const RECT rect = itemRect(state.menu, i, window.right - window.left);
-        if (PtInRect(&rect, inside) != FALSE) {
-            return static_cast<int>(i);
-        }
-    }
-    return -1;
+    const auto found =
+        std::find_if(std::begin(state.places), std::end(state.places),
+                     [inside](const RECT &place) { return PtInRect(&place, inside) != FALSE; });
+    return found == state.places.end() ? -1 : static_cast<int>(found - state.places.begin());
 }
 
 /// The button of the bar at a point of the screen, or -1.
@@ -372,7 +363,7 @@ std::optional<ItemPlace> openItem(UINT command)
     const auto &items = itemsOf(tracking->menu);
     for (std::size_t i = 0; i < items.size(); ++i) {
         if (items[i].id == command && !items[i].separator()) {
-            RECT rect = itemRect(tracking->menu, i, window.right - window.left);
+            RECT rect = tracking->places[i];
             OffsetRect(&rect, window.left, window.top);
             return ItemPlace{rect, items[i].grayed()};
         }

@@ -3,13 +3,13 @@
 
 #include "controls/edit.h"
 #include "shell/soft_keyboard.h"
+#include "user/order.h"
 #include "user/table.h"
 
 namespace shell {
 
 namespace {
 
-bool extraControlsRegistered = false;
 bool raisedByPreference = false;
 
 LRESULT CALLBACK preferenceProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -20,22 +20,16 @@ LRESULT CALLBACK preferenceProcedure(HWND window, UINT message, WPARAM wParam, L
 bool dialogHasPreference(HWND window)
 {
     const user::Window *found = user::find(window);
-    if (!found || !found->parent) {
-        return false;
-    }
-    for (const user::Window *sibling : found->parent->children) {
-        if (sibling->windowClass->procedure == preferenceProcedure) {
-            return true;
-        }
-    }
-    return false;
+    return found && found->parent &&
+           user::firstOf(found->parent->children, [](const user::Window *sibling) {
+               return sibling->windowClass->procedure == preferenceProcedure;
+           });
 }
 
 } // namespace
 
 void switchOnInputPanel()
 {
-    extraControlsRegistered = false;
     raisedByPreference = false;
     registerSoftKeyboard();
 }
@@ -62,11 +56,8 @@ void inputPanelFocusMoved(HWND window)
 
 void registerExtraControls()
 {
-    if (!extraControlsRegistered) {
-        extraControlsRegistered = true;
-        controls::registerCapEdit();
-        user::registerSystemClass(u"SIPPREF", preferenceProcedure);
-    }
+    controls::registerCapEdit();
+    user::registerSystemClass(u"SIPPREF", preferenceProcedure);
 }
 
 } // namespace shell

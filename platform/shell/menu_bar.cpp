@@ -5,7 +5,6 @@
 #include "controls/control.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
-#include "shell/metrics.h"
 #include "user/order.h"
 
 namespace shell {
@@ -105,25 +104,21 @@ LRESULT dropDownOf(const MenuBar &bar, LPARAM command)
     return 0;
 }
 
-LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT handle(HWND window, const MenuBar &bar, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    const MenuBar *bar = dataOf(window);
-    if (!bar) {
-        return DefWindowProcW(window, message, wParam, lParam);
-    }
     switch (message) {
     case WM_PAINT:
-        paint(window, *bar);
+        paint(window, bar);
         return 0;
     case WM_LBUTTONDOWN:
-        stylusDown(window, *bar, controls::pointOf(lParam));
+        stylusDown(window, bar, controls::pointOf(lParam));
         return 0;
     case SHCMBM_GETMENU:
-        return static_cast<LRESULT>(bar->menu.value);
+        return static_cast<LRESULT>(bar.menu.value);
     case SHCMBM_GETSUBMENU:
-        return dropDownOf(*bar, lParam);
+        return dropDownOf(bar, lParam);
     case WM_DESTROY:
-        DestroyMenu(bar->menu);
+        DestroyMenu(bar.menu);
         return 0;
     default:
         return DefWindowProcW(window, message, wParam, lParam);
@@ -135,7 +130,7 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 void registerMenuBar(ButtonPressed pressed)
 {
     buttonPressed = pressed;
-    user::registerSystemClass(className, procedure);
+    user::registerSystemClass(className, controls::procedureWith<MenuBar, handle>);
 }
 
 HWND createMenuBar(HWND parent, HMENU menu, std::vector<MenuBarButton> buttons)
@@ -144,12 +139,10 @@ HWND createMenuBar(HWND parent, HMENU menu, std::vector<MenuBarButton> buttons)
     const HWND bar = CreateWindowExW(WS_EX_TOPMOST | WS_EX_NOACTIVATE, className.data(), u"",
                                      WS_POPUP, 0, screen.height - menuBarHeight, screen.width,
                                      menuBarHeight, parent, {}, {}, nullptr);
-    if (user::Window *window = user::find(bar)) {
-        auto data = std::make_unique<MenuBar>();
+    if (MenuBar *data = dataOf(bar)) {
         data->menu = menu;
         data->buttons = std::move(buttons);
         layOutButtons(*data);
-        window->data = std::move(data);
         updateMenuBars();
     }
     return bar;
@@ -180,12 +173,9 @@ void placeMenuBars()
 
 HWND shownMenuBar()
 {
-    for (const HWND bar : allBars()) {
-        if (IsWindowVisible(bar) != FALSE) {
-            return bar;
-        }
-    }
-    return {};
+    return user::handleOf(user::firstOf(user::topLevelWindows(), [](const user::Window *each) {
+        return each->shown() && dataOf(each->handle);
+    }));
 }
 
 const std::vector<MenuBarButton> &buttonsOf(HWND bar)

@@ -1,13 +1,14 @@
 // Menu bars: one for each window that asked for one, at the bottom of the screen.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "winuser.h"
 
 namespace shell {
+
+constexpr int menuBarHeight = 26; ///< pixels
 
 struct MenuBarButton
 {

@@ -1,16 +1,14 @@
 // Joins the shell's parts to the window manager.
 #include "shell/shell.h"
 
-#include "controls/button.h"
 #include "controls/combobox.h"
+#include "controls/control.h"
 #include "controls/dialog.h"
 #include "controls/edit.h"
-#include "controls/static.h"
 #include "host/current.h"
 #include "shell/drop_down.h"
 #include "shell/input_panel.h"
 #include "shell/menu_bar.h"
-#include "shell/metrics.h"
 #include "shell/soft_keyboard.h"
 #include "shell/title_bar.h"
 #include "user/shell_interface.h"
@@ -64,13 +62,13 @@ public:
     }
 };
 
-Shell theShell;
+Shell instance;
 
 } // namespace
 
 void switchOn()
 {
-    user::setShell(theShell);
+    user::theShell = &instance;
     controls::registerButton();
     controls::registerStatic();
     controls::registerEdit();

@@ -9,7 +9,7 @@
 #include "controls/control.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
-#include "shell/metrics.h"
+#include "shell/menu_bar.h"
 
 namespace shell {
 
@@ -23,52 +23,36 @@ constexpr int unitsAcross = 24; ///< half keys in a row
 /// A key: a character and one with Shift, or a virtual key.
 struct Key
 {
-    char16_t plain = 0;
-    char16_t shifted = 0;
     WORD code = 0;               ///< the virtual key; 0 for a character
     const char16_t *label = u""; ///< of a virtual key
     int units = 2;               ///< width in half keys
+    char16_t plain = 0;
+    char16_t shifted = 0;
 };
-
-constexpr Key special(WORD code, const char16_t *label, int units)
-{
-    return {0, 0, code, label, units};
-}
 
 using Row = std::vector<Key>;
 
 /// A row's characters, as many shifted as plain ones, between two special keys or none.
-Row makeRow(const Key *before, std::u16string_view plain, std::u16string_view shifted,
-            const Key *after)
+Row makeRow(Row row, std::u16string_view plain, std::u16string_view shifted, const Row &after)
 {
-    Row row;
-    if (before) {
-        row.push_back(*before);
-    }
     for (std::size_t i = 0; i < plain.size(); ++i) {
-        row.push_back({plain[i], shifted[i], 0, u"", 2});
+        row.push_back({0, u"", 2, plain[i], shifted[i]});
     }
-    if (after) {
-        row.push_back(*after);
-    }
+    row.insert(row.end(), after.begin(), after.end());
     return row;
 }
 
 const std::array<Row, rowCount> &rows()
 {
-    static constexpr Key back = special(VK_BACK, u"\x2190", 2);
-    static constexpr Key tab = special(VK_TAB, u"Tab", 4);
-    static constexpr Key enter = special(VK_RETURN, u"Enter", 4);
-    static constexpr Key shift = special(VK_SHIFT, u"Shift", 4);
     static const std::array<Row, rowCount> all = {
-        makeRow(nullptr, u"1234567890-", u"!@#$%^&*()_", &back),
-        makeRow(&tab, u"qwertyuiop", u"QWERTYUIOP", nullptr),
-        makeRow(nullptr, u"asdfghjkl'", u"ASDFGHJKL\"", &enter),
-        makeRow(&shift, u"zxcvbnm,.?", u"ZXCVBNM;:/", nullptr),
-        Row{special(VK_LEFT, u"<", 4),
-            special(VK_RIGHT, u">", 4),
-            {u' ', u' ', 0, u"", 12},
-            special(VK_DELETE, u"Del", 4)}};
+        makeRow({}, u"1234567890-", u"!@#$%^&*()_", {{VK_BACK, u"\x2190", 2}}),
+        makeRow({{VK_TAB, u"Tab", 4}}, u"qwertyuiop", u"QWERTYUIOP", {}),
+        makeRow({}, u"asdfghjkl'", u"ASDFGHJKL\"", {{VK_RETURN, u"Enter", 4}}),
+        makeRow({{VK_SHIFT, u"Shift", 4}}, u"zxcvbnm,.?", u"ZXCVBNM;:/", {}),
+        Row{{VK_LEFT, u"<", 4},
+            {VK_RIGHT, u">", 4},
+            {0, u"", 12, u' ', u' '},
+            {VK_DELETE, u"Del", 4}}};
     return all;
 }
 

@@ -5,7 +5,6 @@
 #include "controls/dialog.h"
 #include "controls/theme.h"
 #include "gdi/screen.h"
-#include "shell/metrics.h"
 
 namespace shell {
 

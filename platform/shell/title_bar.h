@@ -7,6 +7,8 @@
 
 namespace shell {
 
+constexpr int titleBarHeight = 26; ///< pixels
+
 void createTitleBar();
 /// Shows the active window's caption and OK button as they are now.
 void updateTitleBar();

@@ -1,13 +1,10 @@
 // Accelerator tables: keys that stand for commands.
-#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <optional>
 #include <span>
-#include <vector>
 
 #include "resources/image.h"
-#include "user/accelerator.h"
 #include "user/keys.h"
 #include "user/table.h"
 
@@ -29,9 +26,6 @@ constexpr unsigned virtualKey = 0x01;
 constexpr unsigned withShift = 0x04;
 constexpr unsigned withControl = 0x08;
 constexpr unsigned withAlt = 0x10;
-
-/// The tables that were loaded; handle 1 is the first of them.
-std::vector<std::span<const std::byte>> tables;
 
 bool matches(const Accelerator &accelerator, const MSG &message)
 {
@@ -60,29 +54,22 @@ std::optional<WORD> commandOf(std::span<const std::byte> table, const MSG &messa
 
 } // namespace
 
-void forgetAccelerators() { tables.clear(); }
-
 } // namespace user
 
 HACCEL LoadAcceleratorsW(HINSTANCE, LPCWSTR name)
 {
-    const auto table = resources::find(RT_ACCELERATOR, name);
-    if (table.empty()) {
-        return {};
-    }
-    user::tables.push_back(table);
-    return {static_cast<std::uint32_t>(user::tables.size())};
+    return {resources::locate(resources::Name::from(RT_ACCELERATOR), resources::Name::from(name))};
 }
 
 int TranslateAcceleratorW(HWND window, HACCEL table, MSG *message)
 {
     const user::Window *record = user::find(window);
-    if (!record || !record->enabled() || !message || table.value == 0 ||
-        table.value > user::tables.size())
+    if (!record || !record->enabled() || !message ||
+        (message->message != WM_KEYDOWN && message->message != WM_CHAR))
     {
         return 0;
     }
-    const auto command = user::commandOf(user::tables[table.value - 1], *message);
+    const auto command = user::commandOf(resources::at(table.value), *message);
     if (!command) {
         return 0;
     }

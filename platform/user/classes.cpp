@@ -2,8 +2,7 @@
 #include "user/classes.h"
 
 #include <algorithm>
-#include <memory>
-#include <vector>
+#include <list>
 
 #include "base/names.h"
 #include "resources/image.h"
@@ -12,7 +11,7 @@ namespace user {
 
 namespace {
 
-std::vector<std::unique_ptr<WindowClass>> classes;
+std::list<WindowClass> classes;
 
 } // namespace
 
@@ -22,17 +21,16 @@ const WindowClass *findClass(LPCWSTR name)
         return nullptr;
     }
     const auto found = std::find_if(std::begin(classes), std::end(classes), [&](const auto &each) {
-        return base::sameName(each->name, name);
+        return base::sameName(each.name, name);
     });
-    return found == classes.end() ? nullptr : found->get();
+    return found == classes.end() ? nullptr : &*found;
 }
 
 void registerSystemClass(std::u16string_view name, WNDPROC procedure)
 {
     const std::u16string copy(name);
     if (!findClass(copy.c_str())) {
-        classes.push_back(std::make_unique<WindowClass>(
-            WindowClass{.name = copy, .procedure = procedure, .system = true}));
+        classes.push_back({.name = copy, .procedure = procedure, .system = true});
     }
 }
 
@@ -47,12 +45,12 @@ ATOM RegisterClassW(const WNDCLASSW *description)
     {
         return 0;
     }
-    user::classes.push_back(std::make_unique<user::WindowClass>(user::WindowClass{
+    user::classes.push_back({
         .name = description->lpszClassName,
         .procedure = description->lpfnWndProc,
         .style = description->style,
         .background = description->hbrBackground,
         .icon = description->hIcon,
-    }));
+    });
     return static_cast<ATOM>(user::classes.size());
 }

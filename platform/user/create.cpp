@@ -17,7 +17,7 @@ namespace {
 
 RECT initialRect(const Window *parent, int x, int y, int width, int height)
 {
-    RECT rect = shellInUse().workArea();
+    RECT rect = theShell->workArea();
     if (parent) {
         rect = {parent->rect.left, parent->rect.top, parent->rect.left, parent->rect.top};
         OffsetRect(&rect, x == CW_USEDEFAULT ? 0 : x, y == CW_USEDEFAULT ? 0 : y);

@@ -10,7 +10,7 @@ LRESULT setText(Window &window, LPCWSTR text)
 {
     window.text = text ? text : u"";
     if (window.handle == GetActiveWindow()) {
-        shellInUse().activeWindowChanged();
+        theShell->activeWindowChanged();
     }
     return TRUE;
 }
@@ -21,7 +21,7 @@ LRESULT getText(const Window &window, WPARAM capacity, LPARAM buffer)
     if (!lstrcpynW(target, window.text.c_str(), static_cast<int>(capacity))) {
         return 0;
     }
-    return lstrlenW(target);
+    return static_cast<LRESULT>(std::u16string_view(target).size());
 }
 
 LRESULT eraseBackground(const Window &window, WPARAM dc)

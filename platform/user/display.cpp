@@ -2,7 +2,6 @@
 #include "user/display.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "gdi/rect.h"
 #include "gdi/screen.h"
@@ -34,7 +33,7 @@ SIZE sizeIn(DWORD orientation)
 /// moved only as far as it would stick out of the screen.
 RECT placeOnScreen(const RECT &rect, const RECT &oldDefault)
 {
-    const RECT place = shellInUse().workArea();
+    const RECT place = theShell->workArea();
     if (rect == oldDefault) {
         return place;
     }
@@ -73,10 +72,10 @@ void turnDisplay(int orientation)
     if (wanted == current || !isOrientation(wanted)) {
         return;
     }
-    const RECT oldDefault = shellInUse().workArea();
+    const RECT oldDefault = theShell->workArea();
     setOrientation(orientation);
     arrangementChanged();
-    shellInUse().displayTurned();
+    theShell->displayTurned();
     placeWindows(oldDefault);
     for (const HWND window : handlesOf(topLevelWindows())) {
         SendMessageW(window, WM_SETTINGCHANGE, 0, 0);

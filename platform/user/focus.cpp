@@ -71,7 +71,7 @@ bool activate(HWND window, WPARAM how)
     }
     if (!next) {
         moveFocus({});
-        shellInUse().activeWindowChanged();
+        theShell->activeWindowChanged();
         return true;
     }
     {
@@ -79,7 +79,7 @@ bool activate(HWND window, WPARAM how)
         bringToTop(*next);
     }
     attention.active = window;
-    shellInUse().activeWindowChanged();
+    theShell->activeWindowChanged();
     SendMessageW(window, WM_ACTIVATE, how, static_cast<LPARAM>(previous.value));
     if (attention.active == window && !isWithin(attention.focus, window)) {
         moveFocus(window);
@@ -113,7 +113,7 @@ void moveFocus(HWND window)
     if (attention.focus != window) {
         return;
     }
-    shellInUse().focusMoved(window);
+    theShell->focusMoved(window);
     if (attention.focus == window) {
         SendMessageW(window, WM_SETFOCUS, previous.value, 0);
     }
@@ -151,9 +151,7 @@ void comeToForeground()
         window =
             firstOf(topLevelWindows(), [](const Window *each) { return canBeActivated(*each); });
     }
-    if (window) {
-        activate(window->handle, WA_ACTIVE);
-    }
+    activate(handleOf(window), WA_ACTIVE);
 }
 
 bool inForeground() { return attention.inForeground; }

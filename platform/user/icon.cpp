@@ -1,19 +1,15 @@
 // Icons: a group of pictures in the program's resources, of which the host gets the largest.
 #include "user/icon.h"
 
-#include <map>
 #include <optional>
 #include <span>
 
-#include "base/byte_reader.h"
+#include "gdi/dib.h"
 #include "resources/image.h"
 
 namespace {
 
 constexpr int largestSide = 256;
-
-/// The group resource's name, by handle.
-std::map<std::uint32_t, resources::Name> icons;
 
 /// The resource number of the largest picture of a group.
 std::optional<std::uint16_t> largestOf(std::span<const std::byte> group)
@@ -39,41 +35,30 @@ std::optional<std::uint16_t> largestOf(std::span<const std::byte> group)
 /// follows them.
 struct Picture
 {
-    std::uint32_t width = 0;
-    std::uint32_t height = 0;
+    gdi::DibHeader header;
+    std::uint32_t height; ///< of the pixels alone
     std::vector<std::uint32_t> palette;
     std::span<const std::byte> pixels;
 
-    std::size_t stride(unsigned bitsOfPixel) const { return (width * bitsOfPixel + 31) / 32 * 4; }
     unsigned byte(std::size_t offset) const { return std::to_integer<unsigned>(pixels[offset]); }
 };
 
 std::optional<Picture> parse(std::span<const std::byte> bytes)
 {
-    constexpr std::uint32_t headerSize = 40;
-    constexpr std::uint32_t paletteSize = 256;
+    constexpr std::size_t paletteSize = 256;
     base::ByteReader reader(bytes);
-    Picture picture;
-    const std::uint32_t header = reader.doubleWord();
-    picture.width = reader.doubleWord();
-    picture.height = reader.doubleWord() / 2;
-    reader.skip(2);
-    const unsigned bits = reader.word();
-    const std::uint32_t compression = reader.doubleWord();
-    reader.skip(12);
-    const std::uint32_t colours = reader.doubleWord();
-    reader.skip(4);
-    if (header != headerSize || bits != 8 || compression != 0 || colours > paletteSize ||
-        picture.width - 1 >= largestSide || picture.height - 1 >= largestSide)
+    const auto header = gdi::readDibHeader(reader);
+    if (!header || header->bits != 8 || header->width - 1 >= largestSide ||
+        header->height / 2 - 1 >= largestSide)
     {
         return std::nullopt;
     }
-    picture.palette.resize(paletteSize);
-    for (std::uint32_t i = 0; i < (colours == 0 ? paletteSize : colours); ++i) {
+    Picture picture{*header, header->height / 2, std::vector<std::uint32_t>(paletteSize), {}};
+    for (std::uint32_t i = 0; i < header->colours; ++i) {
         picture.palette[i] = reader.doubleWord();
     }
     picture.pixels = bytes.subspan(reader.position());
-    const std::size_t needed = (picture.stride(8) + picture.stride(1)) * picture.height;
+    const std::size_t needed = (header->rowSize(8) + header->rowSize(1)) * picture.height;
     return reader.good() && picture.pixels.size() >= needed ? std::optional(picture) : std::nullopt;
 }
 
@@ -81,9 +66,10 @@ std::optional<Picture> parse(std::span<const std::byte> bytes)
 std::uint32_t pixelAt(const Picture &picture, std::uint32_t x, std::uint32_t row)
 {
     const std::size_t line = picture.height - 1 - row;
-    const std::size_t mask = picture.height * picture.stride(8) + line * picture.stride(1) + x / 8;
+    const std::size_t stride = picture.header.rowSize(8);
+    const std::size_t mask = picture.height * stride + line * picture.header.rowSize(1) + x / 8;
     const bool transparent = (picture.byte(mask) >> (7 - x % 8) & 1U) != 0;
-    const std::uint32_t colour = picture.palette[picture.byte(line * picture.stride(8) + x)];
+    const std::uint32_t colour = picture.palette[picture.byte(line * stride + x)];
     return (colour & 0xFFFFFFU) | (transparent ? 0 : 0xFF000000U);
 }
 
@@ -91,24 +77,12 @@ std::uint32_t pixelAt(const Picture &picture, std::uint32_t x, std::uint32_t row
 
 HICON LoadIconW(HINSTANCE, LPCWSTR name)
 {
-    if (resources::find(RT_GROUP_ICON, name).empty()) {
-        return {};
-    }
-    const HICON icon{static_cast<std::uint32_t>(icons.size() + 1)};
-    icons.emplace(icon.value, resources::Name::from(name));
-    return icon;
+    return {resources::locate(resources::Name::from(RT_GROUP_ICON), resources::Name::from(name))};
 }
-
-void user::forgetIcons() { icons.clear(); }
 
 host::Icon user::iconPicture(HICON icon)
 {
-    const auto found = icons.find(icon.value);
-    if (found == icons.end()) {
-        return {};
-    }
-    const auto number =
-        largestOf(resources::find(resources::Name::from(RT_GROUP_ICON), found->second));
+    const auto number = largestOf(resources::at(icon.value));
     if (!number) {
         return {};
     }
@@ -117,10 +91,10 @@ host::Icon user::iconPicture(HICON icon)
         return {};
     }
     host::Icon result;
-    result.width = static_cast<int>(picture->width);
+    result.width = static_cast<int>(picture->header.width);
     result.height = static_cast<int>(picture->height);
     for (std::uint32_t y = 0; y < picture->height; ++y) {
-        for (std::uint32_t x = 0; x < picture->width; ++x) {
+        for (std::uint32_t x = 0; x < picture->header.width; ++x) {
             const std::uint32_t pixel = pixelAt(*picture, x, y);
             for (const unsigned shift : {16U, 8U, 0U, 24U}) {
                 result.rgba.push_back(static_cast<std::uint8_t>(pixel >> shift));

@@ -8,6 +8,5 @@ namespace user {
 
 /// The largest picture of an icon, for the host; without pixels when there is no such icon.
 host::Icon iconPicture(HICON icon);
-void forgetIcons();
 
 } // namespace user

@@ -30,11 +30,6 @@ std::optional<MSG> handleClose()
     return messageTo(mainWindow(), WM_CLOSE, 0);
 }
 
-std::optional<MSG> handleHelp()
-{
-    return messageTo(keyWindow() ? keyWindow() : mainWindow(), WM_HELP, 0);
-}
-
 /// Returns nothing for a key that is not for the program.
 std::optional<MSG> handleKey(const host::Event &event)
 {
@@ -45,7 +40,7 @@ std::optional<MSG> handleKey(const host::Event &event)
     if (!inForeground()) {
         return std::nullopt;
     }
-    if (press && event.escape && shellInUse().escapeCancels(keyWindow())) {
+    if (press && event.escape && theShell->escapeCancels(keyWindow())) {
         return MSG{keyWindow(), WM_KEYDOWN, VK_ESCAPE, pressedOnce, 0, {}};
     }
     const KeyChange change = noteKey(event.key, press);
@@ -103,7 +98,7 @@ std::optional<MSG> handleEvent(const host::Event &event)
     case Kind::Close:
         return handleClose();
     case Kind::Help:
-        return handleHelp();
+        return messageTo(keyWindow() ? keyWindow() : mainWindow(), WM_HELP, 0);
     case Kind::Hibernate:
         return messageTo(mainWindow(), WM_HIBERNATE, 0);
     case Kind::Turn:

@@ -4,6 +4,7 @@
 #include <bitset>
 #include <cstddef>
 
+#include "gx.h"
 #include "winuser.h"
 
 namespace user {
@@ -18,7 +19,7 @@ struct Keys
     std::bitset<keyCount> pressed; ///< since the last query
     bool control = false;
     bool shift = false;
-    bool buttonsHeld = false;
+    bool buttonsHeld = false; ///< the application buttons reach the program
 };
 
 Keys keys;
@@ -62,18 +63,25 @@ bool controlDown() { return keys.control || keys.down[VK_CONTROL]; }
 
 bool shiftDown() { return keys.shift || keys.down[VK_SHIFT]; }
 
-void holdButtons(bool held)
-{
-    keys.buttonsHeld = held;
-    for (std::size_t key = firstButton; key <= lastButton && !held; ++key) {
-        keys.down[key] = false;
-        keys.pressed[key] = false;
-    }
-}
-
 void forgetKeys() { keys = {}; }
 
 } // namespace user
+
+int GXOpenInput()
+{
+    user::keys.buttonsHeld = true;
+    return 1;
+}
+
+int GXCloseInput()
+{
+    user::keys.buttonsHeld = false;
+    for (std::size_t key = user::firstButton; key <= user::lastButton; ++key) {
+        user::keys.down[key] = false;
+        user::keys.pressed[key] = false;
+    }
+    return 1;
+}
 
 SHORT GetAsyncKeyState(int key)
 {

@@ -22,8 +22,6 @@ bool controlDown();
 bool shiftDown();
 /// Every key counts as up and not pressed.
 void releaseAllKeys();
-/// Whether the application buttons reach the program from now on.
-void holdButtons(bool held);
 void forgetKeys();
 
 } // namespace user

@@ -1,8 +1,8 @@
 // Messages: the queue, the wait for the next one, and handing them to window procedures.
 #include "user/message.h"
 
-#include <algorithm>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "host/current.h"
@@ -18,63 +18,14 @@ namespace user {
 
 namespace {
 
-/// Posted messages in order. Messages already taken stay in the vector until it is full, so that
-/// usually nothing is allocated or moved.
-class PostedMessages
-{
-public:
-    void add(const MSG &message)
-    {
-        if (taken_ > 0 && messages_.size() == messages_.capacity()) {
-            messages_.erase(messages_.begin(), next());
-            taken_ = 0;
-        }
-        messages_.push_back(message);
-    }
-    std::optional<MSG> take()
-    {
-        if (taken_ == messages_.size()) {
-            return std::nullopt;
-        }
-        const MSG message = messages_[taken_++];
-        if (taken_ == messages_.size()) {
-            clear();
-        }
-        return message;
-    }
-    void drop(HWND window)
-    {
-        messages_.erase(std::remove_if(next(), messages_.end(),
-                                       [&](const MSG &each) { return each.hwnd == window; }),
-                        messages_.end());
-    }
-    void clear()
-    {
-        messages_.clear();
-        taken_ = 0;
-    }
-
-private:
-    std::vector<MSG>::iterator next()
-    {
-        return messages_.begin() + static_cast<std::ptrdiff_t>(taken_);
-    }
-
-    std::vector<MSG> messages_;
-    std::size_t taken_ = 0;
-};
-
-PostedMessages posted;
+std::vector<MSG> posted;
 std::optional<int> quitCode;
 
 std::optional<MSG> takeQuitMessage()
 {
-    if (!quitCode) {
-        return std::nullopt;
-    }
-    const MSG message{{}, WM_QUIT, static_cast<WPARAM>(*quitCode), 0, 0, {}};
-    quitCode.reset();
-    return message;
+    const auto code = std::exchange(quitCode, std::nullopt);
+    return code ? std::optional(MSG{{}, WM_QUIT, static_cast<WPARAM>(*code), 0, 0, {}})
+                : std::nullopt;
 }
 
 /// What comes after posted messages and input: quit, paint, timer. The frame is shown before a
@@ -95,8 +46,10 @@ MSG waitForMessage()
 {
     host::Host &host = host::current();
     for (;;) {
-        if (auto message = posted.take()) {
-            return *message;
+        if (!posted.empty()) {
+            const MSG message = posted.front();
+            posted.erase(posted.begin());
+            return message;
         }
         auto event = host.wait(host.ticks());
         if (!event) {
@@ -113,7 +66,10 @@ MSG waitForMessage()
 
 } // namespace
 
-void dropMessagesOf(HWND window) { posted.drop(window); }
+void dropMessagesOf(HWND window)
+{
+    std::erase_if(posted, [&](const MSG &each) { return each.hwnd == window; });
+}
 
 bool quitPosted() { return quitCode.has_value(); }
 
@@ -176,7 +132,7 @@ BOOL PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     if (!record || record->destroying) {
         return FALSE;
     }
-    user::posted.add({record->handle, message, wParam, lParam, 0, {}});
+    user::posted.push_back({record->handle, message, wParam, lParam, 0, {}});
     return TRUE;
 }
 

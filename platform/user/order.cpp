@@ -1,8 +1,6 @@
 // The list of top-level windows, and the changes of order.
 #include "user/order.h"
 
-#include <algorithm>
-
 namespace user {
 
 namespace {

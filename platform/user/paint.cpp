@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "gdi/device_context.h"
 #include "gdi/rect.h"
 #include "host/current.h"
 #include "user/order.h"
@@ -25,19 +24,6 @@ struct WholeScreen final : gdi::ScreenArea
 };
 
 WholeScreen wholeScreen;
-
-RECT toScreen(const Window &window, const RECT *rect)
-{
-    if (!rect) {
-        return window.rect;
-    }
-    return gdi::moved(*rect, window.rect.left, window.rect.top);
-}
-
-RECT toClient(const Window &window, const RECT &rect)
-{
-    return gdi::moved(rect, -window.rect.left, -window.rect.top);
-}
 
 /// Whether a visible part of the window is invalid.
 bool needsPaint(Window &window)
@@ -88,9 +74,8 @@ void invalidate(Window &window, const gdi::Region &part, bool erase)
 
 void invalidateAll(Window &window)
 {
-    invalidate(window, gdi::Region(window.rect), true);
-    for (Window *child : window.children) {
-        invalidateAll(*child);
+    for (Window *each : familyOf(window)) {
+        invalidate(*each, each->rect, true);
     }
 }
 
@@ -125,7 +110,8 @@ HDC BeginPaint(HWND window, PAINTSTRUCT *paint)
     record->invalid.clear();
     const bool erase = std::exchange(record->erasePending, false);
     paint->hdc = user::openDC(*record, part);
-    paint->rcPaint = part.empty() ? RECT{} : user::toClient(*record, part.bounds());
+    const POINT origin = record->origin();
+    paint->rcPaint = part.empty() ? RECT{} : gdi::moved(part.bounds(), -origin.x, -origin.y);
     const HDC dc = paint->hdc;
     paint->fErase =
         erase && SendMessageW(record->handle, WM_ERASEBKGND, dc.value, 0) == 0 ? TRUE : FALSE;
@@ -141,7 +127,7 @@ BOOL EndPaint(HWND window, const PAINTSTRUCT *paint)
 HDC GetDC(HWND window)
 {
     if (!window) {
-        user::wholeScreen.region = gdi::Region(user::screenRect());
+        user::wholeScreen.region = user::screenRect();
         return gdi::openScreenDC(user::wholeScreen, std::nullopt);
     }
     user::Window *record = user::find(window);
@@ -163,7 +149,9 @@ BOOL InvalidateRect(HWND window, const RECT *rect, BOOL erase)
     if (!record) {
         return FALSE;
     }
-    user::invalidate(*record, gdi::Region(user::toScreen(*record, rect)), erase != FALSE);
+    const POINT origin = record->origin();
+    const RECT part = rect ? gdi::moved(*rect, origin.x, origin.y) : record->rect;
+    user::invalidate(*record, part, erase != FALSE);
     return TRUE;
 }
 

@@ -15,15 +15,6 @@ namespace user {
 
 namespace {
 
-void moveChildren(Window &window, int dx, int dy)
-{
-    for (Window *child : window.children) {
-        OffsetRect(&child->rect, dx, dy);
-        child->invalid.offset(dx, dy);
-        moveChildren(*child, dx, dy);
-    }
-}
-
 /// The rectangle on the screen that SetWindowPos asks for.
 RECT requestedRect(const Window &window, int x, int y, int width, int height, UINT flags)
 {
@@ -45,9 +36,11 @@ void takeRect(Window &window, const RECT &rect)
     const SIZE before = window.size();
     const int dx = rect.left - window.rect.left;
     const int dy = rect.top - window.rect.top;
+    for (Window *each : familyOf(window)) {
+        OffsetRect(&each->rect, dx, dy);
+        each->invalid.offset(dx, dy);
+    }
     window.rect = rect;
-    window.invalid.offset(dx, dy);
-    moveChildren(window, dx, dy);
     arrangementChanged();
     const SIZE after = window.size();
     const UINT style = window.windowClass->style;
@@ -57,26 +50,7 @@ void takeRect(Window &window, const RECT &rect)
     if (moved) {
         invalidateAll(window);
     } else if (resized) {
-        invalidate(window, gdi::Region(window.rect), true);
-    }
-}
-
-/// Collects the invalid parts of a window and its children.
-void noteInvalid(const Window &window, std::vector<gdi::Region> &parts)
-{
-    parts.push_back(window.invalid);
-    for (const Window *child : window.children) {
-        noteInvalid(*child, parts);
-    }
-}
-
-/// Puts them back, in the same order, after a move that must not cause painting.
-void restoreInvalid(Window &window, std::vector<gdi::Region>::iterator &part, POINT moved)
-{
-    part->offset(moved.x, moved.y);
-    window.invalid = std::move(*part++);
-    for (Window *child : window.children) {
-        restoreInvalid(*child, part, moved);
+        invalidate(window, window.rect, true);
     }
 }
 
@@ -147,7 +121,7 @@ BOOL ShowWindow(HWND window, int command)
         SetActiveWindow(self);
     }
     if (canActivate && shown != wasShown) {
-        user::shellInUse().activeWindowChanged();
+        user::theShell->activeWindowChanged();
     }
     return wasShown ? TRUE : FALSE;
 }
@@ -161,19 +135,24 @@ BOOL SetWindowPos(HWND window, HWND, int x, int y, int width, int height, UINT f
     const HWND self = record->handle;
     const RECT before = record->rect;
     const RECT rect = user::requestedRect(*record, x, y, width, height, flags);
-    std::vector<gdi::Region> invalid;
-    user::noteInvalid(*record, invalid);
+    std::vector<std::pair<user::Window *, gdi::Region>> invalid;
+    for (user::Window *each : user::familyOf(*record)) {
+        invalid.emplace_back(each, each->invalid);
+    }
     if (rect != before) {
         const user::VisibilityChange change;
         user::takeRect(*record, rect);
     }
     if ((flags & SWP_NOREDRAW) != 0) {
-        auto first = invalid.begin();
-        user::restoreInvalid(*record, first, {rect.left - before.left, rect.top - before.top});
+        // Puts them back after a move that must not cause painting.
+        for (auto &[each, part] : invalid) {
+            part.offset(rect.left - before.left, rect.top - before.top);
+            each->invalid = std::move(part);
+        }
     }
     user::announceRect(self, before);
     if (GetActiveWindow() == self && rect != before) {
-        user::shellInUse().activeWindowChanged();
+        user::theShell->activeWindowChanged();
     }
     return TRUE;
 }

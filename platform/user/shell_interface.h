@@ -24,8 +24,7 @@ public:
     virtual void focusMoved(HWND window) = 0;
 };
 
-/// The shell in use; the handheld must be on.
-ShellInterface &shellInUse();
-void setShell(ShellInterface &shell);
+/// The shell in use, from the first switching on.
+inline ShellInterface *theShell = nullptr;
 
 } // namespace user

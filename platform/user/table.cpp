@@ -3,7 +3,6 @@
 
 #include <map>
 
-#include "gdi/device_context.h"
 #include "user/order.h"
 
 namespace user {
@@ -46,6 +45,13 @@ bool isWithin(HWND window, HWND ancestor)
         each = each->parent;
     }
     return each != nullptr;
+}
+
+std::vector<Window *> familyOf(Window &window)
+{
+    std::vector<Window *> family;
+    collect(window, family);
+    return family;
 }
 
 std::vector<Window *> everyWindow()

@@ -13,6 +13,8 @@ Window *find(HWND handle);
 bool isWithin(HWND window, HWND ancestor);
 /// The handle of a window; none for null.
 inline HWND handleOf(const Window *window) { return window ? window->handle : HWND{}; }
+/// A window and its children, however indirect, each before its own children.
+std::vector<Window *> familyOf(Window &window);
 /// Every window, front to back, each before its children.
 std::vector<Window *> everyWindow();
 /// The same windows as handles, for loops that call window procedures: those may destroy any.

@@ -10,15 +10,7 @@ namespace user {
 
 namespace {
 
-struct Timer
-{
-    HWND window;
-    UINT id = 0;
-    DWORD period = 0;
-    DWORD due = 0;
-};
-
-std::vector<Timer> timers; ///< in the order of setting, which decides between equal moments
+std::vector<Timer> timers;
 
 std::vector<Timer>::iterator first()
 {
@@ -60,15 +52,7 @@ void dropTimersOf(HWND window)
 
 void forgetTimers() { timers.clear(); }
 
-std::vector<TimerView> liveTimers()
-{
-    std::vector<TimerView> views;
-    views.reserve(timers.size());
-    for (const Timer &timer : timers) {
-        views.push_back({timer.window, timer.id});
-    }
-    return views;
-}
+const std::vector<Timer> &liveTimers() { return timers; }
 
 } // namespace user
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "winuser.h"
@@ -16,11 +15,14 @@ std::optional<DWORD> nextTimerMoment();
 void dropTimersOf(HWND window);
 void forgetTimers();
 
-struct TimerView
+struct Timer
 {
     HWND window;
-    UINT id;
+    UINT id = 0;
+    DWORD period = 0; ///< milliseconds
+    DWORD due = 0;    ///< the next moment
 };
-std::vector<TimerView> liveTimers();
+/// In the order of setting, which decides between equal moments.
+const std::vector<Timer> &liveTimers();
 
 } // namespace user

@@ -4,13 +4,12 @@
 #include <utility>
 #include <vector>
 
-#include "gdi/region.h"
-#include "winuser.h"
+#include "user/window.h"
 
 namespace user {
 
 /// An object of this class lives around a change of windows. At its end, whatever became visible
-/// becomes invalid.
+/// becomes invalid. No window is made or removed meanwhile.
 class VisibilityChange
 {
 public:
@@ -20,7 +19,7 @@ public:
     ~VisibilityChange();
 
 private:
-    std::vector<std::pair<HWND, gdi::Region>> before_;
+    std::vector<std::pair<Window *, gdi::Region>> before_;
 };
 
 } // namespace user

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -55,7 +54,11 @@ struct Window final : gdi::ScreenArea
     bool activatable() const { return (exStyle & WS_EX_NOACTIVATE) == 0; }
     Window &topLevel() { return parent ? parent->topLevel() : *this; }
     /// Its place as messages give it: a child's in its parent's client area, others' on the screen.
-    POINT place() const;
+    POINT place() const
+    {
+        const POINT base = parent ? parent->origin() : POINT{};
+        return {rect.left - base.x, rect.top - base.y};
+    }
 
     // Of the window manager alone:
     bool destroying = false;  ///< DestroyWindow has begun
@@ -67,10 +70,8 @@ struct Window final : gdi::ScreenArea
 /// Every change of a window's place, order or visibility makes a new arrangement: regions computed
 /// for an earlier one are out of date.
 void arrangementChanged();
-/// Counts the arrangements; never 0, which marks a region that was never computed.
-unsigned arrangement();
 
 /// The whole screen in pixels.
-RECT screenRect();
+inline RECT screenRect() { return {0, 0, gdi::screen().width, gdi::screen().height}; }
 
 } // namespace user

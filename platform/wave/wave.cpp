@@ -58,7 +58,6 @@ void wave::reset()
 {
     if (isOpen) {
         host::current().dropSamples();
-        host::current().closeLoudspeaker();
     }
     queued.clear();
     isOpen = false;
@@ -77,7 +76,7 @@ MMRESULT waveOutOpen(HWAVEOUT *device, UINT id, const WAVEFORMATEX *format, DWOR
     if (!isTheFormat(*format)) {
         return WAVERR_BADFORMAT;
     }
-    if (isOpen || !host::current().openLoudspeaker()) {
+    if (isOpen) {
         return MMSYSERR_ALLOCATED;
     }
     isOpen = true;
@@ -93,7 +92,6 @@ MMRESULT waveOutClose(HWAVEOUT device)
     if (!queued.empty()) {
         return WAVERR_STILLPLAYING;
     }
-    host::current().closeLoudspeaker();
     isOpen = false;
     return MMSYSERR_NOERROR;
 }

@@ -2,13 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "app/window.h"
-#include "gdi/inventory.h"
+#include "gdi/objects.h"
 #include "pilot/inspect.h"
 #include "resources/program_resources.h"
 #include "resources/resource.h"
 #include "support/fake_host.h"
-
-namespace {
 
 TEST(Program, LeavesNothingBehind)
 {
@@ -44,5 +42,3 @@ TEST(Program, LeavesNothingBehind)
     EXPECT_EQ(inspect::liveObjects(), std::vector<std::string>{});
     EXPECT_EQ(gdi::liveObjects(), std::vector<std::string>{});
 }
-
-} // namespace

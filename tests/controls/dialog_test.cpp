@@ -4,7 +4,6 @@
 #include "controls/dialog_template.h"
 #include "controls/run_dialog.h"
 #include "gx.h"
-#include "user/program_test.h"
 
 namespace {
 
@@ -119,33 +118,8 @@ TEST_F(Dialog, KeysMoveTheFocusAndPressButtons)
     }
 }
 
-/// A page that waits for any key, which it takes when it is asked whether it wants it.
-TEST_F(Dialog, APageWithoutControlsGetsEveryKeyOnce)
-{
-    GXOpenInput();
-    for (const int key : {VK_RETURN, VK_TAB, VK_ESCAPE, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN,
-                          static_cast<int>('A'), VK_APP1})
-    {
-        std::vector<WPARAM> taken;
-        int messages = 0;
-        host.press(key);
-        end();
-        runDialog(5, owner, [&](HWND, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
-            const auto *asked = reinterpret_cast<const MSG *>(lParam);
-            if (message == WM_GETDLGCODE && asked && asked->message == WM_KEYDOWN) {
-                taken.push_back(asked->wParam);
-            }
-            messages += message == WM_KEYDOWN ? 1 : 0;
-            return FALSE;
-        });
-        EXPECT_EQ(taken, std::vector<WPARAM>{static_cast<WPARAM>(key)});
-        EXPECT_EQ(messages, key == 'A' || key == VK_APP1 ? 1 : 0) << key;
-        host.run();
-    }
-    GXCloseInput();
-}
-
-/// Esc, and not the button that it stands for, unless the page asks for every key.
+/// Esc, and not the button that it stands for, unless the page asks for every key. It is asked with
+/// the key in the question.
 TEST_F(Dialog, EscCancelsAndIsNotPolledAsItsButton)
 {
     GXOpenInput();
@@ -153,44 +127,22 @@ TEST_F(Dialog, EscCancelsAndIsNotPolledAsItsButton)
         std::vector<WPARAM> taken;
         host.give({.kind = Kind::KeyDown, .key = VK_APP1, .escape = true});
         end();
-        runDialog(5, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
-            if (message == WM_KEYDOWN || message == WM_COMMAND) {
+        runDialog(5, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
+            const auto *asked = reinterpret_cast<const MSG *>(lParam);
+            if (message == WM_KEYDOWN || message == WM_COMMAND ||
+                (message == WM_GETDLGCODE && asked && asked->message == WM_KEYDOWN))
+            {
                 taken.push_back(LOWORD(wParam));
             }
             SetWindowLongW(page, DWL_MSGRESULT, DLGC_WANTALLKEYS);
             return message == WM_GETDLGCODE && wantsAllKeys ? TRUE : FALSE;
         });
-        EXPECT_EQ(taken, std::vector<WPARAM>{wantsAllKeys ? WPARAM{VK_APP1} : WPARAM{IDCANCEL}});
+        EXPECT_EQ(taken, wantsAllKeys ? (std::vector<WPARAM>{VK_APP1, VK_APP1})
+                                      : (std::vector<WPARAM>{VK_ESCAPE, IDCANCEL}));
         EXPECT_EQ(GetAsyncKeyState(VK_APP1) != 0, wantsAllKeys);
         host.run();
     }
     GXCloseInput();
-}
-
-TEST_F(Dialog, EndsAfterTheQuestionThatItAskedHasBeenAnswered)
-{
-    // Losing the activation to its own question ends the page, which must stay until the answer.
-    host.press('Z');
-    bool pageLives = false;
-    int answer = 0;
-    host.act([&] {
-        EXPECT_EQ(host.boxes, std::vector<std::u16string>{u"Caption|Question?"});
-        pageLives = IsWindowVisible(GetParent(GetActiveWindow()));
-    });
-    host.press('Y');
-    const INT_PTR result =
-        runDialog(5, owner, [&](HWND page, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
-            if (message == WM_ACTIVATE && wParam == WA_INACTIVE) {
-                EndDialog(page, 3);
-            } else if (message == WM_KEYDOWN) {
-                answer = MessageBoxW(page, u"Question?", u"Caption", MB_YESNO);
-            }
-            return FALSE;
-        });
-    EXPECT_TRUE(pageLives);
-    EXPECT_EQ(answer, IDYES);
-    EXPECT_EQ(result, 3);
-    EXPECT_EQ(GetActiveWindow(), owner);
 }
 
 TEST_F(Dialog, EndsWhileAnotherProgramIsAtTheFront)
@@ -227,6 +179,22 @@ TEST_F(Dialog, QuittingAndClosingEndEveryLoop)
 
     EXPECT_EQ(nest([&] { DestroyWindow(owner); }), 0);
     EXPECT_FALSE(GetActiveWindow());
+}
+
+TEST_F(Dialog, OfAMessageIsModalAndFitsTheScreen)
+{
+    recorder.noted = {WM_ACTIVATE, WM_LBUTTONDOWN};
+    host.tap(10, 40);
+    host.act([&] {
+        RECT rect;
+        GetWindowRect(GetActiveWindow(), &rect);
+        EXPECT_TRUE(rect.left >= 0 && rect.right <= 240 && rect.top >= 26 && rect.bottom <= 320);
+        EXPECT_EQ(recorder.takeLog(), Log{"A:activate 0 -"});
+    });
+    host.tapAt(inspect::control, IDNO);
+    const std::u16string text(100, u'w');
+    EXPECT_EQ(MessageBoxW(owner, (text + u" and more words").c_str(), u"Caption", MB_YESNO), IDNO);
+    EXPECT_EQ(recorder.takeLog(), Log{"A:activate 1 -"});
 }
 
 } // namespace

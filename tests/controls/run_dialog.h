@@ -1,11 +1,7 @@
 // The running of dialogs in tests.
 #pragma once
 
-#include <functional>
-
-#include "aygshell.h"
-#include "user/recorder.h"
-#include "winuser.h"
+#include "user/program_test.h"
 
 /// What a dialog procedure answers; WM_INITDIALOG, when it is not looked at, is answered TRUE.
 using DialogHandler = std::function<INT_PTR(HWND, UINT, WPARAM, LPARAM)>;
@@ -29,16 +25,11 @@ inline INT_PTR runDialog(unsigned id, HWND owner, DialogHandler handler = {})
 }
 
 /// Ends the dialog with the identifier of any button that is clicked.
-inline INT_PTR endByCommand(HWND dialog, UINT message, WPARAM wParam, LPARAM)
+inline INT_PTR endByCommand(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    return message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED ? EndDialog(dialog, LOWORD(wParam))
-                                                                 : FALSE;
-}
-
-/// Makes the dialog a full-screen page with an OK button.
-inline INT_PTR beFullScreen(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    SHINITDLGINFO full{SHIDIM_FLAGS, page, SHIDIF_DONEBUTTON | SHIDIF_SIZEDLGFULLSCREEN};
-    return message == WM_INITDIALOG ? SHInitDialog(&full)
-                                    : endByCommand(page, message, wParam, lParam);
+    if (message != WM_COMMAND || HIWORD(wParam) != BN_CLICKED) {
+        return FALSE;
+    }
+    EXPECT_EQ(lParam, static_cast<LPARAM>(GetDlgItem(dialog, LOWORD(wParam)).value));
+    return EndDialog(dialog, LOWORD(wParam));
 }

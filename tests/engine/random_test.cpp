@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 #if defined(__GLIBC__)
 TEST(Random, IsTheSequenceOfTheLibraryThatTheGameGrewUpWith)
 {
@@ -24,5 +22,3 @@ TEST(Random, IsTheSequenceOfTheLibraryThatTheGameGrewUpWith)
     }
 }
 #endif
-
-} // namespace

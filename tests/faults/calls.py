@@ -17,6 +17,7 @@ import subprocess
 import sys
 
 from faults import EARLY, GLIMRA, PILOT, SECOND, interrupted, options, start, store, stored
+from desktop import start_display
 
 ERRORS = errno.ENOSPC, errno.EIO, errno.EINTR, errno.ENOMEM
 PLAN = struct.Struct("<3i52s")
@@ -65,6 +66,18 @@ def attack(run, library, number, error, expected):
         return name, "" if stored(folder) in expected[1] else f"leads to another state; it said: {said}"
 
 
+def viewing(library, name):
+    """What is wrong when a viewing begins and the first call of that name fails."""
+    with interrupted() as folder:
+        (folder / "plan").write_bytes(PLAN.pack(0, 1, errno.EAGAIN, name))
+        view = subprocess.run([GLIMRA, "--watch", folder / "s/records" / EARLY], text=True, capture_output=True, timeout=20,
+                              env={**os.environ, "SDL_VIDEODRIVER": "dummy", "TMPDIR": str(folder), "LD_PRELOAD": library,
+                                   "FAILING_CALL": str(folder / "plan")})
+        left = list(folder.glob("glimra-*"))
+        fine = view.returncode == 1 and os.strerror(errno.EAGAIN) in view.stderr and not left
+        return "" if fine else f"a viewing without {name}: ends with {view.returncode}, says {view.stderr!r}, leaves {left}"
+
+
 def states():
     """The games that there are on the way: before the session, in its middle, and after it."""
     for part in ("kill\n", SECOND[:SECOND.index("back")] + "kill\n", SECOND + "close\n"):
@@ -78,10 +91,9 @@ def main():
     on_display = "--display" in sys.argv
     library = os.path.abspath(sys.argv[-1])
     if on_display:
-        sys.argv += [GLIMRA, PILOT]
-        from desktop import start_display
         start_display(atexit.register)
-    found, total, between = [], collections.Counter(), set(states())
+    total, between = collections.Counter(), set(states())
+    found = [wrong for wrong in (viewing(library, b"pipe"), viewing(library, b"fork")) if wrong]
     for run in [play, desktop] + [display] * on_display:
         calls, whole, after = attack(run, library, 0, 0, None)
         assert calls > 50, "the library is not loaded"

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 #include <dlfcn.h>
 #include <sys/mman.h>
@@ -18,7 +19,7 @@ struct Plan
     int calls;     ///< so far
     int failing;   ///< number of the call, from 1
     int error;     ///< errno
-    char name[52]; ///< of the call that failed
+    char name[52]; ///< only calls of that name count; empty: all, until one has failed
 };
 
 using Call = long (*)(long, long, long, long, long, long);
@@ -38,7 +39,9 @@ Plan *mapPlan()
 bool fails(const char *name)
 {
     static Plan *const plan = mapPlan();
-    if (!plan || __atomic_add_fetch(&plan->calls, 1, __ATOMIC_RELAXED) != plan->failing) {
+    if (!plan || (plan->name[0] != 0 && std::strcmp(plan->name, name) != 0) ||
+        __atomic_add_fetch(&plan->calls, 1, __ATOMIC_RELAXED) != plan->failing)
+    {
         return false;
     }
     std::snprintf(plan->name, sizeof plan->name, "%s", name);

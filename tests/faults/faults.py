@@ -16,10 +16,10 @@ import sys
 import tempfile
 import time
 
-PILOT, GLIMRA = os.path.abspath(sys.argv.pop()), os.path.abspath(sys.argv.pop())
-
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "scripts"))
 import store  # noqa: E402, it is found by the line above
+from desktop import GLIMRA, PILOT  # noqa: E402
+
 
 def options(**numbers):
     """The numbers of the command line, and chance by its seed."""

@@ -7,19 +7,14 @@ The next start must have the game, paused. After a signal or the end of the disp
 most the last second, and no key that was pressed before.
 """
 import atexit
-import os
-import pathlib
 import re
 import signal
 import subprocess
 import sys
 import time
 
-sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "scripts"))
-from desktop import GLIMRA, PILOT, SCALE, eventually, focus_window, start_display, xdotool  # noqa: E402
-
-sys.argv += [GLIMRA, PILOT]
-from faults import EARLY, ended, interrupted, launch, options, played, start, stored  # noqa: E402
+from faults import EARLY, PILOT, ended, interrupted, launch, options, played, start, stored
+from desktop import SCALE, eventually, focus_window, start_display, xdotool
 
 SIGNALS = signal.SIGKILL, signal.SIGTERM, signal.SIGINT, signal.SIGHUP
 ENDS = *SIGNALS, "client", "server"

@@ -17,11 +17,8 @@ import sys
 import tempfile
 import time
 
-sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "scripts"))
-from desktop import GLIMRA, PILOT, focus_window, start_display, xdotool  # noqa: E402
-
-sys.argv += [GLIMRA, PILOT]
-from faults import ended, interrupted, launch, options, played, start, stored  # noqa: E402
+from faults import ended, interrupted, launch, options, played, start, stored
+from desktop import focus_window, start_display, xdotool
 
 CALLS = "open,openat,write,fsync,fdatasync,rename,unlink,truncate,ftruncate"
 TRACE = ["strace", "-D", "-f", "-y", "-s", "9999999", "-e", f"trace={CALLS}", "-e", "signal=none", "-o", "trace"]

@@ -1,12 +1,7 @@
-// What a tap on the title page hits, and how its pages change.
+// What a tap on the title page hits.
 #include "frontend/title_screen.h"
 
 #include <gtest/gtest.h>
-
-#include "render/graphics.h"
-#include "resources/program_resources.h"
-#include "support/fake_host.h"
-#include "support/pixel.h"
 
 namespace {
 
@@ -27,30 +22,6 @@ TEST(TitleScreen, KnowsWhatATapHits)
     }
     screen.page = TitlePage::HighScores;
     EXPECT_EQ(screen.hitTest(118, 120), LeaveHighScores);
-}
-
-TEST(TitleScreen, TakesTurnsAndDrawsTheSelection)
-{
-    SwitchedOn handheld(programResources());
-    windowDC = GetDC(HWND{});
-    screenSurface = new Surface(windowDC, screenWidth, screenHeight);
-    TitleScreen screen{};
-    HighScoreTable table{};
-    screen.create(HWND{});
-    screen.selectedLevel = 9;
-    screen.start(HWND{}, &table);
-    EXPECT_EQ(screen.table.get(), &table);
-    EXPECT_EQ(getPixel(windowDC, 205, 166), RGB(255, 255, 255)); // level 9: white
-    EXPECT_EQ(getPixel(windowDC, 183, 165), RGB(255, 255, 255)); // level 8: white border,
-    EXPECT_EQ(getPixel(windowDC, 185, 167), RGB(0, 0, 0));       // black inside
-
-    handheld.host.clock += 10001;
-    screen.tick(HWND{});
-    EXPECT_EQ(screen.page, TitlePage::HighScores);
-    EXPECT_NE(getPixel(windowDC, 205, 166), RGB(255, 255, 255));
-    screen.destroy(HWND{});
-    deleteSurface(screenSurface);
-    ReleaseDC(HWND{}, windowDC);
 }
 
 } // namespace

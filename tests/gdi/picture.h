@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "gdi/device_context.h"
-#include "gdi/inventory.h"
+#include "gdi/objects.h"
 #include "support/pixel.h"
 #include "wingdi.h"
 

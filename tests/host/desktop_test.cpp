@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include "host/program_clock.h"
 #include "host/sdl/picture.h"
 #include "host/sdl/window_place.h"
 #include "host/stepping_clock.h"
@@ -18,24 +17,57 @@ using desktop::Canvas;
 using desktop::Placement;
 using desktop::Point;
 using desktop::Size;
-using host::ProgramClock;
+using host::Timeline;
 
-TEST(ProgramClock, StepsThroughDueMomentsAndGivesUpLongStalls)
+TEST(Timeline, StepsThroughDueMomentsAndGivesUpLongStalls)
 {
     const std::uint32_t cases[][4] = {
         {100, 125, 125, 125},    {100, 125, 900, 125},
         {100, 125, 1125, 125},   {100, 125, 1126, 1126},
         {0xFFFFFFF0U, 9, 12, 9}, {0xFFFFFFF0U, 0xFFFFFFFAU, 2, 0xFFFFFFFAU}};
     for (const auto &[start, deadline, now, shown] : cases) {
-        ProgramClock clock(start);
-        EXPECT_TRUE(clock.isAhead(deadline));
-        clock.reachDeadline(deadline, now);
-        EXPECT_EQ(clock.ticks(), shown);
-        clock.reachEvent(shown - 1);
-        EXPECT_EQ(clock.ticks(), shown) << "the clock never goes back";
-        clock.reachEvent(shown + 3);
-        EXPECT_EQ(clock.ticks(), shown + 3);
+        Timeline timeline(start);
+        const auto wait = [&timeline, moment = now](std::optional<std::uint32_t> until) {
+            return timeline.wait(
+                until, [=] { return moment; }, [](auto) { FAIL(); });
+        };
+        EXPECT_FALSE(wait(deadline));
+        EXPECT_EQ(timeline.ticks(), shown);
+        timeline.add({}, shown - 1);
+        EXPECT_TRUE(wait(std::nullopt));
+        EXPECT_EQ(timeline.ticks(), shown) << "the clock never goes back";
+        timeline.add({}, shown + 3);
+        EXPECT_TRUE(wait(std::nullopt));
+        EXPECT_EQ(timeline.ticks(), shown + 3);
     }
+}
+
+TEST(Timeline, SleepsThroughQuietMomentsAndCatchesUp)
+{
+    std::uint32_t machine = 0;
+    std::vector<std::uint32_t> sleeps;
+    Timeline timeline(0, [](std::uint32_t moment) { return moment + 75; });
+    const auto step = [&](std::uint32_t deadline) {
+        return timeline.wait(
+            deadline, [&] { return machine; },
+            [&](std::optional<std::uint32_t> until) {
+                sleeps.push_back(*until);
+                const bool woken = *until == 325; // by an event
+                machine = woken ? 260 : *until;
+                if (woken) {
+                    timeline.add({}, machine);
+                }
+            });
+    };
+    for (const std::uint32_t tick : {25U, 50U, 75U, 100U, 125U, 150U, 175U, 200U, 225U, 250U}) {
+        EXPECT_FALSE(step(tick));
+        EXPECT_EQ(timeline.ticks(), tick);
+    }
+    EXPECT_TRUE(step(275));
+    EXPECT_EQ(timeline.ticks(), 260U);
+    EXPECT_FALSE(step(275));
+    EXPECT_FALSE(step(300));
+    EXPECT_EQ(sleeps, (std::vector<std::uint32_t>{25, 125, 225, 325, 275, 375}));
 }
 
 TEST(SteppingClock, LetsATimerComeDueOnceHoweverLongTheMachineSlept)
@@ -45,14 +77,14 @@ TEST(SteppingClock, LetsATimerComeDueOnceHoweverLongTheMachineSlept)
         std::uint64_t machine = 0xFFFFFF00U; // a clock soon to wrap
         host::SteppingClock clock(machine);
         const auto now = [&] { return clock.at(machine); };
-        host::Timeline timeline(now());
+        Timeline timeline(now());
         int sleeps = 0;
         const std::uint32_t deadline = timeline.ticks() + 25;
-        EXPECT_FALSE(timeline.wait(deadline, now, [&] {
+        EXPECT_FALSE(timeline.wait(deadline, now, [&](auto) {
             machine += slept;
             ASSERT_EQ(++sleeps, 1);
         }));
-        EXPECT_GT(host::distance(deadline, timeline.ticks()), ProgramClock::longestLag) << slept;
+        EXPECT_GT(host::distance(deadline, timeline.ticks()), Timeline::longestLag) << slept;
         EXPECT_EQ(now(), timeline.ticks());
         machine += 25;
         EXPECT_EQ(now(), timeline.ticks() + 25);
@@ -87,9 +119,11 @@ TEST(Picture, LiesInTheMiddleAtTheLargestWholeScale)
                                           {Point{603, 63}, 1, 1, true},
                                           {Point{0, 5000}, 0, 319, false}})
     {
-        const Point pixel = desktop::toPicture(point, placement, picture);
-        EXPECT_EQ(std::pair(pixel.x, pixel.y), std::pair(x, y)) << point.x;
-        EXPECT_EQ(desktop::isOnPicture(point, placement, picture), on) << point.x;
+        const Point pixel{x, y};
+        EXPECT_EQ(desktop::toPicture(point, placement, picture, true), pixel) << point.x;
+        EXPECT_EQ(desktop::toPicture(point, placement, picture, false),
+                  on ? std::optional(pixel) : std::nullopt)
+            << point.x;
     }
 }
 
@@ -108,11 +142,10 @@ TEST(Picture, IsDrawnExactlyAndStaysOnTheCanvas)
         desktop::drawEnlarged(frame, {-5, -5, 50, 50}, placement, canvas);
         for (int y = 0; y < size.height; ++y) {
             for (int x = 0; x < size.width; ++x) {
-                const Point at = desktop::toPicture({x, y}, placement, {3, 2});
-                const auto index = static_cast<std::size_t>(at.y * 3 + at.x);
+                const auto at = desktop::toPicture({x, y}, placement, {3, 2}, false);
                 const auto drawn = memory[static_cast<std::size_t>(y * size.width + x)];
-                EXPECT_EQ(drawn, desktop::isOnPicture({x, y}, placement, {3, 2}) ? colours[index]
-                                                                                 : untouched);
+                EXPECT_EQ(drawn,
+                          at ? colours[static_cast<std::size_t>(at->y * 3 + at->x)] : untouched);
             }
         }
     }

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/buttons.h"
+#include "host/key_table.h"
 #include "host/sdl/desktop.h"
 #include "host/sdl/sdl.h"
 #include "host/stylus_pointer.h"
@@ -28,10 +28,10 @@ protected:
     void key(std::uint16_t code, bool down) { EXPECT_TRUE(pointer.handleKey(code, down, now)); }
     void expectAt(int x, int y, int tolerance = 0)
     {
-        const auto at = pointer.shownAt();
+        const auto at = pointer.look();
         ASSERT_TRUE(at);
-        EXPECT_NEAR(at->x, x, tolerance);
-        EXPECT_NEAR(at->y, y, tolerance);
+        EXPECT_NEAR(at->tip.x, x, tolerance);
+        EXPECT_NEAR(at->tip.y, y, tolerance);
     }
 
     std::uint32_t now = 0xFFFFFF00U; ///< the clock wraps
@@ -67,13 +67,13 @@ TEST_F(PointerTest, ArrowsMoveItWhileItsKeyIsHeld)
     EXPECT_EQ(last, "move 119 239");
     pointer.letGo();
     EXPECT_EQ(last, "up 119 239");
-    EXPECT_FALSE(pointer.shownAt() || pointer.due() || pointer.isDown());
+    EXPECT_FALSE(pointer.look() || pointer.due() || pointer.isDown());
 }
 
 TEST_F(PointerTest, StickMovesItTheFartherTheFasterAndItHidesAfterARest)
 {
     pointer.lean(0.15, -0.15, now);
-    EXPECT_FALSE(pointer.shownAt()) << "a thumb rests on the stick";
+    EXPECT_FALSE(pointer.look()) << "a thumb rests on the stick";
     pointer.press(true, now);
     pointer.press(false, now);
     EXPECT_EQ(last, "") << "nobody taps what they do not see";
@@ -85,19 +85,19 @@ TEST_F(PointerTest, StickMovesItTheFartherTheFasterAndItHidesAfterARest)
         }
         pointer.lean(0, 0, now);
         expectAt(x + way, 160, 5);
-        x = pointer.shownAt()->x;
+        x = pointer.look()->tip.x;
     }
     pointer.press(true, now);
     pass(9000);
-    EXPECT_TRUE(pointer.shownAt()) << "not while it is down";
+    EXPECT_TRUE(pointer.look()) << "not while it is down";
     pointer.press(false, now);
     pass(3000);
-    EXPECT_TRUE(pointer.shownAt());
+    EXPECT_TRUE(pointer.look());
     pass(2000);
-    EXPECT_FALSE(pointer.shownAt() || pointer.due());
+    EXPECT_FALSE(pointer.look() || pointer.due());
     pointer.lean(1, 0, now);
     pointer.advance(now + 100000);
-    EXPECT_LE(pointer.shownAt()->x, x + 20) << "after a stall it does not leap";
+    EXPECT_LE(pointer.look()->tip.x, x + 20) << "after a stall it does not leap";
 }
 
 /// The whole way, from controllers that SDL makes up to the events that the handheld gets.

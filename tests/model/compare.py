@@ -22,8 +22,8 @@ from model import (CLEARING, ENDING, HARD_DROP, HOLD, KEYS, LEFT, PAUSE, PAUSED,
                    ROTATE_RIGHT, RUNNING, SOFT_DROP, TITLE, TITLE_BAR)
 
 # Between them these reach each end of each mode, levels that rise, four rows twice, and each place that a
-# turn of each rotation tries.
-SEEDS = [8, 13, 16, 28, 30, 33, 72, 77, 98, 110, 117, 142, 147]
+# turn of each rotation tries. With 0 no game is played.
+SEEDS = [0, 8, 13, 16, 28, 30, 33, 72, 77, 98, 110, 117, 142, 147]
 CLOCKS = [1000, 2**31 - 20000, 2**32 - 20000]
 
 
@@ -37,6 +37,7 @@ class Player:
         self.app = model.App(self.clock)
         self.script = []
         self.greedy = self.chance(0.5)  # for clears of four rows
+        self.corner = 70 + 99 * (seed % 2), 200 + 29 * (seed // 2 % 2)  # of the Play button
 
     def do(self, command):
         self.script.append(command)
@@ -85,6 +86,16 @@ class Player:
                 self.do(expand(self.random.choice(['click IDOK', 'click IDOK', 'click IDCANCEL'])))
         self.do('wait 1000')
 
+    def tapEdges(self):
+        """Stays on the title page and taps at the edges of what can be chosen, and beside Play."""
+        dice = self.random
+        for _ in range(400):
+            column, row = dice.randrange(10), dice.randrange(2)
+            left, width, top = dice.choice([(15 + 21 * column, 20, 165), (15 + 105 * (column % 2), 104, 115 + 20 * row)])
+            self.tap(left + dice.choice([-1, 0, width - 1, width]), top + dice.choice([-1, 0, 18, 19]))
+            self.tap(*dice.choice([(69, 215), (170, 215), (120, 199), (120, 230)]))
+            self.do('wait 500')
+
     def choose(self):
         """Starts a game from the title screen, after some random taps and waits."""
         for _ in range(self.random.randrange(4)):
@@ -95,7 +106,7 @@ class Player:
             mode, level = self.random.randrange(4), self.random.randrange(10)
             self.tap(60 + 105 * (mode % 2), 120 + 20 * (mode // 2))
             self.tap(25 + 21 * level, 170)
-            self.tap(120, 215)
+            self.tap(*self.corner)
 
     def leave(self):
         """Another program comes to the front for a while; no key is held or unread then."""
@@ -184,7 +195,7 @@ def difference(theirs, ours):
 def run(pilot, seed, folder):
     """Runs one seed; returns how many records were compared, or exits with the difference."""
     player = Player(seed)
-    player.play()
+    player.play() if seed else player.tapEdges()
     script = [f'trace {folder}/trace', *player.script, f'state {folder}/state', '']
     (folder / 'script').write_text('\n'.join(script))
     done = subprocess.run([pilot, '--clock', str(player.clock), folder / 'script'], capture_output=True, text=True)

@@ -11,7 +11,7 @@
 
 #include "host/host.h"
 #include "record/input_command.h"
-#include "record/subject.h"
+#include "record/record.h"
 
 struct SmallProgram
 {

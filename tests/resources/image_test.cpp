@@ -3,9 +3,6 @@
 
 #include "resources/image.h"
 #include "support/fake_host.h"
-#include "support/test_resources.h"
-
-namespace {
 
 TEST(Resources, AreFoundByNumberAndName)
 {
@@ -64,5 +61,3 @@ TEST(Resources, OfADamagedImageNothingOutsideIsRead)
         }
     }
 }
-
-} // namespace

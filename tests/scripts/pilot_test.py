@@ -11,6 +11,7 @@ import subprocess
 import sys
 import time
 import unittest
+from unittest import mock
 
 import store
 from store import PAUSED, PLAYING, SIZE as RECORD, TITLE
@@ -45,12 +46,17 @@ class PilotTest(store.FolderTest):
                 output = self.run_pilot(f"echo before\n\n{command} # comment\necho after\n", status=status)
                 self.assertEqual(output, ["before"] + ["after"] * (status == 0))
                 self.assertRegex(self.errors, r"\Apilot: line 3: .+\n\Z" if status else r"\A\Z")
+        self.run_pilot("menu IDM_GAME_OPTIONS\nselect IDC_QUEUE 3\n", status=2)
+        self.assertIn("line 2", self.errors)
         for options in (["--clock", "4294967296"], ["--bogus"]):
             self.run_pilot("", *options, status=2)
         (self.folder / "file").touch()
         for options in (["no-such-script"], ["--", "no-such-script"], ["--store", "file"]):
             self.run_pilot("", *options, status=1)
             self.assertRegex(self.errors, r"\Apilot: .+\n\Z")
+        with mock.patch.dict(os.environ, TMPDIR="/no/such/folder"):
+            self.run_pilot("", status=1)
+            self.assertRegex(self.errors, r"\Apilot: /no/such/folder/.+: No such file or directory\n\Z")
 
     def test_a_signal_ends_it_and_leaves_nothing_behind(self):
         pilot = self.open_pilot("restart\nmenu IDM_NEW_GAME\naway\necho ready\n")

@@ -1,25 +1,19 @@
 // The menu bar, its drop-downs and the menus behind them.
 #include "controls/run_dialog.h"
 #include "user/menu.h"
-#include "user/program_test.h"
 
 namespace {
-
-using Kind = host::Event::Kind;
 
 struct MenuBar : ProgramTest
 {
     SHMENUBARINFO info{32, owner, 0, 102, {}, 0, 0, {}};
-    Log popups;
 
     void SetUp() override
     {
         ASSERT_TRUE(SHCreateMenuBar(&info));
-        recorder.noted = {WM_COMMAND, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_ACTIVATE, WM_KEYDOWN};
         recorder.when(WM_INITMENUPOPUP, [&](HWND, WPARAM dropDown, LPARAM position) {
             EXPECT_EQ(GetSubMenu(menu(), static_cast<int>(position)).value, dropDown);
             EXPECT_FALSE(inspect::menuOpen());
-            popups.push_back(std::to_string(position));
         });
     }
     HMENU menu() const
@@ -42,72 +36,11 @@ TEST_F(MenuBar, ItemsAreFoundGrayedAndReported)
     SHMENUBARINFO malformed{32, owner, 0, 103, {}, 0, 0, {}}; // no drop-down 7
     EXPECT_FALSE(SHCreateMenuBar(&malformed));
     EXPECT_EQ(user::liveMenus(), 1U);
+    EXPECT_TRUE(IsWindowVisible(info.hwndMB));
+    recorder.window('B', {0, 26, 100, 100});
+    EXPECT_FALSE(IsWindowVisible(info.hwndMB)) << "it is seen with its window";
     DestroyWindow(info.hwndMB);
     EXPECT_EQ(user::liveMenus(), 0U);
-}
-
-TEST_F(MenuBar, ItemsAreChosenByTappingOrDragging)
-{
-    host.tapAt(inspect::menuBarButton, 0);
-    expectOpen(true);
-    host.tapAt(inspect::openMenuItem, 103);
-    expectOpen(false);
-    EXPECT_EQ(run(), Log{"A:command 103"});
-    EXPECT_EQ(popups, Log{"0"});
-
-    host.act([&] {
-        const auto [x, y] = inspect::menuBarButton(1).value().centre;
-        host.stylus(Kind::StylusDown, x, y);
-    });
-    host.act([&] {
-        const auto [x, y] = inspect::openMenuItem(201).value().centre;
-        host.stylus(Kind::StylusMove, x, y);
-        host.stylus(Kind::StylusUp, x, y);
-    });
-    EXPECT_EQ(run(), Log{"A:command 201"});
-    EXPECT_EQ(popups, (Log{"0", "1"}));
-}
-
-TEST_F(MenuBar, GrayedItemsDoNothingAndATapElsewhereIsSwallowed)
-{
-    host.tapAt(inspect::menuBarButton, 0);
-    host.tapAt(inspect::openMenuItem, 102);
-    expectOpen(true);
-    host.act([&] { EXPECT_FALSE(inspect::openMenuItem(102)->enabled); });
-    host.tap(200, 100);
-    expectOpen(false);
-    EXPECT_EQ(run(), Log{});
-    host.tap(200, 100);
-    EXPECT_EQ(run().size(), 2U);
-
-    host.tapAt(inspect::menuBarButton, 0);
-    host.tapAt(inspect::menuBarButton, 1); // the other button opens the other drop-down
-    host.act([] { EXPECT_TRUE(inspect::openMenuItem(201)); });
-    host.tapAt(inspect::menuBarButton, 1); // its own closes it
-    expectOpen(false);
-    EXPECT_EQ(run(), Log{});
-}
-
-TEST_F(MenuBar, KeysMoveChooseAndDismiss)
-{
-    const std::pair<std::vector<int>, Log> cases[] = {
-        {{VK_DOWN, VK_RETURN}, {"A:command 101"}},
-        {{VK_DOWN, VK_DOWN, VK_RETURN}, {"A:command 103"}}, // past the grayed one and the line
-        {{VK_UP, VK_RETURN}, {"A:command 103"}},
-        {{VK_DOWN, VK_DOWN, VK_DOWN, VK_RETURN}, {"A:command 101"}},
-        {{VK_RIGHT, VK_RETURN}, {"A:command 201"}},
-        {{VK_LEFT, VK_LEFT, VK_RETURN}, {"A:command 101"}},
-        {{'A', VK_ESCAPE}, {}},
-    };
-    for (const auto &[keys, log] : cases) {
-        host.tapAt(inspect::menuBarButton, 0);
-        expectOpen(true);
-        for (const int key : keys) {
-            host.press(key);
-        }
-        expectOpen(false);
-        EXPECT_EQ(run(), log) << keys.size();
-    }
 }
 
 TEST_F(MenuBar, TimersRunBehindAnOpenDropDownWhichADialogCloses)
@@ -126,31 +59,6 @@ TEST_F(MenuBar, TimersRunBehindAnOpenDropDownWhichADialogCloses)
     run(100);
     EXPECT_EQ(ticks, 7); // 100 ms after the third
     EXPECT_FALSE(inspect::menuOpen());
-}
-
-TEST_F(MenuBar, IsSeenWithItsWindowAndNotCoveringAPage)
-{
-    const auto bar = [&] { return IsWindowVisible(info.hwndMB) != FALSE; };
-    EXPECT_TRUE(bar());
-    host.act([&] {
-        EXPECT_TRUE(bar()); // beside a small dialog, but with no use
-        EXPECT_FALSE(inspect::menuBarButton(0)->enabled);
-        host.tap(20, 310);
-        expectOpen(false);
-        end();
-    });
-    runDialog(8, owner);
-    host.act([&] {
-        EXPECT_FALSE(bar());
-        host.act([&] { EXPECT_FALSE(bar()); }); // nor beside a box upon the page
-        host.press(VK_RETURN);
-        end();
-        MessageBoxW(GetActiveWindow(), u"", u"", MB_OK);
-    });
-    runDialog(9, owner, beFullScreen);
-    EXPECT_TRUE(bar());
-    recorder.window('B', {0, 26, 100, 100});
-    EXPECT_FALSE(bar());
 }
 
 TEST_F(MenuBar, QuittingEndsTheLoopOfADropDown)

@@ -2,7 +2,6 @@
 #include <algorithm>
 
 #include "controls/run_dialog.h"
-#include "user/program_test.h"
 
 namespace {
 
@@ -15,38 +14,6 @@ struct Shell : ProgramTest
         });
     }
 };
-
-TEST_F(Shell, OkButtonIsThereForTheDialogsThatAskForIt)
-{
-    EXPECT_FALSE(inspect::okButton());
-    host.tapAt(inspect::okButton);
-    EXPECT_EQ(runDialog(6, owner, endByCommand), IDOK);
-    EXPECT_FALSE(inspect::okButton());
-
-    host.act([] { EXPECT_FALSE(inspect::okButton()); }); // a plain dialog has none
-    end();
-    runDialog(7, owner);
-
-    host.tapAt(inspect::okButton);
-    host.act([] {});
-    EXPECT_EQ(runDialog(7, owner, beFullScreen), IDOK);
-}
-
-TEST_F(Shell, FullScreenPageFollowsTheDisplay)
-{
-    const auto expectRect = [&](int right, int bottom) {
-        host.act([=] {
-            RECT rect;
-            GetWindowRect(GetActiveWindow(), &rect);
-            EXPECT_EQ(rect, (RECT{0, 26, right, bottom}));
-        });
-    };
-    expectRect(240, 320);
-    host.give({.kind = host::Event::Kind::Turn, .orientation = 1});
-    expectRect(320, 240);
-    host.tapAt(inspect::okButton);
-    runDialog(6, owner, beFullScreen);
-}
 
 TEST_F(Shell, InputPanelTypesWhereTheFocusIsAndComesAndGoesWithIt)
 {

@@ -4,9 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_host.h"
-#include "support/test_resources.h"
-
-namespace {
 
 TEST(SoundPlayer, SkipsAnEffectWithoutSamples)
 {
@@ -32,5 +29,3 @@ TEST(SoundPlayer, SkipsAnEffectWithoutSamples)
     }
     EXPECT_EQ(handheld.host.queued, (std::vector<std::uint8_t>{0x80, 0x90})); // not cut off
 }
-
-} // namespace

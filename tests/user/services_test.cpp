@@ -2,10 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_host.h"
-#include "support/test_resources.h"
 #include "winbase.h"
-
-namespace {
 
 TEST(Text, NumbersAreReadAsFarAsTheyGo)
 {
@@ -20,7 +17,7 @@ TEST(Text, NumbersAreReadAsFarAsTheyGo)
                                              {u"99999999999999999999", most},
                                              {u"-99999999999", -most - 1}};
     for (const auto &[text, value] : cases) {
-        EXPECT_EQ(_wtoi(text), value) << lstrlenW(text);
+        EXPECT_EQ(_wtoi(text), value) << std::u16string_view(text).size();
     }
 }
 
@@ -31,7 +28,7 @@ TEST(Text, IsFormatted)
     const int length =
         wsprintfW(buffer, u"%d|%02d|%05d|%4d|%2d|%c|%%|%", -3, 7, -12, 34, -567, u'x');
     EXPECT_EQ(std::u16string(buffer), u"-3|07|-0012|  34|-567|x|%|");
-    EXPECT_EQ(length, lstrlenW(buffer));
+    EXPECT_EQ(static_cast<std::size_t>(length), std::u16string_view(buffer).size());
     EXPECT_EQ(wsprintfW(buffer, u"%2000d%d", 1, 2), 1023);
 
     WCHAR small[4];
@@ -55,5 +52,3 @@ TEST(Processes, TheHelpViewerGetsThePageOfTheProgram)
     handheld.host.helpWorks = false;
     EXPECT_FALSE(start(u"peghelp.exe", u"file:glimra.htm"));
 }
-
-} // namespace

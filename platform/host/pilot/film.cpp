@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <string>
 #include <string_view>
 
 #include <fcntl.h>
@@ -120,8 +119,6 @@ host::Problem Film::begin(const std::string &file, int framesPerSecond, const ho
                ? std::nullopt
                : fail(0);
 }
-
-host::Problem Film::goOn() { return state_.file.empty() ? std::nullopt : open(0); }
 
 host::Problem Film::open(int flags)
 {

@@ -25,7 +25,7 @@ public:
     /// at three quarters of its size, between black bars.
     host::Problem begin(const std::string &file, int framesPerSecond, const host::Frame &frame);
     /// Goes on with the film that a restart interrupted, if there is one.
-    host::Problem goOn();
+    host::Problem goOn() { return state_.file.empty() ? std::nullopt : open(0); }
     /// Some milliseconds pass in which the screen shows `frame`: from now until just before their
     /// end. A moment's picture is thus what the program has made of everything that happened in it.
     /// After a problem, such as a full disk, the film has ended with its last whole frame.

@@ -23,6 +23,12 @@ void say(const std::string &line)
     std::fflush(stdout);
 }
 
+int complain(const std::string &problem, int status)
+{
+    std::fprintf(stderr, "pilot: %s\n", problem.c_str());
+    return status;
+}
+
 std::string inQuotes(std::u16string_view text)
 {
     std::string result = "\"";
@@ -99,10 +105,9 @@ void PilotHost::present(const host::Frame &frame, const host::Area &)
 
 void PilotHost::playSamples(std::span<const std::uint8_t> samples)
 {
-    if (interrupted_ && !state_.sounds.empty()) {
+    if (std::exchange(interrupted_, false) && !state_.sounds.empty()) {
         state_.sounds.back().cut = true;
     }
-    interrupted_ = false;
     const std::uint32_t start = speaker_.play(samples.size(), state_.clock);
     state_.sounds.push_back({start, static_cast<std::uint32_t>(samples.size())});
     film_.play(samples);

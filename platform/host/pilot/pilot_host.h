@@ -14,6 +14,8 @@ namespace pilot {
 
 /// Prints a line at once.
 void say(const std::string &line);
+/// Prints what is wrong, on the standard error stream. Returns `status`, for main.
+int complain(const std::string &problem, int status = 1);
 /// A text in quotation marks; those inside, backslashes and ends of lines are written \", \\, \n.
 std::string inQuotes(std::u16string_view text);
 
@@ -48,12 +50,7 @@ public:
     std::uint32_t ticks() const override { return state_.clock; }
     std::optional<host::Event> wait(std::optional<std::uint32_t> deadline) override;
     void present(const host::Frame &frame, const host::Area &changed) override;
-    void describeProgram(std::u16string_view, const host::Icon &) override {}
-    void raise() override {}
-    void wantText(bool) override {}
     bool hasLoudspeaker() override { return true; }
-    bool openLoudspeaker() override { return true; }
-    void closeLoudspeaker() override { dropSamples(); }
     void playSamples(std::span<const std::uint8_t> samples) override;
     void dropSamples() override;
     bool samplesQueued() override { return speaker_.isPlaying(state_.clock); }

@@ -99,8 +99,7 @@ bool Controllers::handle(const SDL_Event &event)
     case SDL_CONTROLLERBUTTONUP:
         if (event.cbutton.button < std::size(standardButtons) &&
             input_.controllerButton(event.cbutton.which, standardButtons[event.cbutton.button],
-                                    event.type == SDL_CONTROLLERBUTTONDOWN) ==
-                host::InputMapper::HostAction::FullScreen)
+                                    event.type == SDL_CONTROLLERBUTTONDOWN))
         {
             toggleFullScreen_();
         }

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "host/file_host.h"
+#include "host/timeline.h"
 
 namespace desktop {
 
@@ -17,6 +18,8 @@ struct Options
     bool landscape = false;            ///< the handheld starts turned
     /// Whether the screen must not go dark now; asked whenever the process is about to sleep.
     std::function<bool()> needsScreen;
+    /// How late the process may wake; none: for each moment.
+    host::Latest latest = nullptr;
 };
 
 class Desktop : public host::FileHost

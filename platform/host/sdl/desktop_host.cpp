@@ -18,37 +18,28 @@ namespace {
 
 using host::Event;
 
-std::uint64_t machineMilliseconds()
-{
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return static_cast<std::uint64_t>(
-        std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
-}
-
 /// The machine's own clock: milliseconds since it was started, as on the handheld.
 std::uint32_t machineTicks()
 {
-    static host::SteppingClock clock(machineMilliseconds());
-    return clock.at(machineMilliseconds());
+    const auto time = std::chrono::steady_clock::now().time_since_epoch();
+    const auto now = static_cast<std::uint64_t>(
+        std::chrono::duration_cast<std::chrono::milliseconds>(time).count());
+    static host::SteppingClock clock(now);
+    return clock.at(now);
 }
 
 } // namespace
 
 std::unique_ptr<Desktop> open(const Options &options)
 {
-    const Size upright{240, 320};
-    const Size turned{320, 240};
-    auto window = ScreenWindow::make(options.landscape ? turned : upright, options.scale,
-                                     loadWindowPlace(options.storeFolder));
-    if (!window) {
-        return nullptr;
-    }
-    return std::make_unique<DesktopHost>(options, std::move(window));
+    auto window = ScreenWindow::make(options.landscape ? Size{320, 240} : Size{240, 320},
+                                     options.scale, loadWindowPlace(options.storeFolder));
+    return window ? std::make_unique<DesktopHost>(options, std::move(window)) : nullptr;
 }
 
 DesktopHost::DesktopHost(const Options &options, std::unique_ptr<ScreenWindow> window)
     : Desktop(options.storeFolder), needsScreen_(options.needsScreen), window_(std::move(window)),
-      timeline_(machineTicks()),
+      timeline_(machineTicks(), options.latest),
       input_(machineTicks, [this](const Event &event) { timeline_.add(event, machineTicks()); }),
       controllers_(
           input_, storeFolder(), [this] { window_->toggleFullScreen(); },
@@ -78,19 +69,20 @@ void DesktopHost::keepPlace()
 std::optional<Event> DesktopHost::wait(std::optional<std::uint32_t> deadline)
 {
     const bool late = deadline && host::isBefore(ticks(), *deadline) &&
+                      host::isBefore(looked_, *deadline) &&
                       !host::isBefore(machineTicks(), *deadline);
     if (late) {
         takeEvents(); // SDL's wait, which it will not come to, would look for them
     }
-    return timeline_.wait(deadline, machineTicks, [&] { sleep(deadline); });
+    return timeline_.wait(deadline, machineTicks, [this](auto until) { sleep(until); });
 }
 
-void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
+void DesktopHost::sleep(std::optional<std::uint32_t> until)
 {
     if (window_->frame().pixels) {
         controllers_.start();
     }
-    showPointer();
+    window_->showPointer(input_.pointer().look());
     keepScreenOn(needsScreen_ && needsScreen_());
     const std::uint32_t now = machineTicks();
     std::optional<int> longest;
@@ -99,7 +91,7 @@ void DesktopHost::sleep(std::optional<std::uint32_t> deadline)
     };
     limit(controllers_.updateInterval());
     limit(loudspeaker_.tendInterval(now));
-    for (const auto moment : {input_.due(), deadline}) {
+    for (const auto moment : {input_.due(), until}) {
         if (moment) {
             limit(host::remaining(now, *moment));
         }
@@ -134,6 +126,7 @@ void DesktopHost::takeEvents()
 
 void DesktopHost::takeQueuedEvents()
 {
+    looked_ = machineTicks();
     SDL_Event event;
     while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) > 0) {
         handle(event);
@@ -161,7 +154,9 @@ void DesktopHost::handle(const SDL_Event &event)
         input_.keyUp(event.key.keysym.scancode, keyName(event.key.keysym));
         break;
     case SDL_TEXTINPUT:
-        handleText(event.text.text);
+        for (const char16_t unit : base::toUtf16(event.text.text)) {
+            input_.text(unit);
+        }
         break;
     case SDL_MOUSEBUTTONDOWN:
     case SDL_MOUSEBUTTONUP:
@@ -226,8 +221,7 @@ void DesktopHost::handleWindow(const SDL_WindowEvent &event)
 /// A window is also "restored" when it is no longer maximized.
 void DesktopHost::setMinimized(bool minimized)
 {
-    if (minimized != minimized_) {
-        minimized_ = minimized;
+    if (std::exchange(minimized_, minimized) != minimized) {
         minimized ? input_.minimize() : input_.restore();
     }
 }
@@ -261,13 +255,6 @@ void DesktopHost::wantText(bool wanted)
     wanted ? SDL_StartTextInput() : SDL_StopTextInput();
 }
 
-void DesktopHost::handleText(const char *text)
-{
-    for (const char16_t unit : base::toUtf16(text)) {
-        input_.text(unit);
-    }
-}
-
 /// The mouse, or a finger, which SDL makes a mouse of.
 void DesktopHost::handleMouse(const SDL_MouseButtonEvent &button)
 {
@@ -281,13 +268,6 @@ void DesktopHost::handleMouse(const SDL_MouseButtonEvent &button)
     } else if (const auto pixel = window_->pictureAt(point, false)) {
         input_.stylusDown(*pixel);
     }
-}
-
-void DesktopHost::showPointer()
-{
-    const auto tip = input_.pointer().shownAt();
-    window_->showPointer(tip ? std::optional(host::PointerLook{*tip, input_.pointer().isDown()})
-                             : std::nullopt);
 }
 
 // Screen, sound, help ----------------------------------------------------------------------------

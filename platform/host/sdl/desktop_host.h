@@ -14,8 +14,6 @@ class DesktopHost final : public Desktop
 {
 public:
     DesktopHost(const Options &options, std::unique_ptr<ScreenWindow> window);
-    DesktopHost(const DesktopHost &) = delete;
-    DesktopHost &operator=(const DesktopHost &) = delete;
     /// Keeps the place of the window for the next run.
     ~DesktopHost() override;
 
@@ -27,8 +25,6 @@ public:
     void raise() override { window_->raise(); }
     void wantText(bool wanted) override;
     bool hasLoudspeaker() override { return loudspeaker_.exists(); }
-    bool openLoudspeaker() override { return loudspeaker_.open(); }
-    void closeLoudspeaker() override { loudspeaker_.close(); }
     void playSamples(std::span<const std::uint8_t> samples) override;
     void dropSamples() override { loudspeaker_.drop(); }
     bool samplesQueued() override { return loudspeaker_.queued(); }
@@ -39,7 +35,7 @@ public:
 
 private:
     void storeTried(const host::Problem &problem) override;
-    void sleep(std::optional<std::uint32_t> deadline);
+    void sleep(std::optional<std::uint32_t> until);
     void keepScreenOn(bool on);
     void takeEvents();
     void takeQueuedEvents();
@@ -47,9 +43,7 @@ private:
     void handleWindow(const SDL_WindowEvent &event);
     void takeRequests();
     void handleKeyDown(const SDL_KeyboardEvent &key);
-    void handleText(const char *text);
     void handleMouse(const SDL_MouseButtonEvent &button);
-    void showPointer();
     void setMinimized(bool minimized);
     void showTitle();
 
@@ -57,6 +51,7 @@ private:
     std::unique_ptr<ScreenWindow> window_;
     Loudspeaker loudspeaker_;
     host::Timeline timeline_;
+    std::uint32_t looked_ = timeline_.ticks(); ///< when it last looked for events
     host::InputMapper input_;
     Controllers controllers_;
     std::string title_;

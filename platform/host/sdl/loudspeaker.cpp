@@ -15,8 +15,17 @@ namespace {
 constexpr int samplesPerSecond = 22050;
 constexpr std::uint32_t restAfter = 20000; ///< milliseconds of silence
 
-SDL_AudioDeviceID openDevice()
+/// Starts SDL's audio; none when the machine has no device. Opening one in vain would make the
+/// sound system complain on the terminal.
+std::optional<SDL_AudioDeviceID> openDevice()
 {
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
+        return std::nullopt;
+    }
+    if (SDL_GetNumAudioDevices(0) == 0) {
+        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        return std::nullopt;
+    }
     SDL_AudioSpec wanted{};
     wanted.freq = samplesPerSecond;
     wanted.format = AUDIO_U8;
@@ -48,44 +57,7 @@ std::optional<std::invoke_result_t<Call>> withinASecond(Call call)
                : std::nullopt;
 }
 
-/// Starts SDL's audio; false when the machine has no device. Opening one in vain would make the
-/// sound system complain on the terminal.
-bool startAudio()
-{
-    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
-        return false;
-    }
-    if (SDL_GetNumAudioDevices(0) == 0) {
-        SDL_QuitSubSystem(SDL_INIT_AUDIO);
-        return false;
-    }
-    return true;
-}
-
 } // namespace
-
-bool Loudspeaker::open()
-{
-    wanted_ = exists();
-    return wanted_;
-}
-
-void Loudspeaker::close()
-{
-    wanted_ = false;
-    rest();
-}
-
-void Loudspeaker::wake()
-{
-    if (device_ == 0 && !missing_) {
-        const auto device = withinASecond([] {
-                                return startAudio() ? std::optional(openDevice()) : std::nullopt;
-                            }).value_or(std::nullopt);
-        missing_ = !device;
-        device_ = device.value_or(0);
-    }
-}
 
 void Loudspeaker::rest()
 {
@@ -101,10 +73,11 @@ void Loudspeaker::rest()
 
 void Loudspeaker::play(std::span<const std::uint8_t> samples, std::uint32_t now)
 {
-    if (!wanted_) {
-        return;
+    if (device_ == 0 && !missing_) {
+        const auto device = withinASecond(openDevice).value_or(std::nullopt);
+        missing_ = !device;
+        device_ = device.value_or(0);
     }
-    wake();
     SDL_QueueAudio(device_, samples.data(), static_cast<Uint32>(samples.size()));
     restAt_ = now + restAfter;
 }
@@ -115,8 +88,6 @@ void Loudspeaker::drop()
         SDL_ClearQueuedAudio(device_);
     }
 }
-
-bool Loudspeaker::queued() const { return device_ != 0 && SDL_GetQueuedAudioSize(device_) > 0; }
 
 std::optional<int> Loudspeaker::tendInterval(std::uint32_t now) const
 {

@@ -25,13 +25,10 @@ public:
     /// Whether the machine has an audio device; true until the first sound has failed
     /// or the sound system hangs.
     bool exists() const { return !missing_; }
-    /// Whether sounds can be played from now on.
-    bool open();
-    void close();
     /// `now` is the desktop's clock.
     void play(std::span<const std::uint8_t> samples, std::uint32_t now);
     void drop();
-    bool queued() const;
+    bool queued() const { return device_ != 0 && SDL_GetQueuedAudioSize(device_) > 0; }
 
     /// How long the process may sleep before `tend` is due, in milliseconds; none: forever.
     std::optional<int> tendInterval(std::uint32_t now) const;
@@ -39,11 +36,9 @@ public:
     void tend(std::uint32_t now);
 
 private:
-    void wake();
     void rest();
 
     bool missing_ = false;
-    bool wanted_ = false; ///< between open and close
     SDL_AudioDeviceID device_ = 0;
     std::uint32_t restAt_ = 0; ///< when the device may be closed
 };

@@ -30,12 +30,10 @@ std::uint32_t toCanvas(host::Pixel pixel, const Canvas &canvas)
 
 Placement place(Size picture, Size window)
 {
-    Placement result;
-    result.scale =
+    const int scale =
         std::max(1, std::min(window.width / picture.width, window.height / picture.height));
-    result.left = floorDivide(window.width - picture.width * result.scale, 2);
-    result.top = floorDivide(window.height - picture.height * result.scale, 2);
-    return result;
+    return {scale, floorDivide(window.width - picture.width * scale, 2),
+            floorDivide(window.height - picture.height * scale, 2)};
 }
 
 Point toPixels(Point point, Size points, Size pixels)
@@ -47,19 +45,13 @@ Point toPixels(Point point, Size points, Size pixels)
             scaled(point.y, points.height, pixels.height)};
 }
 
-Point toPicture(Point window, const Placement &placement, Size picture)
+std::optional<Point> toPicture(Point window, const Placement &placement, Size picture, bool outside)
 {
-    const int x = floorDivide(window.x - placement.left, placement.scale);
-    const int y = floorDivide(window.y - placement.top, placement.scale);
-    return {std::clamp(x, 0, picture.width - 1), std::clamp(y, 0, picture.height - 1)};
-}
-
-bool isOnPicture(Point window, const Placement &placement, Size picture)
-{
-    const int x = window.x - placement.left;
-    const int y = window.y - placement.top;
-    return x >= 0 && y >= 0 && x < picture.width * placement.scale &&
-           y < picture.height * placement.scale;
+    const Point pixel{floorDivide(window.x - placement.left, placement.scale),
+                      floorDivide(window.y - placement.top, placement.scale)};
+    const Point nearest{std::clamp(pixel.x, 0, picture.width - 1),
+                        std::clamp(pixel.y, 0, picture.height - 1)};
+    return outside || pixel == nearest ? std::optional(nearest) : std::nullopt;
 }
 
 host::Area drawEnlarged(const host::Frame &frame, host::Area part, const Placement &placement,

@@ -2,9 +2,7 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 
-#include "host/geometry.h"
 #include "host/host.h"
 
 namespace desktop {
@@ -24,10 +22,10 @@ Placement place(Size picture, Size window);
 
 /// The pixel of the window in the middle of one of its points, from its size in both.
 Point toPixels(Point point, Size points, Size pixels);
-/// The pixel of the picture under a pixel of the window; outside of the picture, the nearest one.
-Point toPicture(Point window, const Placement &placement, Size picture);
-/// Whether a pixel of the window is on the picture.
-bool isOnPicture(Point window, const Placement &placement, Size picture);
+/// The pixel of the picture under a pixel of the window; outside of the picture, the nearest one,
+/// or without `outside` none.
+std::optional<Point> toPicture(Point window, const Placement &placement, Size picture,
+                               bool outside);
 
 /// Pixels of 32 bits, and the place of each colour's 8 bits in them.
 struct Canvas

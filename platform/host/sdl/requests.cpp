@@ -11,15 +11,11 @@
 namespace desktop {
 namespace {
 
-constexpr int closingSignals[] = {SIGTERM, SIGINT, SIGHUP};
-
 volatile std::sig_atomic_t closeAsked = 0;
 volatile std::sig_atomic_t showAsked = 0;
 volatile std::sig_atomic_t woken = 0;
 void (*wakeSdl)(int) = nullptr;
-struct sigaction action
-{
-};
+struct sigaction action = {};
 
 /// A signal that comes just before SDL begins to wait would not end that wait, so another one
 /// follows it after a second, until the request is taken.
@@ -45,9 +41,7 @@ extern "C" void handleSignal(int number)
 void (*handlerOfSdl())(int)
 {
     for (const int number : {SIGTERM, SIGINT}) {
-        struct sigaction present
-        {
-        };
+        struct sigaction present = {};
         sigaction(number, nullptr, &present);
         if (present.sa_handler != SIG_DFL && present.sa_handler != SIG_IGN) {
             return present.sa_handler;
@@ -70,10 +64,8 @@ void listenForRequests()
         sigaddset(&action.sa_mask, number);
         sigaction(number, &action, nullptr);
     }
-    for (const int number : closingSignals) {
-        struct sigaction before
-        {
-        };
+    for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+        struct sigaction before = {};
         sigaction(number, nullptr, &before);
         if (before.sa_handler != SIG_IGN) { // as nohup has it
             sigaddset(&action.sa_mask, number);

@@ -108,11 +108,6 @@ std::unique_ptr<ScreenWindow> ScreenWindow::make(Size picture, std::optional<int
     return std::unique_ptr<ScreenWindow>(new ScreenWindow(window, picture));
 }
 
-void ScreenWindow::setTitle(const std::string &title)
-{
-    SDL_SetWindowTitle(window_.get(), title.c_str());
-}
-
 void ScreenWindow::showMessage(const char *title, const char *text)
 {
     SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_INFORMATION, title, text, window_.get());
@@ -140,13 +135,12 @@ bool ScreenWindow::show(const host::Frame &frame, const host::Area &changed)
     if (turned) {
         fitTo(picture);
     }
-    if (!shown_) {
+    const bool first = !std::exchange(shown_, true);
+    if (first) {
         SDL_ShowWindow(window_.get());
         listenForLostDisplay(window_.get()); // SDL would wait in vain for a window to be shown
     }
-    const bool everything = turned || !shown_;
-    shown_ = true;
-    return draw(changed, everything);
+    return draw(changed, turned || first);
 }
 
 void ScreenWindow::showAgain()
@@ -180,9 +174,7 @@ void ScreenWindow::fitTo(Size picture)
     const int scale = place(picture_, window).scale;
     picture_ = picture;
     SDL_SetWindowMinimumSize(window_.get(), picture.width, picture.height);
-    if ((SDL_GetWindowFlags(window_.get()) &
-         (SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_MAXIMIZED)) == 0)
-    {
+    if (!isAnyOf(SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_MAXIMIZED)) {
         SDL_SetWindowSize(window_.get(), picture.width * scale, picture.height * scale);
     }
 }
@@ -240,13 +232,13 @@ bool ScreenWindow::draw(const host::Area &part, bool everything)
 
 void ScreenWindow::toggleFullScreen()
 {
-    const bool isFull = (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
-    SDL_SetWindowFullscreen(window_.get(), isFull ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+    constexpr Uint32 full = SDL_WINDOW_FULLSCREEN_DESKTOP;
+    SDL_SetWindowFullscreen(window_.get(), isAnyOf(full) ? 0 : full);
 }
 
 void ScreenWindow::raise()
 {
-    if ((SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_MINIMIZED) != 0) {
+    if (isAnyOf(SDL_WINDOW_MINIMIZED)) {
         SDL_RestoreWindow(window_.get());
     }
     SDL_RaiseWindow(window_.get());
@@ -256,7 +248,7 @@ void ScreenWindow::notePlace()
 {
     constexpr Uint32 elsewhere =
         SDL_WINDOW_FULLSCREEN | SDL_WINDOW_MAXIMIZED | SDL_WINDOW_MINIMIZED | SDL_WINDOW_HIDDEN;
-    if ((SDL_GetWindowFlags(window_.get()) & elsewhere) != 0) {
+    if (isAnyOf(elsewhere)) {
         return;
     }
     Point corner;
@@ -281,12 +273,7 @@ std::optional<Point> ScreenWindow::pictureAt(Point window, bool outside) const
     Size pixels;
     SDL_GetWindowSize(window_.get(), &size.width, &size.height);
     SDL_GetWindowSizeInPixels(window_.get(), &pixels.width, &pixels.height);
-    const Point pixel = toPixels(window, size, pixels);
-    const Placement placement = place(picture_, pixels);
-    if (!outside && !isOnPicture(pixel, placement, picture_)) {
-        return std::nullopt;
-    }
-    return toPicture(pixel, placement, picture_);
+    return toPicture(toPixels(window, size, pixels), place(picture_, pixels), picture_, outside);
 }
 
 } // namespace desktop

@@ -4,7 +4,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "host/host.h"
 #include "host/pointer_picture.h"
@@ -27,7 +26,7 @@ public:
 
     /// The program's name and icon, for the desktop.
     void describe(const std::string &name, const host::Icon &icon);
-    void setTitle(const std::string &title);
+    void setTitle(const std::string &title) { SDL_SetWindowTitle(window_.get(), title.c_str()); }
     /// Shows a text until the user has read it.
     void showMessage(const char *title, const char *text);
     /// Shows the frame, of which `changed` differs from the last one shown. False when that
@@ -61,6 +60,7 @@ private:
         void operator()(SDL_Surface *s) const { SDL_FreeSurface(s); }
     };
     ScreenWindow(SDL_Window *window, Size picture) : window_(window), picture_(picture) {}
+    bool isAnyOf(Uint32 flags) const { return (SDL_GetWindowFlags(window_.get()) & flags) != 0; }
     void fitTo(Size picture);
     SDL_Surface *canvasFor(SDL_Surface *target);
     bool draw(const host::Area &part, bool everything = false);

@@ -35,19 +35,6 @@ std::string nameNow(const std::string &title)
     return pictureFolder() / (title + time);
 }
 
-/// Makes a file of a name that is free.
-host::Descriptor makeNew(const std::string &base, std::string &name)
-{
-    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
-    name = base + ".png";
-    host::Descriptor file(name, flags);
-    for (int number = 2; !file && errno == EEXIST; ++number) {
-        name = base + " (" + std::to_string(number) + ").png";
-        file = host::Descriptor(name, flags);
-    }
-    return file;
-}
-
 } // namespace
 
 std::string saveScreenshot(const host::Frame &frame, const std::string &title)
@@ -56,8 +43,15 @@ std::string saveScreenshot(const host::Frame &frame, const std::string &title)
         return "there is nothing on the screen yet";
     }
     const auto picture = host::encodePng(frame);
-    std::string name;
-    host::Descriptor file = makeNew(nameNow(title), name);
+    // Makes a file of a name that is free.
+    const std::string base = nameNow(title);
+    std::string name = base + ".png";
+    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
+    host::Descriptor file(name, flags);
+    for (int number = 2; !file && errno == EEXIST; ++number) {
+        name = base + " (" + std::to_string(number) + ").png";
+        file = host::Descriptor(name, flags);
+    }
     const bool isNew{file};
     if (file && file.writeAll(picture) && file.close()) {
         return "saved " + name;

@@ -3,16 +3,13 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <functional>
-#include <string>
+#include <memory>
 #include <utility>
 
 #include "base/utf.h"
 #include "host/key_table.h"
 #include "host/moment.h"
 #include "host/pixel.h"
-#include "host/web/page.h"
-#include "host/web/web.h"
 
 namespace web {
 namespace {
@@ -20,6 +17,13 @@ namespace {
 using host::Event;
 
 WebHost *theHost = nullptr;
+
+struct Free
+{
+    void operator()(char *text) const { std::free(text); }
+};
+/// A text of the page, in UTF-8.
+using Text = std::unique_ptr<char, Free>;
 
 /// Goes on between two visits, so that moments in the stored game keep their meaning.
 std::uint32_t pageTicks()
@@ -42,13 +46,8 @@ void convert(const host::Pixel *source, std::uint8_t *target, int count)
 
 } // namespace
 
-std::unique_ptr<host::Host> open(Program program)
-{
-    return std::make_unique<WebHost>(std::move(program));
-}
-
-WebHost::WebHost(Program program)
-    : program_(std::move(program)), timeline_(pageTicks()),
+WebHost::WebHost(ChangedState changedState, host::Latest latest)
+    : changedState_(std::move(changedState)), timeline_(pageTicks(), std::move(latest)),
       input_(pageTicks, [this](const Event &event) { emit(event); })
 {
     theHost = this;
@@ -75,30 +74,20 @@ void WebHost::emit(const Event &event)
 
 std::optional<Event> WebHost::wait(std::optional<std::uint32_t> deadline)
 {
-    const std::uint32_t before = ticks();
-    const auto event = timeline_.wait(deadline, pageTicks, [&] { sleep(deadline); });
-    if (event || ticks() != before) {
-        alert_ = event.has_value();
-    }
-    return event;
+    return timeline_.wait(deadline, pageTicks, [this](auto until) { sleep(until); });
 }
 
-/// Each waking costs the browser much more than what the program then does, so it wakes only for
-/// moments that matter. What was due meanwhile it does afterwards, each at its own moment.
-void WebHost::sleep(std::optional<std::uint32_t> deadline)
+void WebHost::sleep(std::optional<std::uint32_t> until)
 {
     showPointer();
-    if (const auto state = program_.changedState()) {
+    if (const auto state = changedState_()) {
         pageState(state->kind, state->text.c_str());
-    }
-    if (deadline && !alert_) {
-        deadline = program_.latest(*deadline);
     }
     const std::uint32_t now = pageTicks();
     int longest = -1;
-    for (const auto moment : {input_.due(), deadline}) {
+    for (const auto moment : {input_.due(), until}) {
         if (moment) {
-            const int left = std::max(0, host::distance(now, *moment));
+            const int left = host::remaining(now, *moment);
             longest = longest < 0 ? left : std::min(longest, left);
         }
     }
@@ -122,30 +111,25 @@ void WebHost::present(const host::Frame &frame, const host::Area &changed)
 /// Gives the page an area of the frame, the pointer over it.
 void WebHost::draw(const host::Area &area)
 {
-    const auto target = [&](int x, int y) {
-        return picture_.data() + (y * frame_.width + x) * channels;
-    };
-    const int width = area.right - area.left;
-    for (int y = area.top; y < area.bottom; ++y) {
-        convert(frame_.pixels + y * frame_.width + area.left, target(area.left, y), width);
-    }
-    if (pointer_) {
-        const auto pixels = host::pointerPixels(*pointer_, frame_);
-        const host::Area pen = host::pointerArea(*pointer_, {frame_.width, frame_.height});
-        const int penWidth = pen.right - pen.left;
-        for (int y = pen.top; y < pen.bottom; ++y) {
-            convert(pixels.data() + (y - pen.top) * penWidth, target(pen.left, y), penWidth);
+    const auto put = [&](const host::Area &part, const host::Pixel *source, int pitch) {
+        for (int y = part.top; y < part.bottom; ++y) {
+            convert(source + (y - part.top) * pitch,
+                    picture_.data() + (y * frame_.width + part.left) * channels,
+                    part.right - part.left);
         }
+    };
+    put(area, frame_.pixels + area.top * frame_.width + area.left, frame_.width);
+    if (pointer_) {
+        const host::Area pen = host::pointerArea(*pointer_, {frame_.width, frame_.height});
+        put(pen, host::pointerPixels(*pointer_, frame_).data(), pen.right - pen.left);
     }
-    pageDraw(picture_.data(), frame_.width, frame_.height, area.left, area.top, width,
-             area.bottom - area.top);
+    pageDraw(picture_.data(), frame_.width, frame_.height, area.left, area.top,
+             area.right - area.left, area.bottom - area.top);
 }
 
 void WebHost::showPointer()
 {
-    const auto tip = input_.pointer().shownAt();
-    const auto look =
-        tip ? std::optional(host::PointerLook{*tip, input_.pointer().isDown()}) : std::nullopt;
+    const auto look = input_.pointer().look();
     if (look == pointer_ || !frame_.pixels) {
         return;
     }
@@ -162,8 +146,6 @@ void WebHost::describeProgram(std::u16string_view title, const host::Icon &)
     pageTitle(base::toUtf8(title).c_str());
 }
 
-void WebHost::raise() { pageRaise(); }
-
 void WebHost::wantText(bool wanted)
 {
     input_.wantText(wanted);
@@ -173,24 +155,11 @@ void WebHost::wantText(bool wanted)
     }
 }
 
-// Sound ------------------------------------------------------------------------------------------
-
-bool WebHost::hasLoudspeaker() { return pageHasLoudspeaker(); }
-
-void WebHost::playSamples(std::span<const std::uint8_t> samples)
-{
-    pagePlay(samples.data(), samples.size());
-}
-
-void WebHost::dropSamples() { pageSilence(); }
-
-bool WebHost::samplesQueued() { return pagePlaying(); }
-
 // The store --------------------------------------------------------------------------------------
 
 std::optional<std::vector<std::byte>> WebHost::loadStore()
 {
-    const std::unique_ptr<char, decltype(&std::free)> text(pageLoad(), &std::free);
+    const Text text(pageLoad());
     if (!text) {
         return std::nullopt;
     }
@@ -203,8 +172,6 @@ bool WebHost::saveStore(std::span<const std::byte> bytes)
     return pageSave(reinterpret_cast<const char *>(bytes.data()), bytes.size());
 }
 
-void WebHost::setStoreAside() { pageSetAside(); }
-
 // Other programs ---------------------------------------------------------------------------------
 
 /// The page that the arguments name lies beside this one.
@@ -213,8 +180,6 @@ bool WebHost::showHelp(std::u16string_view, std::u16string_view arguments,
 {
     return pageHelp(base::toUtf8(arguments.substr(arguments.find(u':') + 1)).c_str());
 }
-
-void WebHost::report(std::string_view line) { pageReport(line.data(), line.size()); }
 
 void WebHost::messageBoxOpened(std::u16string_view caption, std::u16string_view text)
 {
@@ -234,22 +199,12 @@ void WebHost::showProgress(const std::optional<host::Progress> &progress)
     }
 }
 
-void WebHost::showWatchKeys() { pageWatchKeys(host::watchKeys); }
-
 void WebHost::seek(int position)
 {
-    Event event;
-    event.kind = Event::Kind::Watch;
-    event.watch = host::WatchCommand::Seek;
-    event.x = position;
-    emit(event);
+    emit({.kind = Event::Kind::Watch, .x = position, .watch = host::WatchCommand::Seek});
 }
 
-std::string givenRecord()
-{
-    const std::unique_ptr<char, decltype(&std::free)> text(pageGivenRecord(), &std::free);
-    return text.get();
-}
+std::string givenRecord() { return Text(pageGivenRecord()).get(); }
 
 void keepRecord(std::string_view lines) { pageKeepRecord(lines.data(), lines.size()); }
 
@@ -260,21 +215,18 @@ void restart(std::uint64_t position, int quarterSpeed, bool playing)
 
 } // namespace web
 
-// What the page calls. Texts are UTF-8, allocated by the page and freed here; nothing counts before
-// the program runs. -------------------------------------------------------------------------------
+// What the page calls. Texts are UTF-8, allocated by the page and freed here. -------------------
 
 namespace {
 
-/// A text of the page.
-class Text
+/// Nothing counts before the program runs.
+template <class Act>
+void withInput(Act act)
 {
-public:
-    explicit Text(char *text) : text_(text, &std::free) {}
-    std::string_view view() const { return text_.get(); }
-
-private:
-    std::unique_ptr<char, decltype(&std::free)> text_;
-};
+    if (web::theHost) {
+        act(web::theHost->input());
+    }
+}
 
 /// A number for a key that stays the same while it is down.
 int sourceOf(std::string_view code)
@@ -289,8 +241,7 @@ std::string keyName(std::string_view code, std::string_view key)
     if (code.starts_with("Shift") || code.starts_with("Control")) {
         return std::string(code);
     }
-    const bool latin = key.size() == 1;
-    if (!latin && code.size() == 4 && code.starts_with("Key")) {
+    if (key.size() != 1 && code.size() == 4 && code.starts_with("Key")) {
         key = code.substr(3);
     }
     std::string name(key);
@@ -308,91 +259,70 @@ extern "C" {
 bool keyDown(char *code, char *key, bool control, bool shift, bool alt, bool meta, bool altGraph,
              bool repeated)
 {
-    const Text codeText(code);
-    const Text keyText(key);
-    if (!web::theHost) {
-        return false;
-    }
-    host::InputMapper &input = web::theHost->input();
-    const std::string name = keyName(codeText.view(), keyText.view());
-    const bool taken = input.keyDown(sourceOf(codeText.view()), name,
-                                     {control, shift, alt, meta, altGraph}, repeated);
-    const std::u16string typed = base::toUtf16(keyText.view());
-    const bool command = meta || (!altGraph && (control || alt));
-    if (host::types(keyText.view()) && !command && !keyText.view().starts_with("Shift")) {
-        for (const char16_t unit : typed) {
-            input.text(unit);
+    const web::Text codeOwner(code);
+    const web::Text keyOwner(key);
+    bool taken = false;
+    withInput([&](host::InputMapper &input) {
+        taken = input.keyDown(sourceOf(code), keyName(code, key),
+                              {control, shift, alt, meta, altGraph}, repeated);
+        const bool command = meta || (!altGraph && (control || alt));
+        if (host::types(key) && !command && !std::string_view(key).starts_with("Shift")) {
+            for (const char16_t unit : base::toUtf16(key)) {
+                input.text(unit);
+            }
         }
-    }
+    });
     return taken;
 }
 
 void keyUp(char *code, char *key)
 {
-    const Text codeText(code);
-    const Text keyText(key);
-    if (web::theHost) {
-        web::theHost->input().keyUp(sourceOf(codeText.view()),
-                                    keyName(codeText.view(), keyText.view()));
-    }
+    const web::Text codeOwner(code);
+    const web::Text keyOwner(key);
+    withInput([&](auto &input) { input.keyUp(sourceOf(code), keyName(code, key)); });
 }
 
 /// A finger is on the button of that name now, or on none.
 void moveFinger(int finger, char *button)
 {
-    const Text name(button);
-    if (web::theHost) {
-        web::theHost->input().finger(finger, host::buttonCode(name.view()));
-    }
+    const web::Text buttonOwner(button);
+    withInput([&](auto &input) { input.finger(finger, host::buttonCode(button)); });
 }
 
 void stylusDown(int x, int y)
 {
-    if (web::theHost) {
-        web::theHost->input().stylusDown({x, y});
-    }
+    withInput([&](auto &input) { input.stylusDown({x, y}); });
 }
 
 void stylusMove(int x, int y)
 {
-    if (web::theHost) {
-        web::theHost->input().stylusMove({x, y});
-    }
+    withInput([&](auto &input) { input.stylusMove({x, y}); });
 }
 
 void stylusUp()
 {
-    if (web::theHost) {
-        web::theHost->input().stylusUp();
-    }
+    withInput([](auto &input) { input.stylusUp(); });
 }
 
 /// A button of a controller, by the standard mapping. Returns whether it asks for full screen.
 bool controllerButton(int controller, int button, bool down)
 {
-    return web::theHost && web::theHost->input().controllerButton(controller, button, down) ==
-                               host::InputMapper::HostAction::FullScreen;
+    return web::theHost && web::theHost->input().controllerButton(controller, button, down);
 }
 
 void controllerAxis(int controller, int axis, double value)
 {
-    if (web::theHost) {
-        web::theHost->input().controllerAxis(controller, axis, value);
-    }
+    withInput([&](auto &input) { input.controllerAxis(controller, axis, value); });
 }
 
 void controllerGone(int controller)
 {
-    if (web::theHost) {
-        web::theHost->input().controllerGone(controller);
-    }
+    withInput([&](auto &input) { input.controllerGone(controller); });
 }
 
 void setAway(bool away)
 {
-    if (web::theHost) {
-        web::theHost->input().setAway(away);
-    }
+    withInput([&](auto &input) { input.setAway(away); });
 }
 
 /// Only while a record is shown: its viewer goes to a moment, in milliseconds.
@@ -405,8 +335,6 @@ void seek(int position)
 
 void askForHelp()
 {
-    if (web::theHost) {
-        web::theHost->input().system(host::Event::Kind::Help);
-    }
+    withInput([](auto &input) { input.system(host::Event::Kind::Help); });
 }
 }

@@ -3,29 +3,24 @@
 // NAME(). A string literal compiles many times faster than a list of numbers.
 #include <cstdio>
 #include <fstream>
+#include <iomanip>
 #include <sstream>
 #include <string>
 
 namespace {
 
-/// The byte as an escape in a literal. Always three octal digits, so a digit after it is not part
-/// of it.
-std::string escaped(unsigned char byte)
-{
-    char text[5];
-    std::snprintf(text, sizeof text, "\\%03o", static_cast<unsigned>(byte));
-    return text;
-}
-
 void writeSource(std::ostream &out, const std::string &bytes, const std::string &name)
 {
     constexpr std::size_t bytesPerLine = 32;
     out << "// Made by embed.\n#include <cstddef>\n#include <span>\n\nnamespace {\n"
-        << "alignas(8) const char bytes[] =\n";
+        << "alignas(8) const char bytes[] =\n"
+        << std::oct << std::setfill('0');
     for (std::size_t i = 0; i < bytes.size(); i += bytesPerLine) {
         out << "    \"";
         for (const char byte : bytes.substr(i, bytesPerLine)) {
-            out << escaped(static_cast<unsigned char>(byte));
+            // The byte as an escape in a literal. Always three octal digits, so a digit after it is
+            // not part of it.
+            out << '\\' << std::setw(3) << unsigned{static_cast<unsigned char>(byte)};
         }
         out << "\"\n";
     }

@@ -1,8 +1,0 @@
-// BUTTON: push buttons.
-#pragma once
-
-namespace controls {
-
-void registerButton();
-
-} // namespace controls

@@ -1,8 +1,0 @@
-// Accelerator tables.
-#pragma once
-
-namespace user {
-
-void forgetAccelerators();
-
-} // namespace user
