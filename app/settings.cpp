@@ -67,7 +67,8 @@ void writeBytes(HKEY key, LPCWSTR name, const std::vector<BYTE> &bytes)
     RegSetValueExW(key, name, 0, REG_BINARY, bytes.data(), static_cast<DWORD>(bytes.size()));
 }
 
-/// One that was kept before gets the first free number.
+/// Keeps a rejected record as "app.rejected". Another one that is there already is renamed: it gets
+/// the first free number.
 void keepRejected(HKEY key, const std::vector<BYTE> &bytes, const std::string &reason)
 {
     const auto before = readBytes(key, rejectedValue);

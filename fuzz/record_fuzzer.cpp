@@ -44,7 +44,7 @@ void writeAndRead(const record::Record &record)
     }
 }
 
-/// Without a program: its timers would make a day of it.
+/// Plays the record to its end. No program runs: its timers would need hours for a long record.
 void play(const record::Record &record)
 {
     record::Playback playback(record, {{}, [] { return std::nullopt; }});

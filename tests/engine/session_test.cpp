@@ -126,7 +126,9 @@ TEST_F(Session, KnowsItsNextChange)
             }
             session.dirty = 0;
             session.soundEvent = SoundEvent::None;
-            const bool quiet = session.nextChange(input) > session.after(timing::tick);
+            const auto change = session.nextChange(input);
+            ASSERT_TRUE(change) << "a piece that falls";
+            const bool quiet = *change > session.after(timing::tick);
             const bool changed = ticks(1, down) != 0 || session.soundEvent != SoundEvent::None;
             EXPECT_FALSE(quiet && (same || !down) && changed);
             quietTicks += quiet;
