@@ -89,7 +89,8 @@ int watchRecord(const CommandLine &line, const std::filesystem::path &store,
 
 bool isPlaying() { return situationOf(gameApp).stage == Stage::Playing; }
 
-/// The record is written as the program wakes, and shall not lag behind the game by more.
+/// The record is written when the program wakes, so this is also how far it may lag behind the
+/// game.
 std::uint32_t latest(std::uint32_t moment)
 {
     constexpr int longest = 250; ///< milliseconds

@@ -56,7 +56,7 @@ std::optional<web::State> changedState()
 /// Only in the player's own game: a record has moments of its own.
 std::uint32_t latest(std::uint32_t moment)
 {
-    constexpr int longest = 900; ///< milliseconds: a piece's way of one row on the first level
+    constexpr int longest = 900; ///< milliseconds, in which a piece falls a row on the first level
     return theRecorder ? lastQuietTick(moment, longest) : moment;
 }
 
