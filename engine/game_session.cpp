@@ -102,7 +102,7 @@ void GameSession::tick(HWND window, InputState &input)
 
 std::optional<std::int32_t> GameSession::nextChange(const InputState &input) const
 {
-    if (dirty != 0 || input.anyHeld()) {
+    if (dirty != 0 || input.held(Action::SoftDrop)) {
         return now;
     }
     if (state == GameState::Paused) {
@@ -111,11 +111,15 @@ std::optional<std::int32_t> GameSession::nextChange(const InputState &input) con
     if (state != GameState::Running || phase == Phase::Clearing) {
         return now;
     }
-    if (!isUltra()) {
-        return deadline;
+    std::int32_t quiet = timing::between(now, deadline);
+    if (input.held(Action::Left) || input.held(Action::Right)) {
+        quiet = std::min(quiet, timing::between(now, shiftNext));
     }
-    const int quiet = std::min(timeLeft % timing::ticksPerSecond, timeLeft - 1); // ticks
-    return after(std::min(timing::between(now, deadline), (quiet + 1) * timing::tick));
+    if (isUltra()) {
+        const int ticks = std::min(timeLeft % timing::ticksPerSecond, timeLeft - 1);
+        quiet = std::min(quiet, (ticks + 1) * timing::tick);
+    }
+    return after(quiet);
 }
 
 void GameSession::handlePauseButton(HWND window, const InputState &input)

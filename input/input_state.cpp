@@ -1,8 +1,6 @@
 // The eight buttons: their default keys, and the poll.
 #include "input/input_state.h"
 
-#include <algorithm>
-
 #include <windows.h>
 
 #include <gx.h>
@@ -27,12 +25,6 @@ void InputState::poll()
         // Any bit of the answer counts, so that a press between two polls is not lost.
         slot.down = GetAsyncKeyState(static_cast<int>(slot.keyCode)) != 0 ? 1 : 0;
     }
-}
-
-bool InputState::anyHeld() const
-{
-    return std::any_of(slots.begin(), slots.end(),
-                       [](const ButtonSlot &slot) { return slot.down != 0; });
 }
 
 bool InputState::pressed(Action action) const

@@ -44,7 +44,6 @@ struct InputState
     void poll();
     /// Down at the last poll.
     bool held(Action action) const { return slots[static_cast<std::size_t>(action)].down != 0; }
-    bool anyHeld() const;
     /// Down at the last poll and not at the one before.
     bool pressed(Action action) const;
 
