@@ -6,7 +6,7 @@ file(GLOB record_sources CONFIGURE_DEPENDS platform/record/*.cpp)
 list(FILTER record_sources EXCLUDE REGEX /read_file.cpp$) # the page has no files
 add_executable(glimra-web launch/glimra_web.cpp launch/quiet_ticks.cpp launch/record_end.cpp ${web_sources} ${record_sources} platform/host/held_keys.cpp
                platform/host/input_mapper.cpp platform/host/key_table.cpp platform/host/pointer_picture.cpp
-               platform/host/stylus_pointer.cpp platform/host/watch.cpp)
+               platform/host/shown_frame.cpp platform/host/stylus_pointer.cpp platform/host/watch.cpp)
 add_dependencies(glimra-web generators)
 target_link_libraries(glimra-web PRIVATE program)
 target_compile_definitions(glimra-web PRIVATE GLIMRA_VERSION="${PROJECT_VERSION}")

@@ -140,7 +140,11 @@ bool ScreenWindow::show(const host::Frame &frame, const host::Area &changed)
         SDL_ShowWindow(window_.get());
         listenForLostDisplay(window_.get()); // SDL would wait in vain for a window to be shown
     }
-    return draw(changed, turned || first);
+    const bool drawn = draw(shownFrame_.update(frame, changed), turned || first);
+    if (!drawn) {
+        shownFrame_ = {};
+    }
+    return drawn;
 }
 
 void ScreenWindow::showAgain()

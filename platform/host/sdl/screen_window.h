@@ -10,6 +10,7 @@
 #include "host/sdl/picture.h"
 #include "host/sdl/sdl.h"
 #include "host/sdl/window_place.h"
+#include "host/shown_frame.h"
 
 namespace desktop {
 
@@ -69,6 +70,7 @@ private:
     std::unique_ptr<SDL_Surface, Destroy> canvas_; ///< for displays without 32-bit pixels
     Size picture_;
     host::Frame frame_;
+    host::ShownFrame shownFrame_;
     std::optional<host::PointerLook> pointer_;
     std::optional<WindowPlace> lastPlace_;
     bool shown_ = false;

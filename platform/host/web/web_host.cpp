@@ -102,7 +102,7 @@ void WebHost::present(const host::Frame &frame, const host::Area &changed)
     frame_ = frame;
     input_.setScreen({frame.width, frame.height});
     picture_.resize(static_cast<std::size_t>(frame.width * frame.height * channels));
-    draw(changed);
+    draw(shownFrame_.update(frame, changed));
     if (pointer_) {
         draw(host::pointerArea(*pointer_, {frame.width, frame.height}));
     }

@@ -10,6 +10,7 @@
 #include "host/host.h"
 #include "host/input_mapper.h"
 #include "host/pointer_picture.h"
+#include "host/shown_frame.h"
 #include "host/timeline.h"
 #include "host/web/page.h"
 
@@ -74,6 +75,7 @@ private:
     host::Timeline timeline_;
     host::InputMapper input_;
     host::Frame frame_;
+    host::ShownFrame shownFrame_;
     std::vector<std::uint8_t> picture_; ///< red, green, blue and opacity
     std::optional<host::PointerLook> pointer_;
 };
