@@ -5,7 +5,7 @@ import {tremble} from './hands.js';
 import {isViewersTab} from './watch.js';
 
 /** Milliseconds between two looks at the controllers: fewer than between two of the game's own, and than a button is held. */
-const IN_PLAY = 16, AT_REST = 50;
+const IN_PLAY = 16, AT_REST = 64;
 
 export class Controls {
   wantsText = false;

@@ -1,14 +1,11 @@
 // The loudspeaker. Browsers allow sound only after the first gesture; until then it is silent.
 const RATE = 22050;
-const REST = 3000; // milliseconds after which it sleeps while no game runs: longer than any sound
+const REST = 3000; // milliseconds without a gesture or a sound, after which it sleeps: longer than any sound
 
 export class Sound {
   context = null;
   sources = new Set();
   queueEnd = 0;
-
-  /** `isRunning` says whether a game runs, which may be heard at any moment. */
-  constructor(isRunning) { this.isRunning = isRunning; }
 
   exists() { return 'AudioContext' in window; }
 
@@ -20,25 +17,23 @@ export class Sound {
     }
   }
 
-  /** Called when a game begins or stops to run. A loudspeaker that waits, even silent, keeps the machine busy. */
+  /** Keeps it awake for a while. A loudspeaker that waits, even silent, keeps the machine busy. */
   stir() {
-    if (!this.context) {
-      return;
-    }
     if (this.context.state !== 'running') {
       this.context.resume();
     }
     clearTimeout(this.resting);
-    this.resting = setTimeout(() => this.isRunning() || this.rest(), REST);
+    this.resting = setTimeout(() => this.rest(), REST);
   }
 
   /** While the game is away the machine's sound may sleep. */
   rest() { this.context?.suspend(); }
 
   play(samples) {
-    if (this.context?.state !== 'running') {
+    if (!this.context) {
       return;
     }
+    this.stir();
     const buffer = this.context.createBuffer(1, samples.length, RATE);
     buffer.getChannelData(0).set(Float32Array.from(samples, (sample) => (sample - 128) / 128));
     const source = new AudioBufferSourceNode(this.context, {buffer});

@@ -41,7 +41,7 @@ export const store = new Store({
   makeRoom: () => session.drop(),
 });
 export const session = new Session();
-export const sound = new Sound(() => state.runs);
+export const sound = new Sound();
 export const screen = new Screen(element('screen'), settings);
 export const controls = new Controls(send, screen, sound, () => state.away, () => state.runs);
 
@@ -63,9 +63,6 @@ export const page = {
   state(kind, text) {
     state.runs = kind === 'game' || kind === 'level';
     stayAwake(state.runs && !state.away);
-    if (!state.away) {
-      sound.stir();
-    }
     element('state').textContent = text;
   },
   report: notice,
