@@ -112,7 +112,7 @@ public:
 
     // Screen. Hosts without a window only take the frame. ---------------------------------------
 
-    /// Shows the frame, of which `changed` differs from the last one shown. Called before the
+    /// Shows the frame, of which `changed` was drawn since the last call. Called before the
     /// process sleeps. The pixels stay where they are until the next call.
     virtual void present(const Frame &frame, const Area &changed) = 0;
     /// The title and icon of the program, once they are known.

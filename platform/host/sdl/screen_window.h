@@ -30,7 +30,7 @@ public:
     void setTitle(const std::string &title) { SDL_SetWindowTitle(window_.get(), title.c_str()); }
     /// Shows a text until the user has read it.
     void showMessage(const char *title, const char *text);
-    /// Shows the frame, of which `changed` differs from the last one shown. False when that
+    /// Shows the frame, of which `changed` was drawn since the last one shown. False when that
     /// failed; SDL_GetError says why.
     bool show(const host::Frame &frame, const host::Area &changed);
     /// Shows all of it again, after the window was resized or covered.
