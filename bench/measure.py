@@ -48,6 +48,7 @@ def speed():
     report("BitBlt 240 x 268 / memcpy", ns["blit"] / copy)
     report("TransparentImage 11 x 11 / SDL_BlitSurface with a key", ns["tile"] / ns["tileSdl"], goal=0.6)
     report("DrawTextW of a value / BitBlt of its picture", ns["drawValue"] / ns["blitValue"], goal=2.2)
+    report("a moved piece's picture, found / memcpy", ns["compare"] / copy)
     for scale in (3, 6):
         report(f"a moved piece's picture, enlarged {scale} times / memcpy", ns[f"enlarge/{scale}"] / copy)
     report("recording a minute of play: 1 % of a core is 600", ns["recordMinute"] / 1e6, "ms", 600)

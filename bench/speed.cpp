@@ -12,6 +12,7 @@
 #include "game.h"
 #include "host/files.h"
 #include "host/sdl/picture.h"
+#include "host/shown_frame.h"
 #include "launch/game_subject.h"
 #include "record/recording_host.h"
 #include "render/graphics.h"
@@ -166,7 +167,23 @@ void blitValue(State &state)
     }
 }
 
-/// What the window does when a piece has moved by a column: its cells and its ghost's are enlarged.
+/// What the window does first: the game has copied its whole picture, of which a piece has moved.
+void compare(State &state)
+{
+    constexpr int width = 240;
+    constexpr int top = 26;
+    std::vector<std::uint16_t> pixels(width * 320);
+    host::ShownFrame shown;
+    for (auto _ : state) {
+        pixels[width * 48 + 99] ^= 1;
+        pixels[width * 267 + 153] ^= 1;
+        const host::Area differs =
+            shown.update({pixels.data(), width, 320}, {0, top, screenWidth, top + screenHeight});
+        benchmark::DoNotOptimize(differs);
+    }
+}
+
+/// Then, if that was by a column, its cells and its ghost's are enlarged.
 void enlarge(State &state)
 {
     const int scale = static_cast<int>(state.range(0));
@@ -231,6 +248,7 @@ BENCHMARK(tile);
 BENCHMARK(tileSdl);
 BENCHMARK(drawValue);
 BENCHMARK(blitValue);
+BENCHMARK(compare);
 BENCHMARK(enlarge)->Arg(3)->Arg(6);
 BENCHMARK(recordMinute);
 
