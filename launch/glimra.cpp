@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <functional>
 
+#include <malloc.h>
 #include <pwd.h>
 #include <unistd.h>
 
@@ -145,6 +146,8 @@ int playRecorded(desktop::Desktop &host, const CommandLine &line, SessionRecords
 int main(int argc, char **argv)
 {
     host::secureStandardStreams();
+    // Pictures that are only read in leave holes; larger blocks go back to the system at once.
+    mallopt(M_MMAP_THRESHOLD, 64 * 1024);
     const CommandLine line(argc, argv, {"glimra", usage, "glimra " GLIMRA_VERSION "\n"},
                            {{"store"},
                             {"scale"},
