@@ -2,7 +2,7 @@
 import assert from 'node:assert/strict';
 import {join} from 'node:path';
 import {changeFile, eventually, pixels, press, says, sleep, store, tap, tapOn, temporaryFile, PLAY} from './browser.js';
-import {comeBack, holds, isTitle, leave, shows, showsPieces, showsTitle, stands, start} from './game.js';
+import {comeBack, hasPieces, holds, isTitle, leave, shows, showsPieces, showsTitle, stands, start} from './game.js';
 
 // Comes back to the tab that was left and resumes its game.
 async function resume(tab) {
@@ -83,6 +83,23 @@ export function keep({walk}) {
       await holds(tab);
     });
   }
+
+  walk('the loudspeaker rests while nothing sounds, and the next key wakes it', {script: () => {
+    window.AudioContext = class extends AudioContext {
+      constructor(...options) {
+        super(...options);
+        window.loudspeaker = this;
+      }
+    };
+  }}, async (tab) => {
+    const is = (state) => eventually(() => tab.evaluate((state) => window.loudspeaker?.state === state, state), state);
+    await start(tab);
+    await is('running');
+    await is('suspended');
+    await press(tab, 'ArrowLeft', 40);
+    await is('running');
+    assert.ok(await hasPieces(tab), 'the game went on');
+  });
 
   walk('a file or a store that is far too big stops nothing', async (tab) => {
     await start(tab);
