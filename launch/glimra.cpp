@@ -146,7 +146,8 @@ int playRecorded(desktop::Desktop &host, const CommandLine &line, SessionRecords
 int main(int argc, char **argv)
 {
     host::secureStandardStreams();
-    // Pictures that are only read in leave holes; larger blocks go back to the system at once.
+    // A picture that was read in and converted leaves a hole of its size in the memory of the
+    // process; blocks from this size on go back to the system.
     mallopt(M_MMAP_THRESHOLD, 64 * 1024);
     const CommandLine line(argc, argv, {"glimra", usage, "glimra " GLIMRA_VERSION "\n"},
                            {{"store"},

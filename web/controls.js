@@ -4,7 +4,7 @@ import {pads} from './gamepads.js';
 import {tremble} from './hands.js';
 import {isViewersTab} from './watch.js';
 
-/** Milliseconds between two looks at the controllers: fewer than between two of the game's own, and than a button is held. */
+/** Milliseconds between two looks at the controllers: fewer than a tick of the game, and than anyone holds a button. */
 const IN_PLAY = 16, AT_REST = 64;
 
 export class Controls {

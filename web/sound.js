@@ -26,7 +26,7 @@ export class Sound {
     this.resting = setTimeout(() => this.rest(), REST);
   }
 
-  /** While the game is away the machine's sound may sleep. */
+  /** Lets the machine's sound sleep: when there was none for long, and while the game is away. */
   rest() { this.context?.suspend(); }
 
   play(samples) {

@@ -90,11 +90,13 @@ export function lookAround() {
   if (gone) {
     state.viewing?.rest();
     controls.forget();
-    sound.rest();
   }
   state.away = gone;
   stayAwake(state.runs && !state.away);
   send('setAway', gone);
+  if (gone) {
+    sound.rest(); // only now: what was just due may have sounded
+  }
   controls.watchControllers();
 }
 

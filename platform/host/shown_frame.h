@@ -13,8 +13,9 @@ class ShownFrame
 {
 public:
     /// Takes over what is new of the frame, and returns an area that encloses it, up to three
-    /// pixels wider than needed; empty when there is nothing new. Differences are looked for in
-    /// the rows of `changed` only. The frame's width is a multiple of four.
+    /// pixels wider than needed on either side; empty when there is nothing new. Differences are
+    /// looked for in all of the rows of `changed`, and only there. The frame's width is a multiple
+    /// of four.
     Area update(const Frame &frame, const Area &changed);
 
 private:
